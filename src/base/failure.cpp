@@ -1,0 +1,11 @@
+#include "base/failure.h"
+
+Text Failure::Message() const
+{
+    Text message = file;
+    if (line > 0)
+        message += u", line " + FromNumber(line);
+    if (!message.empty())
+        message += u": ";
+    return message + reason + u".";
+}

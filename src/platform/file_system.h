@@ -1,0 +1,66 @@
+#pragma once
+// What the program needs of the machine's files, as an interface. Paths are in Windows form: a bare name
+// is relative to the current directory, `C:\...` lies on drive C:, and a path that begins with `/` is taken
+// as it stands, with `\` as a separator. How they lie on the machine is the real file system's business.
+// Contents are bytes: code pages are base/code_page.h's work, lines text_lines.h's.
+
+#include "base/failure.h"
+#include "base/text.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A file open for reading from its start to its end. Closed when it is destroyed.
+class InputFile {
+public:
+    virtual ~InputFile() = default;
+
+    /// Reads the next bytes into `block` (not empty) and gives how many; 0 at the end of the file.
+    virtual Outcome<std::size_t> Read(std::span<char> block) = 0;
+};
+
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    /// True if a file (not a folder) stands at the path. Names match exactly, else ignoring case.
+    virtual bool FileExists(TextView path) const = 0;
+    virtual bool FolderExists(TextView path) const = 0;
+
+    /// The size of a file in bytes.
+    virtual Outcome<std::uint64_t> FileSize(TextView path) const = 0;
+
+    /// Opens a file for reading. Fails if it is missing, no file or unreadable.
+    virtual Outcome<std::unique_ptr<InputFile>> Open(TextView path) const = 0;
+
+    /// The whole file, read in one call.
+    virtual Outcome<std::string> ReadAll(TextView path) const = 0;
+
+    /// Replaces the file, or creates it, by these bytes: whole, or not at all. What is reported as done
+    /// survives a power cut.
+    virtual Outcome<Done> Write(TextView path, std::string_view bytes) = 0;
+
+    /// Creates one level of folder. A folder that exists already is no failure.
+    virtual Outcome<Done> CreateFolder(TextView path) = 0;
+
+    /// Deletes a file.
+    virtual Outcome<Done> Delete(TextView path) = 0;
+
+    /// The bare names of the files of the current directory that match the pattern (`*` stands for any
+    /// run of characters; case counts for nothing), in ascending order, ignoring case.
+    virtual std::vector<Text> List(TextView pattern) const = 0;
+
+    /// The folder of the program file, without a separator at its end.
+    virtual Text ApplicationFolder() const = 0;
+
+    /// The system's temporary folder, without a separator at its end.
+    virtual Text TemporaryFolder() const = 0;
+
+    /// A file name, without folder and extension, that nothing in the temporary folder bears.
+    virtual Text TemporaryName() = 0;
+};
