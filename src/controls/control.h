@@ -1,0 +1,140 @@
+#pragma once
+// A control of a form: its place, its state and its events, without anything of how it looks on a monitor.
+// Lengths are twips (1440 to the inch), relative to the container, but for forms and picture boxes with a
+// pixel scale, whose children stand in pixels. Colours are 32-bit values with red in the low byte.
+
+#include "base/text.h"
+#include "controls/property.h"
+
+#include <functional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+class Form;
+
+struct Bounds {
+    float left = 0, top = 0, width = 0, height = 0;
+};
+
+struct Size {
+    float width = 0, height = 0;
+};
+
+using Colour = std::uint32_t;
+
+/// The colour value of red, green and blue, each 0 to 255.
+constexpr Colour Rgb(unsigned red, unsigned green, unsigned blue)
+{
+    return red | (green << 8) | (blue << 16);
+}
+
+/// The state of the keyboard's modifiers, added up.
+enum Shift : int { shiftKey = 1, controlKey = 2, altKey = 4 };
+
+using Event = std::function<void()>;
+using KeyEvent = std::function<void(int keyCode, int shift)>;
+using MouseEvent = std::function<void(float x, float y)>;
+
+class Control {
+public:
+    /// `container` holds the control: a form, a panel or a picture box. `name` is a literal. Within a container
+    /// a control lies above those made before it. Forms, panels and names outlive the control's use.
+    Control(Form& form, Control& container, char const* name, Bounds bounds);
+    virtual ~Control() = default;
+    Control(Control const&) = delete;
+    Control& operator=(Control const&) = delete;
+
+    /// The name of the control's kind, such as "RichTextBox".
+    virtual char const* Kind() const = 0;
+    char const* Name() const { return m_name; }
+    Form& OwnForm() const { return *m_form; }
+    /// Nothing for a form itself.
+    Control* Container() const { return m_container; }
+
+    std::span<PropertyBase* const> Properties() const { return m_properties; }
+    /// Nothing if there is no such property. Names match exactly.
+    PropertyBase* FindProperty(std::string_view name) const;
+
+    /// True if the control is of a kind that can hold the focus and stands in the tab order.
+    virtual bool CanFocus() const { return false; }
+    /// False for a control that is reached by Tab alone: a click leaves the focus where it is.
+    virtual bool TakesFocusByClick() const { return CanFocus(); }
+    /// Gives the control the focus if it can be seen and used; else does nothing.
+    void SetFocus();
+    /// True if the control and every container of it is visible, the form not counted.
+    bool IsShown() const;
+    /// True if the control, its containers and its form are enabled.
+    bool IsUsable() const;
+
+    /// Returns to the design state, without events.
+    virtual void Reset();
+    /// Takes the present state as the design state.
+    virtual void KeepDesign();
+
+    Property<float> Left, Top, Width, Height;
+    Property<bool> Visible, Enabled;
+    Property<::Text> Tag, ToolTipText;
+    /// The place in the tab order of the form; controls of the same place follow in the order of their making.
+    Property<int> TabIndex;
+
+    Event Click, GotFocus, LostFocus;
+    KeyEvent KeyDown, KeyUp;
+    std::function<void(char16_t character)> KeyPress;
+    /// Positions are in the control's own scale, from its top left corner.
+    MouseEvent MouseDown, MouseMove, MouseUp;
+
+protected:
+    /// For a form, which is its own form and stands in no container.
+    Control(char const* name, Bounds bounds);
+
+    /// Called behind each assignment of a property, after the host has been told.
+    virtual void Assigned(PropertyBase const& property, bool changed);
+    /// Tells the host that something changed that is no property: text, nodes, entries.
+    void ContentChanged();
+    /// Runs a handler, if there is one, as an event of the control's form.
+    template <class Handler, class... Arguments> void Raise(Handler const& handler, Arguments... arguments);
+
+    /// Holds a size at 0 where a formula gives less.
+    static float NotBelowZero(Control const&, float value) { return value > 0 ? value : 0; }
+
+private:
+    friend class PropertyBase;
+    friend class Screen;
+    friend class Input;
+
+    void EnterHandler();
+    void LeaveHandler();
+
+    Form* m_form;
+    Control* m_container;
+    char const* m_name;
+    std::vector<PropertyBase*> m_properties;
+};
+
+template <class Handler, class... Arguments> void Control::Raise(Handler const& handler, Arguments... arguments)
+{
+    if (!handler)
+        return;
+    struct Scope {
+        Control& control;
+        explicit Scope(Control& raising)
+            : control(raising)
+        {
+            control.EnterHandler();
+        }
+        ~Scope() noexcept(false) { control.LeaveHandler(); }
+    } scope(*this);
+    handler(arguments...);
+}
+
+/// A control that bears a text in a font of its own.
+class TextControl : public Control {
+public:
+    TextControl(Form& form, Control& container, char const* name, Bounds bounds);
+
+    Property<::Text> FontName;
+    Property<float> FontSize; ///< points
+    Property<bool> FontBold;
+    Property<Colour> ForeColor, BackColor;
+};

@@ -1,0 +1,106 @@
+#pragma once
+// A form: a window with its controls. The object lives as long as the program; loading and unloading it is
+// Screen's work (controls/screen.h).
+
+#include "controls/control.h"
+
+#include <string_view>
+#include <vector>
+
+class Menu;
+class Screen;
+
+enum class WindowState : int { Normal = 0, Minimised = 1, Maximised = 2 };
+enum class BorderStyle : int { None = 0, Fixed = 1, Sizable = 2, Dialog = 3 };
+enum class ScaleMode : int { Twips = 1, Pixels = 3 };
+enum MousePointer : int { pointerDefault = 0, pointerHourglass = 11, pointerHand = 98, pointerCustom = 99 };
+
+class Form : public Control {
+public:
+    /// The size is that of the client area in its normal state, in twips. `screen` and `name` outlive the form.
+    Form(Screen& screen, char const* name, TextView caption, float clientWidth, float clientHeight);
+
+    char const* Kind() const override { return "Form"; }
+    Screen& OwnScreen() const { return m_screen; }
+
+    /// Shows the form beside the others and activates it; loads it first if it isn't loaded.
+    void Show();
+    /// Shows the form modally and returns when it has been unloaded. A form that is visible already is
+    /// activated, and the call returns at once.
+    void ShowModal();
+    void Hide();
+    bool IsLoaded() const { return m_loaded; }
+    /// True while the form is up modally.
+    bool IsModal() const;
+    /// True while a handler of the form is running, which can only be seen from within a turn of the event loop.
+    bool IsBusy() const { return m_handlers > 0; }
+
+    /// The controls in the order of their making.
+    std::vector<Control*> const& Controls() const { return m_controls; }
+    /// The menus of the menu bar, in their order.
+    std::vector<Menu*> const& Menus() const { return m_menus; }
+    Control* FindControl(std::string_view name) const;
+    /// The control that has the focus while the form is active; nothing if none has.
+    Control* Focus() const { return m_focus; }
+    /// The pixel scale's factor: 15 twips a pixel in a form with a pixel scale, else 1.
+    float TwipsPerUnit() const;
+
+    /// The host's own: the window got this outer size, in twips, in this state. Runs Form_Resize if
+    /// something changed.
+    void Resized(float width, float height, WindowState state);
+    /// The user asked for another state: a normal form takes its last normal size, a maximised one the screen's.
+    void ChangeState(WindowState state);
+
+    Property<::Text> Caption;
+    Property<Colour> BackColor;
+    Property<::Text> Picture; ///< at the top left corner of the client area; empty for none
+    ::Property<::WindowState> WindowState;
+    Property<int> MousePointer;
+    Property<::Text> MouseIcon;
+    /// The client area, in the form's scale.
+    ComputedProperty<float> ScaleWidth, ScaleHeight;
+
+    void Reset() override;
+    void KeepDesign() override;
+
+protected:
+    virtual void Form_Load() { }
+    virtual void Form_Resize() { }
+    virtual void Form_Unload() { }
+    virtual void Form_Click() { }
+    virtual void Form_KeyPress(char16_t) { }
+    void Assigned(PropertyBase const& property, bool changed) override;
+
+public:
+    // Of the design, set in the constructor and never changed.
+    BorderStyle border = BorderStyle::Sizable;
+    bool minimiseButton = true;
+    bool maximiseButton = true;
+    bool inTaskbar = true;
+    bool centred = false;
+    ::WindowState opensAs = ::WindowState::Normal;
+    ScaleMode scale = ScaleMode::Twips;
+    Size smallestClient; ///< below which the user can't make the window; 0 for no limit
+
+private:
+    friend class Control;
+    friend class Input;
+    friend class Menu;
+    friend class Screen;
+
+    void PlaceAtLoad();
+    void RunResize();
+
+    Screen& m_screen;
+    std::vector<Control*> m_controls;
+    std::vector<Menu*> m_menus;
+    Control* m_focus = nullptr;
+    Size m_designClient;
+    Size m_normal; // the outer size of the normal state
+    bool m_loaded = false;
+    bool m_unloading = false;
+    bool m_resized = false; // Form_Resize has run since the form came up
+    bool m_resizing = false;
+    bool m_hostResizing = false;
+    int m_handlers = 0;
+};

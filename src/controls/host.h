@@ -1,0 +1,65 @@
+#pragma once
+// The interface of whoever shows the forms, and the services of the machine that go with a screen. The model tells
+// the host what changed; the host hands the user's actions back through Input (controls/input.h).
+
+#include "base/text.h"
+#include "base/turns.h"
+#include "controls/control.h"
+
+#include <optional>
+
+class Form;
+class Printer;
+class WebBrowser;
+
+struct Font {
+    Text name;
+    float size = 8.25F; ///< points
+    bool bold = false;
+};
+
+class Host {
+public:
+    virtual ~Host() = default;
+
+    /// The turns of the event loop that long work gives. The host arms the count.
+    Turns turns { [this] { TurnDue(); } };
+
+    // What the model tells. Each call may come in the middle of a handler.
+
+    virtual void FormLoaded(Form& form) = 0;
+    virtual void FormUnloaded(Form& form) = 0;
+    /// The form that is active now, raised above the others; nothing if none is.
+    virtual void FormActivated(Form* form) = 0;
+    virtual void Assigned(Control& control, PropertyBase const& property) = 0;
+    virtual void ContentChanged(Control& control) = 0;
+    /// The focus of a form moved to another control.
+    virtual void FocusMoved(Form& form) = 0;
+    /// The outermost handler has ended: time to bring the widgets in step.
+    virtual void HandlersEnded() = 0;
+
+    // Services.
+
+    /// Serves the user until the form, which is up modally, is no longer loaded.
+    virtual void RunModal(Form& form) = 0;
+    /// Shows a message with the button OK and returns when it has been answered.
+    virtual void MessageBox(TextView text, TextView title) = 0;
+    virtual Text ClipboardText() const = 0;
+    /// Puts the text on the clipboard; an empty one leaves it empty.
+    virtual void SetClipboardText(TextView text) = 0;
+    /// The size in twips of a text with its line ends, wrapped at blanks within `wrapWidth` twips if that is above 0.
+    virtual Size MeasureText(Font const& font, TextView text, float wrapWidth) const = 0;
+    /// The usable screen in twips.
+    virtual Size ScreenSize() const = 0;
+    /// What border, title and menu bar add to a form's client area, in twips.
+    virtual Size FrameSize(Form const& form) const = 0;
+    /// The size in pixels of a picture file or of a picture of the program's own; nothing if it is none.
+    virtual std::optional<Size> PictureSize(TextView picture) const = 0;
+    virtual Printer& DefaultPrinter() = 0;
+    /// Loads and shows the page at a file address.
+    virtual void Navigate(WebBrowser& browser, TextView url) = 0;
+
+protected:
+    /// A turn that the host asked for is due.
+    virtual void TurnDue() = 0;
+};

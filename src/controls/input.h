@@ -1,0 +1,84 @@
+#pragma once
+// The road that a person's action takes to the model, whoever shows the forms: what can't be seen or used can't be
+// acted on, what takes the focus takes it before it acts, and actions on a form that is busy are dropped.
+// What keys do inside a text is the host's work; it hands over the result.
+
+#include "controls/form.h"
+#include "controls/list.h"
+#include "controls/scroll_bar.h"
+#include "controls/text_box.h"
+#include "controls/timer.h"
+#include "controls/tree_view.h"
+
+#include <string>
+
+class CommandButton;
+class Screen;
+
+/// Why an action couldn't be taken, in a few words that name the form or control; empty if it was taken, or dropped because
+/// a handler of the form is inside a turn of the event loop.
+using Refusal = std::string;
+
+enum class BarStep { Less, More, PageLess, PageMore };
+enum class MouseAction { Down, Move, Up };
+
+class Input {
+public:
+    explicit Input(Screen& screen); // outlives this object
+
+    /// A click on the form's own ground.
+    Refusal Click(Form& form);
+    /// A click on a control: a check box turns over, a disabled label or picture passes it to the form. A menu entry
+    /// takes no focus.
+    Refusal Click(Control& control);
+    /// Moves the focus, as Tab would.
+    Refusal Focus(Control& control);
+    /// A click on the caption of a node. Its closed parents are opened first, without clicks.
+    Refusal ClickNode(TreeView& tree, Node& node);
+    /// A click on the sign of a node.
+    Refusal Expand(TreeView& tree, Node& node, bool expanded);
+    /// The user has changed the text of the control that has the focus, or is given it by this.
+    Refusal Edit(TextInput& box, Text text, int start, int length);
+    Refusal Select(TextInput& box, int start, int length);
+    /// Picks an entry of a drop-down list.
+    Refusal Choose(ComboBox& list, int index);
+    /// Drags the thumb: `Scroll`, and with `released` then `Change` if the value is another than before the drag.
+    Refusal DragThumb(ScrollBar& bar, int value, bool released);
+    Refusal Step(ScrollBar& bar, BarStep step);
+    /// A mouse event in the control's own scale.
+    Refusal Mouse(Control& control, MouseAction action, float x, float y);
+    /// Fires the timer; then a pointer that rests on a control that moved under it is reported anew.
+    Refusal Fire(Timer& timer);
+
+    /// Raises the key events of a control, or of a form on which nothing has the focus.
+    Refusal KeyDown(Control& control, int keyCode, int shift);
+    Refusal KeyPress(Control& control, char16_t character);
+    Refusal KeyUp(Control& control, int keyCode, int shift);
+    /// Enter (13) or Escape (27): clicks the form's default or cancel button, if there is a usable one. False if there is none.
+    bool PressDefault(Form& form, int keyCode);
+    /// The menu entry with this shortcut, such as "Ctrl+X"; nothing if there is none or it is disabled.
+    MenuEntry* FindShortcut(Form& form, TextView shortcut) const;
+
+    /// The user brought a form to the front.
+    Refusal Activate(Form& form);
+    Refusal Resize(Form& form, float width, float height);
+    Refusal ChangeState(Form& form, WindowState state);
+    /// The close box.
+    Refusal Close(Form& form);
+
+    /// Why nothing on the form can be acted on; empty if it can.
+    Refusal Blocked(Form const& form) const;
+    /// Why the control can't be acted on; empty if it can.
+    Refusal Blocked(Control const& control) const;
+
+private:
+    template <class Action> Refusal Act(Form& form, Action action);
+    template <class Action> Refusal Act(Control& control, bool focusFirst, Action action);
+    void ReportRestingPointer();
+
+    Screen& m_screen;
+    ScrollBar* m_dragged = nullptr;
+    int m_valueBeforeDrag = 0;
+    Control* m_underPointer = nullptr; // with where the pointer rests, in twips from the form's client area
+    float m_pointerX = 0, m_pointerY = 0;
+};

@@ -1,0 +1,43 @@
+#pragma once
+// Controls that show a text or a shape and take no focus.
+
+#include "controls/control.h"
+
+enum class Alignment : int { Left = 0, Right = 1, Centre = 2 };
+
+/// A text that is only shown. With `AutoSize` and `WordWrap` its height follows its caption at a fixed width; with
+/// `AutoSize` alone its width and height do.
+class Label final : public TextControl {
+public:
+    Label(Form& form, Control& container, char const* name, Bounds bounds, TextView caption = {});
+
+    char const* Kind() const override { return "Label"; }
+
+    Property<::Text> Caption;
+    ::Property<::Alignment> Alignment;
+    Property<bool> Transparent, AutoSize, WordWrap;
+    Property<int> MousePointer;
+
+protected:
+    void Assigned(PropertyBase const& property, bool changed) override;
+};
+
+/// A filled rectangle without events.
+class Shape final : public Control {
+public:
+    Shape(Form& form, Control& container, char const* name, Bounds bounds, Colour fill);
+
+    char const* Kind() const override { return "Shape"; }
+
+    Property<Colour> FillColor;
+};
+
+/// A straight rule without events; `Width` or `Height` may be 0.
+class Line final : public Control {
+public:
+    Line(Form& form, Control& container, char const* name, Bounds bounds, Colour colour);
+
+    char const* Kind() const override { return "Line"; }
+
+    Property<Colour> BorderColor;
+};

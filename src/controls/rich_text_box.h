@@ -1,0 +1,88 @@
+#pragma once
+// A text box whose characters have a size, a weight and a raise, and whose paragraphs have indents.
+
+#include "controls/text_box.h"
+
+#include <vector>
+
+/// The look of a run of characters.
+struct CharacterFormat {
+    bool bold = false;
+    float size = 8.25F; ///< points
+    float raise = 0; ///< twips above the line
+    bool operator==(CharacterFormat const&) const = default;
+};
+
+/// The indents of a paragraph, in twips. `hanging` is how much further in all lines but the first stand.
+struct ParagraphFormat {
+    float left = 0, right = 0, hanging = 0;
+    bool operator==(ParagraphFormat const&) const = default;
+};
+
+/// Holds one text with CR LF line ends. A paragraph runs up to and including its line end; the caret at the end of the text
+/// stands in the last, possibly empty one. Text that is inserted takes the format before the caret, unless another was set
+/// since the caret was put there. Appending costs what is appended.
+class RichTextBox final : public TextInput {
+public:
+    struct Run {
+        int start;
+        CharacterFormat format;
+    };
+    struct Paragraph {
+        int start;
+        ParagraphFormat format;
+    };
+
+    RichTextBox(Form& form, Control& container, char const* name, Bounds bounds);
+
+    char const* Kind() const override { return "RichTextBox"; }
+    ::Text const& CurrentText() const override { return Text(); }
+    bool IsReadOnly() const override { return Locked; }
+    bool IsMultiLine() const override { return true; }
+    void ReplaceSelection(TextView text) override;
+    void Edited(::Text text, int start, int length) override;
+    /// Length of the text in 16-bit characters.
+    int Length() const { return static_cast<int>(Text().size()); }
+
+    /// Each run reaches to the start of the next; empty if the text is.
+    std::vector<Run> const& Runs() const { return m_runs; }
+    /// Always at least one, which starts at 0.
+    std::vector<Paragraph> const& Paragraphs() const { return m_paragraphs; }
+    /// How often what was already there has changed, other than by appending: a host that has shown
+    /// this count and a part of the text needs only the rest.
+    unsigned Revision() const { return m_revision; }
+
+    /// Setting it replaces the whole text in the design's format, puts the caret at the start and raises Change.
+    Property<::Text> Text;
+    Property<bool> Locked;
+    Property<bool> Border;
+    /// Of the selection, or, if that is empty, of what is inserted next.
+    Property<bool> SelBold;
+    Property<float> SelFontSize, SelCharOffset;
+    /// Of the paragraphs that the selection touches, or of the caret's.
+    Property<float> SelIndent, SelRightIndent, SelHangingIndent;
+    /// The offset that stands in the top line; setting it scrolls there, also if it is set to what it was.
+    Property<int> TopOffset;
+
+    void Reset() override;
+
+protected:
+    void Assigned(PropertyBase const& property, bool changed) override;
+    void CaretPlaced() override;
+
+private:
+    void Clear();
+    void Splice(int start, int length, TextView text);
+    void SpliceParagraphs(int start, int length, TextView text);
+    void FormatSelection(CharacterFormat const& format);
+    void FormatParagraphs(ParagraphFormat const& format);
+    std::size_t RunAt(int offset) const;
+    std::size_t ParagraphAt(int offset) const;
+    CharacterFormat Wanted() const;
+    CharacterFormat DesignFormat() const;
+    std::size_t SplitRun(int offset);
+
+    std::vector<Run> m_runs;
+    std::vector<Paragraph> m_paragraphs { { 0, {} } };
+    unsigned m_revision = 0;
+};

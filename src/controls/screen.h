@@ -1,0 +1,83 @@
+#pragma once
+// The forms of the program together: which are made, loaded and active, who has the focus, and which
+// handlers are running. Acting on them as a person does is Input's work (controls/input.h).
+
+#include "controls/form.h"
+#include "controls/host.h"
+
+#include <string_view>
+#include <vector>
+
+class Screen {
+public:
+    explicit Screen(Host& host); // outlives the screen
+    Screen(Screen const&) = delete;
+    Screen& operator=(Screen const&) = delete;
+
+    Host& OwnHost() const { return m_host; }
+    Turns& OwnTurns() const { return m_host.turns; }
+
+    /// The loaded forms, in the order of their loading.
+    std::vector<Form*> const& Loaded() const { return m_loaded; }
+    /// A form by its name, loaded or not; nothing if there is none.
+    Form* Find(std::string_view name) const;
+    Form* Active() const { return m_active; }
+    /// The form that is up modally above all others; nothing if none is.
+    Form* Modal() const { return m_modal.empty() ? nullptr : m_modal.back(); }
+
+    void Load(Form& form);
+    void Show(Form& form);
+    void ShowModal(Form& form);
+    void Hide(Form& form);
+    void Unload(Form& form);
+
+    /// Makes a visible form the active one: the form left loses its focus, this one gets it.
+    void Activate(Form& form);
+    void SetFocus(Control& control);
+    /// The window system took the active form's focus away, or gave it back: LostFocus and GotFocus.
+    void SuspendFocus();
+    void ResumeFocus();
+    /// The next control of the tab order behind `from` (nothing: from the beginning) that can take the focus.
+    Control* NextInTabOrder(Form const& form, Control const* from, bool backwards = false) const;
+
+    /// A message box of the program, with its title.
+    void Message(TextView text);
+
+    /// Ends the program at once: no form is unloaded. What runs still runs to its end.
+    void End() { m_ended = true; }
+    /// True once the program has ended: by End, or because its last form is gone.
+    bool Ended() const { return m_ended || (m_everLoaded && m_loaded.empty()); }
+    /// Closes every form, modal ones first, as at an orderly end of the program.
+    void CloseAll();
+
+    /// Brackets every event handler. The outermost one settles the focus at its end and lets the host follow.
+    void EnterHandler(Form& form);
+    void LeaveHandler(Form& form);
+
+private:
+    friend class Form;
+    void Made(Form& form) { m_made.push_back(&form); }
+    void LeaveActive();
+    void EnterActive();
+    void ActivateLast();
+    void Settle();
+    bool CanTake(Control const& control) const;
+
+    Host& m_host;
+    std::vector<Form*> m_made;
+    std::vector<Form*> m_loaded;
+    std::vector<Form*> m_order; // visible forms, the active one last
+    std::vector<Form*> m_modal;
+    Form* m_active = nullptr;
+    bool m_holding = false; // the active form's focus control has had GotFocus and not yet LostFocus
+    int m_depth = 0;
+    bool m_everLoaded = false;
+    bool m_ended = false;
+};
+
+/// Loads a form without showing it: its controls return to their design state, then Form_Load runs. Nothing if
+/// it is loaded.
+void Load(Form& form);
+/// Unloads a form: Form_Unload runs, then the form is gone from the screen. Nothing if it isn't loaded. Safe from any
+/// handler of the form itself.
+void Unload(Form& form);

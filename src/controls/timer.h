@@ -1,0 +1,17 @@
+#pragma once
+// A timer: while it is enabled and its interval is above 0, the host fires it.
+
+#include "controls/control.h"
+
+class Timer final : public Control {
+public:
+    Timer(Form& form, char const* name, int interval);
+
+    char const* Kind() const override { return "Timer"; }
+    /// The host's own: the interval has passed. Nothing if the timer is off.
+    void Fire();
+
+    Property<int> Interval; ///< milliseconds
+
+    Event Tick;
+};
