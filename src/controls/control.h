@@ -37,6 +37,17 @@ using KeyEvent = std::function<void(int keyCode, int shift)>;
 using MouseEvent = std::function<void(float x, float y)>;
 
 class Control {
+    friend class PropertyBase;
+    friend class Screen;
+    friend class Form;
+    friend class Input;
+
+    // Before the properties, which enter themselves in the list.
+    Form* m_form;
+    Control* m_container;
+    char const* m_name;
+    std::vector<PropertyBase*> m_properties;
+
 public:
     /// `container` holds the control: a form, a panel or a picture box. `name` is a literal. Within a container
     /// a control lies above those made before it. Forms, panels and names outlive the control's use.
@@ -71,6 +82,10 @@ public:
     virtual void Reset();
     /// Takes the present state as the design state.
     virtual void KeepDesign();
+    /// The client area of the form has this size now, in the form's scale: for controls that are docked.
+    virtual void FormResized(Size) { }
+    /// How many twips a unit of the control's own scale has, in which its children and its mouse positions stand.
+    virtual float TwipsPerUnit() const;
 
     Property<float> Left, Top, Width, Height;
     Property<bool> Visible, Enabled;
@@ -99,33 +114,17 @@ protected:
     static float NotBelowZero(Control const&, float value) { return value > 0 ? value : 0; }
 
 private:
-    friend class PropertyBase;
-    friend class Screen;
-    friend class Input;
-
-    void EnterHandler();
+    /// False if the form isn't loaded: then no handler may run.
+    bool EnterHandler();
     void LeaveHandler();
-
-    Form* m_form;
-    Control* m_container;
-    char const* m_name;
-    std::vector<PropertyBase*> m_properties;
 };
 
 template <class Handler, class... Arguments> void Control::Raise(Handler const& handler, Arguments... arguments)
 {
-    if (!handler)
+    if (!handler || !EnterHandler())
         return;
-    struct Scope {
-        Control& control;
-        explicit Scope(Control& raising)
-            : control(raising)
-        {
-            control.EnterHandler();
-        }
-        ~Scope() noexcept(false) { control.LeaveHandler(); }
-    } scope(*this);
     handler(arguments...);
+    LeaveHandler();
 }
 
 /// A control that bears a text in a font of its own.

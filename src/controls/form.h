@@ -42,14 +42,17 @@ public:
     Control* FindControl(std::string_view name) const;
     /// The control that has the focus while the form is active; nothing if none has.
     Control* Focus() const { return m_focus; }
-    /// The pixel scale's factor: 15 twips a pixel in a form with a pixel scale, else 1.
-    float TwipsPerUnit() const;
+    float TwipsPerUnit() const override;
 
     /// The host's own: the window got this outer size, in twips, in this state. Runs Form_Resize if
     /// something changed.
-    void Resized(float width, float height, WindowState state);
-    /// The user asked for another state: a normal form takes its last normal size, a maximised one the screen's.
-    void ChangeState(WindowState state);
+    void Resized(float width, float height, ::WindowState state);
+    /// Runs Form_Click and Form_KeyPress: the user clicked on the form's own ground, or pressed a key while no control
+    /// had the focus.
+    void RaiseClick();
+    void RaiseKeyPress(char16_t character);
+    /// Another state: a normal form takes its last normal size, a maximised one the screen's.
+    void ChangeState(::WindowState state);
 
     Property<::Text> Caption;
     Property<Colour> BackColor;
@@ -99,8 +102,8 @@ private:
     Size m_normal; // the outer size of the normal state
     bool m_loaded = false;
     bool m_unloading = false;
-    bool m_resized = false; // Form_Resize has run since the form came up
-    bool m_resizing = false;
-    bool m_hostResizing = false;
+    bool m_designKept = false;
+    bool m_cameUp = false; // has been visible since it was loaded
+    bool m_resizing = false; // Form_Resize is running
     int m_handlers = 0;
 };

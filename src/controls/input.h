@@ -5,6 +5,7 @@
 
 #include "controls/form.h"
 #include "controls/list.h"
+#include "controls/screen.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
 #include "controls/timer.h"
@@ -12,8 +13,7 @@
 
 #include <string>
 
-class CommandButton;
-class Screen;
+class MenuEntry;
 
 /// Why an action couldn't be taken, in a few words that name the form or control; empty if it was taken, or dropped because
 /// a handler of the form is inside a turn of the event loop.
@@ -81,4 +81,35 @@ private:
     int m_valueBeforeDrag = 0;
     Control* m_underPointer = nullptr; // with where the pointer rests, in twips from the form's client area
     float m_pointerX = 0, m_pointerY = 0;
+    float m_reportedX = 0, m_reportedY = 0; // what the last mouse event told the control, in its own scale
 };
+
+/// Does what the user asked of a form, unless it can't be asked now.
+template <class Action> Refusal Input::Act(Form& form, Action action)
+{
+    if (auto refusal = Blocked(form); !refusal.empty())
+        return refusal;
+    if (form.IsBusy())
+        return {};
+    m_screen.Activate(form);
+    m_screen.EnterHandler(form);
+    m_screen.LeaveHandler(form);
+    if (Blocked(form).empty())
+        action();
+    // What the action changed is shown also if no handler ran.
+    m_screen.EnterHandler(form);
+    m_screen.LeaveHandler(form);
+    return {};
+}
+
+template <class Action> Refusal Input::Act(Control& control, bool focusFirst, Action action)
+{
+    if (auto refusal = Blocked(control); !refusal.empty())
+        return refusal;
+    return Act(control.OwnForm(), [&] {
+        if (focusFirst)
+            control.SetFocus();
+        if (Blocked(control).empty())
+            action();
+    });
+}

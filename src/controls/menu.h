@@ -5,6 +5,8 @@
 
 #include <vector>
 
+class Menu;
+
 /// An entry of a menu. It has no place of its own and never holds the focus.
 class MenuEntry final : public Control {
 public:

@@ -26,6 +26,7 @@ public:
 
     char const* Kind() const override { return "PictureBox"; }
     bool CanFocus() const override { return TabStop; }
+    float TwipsPerUnit() const override;
 
     Property<::Text> Picture;
     /// Takes the size of its picture.

@@ -71,6 +71,8 @@ public:
 
     /// Changes the value without telling the control: for what the control itself keeps in step.
     void Keep(T value) { m_value = std::move(value); }
+    /// The value itself, for a control that changes a part of it and tells the host on its own.
+    T& Part() { return m_value; }
 
     Value Get() const override { return ToValue(m_value); }
     bool Set(Value const& value) override

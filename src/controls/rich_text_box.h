@@ -48,8 +48,8 @@ public:
     std::vector<Run> const& Runs() const { return m_runs; }
     /// Always at least one, which starts at 0.
     std::vector<Paragraph> const& Paragraphs() const { return m_paragraphs; }
-    /// How often what was already there has changed, other than by appending: a host that has shown
-    /// this count and a part of the text needs only the rest.
+    /// How often what was already there has changed, other than by appending: a host that has shown this count and a part of
+    /// the text needs only the rest, and the format of the paragraph in which the rest begins.
     unsigned Revision() const { return m_revision; }
 
     /// Setting it replaces the whole text in the design's format, puts the caret at the start and raises Change.
@@ -71,16 +71,18 @@ protected:
     void CaretPlaced() override;
 
 private:
-    void Clear();
+    void StartAnew();
     void Splice(int start, int length, TextView text);
+    void Append(TextView text);
+    void SpliceRuns(int start, int length, int added);
     void SpliceParagraphs(int start, int length, TextView text);
-    void FormatSelection(CharacterFormat const& format);
-    void FormatParagraphs(ParagraphFormat const& format);
+    void FormatRuns(PropertyBase const& property);
+    void FormatParagraphs(PropertyBase const& property);
     std::size_t RunAt(int offset) const;
     std::size_t ParagraphAt(int offset) const;
-    CharacterFormat Wanted() const;
-    CharacterFormat DesignFormat() const;
+    CharacterFormat WantedFormat() const;
     std::size_t SplitRun(int offset);
+    void MergeRuns();
 
     std::vector<Run> m_runs;
     std::vector<Paragraph> m_paragraphs { { 0, {} } };

@@ -6,6 +6,7 @@
 #include "controls/host.h"
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class Screen {
@@ -24,6 +25,7 @@ public:
     Form* Active() const { return m_active; }
     /// The form that is up modally above all others; nothing if none is.
     Form* Modal() const { return m_modal.empty() ? nullptr : m_modal.back(); }
+    bool IsModal(Form const& form) const;
 
     void Load(Form& form);
     void Show(Form& form);
@@ -60,7 +62,8 @@ private:
     void LeaveActive();
     void EnterActive();
     void ActivateLast();
-    void Settle();
+    void MoveFocus(Form& form, Control* control);
+    void SettleFocus();
     bool CanTake(Control const& control) const;
 
     Host& m_host;

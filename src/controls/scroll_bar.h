@@ -57,6 +57,7 @@ public:
     StatusBar(Form& form, char const* name, Bounds bounds);
 
     char const* Kind() const override { return "StatusBar"; }
+    void FormResized(Size client) override;
 
     Property<::Text> Panel1, Panel2;
 };

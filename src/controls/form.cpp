@@ -1,0 +1,160 @@
+#include "controls/form.h"
+
+#include "controls/screen.h"
+
+#include <algorithm>
+
+static constexpr float twipsPerPixel = 15;
+
+Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth, float clientHeight)
+    : Control(name, {})
+    , Caption(*this, "Caption", ::Text(caption))
+    , BackColor(*this, "BackColor", Rgb(240, 240, 240))
+    , Picture(*this, "Picture")
+    , WindowState(*this, "WindowState", WindowState::Normal)
+    , MousePointer(*this, "MousePointer", pointerDefault)
+    , MouseIcon(*this, "MouseIcon")
+    , ScaleWidth(*this, "ScaleWidth",
+          [](Control const& control) {
+              auto const& form = static_cast<Form const&>(control);
+              auto const frame = form.m_screen.OwnHost().FrameSize(form);
+              return std::max(0.0F, form.Width - frame.width) / form.TwipsPerUnit();
+          })
+    , ScaleHeight(*this, "ScaleHeight",
+          [](Control const& control) {
+              auto const& form = static_cast<Form const&>(control);
+              auto const frame = form.m_screen.OwnHost().FrameSize(form);
+              return std::max(0.0F, form.Height - frame.height) / form.TwipsPerUnit();
+          })
+    , m_screen(screen)
+    , m_designClient { clientWidth, clientHeight }
+{
+    m_form = this;
+    Visible.Keep(false);
+    screen.Made(*this);
+}
+
+void Form::Show()
+{
+    m_screen.Show(*this);
+}
+
+void Form::ShowModal()
+{
+    m_screen.ShowModal(*this);
+}
+
+void Form::Hide()
+{
+    m_screen.Hide(*this);
+}
+
+bool Form::IsModal() const
+{
+    return m_screen.IsModal(*this);
+}
+
+Control* Form::FindControl(std::string_view name) const
+{
+    auto const found = std::find_if(
+        m_controls.begin(), m_controls.end(), [&](Control* control) { return control->Name() == name; });
+    return found == m_controls.end() ? nullptr : *found;
+}
+
+float Form::TwipsPerUnit() const
+{
+    return scale == ScaleMode::Pixels ? twipsPerPixel : 1;
+}
+
+void Form::Reset()
+{
+    Control::Reset();
+    for (Control* control : m_controls)
+        control->Reset();
+}
+
+void Form::KeepDesign()
+{
+    Control::KeepDesign();
+    for (Control* control : m_controls)
+        control->KeepDesign();
+}
+
+void Form::PlaceAtLoad()
+{
+    auto const frame = m_screen.OwnHost().FrameSize(*this);
+    auto const whole = m_screen.OwnHost().ScreenSize();
+    m_normal = { m_designClient.width + frame.width, m_designClient.height + frame.height };
+    auto const size = opensAs == WindowState::Maximised ? whole : m_normal;
+    WindowState.Keep(opensAs);
+    Width.Keep(size.width);
+    Height.Keep(size.height);
+    if (centred && opensAs == WindowState::Normal) {
+        Left.Keep(std::max(0.0F, (whole.width - size.width) / 2));
+        Top.Keep(std::max(0.0F, (whole.height - size.height) / 2));
+    }
+    for (Control* control : m_controls)
+        control->FormResized({ ScaleWidth, ScaleHeight });
+}
+
+void Form::Assigned(PropertyBase const& property, bool changed)
+{
+    if (!changed || !m_loaded)
+        return;
+    if (&property == &WindowState) {
+        auto const state = WindowState();
+        auto const size = state == WindowState::Maximised ? m_screen.OwnHost().ScreenSize() : m_normal;
+        if (state != WindowState::Minimised) {
+            Width.Keep(size.width);
+            Height.Keep(size.height);
+        }
+        RunResize();
+    } else if (&property == &Width || &property == &Height) {
+        RunResize();
+    }
+}
+
+void Form::Resized(float width, float height, ::WindowState state)
+{
+    if (width == Width && height == Height && state == WindowState())
+        return;
+    Width.Keep(width);
+    Height.Keep(height);
+    WindowState.Keep(state);
+    RunResize();
+}
+
+void Form::ChangeState(::WindowState state)
+{
+    if (state != WindowState())
+        WindowState = state;
+}
+
+void Form::RunResize()
+{
+    if (WindowState() == WindowState::Normal)
+        m_normal = { Width, Height };
+    for (Control* control : m_controls)
+        control->FormResized({ ScaleWidth, ScaleHeight });
+    if (m_resizing || !m_loaded)
+        return;
+    m_resizing = true;
+    m_screen.EnterHandler(*this);
+    Form_Resize();
+    m_screen.LeaveHandler(*this);
+    m_resizing = false;
+}
+
+void Form::RaiseClick()
+{
+    m_screen.EnterHandler(*this);
+    Form_Click();
+    m_screen.LeaveHandler(*this);
+}
+
+void Form::RaiseKeyPress(char16_t character)
+{
+    m_screen.EnterHandler(*this);
+    Form_KeyPress(character);
+    m_screen.LeaveHandler(*this);
+}

@@ -1,0 +1,202 @@
+#include "controls/input.h"
+
+#include "controls/button.h"
+#include "controls/label.h"
+#include "controls/menu.h"
+#include "controls/picture.h"
+#include "controls/screen.h"
+
+#include <algorithm>
+
+Input::Input(Screen& screen)
+    : m_screen(screen)
+{
+}
+
+Refusal Input::Blocked(Form const& form) const
+{
+    std::string const name = form.Name();
+    if (!form.IsLoaded())
+        return name + " isn't loaded";
+    if (!form.Visible)
+        return name + " is hidden";
+    Form const* const modal = m_screen.Modal();
+    if (modal && modal != &form)
+        return name + " stands under the modal form " + modal->Name();
+    return {};
+}
+
+Refusal Input::Blocked(Control const& control) const
+{
+    Form const& form = control.OwnForm();
+    if (auto refusal = Blocked(form); !refusal.empty())
+        return refusal;
+    std::string const whole = std::string(form.Name()) + "." + control.Name();
+    for (Control const* each = &control; each; each = each->Container()) {
+        bool const isHidden = !each->Visible;
+        if (!isHidden && each->Enabled)
+            continue;
+        std::string const state = isHidden ? " is hidden" : " is disabled";
+        return each == &control ? whole + state : whole + " can't be used: its container " + each->Name() + state;
+    }
+    return {};
+}
+
+Refusal Input::Click(Form& form)
+{
+    return Act(form, [&] { form.RaiseClick(); });
+}
+
+static bool PassesClickOn(Control const& control)
+{
+    return dynamic_cast<Label const*>(&control) || dynamic_cast<Image const*>(&control)
+        || dynamic_cast<PictureBox const*>(&control);
+}
+
+Refusal Input::Click(Control& control)
+{
+    if (!control.Enabled && control.IsShown() && PassesClickOn(control))
+        return Click(control.OwnForm());
+    return Act(control, control.TakesFocusByClick(), [&] {
+        if (auto* const box = dynamic_cast<CheckBox*>(&control))
+            box->Value = 1 - box->Value;
+        else
+            control.Raise(control.Click);
+    });
+}
+
+Refusal Input::Focus(Control& control)
+{
+    if (auto refusal = Blocked(control); !refusal.empty())
+        return refusal;
+    if (!control.CanFocus())
+        return std::string(control.OwnForm().Name()) + "." + control.Name() + " can't hold the focus";
+    return Act(control, true, [] { });
+}
+
+Refusal Input::ClickNode(TreeView& tree, Node& node)
+{
+    return Act(tree, true, [&] {
+        for (Node* parent = node.Parent(); parent; parent = parent->Parent())
+            if (!parent->Expanded())
+                parent->SetExpanded(true);
+        tree.Select(&node);
+        if (tree.NodeClick)
+            tree.Raise(Event([&] { tree.NodeClick(node); }));
+    });
+}
+
+Refusal Input::Expand(TreeView& tree, Node& node, bool expanded)
+{
+    return Act(tree, true, [&] { node.SetExpanded(expanded); });
+}
+
+Refusal Input::Edit(TextInput& box, Text text, int start, int length)
+{
+    if (auto refusal = Blocked(box); !refusal.empty())
+        return refusal;
+    if (box.IsReadOnly())
+        return std::string(box.OwnForm().Name()) + "." + box.Name() + " is read-only";
+    return Act(box, true, [&] { box.Edited(std::move(text), start, length); });
+}
+
+Refusal Input::Select(TextInput& box, int start, int length)
+{
+    return Act(box, true, [&] { box.Selected(start, length); });
+}
+
+Refusal Input::Choose(ComboBox& list, int index)
+{
+    if (index < 0 || index >= static_cast<int>(list.List().size()))
+        return std::string(list.Name()) + " has no entry " + std::to_string(index);
+    return Act(list, true, [&] { list.ListIndex = index; });
+}
+
+Refusal Input::DragThumb(ScrollBar& bar, int value, bool released)
+{
+    return Act(bar, true, [&] {
+        if (m_dragged != &bar)
+            m_valueBeforeDrag = bar.Value;
+        m_dragged = &bar;
+        bar.m_dragging = true;
+        bar.Value = static_cast<std::int16_t>(std::clamp(value, INT16_MIN, INT16_MAX));
+        bar.m_dragging = false;
+        if (!released)
+            return;
+        m_dragged = nullptr;
+        if (bar.Value != m_valueBeforeDrag)
+            bar.Raise(bar.Change);
+    });
+}
+
+Refusal Input::Step(ScrollBar& bar, BarStep step)
+{
+    return Act(bar, true, [&] {
+        bool const isPage = step == BarStep::PageLess || step == BarStep::PageMore;
+        bool const isLess = step == BarStep::Less || step == BarStep::PageLess;
+        int const change = isPage ? bar.LargeChange : bar.SmallChange;
+        int const value = bar.Value + (isLess ? -change : change);
+        bar.Value = static_cast<std::int16_t>(std::clamp(value, INT16_MIN, INT16_MAX));
+    });
+}
+
+Refusal Input::KeyDown(Control& control, int keyCode, int shift)
+{
+    return Act(control, false, [&] { control.Raise(control.KeyDown, keyCode, shift); });
+}
+
+Refusal Input::KeyPress(Control& control, char16_t character)
+{
+    if (&control == &control.OwnForm())
+        return Act(control.OwnForm(), [&] { control.OwnForm().RaiseKeyPress(character); });
+    return Act(control, false, [&] { control.Raise(control.KeyPress, character); });
+}
+
+Refusal Input::KeyUp(Control& control, int keyCode, int shift)
+{
+    return Act(control, false, [&] { control.Raise(control.KeyUp, keyCode, shift); });
+}
+
+bool Input::PressDefault(Form& form, int keyCode)
+{
+    for (Control* control : form.Controls()) {
+        auto* const button = dynamic_cast<CommandButton*>(control);
+        bool const meant = button && ((keyCode == 13 && button->Default) || (keyCode == 27 && button->Cancel));
+        if (!meant || !Blocked(*button).empty())
+            continue;
+        Act(*button, false, [&] { button->Raise(button->Click); });
+        return true;
+    }
+    return false;
+}
+
+MenuEntry* Input::FindShortcut(Form& form, TextView shortcut) const
+{
+    for (Menu* menu : form.Menus())
+        for (MenuEntry* entry : menu->Entries())
+            if (entry->Shortcut() == shortcut && Blocked(*entry).empty())
+                return entry;
+    return nullptr;
+}
+
+Refusal Input::Activate(Form& form)
+{
+    return Act(form, [] { });
+}
+
+Refusal Input::Resize(Form& form, float width, float height)
+{
+    if (form.IsLoaded() && form.WindowState() != WindowState::Normal)
+        return std::string(form.Name()) + " isn't in its normal state";
+    return Act(form, [&] { form.Resized(std::max(width, 0.0F), std::max(height, 0.0F), WindowState::Normal); });
+}
+
+Refusal Input::ChangeState(Form& form, WindowState state)
+{
+    return Act(form, [&] { form.ChangeState(state); });
+}
+
+Refusal Input::Close(Form& form)
+{
+    return Act(form, [&] { Unload(form); });
+}

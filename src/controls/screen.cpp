@@ -1,0 +1,161 @@
+#include "controls/screen.h"
+
+#include <algorithm>
+
+Screen::Screen(Host& host)
+    : m_host(host)
+{
+}
+
+static void Remove(std::vector<Form*>& forms, Form& form)
+{
+    std::erase(forms, &form);
+}
+
+Form* Screen::Find(std::string_view name) const
+{
+    auto const found
+        = std::find_if(m_made.begin(), m_made.end(), [&](Form* form) { return form->Name() == name; });
+    return found == m_made.end() ? nullptr : *found;
+}
+
+bool Screen::IsModal(Form const& form) const
+{
+    return std::find(m_modal.begin(), m_modal.end(), &form) != m_modal.end();
+}
+
+void Screen::EnterHandler(Form& form)
+{
+    ++m_depth;
+    ++form.m_handlers;
+}
+
+void Screen::LeaveHandler(Form& form)
+{
+    --form.m_handlers;
+    if (m_depth == 1)
+        SettleFocus();
+    --m_depth;
+    if (m_depth == 0)
+        m_host.HandlersEnded();
+}
+
+void Screen::Load(Form& form)
+{
+    if (form.m_loaded)
+        return;
+    EnterHandler(form);
+    form.m_loaded = true;
+    form.m_cameUp = false;
+    form.m_focus = nullptr;
+    if (!form.m_designKept)
+        form.KeepDesign();
+    form.m_designKept = true;
+    form.Reset();
+    form.PlaceAtLoad();
+    m_loaded.push_back(&form);
+    m_everLoaded = true;
+    m_host.FormLoaded(form);
+    form.Form_Load();
+    LeaveHandler(form);
+}
+
+void Screen::Show(Form& form)
+{
+    Load(form);
+    if (!form.m_loaded)
+        return;
+    EnterHandler(form);
+    if (!form.Visible) {
+        form.Visible = true;
+        m_order.insert(m_order.begin(), &form);
+        if (!form.m_cameUp) {
+            form.m_cameUp = true;
+            form.RunResize();
+        }
+    }
+    if (form.Visible)
+        Activate(form);
+    LeaveHandler(form);
+}
+
+void Screen::ShowModal(Form& form)
+{
+    Load(form);
+    if (!form.m_loaded)
+        return;
+    if (form.Visible) {
+        Activate(form);
+        return;
+    }
+    LeaveActive();
+    m_modal.push_back(&form);
+    Show(form);
+    if (!form.m_loaded)
+        return;
+    // The handler that waits here is not the outermost one for what happens on the modal form.
+    int const depth = std::exchange(m_depth, 0);
+    m_host.HandlersEnded();
+    m_host.RunModal(form);
+    m_depth = depth;
+    Remove(m_modal, form);
+}
+
+void Screen::Hide(Form& form)
+{
+    if (!form.m_loaded || !form.Visible)
+        return;
+    EnterHandler(form);
+    if (m_active == &form)
+        LeaveActive();
+    form.Visible = false;
+    Remove(m_order, form);
+    if (m_active == &form)
+        ActivateLast();
+    LeaveHandler(form);
+}
+
+void Screen::Unload(Form& form)
+{
+    if (!form.m_loaded || form.m_unloading)
+        return;
+    form.m_unloading = true;
+    EnterHandler(form);
+    if (m_active == &form)
+        LeaveActive();
+    form.Form_Unload();
+    form.m_loaded = false;
+    form.m_unloading = false;
+    form.Visible.Keep(false);
+    Remove(m_loaded, form);
+    Remove(m_order, form);
+    Remove(m_modal, form);
+    m_host.FormUnloaded(form);
+    if (m_active == &form)
+        ActivateLast();
+    LeaveHandler(form);
+}
+
+void Screen::CloseAll()
+{
+    while (!m_ended && !m_loaded.empty())
+        Unload(m_modal.empty() ? *m_loaded.back() : *m_modal.back());
+}
+
+void Screen::Message(TextView text)
+{
+    LeaveActive();
+    m_host.HandlersEnded();
+    m_host.MessageBox(text, u"Sparrowfield");
+    EnterActive();
+}
+
+void Load(Form& form)
+{
+    form.OwnScreen().Load(form);
+}
+
+void Unload(Form& form)
+{
+    form.OwnScreen().Unload(form);
+}

@@ -1,0 +1,97 @@
+#include "controls/text_box.h"
+
+#include <algorithm>
+
+Text WithLineEnds(TextView text)
+{
+    Text result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bool const isReturn = text[i] == u'\r';
+        if (!isReturn && text[i] != u'\n') {
+            result.push_back(text[i]);
+            continue;
+        }
+        if (isReturn && i + 1 < text.size() && text[i + 1] == u'\n')
+            ++i;
+        result += u"\r\n";
+    }
+    return result;
+}
+
+/// The offset, held within the text and moved in front of a line end in whose middle it would stand.
+static int Within(Text const& text, int offset)
+{
+    int const held = std::clamp(offset, 0, static_cast<int>(text.size()));
+    auto const at = static_cast<std::size_t>(held);
+    bool const inLineEnd = at > 0 && at < text.size() && text[at - 1] == u'\r' && text[at] == u'\n';
+    return inLineEnd ? held - 1 : held;
+}
+
+TextInput::TextInput(Form& form, Control& container, char const* name, Bounds bounds)
+    : TextControl(form, container, name, bounds)
+    , SelStart(*this, "SelStart", 0,
+          [](Control const& control, int start) {
+              return Within(static_cast<TextInput const&>(control).CurrentText(), start);
+          })
+    , SelLength(*this, "SelLength", 0, [](Control const& control, int length) {
+        auto const& box = static_cast<TextInput const&>(control);
+        int const room = static_cast<int>(box.CurrentText().size()) - box.SelStart;
+        return Within(box.CurrentText(), box.SelStart + std::clamp(length, 0, room)) - box.SelStart;
+    })
+{
+}
+
+void TextInput::Assigned(PropertyBase const& property, bool)
+{
+    if (&property == &SelStart) {
+        SelLength.Keep(0);
+        CaretPlaced();
+    }
+}
+
+void TextInput::Selected(int start, int length)
+{
+    SelStart.Keep(Within(CurrentText(), start));
+    SelLength.Keep(Within(CurrentText(), SelStart + std::max(0, length)) - SelStart);
+    CaretPlaced();
+}
+
+TextBox::TextBox(Form& form, Control& container, char const* name, Bounds bounds)
+    : TextInput(form, container, name, bounds)
+    , Text(*this, "Text", {}, [](Control const&, ::Text text) { return WithLineEnds(text); })
+    , MultiLine(*this, "MultiLine", false)
+    , Locked(*this, "Locked", false)
+    , ScrollBar(*this, "ScrollBar", false)
+    , Border(*this, "Border", true)
+{
+}
+
+void TextBox::ReplaceSelection(TextView text)
+{
+    auto const start = static_cast<std::size_t>(SelStart());
+    ::Text whole = Text;
+    auto const inserted = WithLineEnds(text);
+    whole.replace(start, static_cast<std::size_t>(SelLength()), inserted);
+    Edited(std::move(whole), static_cast<int>(start + inserted.size()), 0);
+}
+
+void TextBox::Edited(::Text text, int start, int length)
+{
+    text = WithLineEnds(text);
+    bool const changed = text != Text();
+    Text.Keep(std::move(text));
+    Selected(start, length);
+    ContentChanged();
+    if (changed)
+        Raise(Change);
+}
+
+void TextBox::Assigned(PropertyBase const& property, bool changed)
+{
+    TextInput::Assigned(property, changed);
+    if (&property == &Text) {
+        Selected(0, 0);
+        Raise(Change);
+    }
+}

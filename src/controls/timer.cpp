@@ -1,0 +1,16 @@
+#include "controls/timer.h"
+
+#include "controls/form.h"
+
+Timer::Timer(Form& form, char const* name, int interval)
+    : Control(form, form, name, {})
+    , Interval(*this, "Interval", interval)
+{
+    Visible.Keep(false);
+}
+
+void Timer::Fire()
+{
+    if (Enabled && Interval > 0)
+        Raise(Tick);
+}
