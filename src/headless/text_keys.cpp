@@ -1,0 +1,149 @@
+#include "headless/text_keys.h"
+
+#include <algorithm>
+
+enum : int { backspace = 8, pageUp = 33, pageDown, end, home, left, up, right, down, deleteKey = 46 };
+
+Refusal ReplaceByUser(Input& input, TextInput& box, TextView text)
+{
+    Text whole = box.CurrentText();
+    auto const start = static_cast<std::size_t>(box.SelStart());
+    whole.replace(start, static_cast<std::size_t>(box.SelLength()), text);
+    return input.Edit(box, std::move(whole), static_cast<int>(start + text.size()), 0);
+}
+
+static bool IsLineEnd(Text const& text, int at)
+{
+    return at >= 0 && static_cast<std::size_t>(at) + 1 < text.size() && text[static_cast<std::size_t>(at)] == u'\r'
+        && text[static_cast<std::size_t>(at) + 1] == u'\n';
+}
+
+static int Before(Text const& text, int at)
+{
+    return std::max(0, at - (IsLineEnd(text, at - 2) ? 2 : 1));
+}
+
+static int Behind(Text const& text, int at)
+{
+    return std::min(static_cast<int>(text.size()), at + (IsLineEnd(text, at) ? 2 : 1));
+}
+
+static int LineStart(Text const& text, int at)
+{
+    auto const found = at == 0 ? Text::npos : text.rfind(u'\n', static_cast<std::size_t>(at) - 1);
+    return found == Text::npos ? 0 : static_cast<int>(found) + 1;
+}
+
+static int LineEnd(Text const& text, int at)
+{
+    auto const found = text.find(u"\r\n", static_cast<std::size_t>(at));
+    return static_cast<int>(std::min(found, text.size()));
+}
+
+/// The caret's place a line further up or down, in the same column as far as that line reaches.
+static int Vertical(Text const& text, int at, bool isDown)
+{
+    int const start = LineStart(text, at);
+    int const column = at - start;
+    if (isDown) {
+        int const lineEnd = LineEnd(text, at);
+        if (!IsLineEnd(text, lineEnd))
+            return at;
+        return std::min(lineEnd + 2 + column, LineEnd(text, lineEnd + 2));
+    }
+    if (start == 0)
+        return at;
+    return std::min(LineStart(text, start - 2) + column, start - 2);
+}
+
+static bool IsCaretKey(int keyCode)
+{
+    return keyCode >= pageUp && keyCode <= down;
+}
+
+static int Moved(Text const& text, int at, int keyCode, bool control)
+{
+    switch (keyCode) {
+    case left:
+        return Before(text, at);
+    case right:
+        return Behind(text, at);
+    case up:
+    case down:
+        return Vertical(text, at, keyCode == down);
+    case home:
+        return control ? 0 : LineStart(text, at);
+    case end:
+        return control ? static_cast<int>(text.size()) : LineEnd(text, at);
+    default: // A page reaches further than any text of a test.
+        return keyCode == pageUp ? 0 : static_cast<int>(text.size());
+    }
+}
+
+static void MoveCaret(Input& input, TextInput& box, int keyCode, int shift)
+{
+    auto const& text = box.CurrentText();
+    int const selectionEnd = box.SelStart + box.SelLength;
+    bool const forwards = keyCode == right || keyCode == down || keyCode == end || keyCode == pageDown;
+    bool const control = (shift & controlKey) != 0;
+    if ((shift & shiftKey) != 0) {
+        // Of a selection the end in the key's direction moves, the other stays.
+        int const moved = Moved(text, forwards ? selectionEnd : box.SelStart(), keyCode, control);
+        int const start = forwards ? box.SelStart() : moved;
+        input.Select(box, start, (forwards ? moved : selectionEnd) - start);
+    } else if (box.SelLength > 0 && (keyCode == left || keyCode == right)) {
+        input.Select(box, keyCode == left ? box.SelStart() : selectionEnd, 0);
+    } else {
+        input.Select(box, Moved(text, forwards ? selectionEnd : box.SelStart(), keyCode, control), 0);
+    }
+}
+
+static void Erase(Input& input, TextInput& box, bool backwards)
+{
+    auto const& text = box.CurrentText();
+    if (box.SelLength == 0) {
+        int const other = backwards ? Before(text, box.SelStart) : Behind(text, box.SelStart);
+        int const start = std::min(other, box.SelStart());
+        input.Select(box, start, std::max(other, box.SelStart()) - start);
+    }
+    if (box.SelLength > 0)
+        ReplaceByUser(input, box, {});
+}
+
+static bool PressClipboardKey(Input& input, Host& host, TextInput& box, int keyCode)
+{
+    auto const selected
+        = TextView(box.CurrentText()).substr(static_cast<std::size_t>(box.SelStart()), static_cast<std::size_t>(box.SelLength()));
+    switch (keyCode) {
+    case 'A':
+        input.Select(box, 0, static_cast<int>(box.CurrentText().size()));
+        return true;
+    case 'C':
+    case 'X':
+        if (!selected.empty())
+            host.SetClipboardText(selected);
+        if (keyCode == 'X' && !selected.empty() && !box.IsReadOnly())
+            ReplaceByUser(input, box, {});
+        return true;
+    case 'V':
+        if (!box.IsReadOnly())
+            ReplaceByUser(input, box, WithLineEnds(host.ClipboardText()));
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool PressInText(Input& input, Host& host, TextInput& box, int keyCode, int shift)
+{
+    if (shift == controlKey && PressClipboardKey(input, host, box, keyCode))
+        return true;
+    if (IsCaretKey(keyCode)) {
+        MoveCaret(input, box, keyCode, shift);
+        return true;
+    }
+    if ((keyCode != backspace && keyCode != deleteKey) || box.IsReadOnly())
+        return false;
+    Erase(input, box, keyCode == backspace);
+    return true;
+}
