@@ -81,13 +81,17 @@ void Screen::MoveFocus(Form& form, Control* control)
     bool const holding = m_active == &form && m_holding;
     Control* const left = form.m_focus;
     if (holding && left) {
+        m_holding = false;
         left->Raise(left->LostFocus);
-        if (form.m_focus != left || m_active != &form)
+        if (form.m_focus != left || m_active != &form || m_holding)
             return; // The handler of LostFocus moved the focus, or left the form.
     }
     form.m_focus = control;
     m_host.FocusMoved(form);
-    if (holding && control)
+    if (!holding)
+        return;
+    m_holding = true;
+    if (control)
         control->Raise(control->GotFocus);
 }
 

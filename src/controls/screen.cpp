@@ -144,10 +144,12 @@ void Screen::CloseAll()
 
 void Screen::Message(TextView text)
 {
+    bool const held = m_holding;
     LeaveActive();
     m_host.HandlersEnded();
     m_host.MessageBox(text, u"Sparrowfield");
-    EnterActive();
+    if (held)
+        EnterActive();
 }
 
 void Load(Form& form)

@@ -77,10 +77,3 @@ private:
     bool m_everLoaded = false;
     bool m_ended = false;
 };
-
-/// Loads a form without showing it: its controls return to their design state, then Form_Load runs. Nothing if
-/// it is loaded.
-void Load(Form& form);
-/// Unloads a form: Form_Unload runs, then the form is gone from the screen. Nothing if it isn't loaded. Safe from any
-/// handler of the form itself.
-void Unload(Form& form);

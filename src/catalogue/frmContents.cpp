@@ -1,0 +1,119 @@
+#include "catalogue/frmContents.h"
+
+#include "catalogue/catalogue_nodes.h"
+#include "controls/screen.h"
+#include "shell/settings.h"
+
+static constexpr Colour titleBlue = Rgb(0, 0, 192);
+
+frmContents::frmContents(
+    Screen& screen, FileSystem& files, SettingsStore& settings, class frmMain& lesson, Form& welcome)
+    : Form(screen, "frmContents", u"Sparrowfield Interactive Bible Studies", 11085, 8190)
+    , m_files(files)
+    , m_settings(settings)
+    , frmMain(lesson)
+    , frmWelcome(welcome)
+    , m_referenceMenus(*this, ReferenceScreen::Catalogue, welcome)
+    , File1(*this, "File1", u"*-1.dat", [this](TextView pattern) { return m_files.List(pattern); })
+{
+    opensAs = WindowState::Maximised;
+    centred = true;
+    BackColor = Rgb(0, 0, 0);
+    for (MenuEntry* entry :
+        { &mnuFileSave, &mnuFileClose, &mnuEditCut, &mnuEditCopy, &mnuEditPaste, &mnuEditDeleteLesson })
+        entry->Enabled = false;
+    XPContainer1.HeaderLightColor = Rgb(255, 255, 255);
+    XPContainer1.BackLightColor = Rgb(255, 255, 255);
+    XPContainer1.BackDarkColor = Rgb(255, 255, 255);
+    XPContainer1.BorderColor = titleBlue;
+    TreeView1.FontName = u"Times New Roman";
+    TreeView1.FontSize = 11.25F;
+    TreeView1.Images = &ImageList1;
+    lblBack.Transparent = false;
+    for (TextBox* box : { &lblStudy, &txtDesc }) {
+        box->FontName = u"Times New Roman";
+        box->FontSize = 14.25F;
+        box->MultiLine = true;
+        box->Locked = true;
+        box->Border = false;
+    }
+    lblStudy.ForeColor = titleBlue;
+    txtDesc.ScrollBar = true;
+    txtDesc.Text = u"Click on the name of a Bible study to see a description of the study and a list of all the lessons "
+                   u"for that study.  Then click on a lesson to begin.\r\n";
+    lblBack.Visible = false;
+    Picture1.Visible = false;
+    lblStudy.Visible = false;
+    TreeView1.TabIndex = 0;
+
+    TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
+    mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+}
+
+void frmContents::Form_Load()
+{
+    txtDesc.Tag = u"False";
+    TreeView1.Clear();
+    TreeView1.SetBackgroundColour(catalogueBackColor);
+    for (CatalogueNode& node : BuildCatalogue(m_files, File1.List))
+        AddNode(std::move(node));
+}
+
+void frmContents::AddNode(CatalogueNode node)
+{
+    Node* const parent = TreeView1.Find(node.parentKey);
+    Node& added = parent ? TreeView1.Add(*parent, std::move(node.key), std::move(node.text))
+                         : TreeView1.Add(std::move(node.key), std::move(node.text));
+    added.SetBold(node.bold);
+    added.SetBackColor(node.backColor);
+    added.SetImage(node.image);
+    added.SetTag(std::move(node.tag));
+}
+
+void frmContents::Form_Resize()
+{
+}
+
+void frmContents::TreeView1_NodeClick(Node& node)
+{
+    if (Contains(node.Key(), u':')) {
+        OpenLesson(node.Key());
+        return;
+    }
+    node.SetExpanded(!node.Expanded());
+    if (!node.Tag().empty())
+        ShowDescription(node);
+}
+
+void frmContents::ShowDescription(Node const& study)
+{
+    lblBack.Visible = true;
+    lblStudy.Text = study.Caption();
+    lblStudy.Visible = true;
+    txtDesc.Text = study.Tag();
+    txtDesc.Tag = u"True";
+    txtDesc.Top = lblStudy.Top + 450 + 290;
+    txtDesc.Visible = true;
+    Picture1.Visible = true;
+    Form_Resize();
+}
+
+void frmContents::OpenLesson(TextView studyKey)
+{
+    Text const key(studyKey); // The node goes with this form, which the lesson unloads.
+    if (ReadSetting(m_settings, u"Parameters", u"showhelp", u"true") == u"true" && !welcomeShown) {
+        Unload(frmWelcome); // A window that is open already can't be shown modally.
+        frmWelcome.ShowModal();
+        welcomeShown = true;
+    }
+    frmMain.SetStudy(key);
+    frmMain.Show();
+    if (frmMain.IsLoaded())
+        Unload(*this);
+}
+
+void frmContents::mnuFileExit_Click()
+{
+    Unload(frmMain);
+    Unload(*this);
+}

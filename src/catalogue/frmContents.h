@@ -1,0 +1,62 @@
+#pragma once
+// The catalogue: the tree of the studies found in the current directory, with the description of a study beside it, and the
+// way into a lesson.
+
+#include "catalogue/catalogue_nodes.h"
+#include "controls/label.h"
+#include "controls/list.h"
+#include "controls/menu.h"
+#include "controls/picture.h"
+#include "controls/scroll_bar.h"
+#include "controls/text_box.h"
+#include "controls/tree_view.h"
+#include "controls/xp_container.h"
+#include "lesson/frmMain.h"
+#include "platform/file_system.h"
+#include "platform/settings_store.h"
+#include "shell/reference_menus.h"
+
+class frmContents final : public Form {
+public:
+    /// All outlive the form.
+    frmContents(Screen& screen, FileSystem& files, SettingsStore& settings, frmMain& lesson, Form& welcome);
+
+private:
+    void Form_Load() override;
+    void Form_Resize() override;
+    void TreeView1_NodeClick(Node& node);
+    void mnuFileExit_Click();
+    void AddNode(CatalogueNode node);
+    void ShowDescription(Node const& study);
+    void OpenLesson(TextView studyKey);
+
+    FileSystem& m_files;
+    SettingsStore& m_settings;
+    class frmMain& frmMain;
+    Form& frmWelcome;
+    bool welcomeShown = false; // on the way into a lesson, in this run of the program
+
+    Menu mnuFile { *this, "mnuFile", u"&File" };
+    MenuEntry mnuFileSave { *this, mnuFile, "mnuFileSave", u"&Save My Answers" };
+    MenuEntry mnuFileClose { *this, mnuFile, "mnuFileClose", u"&Choose Another Study" };
+    MenuEntry mnuFileSeparator { *this, mnuFile, "mnuFileSeparator", u"-" };
+    MenuEntry mnuFileExit { *this, mnuFile, "mnuFileExit", u"E&xit" };
+    Menu mnuEdit { *this, "mnuEdit", u"&Edit" };
+    MenuEntry mnuEditCut { *this, mnuEdit, "mnuEditCut", u"Cut", u"Ctrl+X" };
+    MenuEntry mnuEditCopy { *this, mnuEdit, "mnuEditCopy", u"Copy", u"Ctrl+C" };
+    MenuEntry mnuEditPaste { *this, mnuEdit, "mnuEditPaste", u"Paste", u"Ctrl+V" };
+    MenuEntry mnuEditSeparator { *this, mnuEdit, "mnuEditSeparator", u"-" };
+    MenuEntry mnuEditDeleteLesson { *this, mnuEdit, "mnuEditDeleteLesson", u"Delete Answers For This Lesson" };
+    ReferenceMenus m_referenceMenus;
+
+    Image Image2 { *this, *this, "Image2", { 6000, 240, 4710, 1455 } }; // the logo
+    XPContainer XPContainer1 { *this, *this, "XPContainer1", { 840, 1980, 6975, 5325 }, u"Choose a Study" };
+    TreeView TreeView1 { *this, XPContainer1, "TreeView1", { 60, 375, 2520, 4650 } };
+    Label lblBack { *this, XPContainer1, "lblBack", { 2775, 405, 1185, 1440 } }; // white ground behind the description
+    Image Picture1 { *this, XPContainer1, "Picture1", { 2775, 555, 525, 315 }, u":lamp" };
+    TextBox lblStudy { *this, XPContainer1, "lblStudy", { 3840, 480, 2895, 735 } }; // the chosen study's title
+    TextBox txtDesc { *this, XPContainer1, "txtDesc", { 2955, 1320, 3645, 3765 } }; // its description, or the prompt
+    StatusBar StatusBar1 { *this, "StatusBar1", { 0, 7890, 11085, 300 } };
+    FileListBox File1;
+    ImageList ImageList1 { *this, "ImageList1", { { "", "" }, { "", "" }, { "", ":lesson" }, { "", ":study" } } };
+};

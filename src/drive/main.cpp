@@ -1,0 +1,130 @@
+// sparrowfield-drive: the whole program without a screen, driven line by line. Its manual is docs/drive.md.
+
+#include "drive/driver.h"
+#include "platform/host/host_file_system.h"
+#include "platform/host/sqlite_settings_store.h"
+#include "program/program.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Options {
+    std::string app, data, user, script;
+    std::string screen = "1280x1024";
+};
+
+/// WIDTHxHEIGHT in pixels.
+std::optional<Size> ParseScreen(std::string const& text)
+{
+    int width = 0, height = 0, length = 0;
+    if (std::sscanf(text.c_str(), "%dx%d%n", &width, &height, &length) != 2)
+        return std::nullopt;
+    bool const isWhole = static_cast<std::size_t>(length) == text.size();
+    if (!isWhole || width < 1 || height < 1 || width > 100000 || height > 100000)
+        return std::nullopt;
+    return Size { static_cast<float>(width), static_cast<float>(height) };
+}
+
+/// The user's folder: the one named, kept, or a fresh one that is removed with this object.
+class UserFolder {
+public:
+    explicit UserFolder(std::string const& named)
+    {
+        if (!named.empty()) {
+            fs::create_directories(named);
+            m_path = fs::absolute(named);
+            return;
+        }
+        std::string pattern = (fs::temp_directory_path() / "sparrowfield-drive-XXXXXX").string();
+        if (!mkdtemp(pattern.data()))
+            throw std::runtime_error("can't make a folder for the user's data");
+        m_path = pattern;
+        m_isTemporary = true;
+    }
+    ~UserFolder() { Remove(); }
+    UserFolder(UserFolder const&) = delete;
+    UserFolder& operator=(UserFolder const&) = delete;
+
+    fs::path const& Path() const { return m_path; }
+    void Remove()
+    {
+        std::error_code ignored;
+        if (m_isTemporary)
+            fs::remove_all(m_path, ignored);
+    }
+
+private:
+    fs::path m_path;
+    bool m_isTemporary = false;
+};
+
+int RunScript(Options const& options, std::istream& script, Size screen)
+{
+    UserFolder user(options.user);
+    fs::path const application
+        = options.app.empty() ? fs::read_symlink("/proc/self/exe").parent_path() : fs::absolute(options.app);
+    if (!options.data.empty())
+        fs::current_path(options.data);
+
+    HostFileSystem files({ application, user.Path() / "drive_c" });
+    SqliteSettingsStore settings(user.Path() / "settings.db");
+    RecordingShell shell;
+    HeadlessHost host(files, screen);
+    Program program(host, files, settings, shell);
+    Machine machine { host, program.OwnScreen(), settings, shell };
+    Driver driver(machine, script, std::cout, [&user](int status) {
+        user.Remove();
+        std::cout.flush();
+        _exit(status);
+    });
+    program.Start(settings.OpeningReport());
+    driver.Run();
+    program.Finish();
+    return driver.Status();
+}
+
+}
+
+int main(int count, char** words)
+{
+    CLI::App app { "Runs the whole program without a screen, driven by a script of one command a line." };
+    Options options;
+    app.add_option("--app", options.app, "the application folder (left out: the folder of this program)");
+    app.add_option("--data", options.data, "the current directory of the run")->check(CLI::ExistingDirectory);
+    app.add_option("--user", options.user, "the user's own folder, kept for the next run (left out: a fresh one)");
+    app.add_option("--screen", options.screen, "the screen in pixels, WIDTHxHEIGHT");
+    app.add_option("SCRIPT", options.script, "a file with one command a line (left out: standard input)");
+    try {
+        app.parse(count, words);
+    } catch (CLI::ParseError const& error) {
+        return app.exit(error) == 0 ? 0 : 2;
+    }
+    auto const screen = ParseScreen(options.screen);
+    if (!screen) {
+        std::cerr << "--screen: not WIDTHxHEIGHT: " << options.screen << '\n';
+        return 2;
+    }
+    std::ifstream file;
+    if (!options.script.empty()) {
+        file.open(options.script);
+        if (!file || fs::is_directory(options.script)) {
+            std::cerr << "can't read the script " << options.script << '\n';
+            return 2;
+        }
+    }
+    try {
+        return RunScript(options, options.script.empty() ? std::cin : file, *screen);
+    } catch (std::exception const& error) {
+        std::cerr << error.what() << '\n';
+        return 2;
+    }
+}

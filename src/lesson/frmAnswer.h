@@ -1,0 +1,22 @@
+#pragma once
+// The small window with the publisher's answer to a page. It stands beside the lesson; a click on the text or the button
+// closes it.
+
+#include "controls/button.h"
+#include "controls/form.h"
+#include "controls/label.h"
+
+class frmAnswer final : public Form {
+public:
+    explicit frmAnswer(Screen& screen); // outlives the form
+
+    /// Shows the text and gives the form the height that it needs. Loads the form, but doesn't show it.
+    void SetText(TextView text);
+
+private:
+    void Label1_Click();
+    void OKButton_Click();
+
+    Label Label1 { *this, *this, "Label1", { 180, 525, 4935, 195 } };
+    CommandButton OKButton { *this, *this, "OKButton", { 3915, 1095, 645, 330 }, u"OK" };
+};

@@ -1,0 +1,229 @@
+#include "lesson/frmMain.h"
+
+#include "controls/screen.h"
+#include "lesson/model_answer.h"
+#include "lesson/page_view.h"
+
+frmMain::frmMain(
+    Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer, Form& welcome)
+    : Form(screen, "frmMain", u"Sparrowfield Interactive Bible Study", 11745, 8310)
+    , m_files(files)
+    , m_store(store)
+    , frmAnswer(answer)
+    , m_referenceMenus(*this, ReferenceScreen::Lesson, welcome)
+{
+    opensAs = WindowState::Maximised;
+    centred = true;
+    BackColor = Rgb(0, 0, 0);
+    lblStudy.ForeColor = Rgb(255, 255, 255);
+    lblStudy.FontBold = true;
+    lblStudy.FontSize = 12;
+    lblStudy.Alignment = Alignment::Centre;
+    for (XPContainer* panel : { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4, &XPContainer5 }) {
+        panel->HeaderLightColor = Rgb(255, 255, 255);
+        panel->BorderColor = panel == &XPContainer4 ? Rgb(0, 0, 255) : Rgb(0, 0, 192);
+    }
+    Image2.BackColor = panelColor;
+    lblPageTitle.FontBold = true;
+    Text2.MultiLine = true;
+    Text2.Locked = true;
+    Text2.ScrollBar = true;
+    Text2.Border = false;
+    Text1.Locked = true;
+    Text4.Locked = true;
+    Text1.Border = false;
+    Text4.Border = false;
+    Image1.ToolTipText = u"Click here for answers from Sparrowfield";
+    Image1.TabStop = true;
+    ctlScrollbar.Min = 1;
+    ctlScrollbar.Max = 1;
+    ctlScrollbar.Value = 1;
+    TreeView1.Images = &ImageList2;
+    TreeView2.Images = &ImageList2;
+    StatusBar1.Panel1 = u"Lesson progress:";
+    for (Control* control : { static_cast<Control*>(&Text3), static_cast<Control*>(&Image1), static_cast<Control*>(&Frame1) })
+        control->Visible = false;
+    Frame1.Border = true;
+    int place = 0;
+    for (Control* control : { static_cast<Control*>(&Text3), static_cast<Control*>(&Image1),
+             static_cast<Control*>(&Command2), static_cast<Control*>(&ctlScrollbar), static_cast<Control*>(&Command1),
+             static_cast<Control*>(&TreeView1), static_cast<Control*>(&TreeView2), static_cast<Control*>(&Text1),
+             static_cast<Control*>(&Text4), static_cast<Control*>(&Text2) })
+        control->TabIndex = place++;
+
+    Text3.GotFocus = [this] { Text3_GotFocus(); };
+    Text3.LostFocus = [this] { Text3_LostFocus(); };
+    Text3.Change = [this] { Text3_Change(); };
+    Image1.Click = [this] { Image1_Click(); };
+    Command1.Click = [this] { Command1_Click(); };
+    Command2.Click = [this] { Command2_Click(); };
+    ctlScrollbar.Change = [this] { ctlScrollbar_Change(); };
+    TreeView1.NodeClick = [this](Node& node) { ShowPassage(node); };
+    TreeView2.NodeClick = [this](Node& node) { ShowPassage(node); };
+    mnuFileSave.Click = [this] { mnuFileSave_Click(); };
+    mnuFileClose.Click = [this] { mnuFileClose_Click(); };
+    mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+    mnuEditCut.Click = [this] { mnuEditCut_Click(); };
+    mnuEditCopy.Click = [this] { mnuEditCopy_Click(); };
+    mnuEditPaste.Click = [this] { mnuEditPaste_Click(); };
+    mnuEditDeleteLesson.Click = [this] { mnuEditDeleteLesson_Click(); };
+}
+
+void frmMain::SetStudy(TextView value)
+{
+    studyKey = value;
+}
+
+void frmMain::ShowLessonPage(int page)
+{
+    Text const& text = pages[static_cast<std::size_t>(page) - 1];
+    lblPageTitle.Caption = Text(PageLabel(text));
+    Text2.Visible = false;
+    Text2.Text = PageText(text);
+    Text2.Height = XPContainer2.Height / 2 - 650;
+    if (Text2.Height > 3200)
+        Text2.Height = 3200;
+    Text2.Visible = true;
+
+    Text3.Visible = false;
+    Text3.Width = Text2.Width;
+    Text3.Top = Text2.Height + 15 + Text2.Top + 90;
+    Text3.Height = Image1.Top - Text3.Top;
+    m_answerPage = ctlScrollbar.Value;
+    Text3.Text = m_store.Answer(studyKey, m_answerPage);
+    if (!Visible)
+        Show();
+    Text3.Visible = true;
+    Text3.SelStart = Text3.Length();
+    Text3.SetFocus();
+    Image1.Visible = true;
+
+    Command1.Enabled = page != ctlScrollbar.Max && HasAnswer();
+    Command2.Enabled = page != ctlScrollbar.Min;
+    EnableClipboardEntries(true);
+    m_store.SetCurrentPage(studyKey, FromNumber(page));
+    Text2.Width = Image2.Width - Text2.Left - 320;
+}
+
+bool frmMain::HasAnswer() const
+{
+    return !Trim(Text3.Text).empty();
+}
+
+void frmMain::Command1_Click()
+{
+    if (!HasAnswer())
+        OwnScreen().Message(askForAnswer);
+    else if (ctlScrollbar.Value < ctlScrollbar.Max)
+        ctlScrollbar.Value = static_cast<std::int16_t>(ctlScrollbar.Value + 1);
+    Unload(frmAnswer);
+}
+
+void frmMain::Command2_Click()
+{
+    if (ctlScrollbar.Value > ctlScrollbar.Min)
+        ctlScrollbar.Value = static_cast<std::int16_t>(ctlScrollbar.Value - 1);
+    Unload(frmAnswer);
+}
+
+void frmMain::ctlScrollbar_Change()
+{
+    Unload(frmAnswer);
+    ShowLessonPage(ctlScrollbar.Value);
+    ProgressBar1.Min = ctlScrollbar.Min();
+    ProgressBar1.Max = ctlScrollbar.Max();
+    ProgressBar1.Value = ctlScrollbar.Value();
+}
+
+void frmMain::Image1_Click()
+{
+    Text message(askForAnswer);
+    if (HasAnswer())
+        message = ModelAnswer(answers[static_cast<std::size_t>(ctlScrollbar.Value()) - 1]);
+    frmAnswer.SetText(message);
+    frmAnswer.Left = XPContainer1.Left - 100;
+    frmAnswer.Top = (ScaleHeight - frmAnswer.Height) / 2;
+    frmAnswer.Show();
+}
+
+void frmMain::Text3_GotFocus()
+{
+    EnableClipboardEntries(true);
+}
+
+void frmMain::Text3_LostFocus()
+{
+    StoreAnswer();
+    EnableClipboardEntries(false);
+}
+
+void frmMain::Text3_Change()
+{
+    Command1.Enabled = HasAnswer();
+}
+
+/// Under the page whose answer the box was given: while a lesson opens, the scroll bar is not yet at its page.
+void frmMain::StoreAnswer()
+{
+    if (m_answerPage == 0)
+        return;
+    if (auto const failure = m_store.StoreAnswer(studyKey, m_answerPage, Text3.Text))
+        OwnScreen().Message(failure->Message());
+}
+
+void frmMain::EnableClipboardEntries(bool enabled)
+{
+    mnuEditCopy.Enabled = enabled;
+    mnuEditPaste.Enabled = enabled;
+    mnuEditCut.Enabled = enabled;
+}
+
+void frmMain::ShowPassage(Node const& node)
+{
+    auto const offset = static_cast<int>(ToInteger(node.Tag()).value_or(0));
+    Text1.SelLength = Text1.Length() + offset;
+    Text1.SelStart = offset;
+    Text1.TopOffset = offset;
+}
+
+void frmMain::mnuFileSave_Click()
+{
+    StoreAnswer();
+}
+
+void frmMain::mnuFileClose_Click()
+{
+    Hide();
+    frmContents->Show();
+    Unload(*this);
+}
+
+void frmMain::mnuFileExit_Click()
+{
+    Unload(*frmContents);
+    Unload(*this);
+}
+
+void frmMain::mnuEditCut_Click()
+{
+    mnuEditCopy_Click();
+    Text3.ReplaceSelection({});
+}
+
+void frmMain::mnuEditCopy_Click()
+{
+    Host& host = OwnScreen().OwnHost();
+    auto const start = static_cast<std::size_t>(Text3.SelStart());
+    host.SetClipboardText(TextView(Text3.Text).substr(start, static_cast<std::size_t>(Text3.SelLength())));
+}
+
+void frmMain::mnuEditPaste_Click()
+{
+    Text3.ReplaceSelection(OwnScreen().OwnHost().ClipboardText());
+}
+
+void frmMain::mnuEditDeleteLesson_Click()
+{
+    m_store.DeleteLesson(studyKey);
+    Text3.Text = u"";
+}

@@ -1,0 +1,167 @@
+// The part of the lesson screen that brings a lesson up.
+
+#include "controls/screen.h"
+#include "lesson/frmMain.h"
+#include "study/general_texts.h"
+#include "study/verse_file.h"
+
+#include <algorithm>
+
+/// Below this many characters a lesson's own introduction is followed by the general one.
+static constexpr int shortIntroduction = 120;
+/// Line ends behind the passages, so that the last headings too have room to come to the top.
+static constexpr int linesBehindPassages = 40;
+/// The margin of the texts, in twips.
+static constexpr float textIndent = 150;
+
+/// Writes behind everything else, in the format that the box is set to by `format`.
+template <class Format> static void Append(RichTextBox& box, Format format, TextView text)
+{
+    box.SelStart = box.Length();
+    format();
+    box.ReplaceSelection(text);
+}
+
+static void IndentAll(RichTextBox& box)
+{
+    box.SelStart = 0;
+    box.SelLength = box.Length();
+    box.SelIndent = textIndent;
+    box.SelRightIndent = textIndent;
+    box.SelLength = 0;
+}
+
+void frmMain::Form_Load()
+{
+    Frame1.Visible = true;
+    pages.clear();
+    answers.clear();
+    m_answerPage = 0;
+    Text4.BackColor = panelColor;
+    Text2.BackColor = panelColor;
+    Image2.BackColor = panelColor;
+    TreeView1.SetBackgroundColour(panelColor);
+    TreeView2.SetBackgroundColour(panelColor);
+    Text const resumeAt = m_store.CurrentPage(studyKey);
+    Unload(*frmContents);
+    Form_Resize();
+    Show(); // So that the loading panel can be seen.
+    OwnScreen().OwnTurns().Give();
+    auto const failure = LoadLesson();
+    if (!IsLoaded())
+        return; // The program came to its end in a turn of the load.
+    if (failure) {
+        GiveUp(*failure);
+        return;
+    }
+    Resume(resumeAt);
+    Frame1.Visible = false;
+}
+
+void frmMain::Form_Resize()
+{
+}
+
+std::optional<Failure> frmMain::LoadLesson()
+{
+    Turns& turns = OwnScreen().OwnTurns();
+    auto reader = LessonReader::Open(m_files, studyKey, turns);
+    if (!reader)
+        return reader.failure();
+    lessonNumber = reader->LessonNumber();
+    auto head = reader->ReadHead();
+    if (!head)
+        return head.failure();
+    studyPrefix = head->studyPrefix;
+    lblStudy.Caption = head->studyTitle;
+    auto const titleLine = reader->ReadTitleLine();
+    if (!titleLine)
+        return titleLine.failure();
+    auto const titles = Split(*titleLine, u'/');
+    XPContainer3.Caption = u"Lesson " + lessonNumber + u", Part " + reader->PartWord() + u":  " + Text(titles[0])
+        + (titles.size() > 1 ? u"   " + Text(titles[1]) : Text());
+    if (auto const found = reader->FindBlock(); !found)
+        return found.failure();
+    if (auto failure = LoadIntroduction(*reader))
+        return failure;
+    if (auto failure = LoadPages(*reader))
+        return failure;
+    Text1.Text = u"";
+    for (auto const fill : { &frmMain::FillMainScriptures, &frmMain::FillSupplementalScriptures }) {
+        auto const name = reader->ReadName();
+        if (!name)
+            return name.failure();
+        if (auto failure = (this->*fill)(*name))
+            return failure;
+    }
+    for (int i = 0; i < linesBehindPassages; ++i)
+        Append(Text1, [] {}, u"\r\n");
+    IndentAll(Text1);
+    Text1.Visible = true;
+    return std::nullopt;
+}
+
+std::optional<Failure> frmMain::LoadIntroduction(LessonReader& reader)
+{
+    Text4.Text = u"";
+    auto const read = reader.ReadIntroduction([this](IntroParagraph const& paragraph) {
+        Append(Text4, [&] { Text4.SelBold = paragraph.bold; }, paragraph.text + u"\r\n\r\n");
+    });
+    if (!read)
+        return read.failure();
+    if (Text4.Length() < shortIntroduction)
+        AppendIntroduction();
+    IndentAll(Text4);
+    return std::nullopt;
+}
+
+void frmMain::AppendIntroduction()
+{
+    ReadIntroduction(m_files, OwnScreen().OwnTurns(),
+        [this](TextView line) { Append(Text4, [this] { Text4.SelBold = false; }, Text(line) + u"\r\n"); });
+}
+
+std::optional<Failure> frmMain::LoadPages(LessonReader& reader)
+{
+    auto body = reader.ReadBody();
+    if (!body)
+        return body.failure();
+    pages = std::move(body->pages);
+    answers = std::move(body->answers);
+    ctlScrollbar.Min = 1;
+    ctlScrollbar.Max = static_cast<std::int16_t>(std::min<std::size_t>(pages.size(), INT16_MAX));
+    return std::nullopt;
+}
+
+std::optional<Failure> frmMain::FillMainScriptures(TextView name)
+{
+    Label1.Caption = studyPrefix + u": " + lblStudy.Caption();
+    return FillScriptures(TreeView1, name);
+}
+
+std::optional<Failure> frmMain::FillSupplementalScriptures(TextView name)
+{
+    Label1.Caption = u"Supplemental Scriptures...";
+    return FillScriptures(TreeView2, name);
+}
+
+std::optional<Failure> frmMain::FillScriptures(TreeView& tree, TextView name)
+{
+    return std::nullopt;
+}
+
+/// Shows the page at which the user stopped, or the nearest one that the lesson has.
+void frmMain::Resume(TextView storedPage)
+{
+    auto const stored = ToInteger(storedPage).value_or(1);
+    auto const page = std::clamp<std::int64_t>(stored, 1, ctlScrollbar.Max);
+    ShowLessonPage(static_cast<int>(page));
+    ctlScrollbar.Value = static_cast<std::int16_t>(page);
+}
+
+void frmMain::GiveUp(Failure const& failure)
+{
+    OwnScreen().Message(u"This lesson can't be shown.\r\n\r\n" + failure.Message());
+    frmContents->Show();
+    Unload(*this);
+}

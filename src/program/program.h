@@ -1,0 +1,37 @@
+#pragma once
+// The whole program: every form, wired to the others and to what they need of the machine.
+
+#include "catalogue/frmContents.h"
+#include "controls/screen.h"
+#include "lesson/frmAnswer.h"
+#include "lesson/frmMain.h"
+#include "platform/file_system.h"
+#include "platform/settings_store.h"
+#include "platform/shell.h"
+#include "shell/frmWelcome.h"
+#include "study/answer_store.h"
+
+#include <optional>
+
+class Program {
+public:
+    /// All outlive the program.
+    Program(Host& host, FileSystem& files, SettingsStore& settings, Shell& shell);
+
+    Screen& OwnScreen() { return m_screen; }
+
+    /// Shows the first screen. `report`, if there is one, is told the user first: what was wrong with his data when it was
+    /// opened.
+    void Start(std::optional<Failure> const& report);
+
+    /// Closes what is still open, and tries once more to store what couldn't be stored.
+    void Finish();
+
+private:
+    Screen m_screen;
+    AnswerStore m_answers;
+    class frmWelcome frmWelcome;
+    class frmAnswer frmAnswer;
+    class frmMain frmMain;
+    class frmContents frmContents;
+};

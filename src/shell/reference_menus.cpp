@@ -1,0 +1,53 @@
+#include "shell/reference_menus.h"
+
+ReferenceMenus::ReferenceMenus(Form& form, ReferenceScreen screen, Form& welcome)
+    : m_form(form)
+{
+    AddEntries(AddMenu("mnuMaps", u"&Maps"),
+        {
+            { "mnuOptionsMapOne", u"&1 The Biblical World of the Patriarchs" },
+            { "mnuOptionsMapTwo", u"&2 The Exodus Route and Conquest of Canaan" },
+            { "mnuOptionsMapThree", u"&3 The Twelve Tribes of Israel" },
+            { "mnuOptionsMapFour", u"&4 The Divided Kingdoms of Israel and Judah" },
+            { "mnuOptionsMapFive", u"&5 Palestine in the Time of Christ" },
+            { "mnuOptionsMapSix", u"&6 Old Testament Jerusalem" },
+            { "mnuOptionsMapSeven", u"&7 New Testament Jerusalem" },
+            { "mnuOptionsMapEight", u"&8 The Ministry of Jesus" },
+            { "mnuOptionsMapNine", u"&9 The Missionary Journeys of Paul" },
+        });
+    AddEntries(AddMenu("mnuBible", u"&Bible"), { { "mnuBibleReader", u"Bible &Reader" } });
+    Menu& options = AddMenu("mnuOptions", u"&Options");
+    if (screen == ReferenceScreen::Catalogue)
+        AddEntries(options, { { "mnuDeleteAnswers", u"&Delete Answers For This Study" }, { "mnuOptionSeparator2", u"-" } });
+    AddEntries(options, { { "mnuOptionFinal", u"The &Final Exam..." } });
+    Menu& help = AddMenu("mnuHelp", u"&Help");
+    if (screen == ReferenceScreen::Lesson)
+        AddEntries(help,
+            { { "mnuHelpAbout", u"&About..." }, { "mnuHelpWelcome", u"&Welcome..." },
+                { "mnuGettingStarted", u"&Getting Started..." } });
+    else
+        AddEntries(help,
+            { { "mnuGettingStarted", u"&Getting Started..." }, { "mnuHelpVideo", u"Welcome &Video..." },
+                { "mnuHelpWelcome", u"&Welcome..." }, { "mnuHelpAbout", u"&About..." } });
+    Open("mnuHelpWelcome", welcome);
+}
+
+Menu& ReferenceMenus::AddMenu(char const* name, TextView caption)
+{
+    return *m_menus.emplace_back(std::make_unique<Menu>(m_form, name, caption));
+}
+
+void ReferenceMenus::AddEntries(Menu& menu, std::initializer_list<Row> rows)
+{
+    for (Row const& row : rows) {
+        auto& entry = m_entries.emplace_back(std::make_unique<MenuEntry>(m_form, menu, row.name, row.caption));
+        entry->Enabled = entry->IsSeparator();
+    }
+}
+
+void ReferenceMenus::Open(std::string_view entry, Form& target)
+{
+    Control* const found = m_form.FindControl(entry);
+    found->Enabled = true;
+    found->Click = [&target] { target.Show(); };
+}

@@ -1,0 +1,12 @@
+#include "shell/settings.h"
+
+Text ReadSetting(SettingsStore const& settings, TextView section, TextView key, TextView fallback)
+{
+    auto const value = settings.Read(section, key);
+    return value && *value ? **value : Text(fallback);
+}
+
+void WriteSetting(SettingsStore& settings, TextView section, TextView key, TextView value)
+{
+    static_cast<void>(settings.Write(section, key, value));
+}

@@ -1,0 +1,70 @@
+#include "controls/log_form.h"
+#include "headless/keyboard.h"
+
+namespace {
+
+class KeyboardTest : public FormsTest {
+protected:
+    KeyboardTest() { a.Show(); }
+
+    void Strike(int keyCode, int shift = 0) { EXPECT_EQ(Press(input, screen, a.first, keyCode, shift), ""); }
+};
+
+enum : int { end = 35, home, left, up, right, down, del = 46, back = 8, enter = 13 };
+
+}
+
+TEST_F(KeyboardTest, EditingKeysWorkOnTextWithLineEnds)
+{
+    struct {
+        char const* about;
+        std::vector<std::pair<int, int>> keys; // with their shifts, from the end of "one\r\ntwo" on
+        TextView text;
+        int caret, length;
+    } const rows[] = {
+        { "backspace", { { back, 0 } }, u"one\r\ntw", 7, 0 },
+        { "backspace over a line end", { { home, 0 }, { back, 0 } }, u"onetwo", 3, 0 },
+        { "delete a line end", { { up, 0 }, { end, 0 }, { del, 0 } }, u"onetwo", 3, 0 },
+        { "enter", { { home, 0 }, { enter, 0 } }, u"one\r\n\r\ntwo", 7, 0 },
+        { "arrows pass a line end at once", { { home, 0 }, { left, 0 }, { left, 0 } }, u"one\r\ntwo", 2, 0 },
+        { "up and down keep the column", { { up, 0 }, { left, 0 }, { down, 0 } }, u"one\r\ntwo", 7, 0 },
+        { "select and replace", { { left, shiftKey }, { left, shiftKey }, { 'Q', 0 } }, u"one\r\ntq", 7, 0 },
+        { "select all", { { 'A', controlKey } }, u"one\r\ntwo", 0, 8 },
+        { "cut and paste", { { 'A', controlKey }, { 'X', controlKey }, { 'V', controlKey }, { 'V', controlKey } },
+            u"one\r\ntwoone\r\ntwo", 16, 0 },
+        { "capital", { { 'Z', shiftKey } }, u"one\r\ntwoZ", 9, 0 },
+    };
+    for (auto const& row : rows) {
+        a.first.Text = u"";
+        EXPECT_EQ(Type(input, a.first, u"one\r\ntwo"), "") << row.about;
+        for (auto const& [key, shift] : row.keys)
+            Strike(key, shift);
+        EXPECT_EQ(a.first.Text(), row.text) << row.about;
+        EXPECT_EQ(a.first.SelStart, row.caret) << row.about;
+        EXPECT_EQ(a.first.SelLength, row.length) << row.about;
+    }
+}
+
+TEST_F(KeyboardTest, TypingRaisesAChangeForEachCharacter)
+{
+    TakeLog();
+    Type(input, a.first, u"ab\nc");
+    EXPECT_EQ(TakeLog().size(), 4U);
+    a.first.Locked = true;
+    EXPECT_EQ(Type(input, a.first, u"x"), "a.first is read-only");
+}
+
+TEST_F(KeyboardTest, TabShortcutsAndDefaultButtonsAct)
+{
+    a.button.Default = true;
+    a.first.Locked = true;
+    TakeLog();
+    Strike(9);
+    EXPECT_EQ(a.Focus(), &a.second);
+    EXPECT_EQ(Press(input, screen, a.second, 9, shiftKey), "");
+    EXPECT_EQ(a.Focus(), &a.first);
+    TakeLog();
+    Strike('E', controlKey);
+    Strike(enter);
+    EXPECT_THAT(TakeLog(), testing::ElementsAre("a.entry click", "a.button click"));
+}
