@@ -1,0 +1,37 @@
+# The Debian packages that the project needs, all in this one place, and the function that installs what is missing.
+# To be read by a bash script: source packaging/packages.sh
+
+buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libsqlite3-dev nlohmann-json3-dev)
+runPackages=(libqt6widgets6 libqt6printsupport6 libqt6multimediawidgets6 qt6-qpa-plugins
+    fonts-liberation2 fonts-dejavu-core)
+discPackages=(python3 bible-kjv)
+testPackages=(libgtest-dev libgmock-dev libbenchmark-dev)
+walkPackages=(xvfb xauth openbox xdotool imagemagick) # a screen that is only a memory, and hands to use it
+
+# InstallMissing PACKAGE...: installs those that aren't there yet; asks apt-get only then. Says what it does;
+# returns other than 0, with the command to run by hand, if it can't.
+InstallMissing() {
+    local package missing=() asRoot=()
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    if [ ${#missing[@]} -eq 0 ]; then
+        echo "All packages are installed."
+        return 0
+    fi
+
+    echo "Missing packages, to be installed: ${missing[*]}"
+    local install=(apt-get install -y --no-install-recommends "${missing[@]}")
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "This needs root, and there is no sudo. Please run as root: ${install[*]}" >&2
+            return 1
+        fi
+        asRoot=(sudo)
+    fi
+    "${asRoot[@]}" apt-get update -q || echo "The package lists couldn't be renewed; trying with those at hand." >&2
+    if ! "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive "${install[@]}"; then
+        echo "The packages couldn't be installed. Please run as root: ${install[*]}" >&2
+        return 1
+    fi
+}

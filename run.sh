@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Makes a Debian 12 machine ready, builds the program and the disc, and starts the program on the disc. Where there
+# is no display it walks through the program on a screen in memory instead and leaves pictures. Can be run again at
+# any time; what is there already is not made anew.
+set -euo pipefail
+cd "$(dirname "$0")"
+. packaging/packages.sh
+
+Say() { printf '\n== %s\n' "$*"; }
+GiveUp() {
+    echo "$*" >&2
+    exit 1
+}
+
+display=${DISPLAY:-}${WAYLAND_DISPLAY:-}
+packages=("${buildPackages[@]}" "${runPackages[@]}" "${discPackages[@]}")
+[ -n "$display" ] || packages+=("${walkPackages[@]}")
+
+Say "Packages"
+InstallMissing "${packages[@]}" || GiveUp "The program can't be built without these packages."
+
+Say "Building the program (the first time takes some minutes)"
+export NINJA_STATUS="[%f of %t, %es] "
+mkdir -p build
+cmake --preset release -DSPARROWFIELD_TESTS=OFF -DSPARROWFIELD_BENCH=OFF >build/configure.log 2>&1 ||
+    { cat build/configure.log >&2; GiveUp "The build couldn't be configured."; }
+cmake --build --preset release || GiveUp "The build failed."
+program=$PWD/build/release/bin/sparrowfield
+[ -x "$program" ] || GiveUp "The build gave no $program."
+
+Say "Making the disc"
+python3 packaging/make_disc.py --out build/disc || GiveUp "The disc couldn't be made."
+
+if [ -n "$display" ]; then
+    Say "Starting Sparrowfield"
+    cd build/disc
+    exec "$program"
+fi
+Say "There is no display: walking through the program on a screen in memory"
+packaging/walk.sh build/release build/disc || GiveUp "The walk failed."
+echo "The pictures lie in build/walk/."
