@@ -1,12 +1,12 @@
 # The Debian packages that the project needs, all in this one place, and the function that installs what is missing.
 # To be read by a bash script: source packaging/packages.sh
 
-buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libsqlite3-dev nlohmann-json3-dev)
+buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev)
 runPackages=(libqt6widgets6 libqt6printsupport6 libqt6multimediawidgets6 qt6-qpa-plugins
     fonts-liberation2 fonts-dejavu-core)
 discPackages=(python3 bible-kjv)
 testPackages=(libgtest-dev libgmock-dev libbenchmark-dev)
-walkPackages=(xvfb xauth openbox xdotool imagemagick) # a screen that is only a memory, and hands to use it
+walkPackages=(xvfb xauth openbox xdotool imagemagick dbus at-spi2-core python3-gi gir1.2-atspi-2.0) # a screen that is only a memory, and hands to use it
 
 # InstallMissing PACKAGE...: installs those that aren't there yet; asks apt-get only then. Says what it does;
 # returns other than 0, with the command to run by hand, if it can't.
