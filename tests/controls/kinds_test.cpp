@@ -61,7 +61,7 @@ TEST_F(KindsTest, AProgressBarHoldsItsValueWithinItsLimits)
 
 TEST_F(KindsTest, SettingAListIndexOrACheckBoxClicks)
 {
-    combo.Click = [this] { a.Write("combo " + ToUtf8(combo.Text)); };
+    combo.Click = [this] { a.Write("combo " + ToUtf8(Text(combo.Text))); };
     check.Click = [this] { a.Write("check " + std::to_string(check.Value)); };
     a.Show();
     TakeLog();

@@ -10,7 +10,6 @@
 #include "controls/screen.h"
 #include "headless/headless_host.h"
 #include "support/memory_file_system.h"
-#include "support/text_printing.h"
 
 #include <gmock/gmock.h>
 

@@ -15,7 +15,7 @@ TEST(FixedMeasures, WrapAtBlanksAndByCharacter)
         { u"ab cd", 1, 5 },
         { u"ab cde", 2, 3 },
         { u"abcdefg", 2, 5 },
-        { u"ab cdefghi j", 4, 5 },
+        { u"ab cdefghi j", 3, 5 },
         { u"ab   ", 1, 2 },
         { u"abcde     f", 2, 5 },
         { u"a\r\nb\r\n", 3, 1 },
