@@ -224,6 +224,9 @@ void frmMain::mnuEditPaste_Click()
 
 void frmMain::mnuEditDeleteLesson_Click()
 {
-    m_store.DeleteLesson(studyKey);
+    if (auto const failure = m_store.DeleteLesson(studyKey)) {
+        OwnScreen().Message(failure->Message());
+        return;
+    }
     Text3.Text = u"";
 }

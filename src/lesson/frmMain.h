@@ -15,6 +15,7 @@
 #include "shell/reference_menus.h"
 #include "study/answer_store.h"
 #include "study/lesson_file.h"
+#include "study/verse_file.h"
 
 #include <cstdint>
 #include <optional>
@@ -44,6 +45,8 @@ private:
     std::optional<Failure> FillMainScriptures(TextView name);
     std::optional<Failure> FillSupplementalScriptures(TextView name);
     std::optional<Failure> FillScriptures(TreeView& tree, TextView name);
+    void AddHeading(TreeView& tree, int number, TextView heading);
+    void AppendVerse(VerseFileItem const& item);
     void AppendIntroduction();
     void Resume(TextView storedPage);
     void GiveUp(Failure const& failure);

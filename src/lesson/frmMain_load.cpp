@@ -13,6 +13,8 @@ static constexpr int shortIntroduction = 120;
 static constexpr int linesBehindPassages = 40;
 /// The margin of the texts, in twips.
 static constexpr float textIndent = 150;
+/// How much further in the lines of a verse stand than its number, in twips.
+static constexpr float verseIndent = 210;
 
 /// Writes behind everything else, in the format that the box is set to by `format`.
 template <class Format> static void Append(RichTextBox& box, Format format, TextView text)
@@ -147,7 +149,59 @@ std::optional<Failure> frmMain::FillSupplementalScriptures(TextView name)
 
 std::optional<Failure> frmMain::FillScriptures(TreeView& tree, TextView name)
 {
-    return std::nullopt;
+    int headings = 0;
+    VerseFileListener listener;
+    listener.size = [this](std::uint64_t bytes) {
+        ProgressBar2.Min = 0;
+        ProgressBar2.Max = static_cast<std::int64_t>(bytes);
+        ProgressBar2.Value = 0;
+    };
+    listener.line = [this](std::size_t bytes) {
+        ProgressBar2.Value = ProgressBar2.Value + static_cast<std::int64_t>(bytes);
+    };
+    listener.item = [&](VerseFileItem const& item) {
+        if (item.kind == VerseFileItem::Kind::Heading)
+            AddHeading(tree, ++headings, item.text);
+        else
+            AppendVerse(item);
+    };
+    auto const read = ReadVerseSection(m_files, name, lessonNumber, OwnScreen().OwnTurns(), listener);
+    return read ? std::nullopt : std::optional(read.failure());
+}
+
+void frmMain::AddHeading(TreeView& tree, int number, TextView heading)
+{
+    Node& node = tree.Add(u"item" + FromNumber(number), Text(heading));
+    node.SetImage(u"book");
+    node.SetExpanded(true);
+    node.SetBackColor(panelColor);
+    node.SetTag(FromNumber(Text1.Length()));
+    Append(Text1, [this] { Text1.SelBold = true; }, Text(heading) + u"\r\n\r\n");
+}
+
+void frmMain::AppendVerse(VerseFileItem const& item)
+{
+    bool const isNumbered = item.kind == VerseFileItem::Kind::NumberedVerse;
+    auto const startVerse = [&] {
+        Text1.SelBold = false;
+        Text1.SelHangingIndent = isNumbered ? verseIndent : 0;
+    };
+    if (!isNumbered) {
+        Append(Text1, startVerse, item.text + u"\r\n\r\n");
+        return;
+    }
+    auto const raiseNumber = [&] {
+        startVerse();
+        Text1.SelCharOffset = 35;
+        Text1.SelFontSize = 4;
+    };
+    auto const plainText = [&] {
+        Text1.SelBold = false;
+        Text1.SelCharOffset = 0;
+        Text1.SelFontSize = 8;
+    };
+    Append(Text1, raiseNumber, item.number);
+    Append(Text1, plainText, item.text + u"\r\n\r\n");
 }
 
 /// Shows the page at which the user stopped, or the nearest one that the lesson has.

@@ -21,5 +21,5 @@ void Program::Start(std::optional<Failure> const& report)
 void Program::Finish()
 {
     m_screen.CloseAll();
-    m_answers.RetryPending();
+    static_cast<void>(m_answers.RetryPending()); // There is no one left to tell.
 }
