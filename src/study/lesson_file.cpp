@@ -1,0 +1,192 @@
+#include "study/lesson_file.h"
+
+#include "study/codec.h"
+#include "study/general_texts.h"
+
+#include <optional>
+#include <utility>
+
+StudyKey SplitStudyKey(TextView studyKey)
+{
+    auto const fields = Split(studyKey, u':');
+    return { Text(fields[0]), fields.size() > 1 ? Text(fields[1]) : Text() };
+}
+
+/// What the introduction's line says in its paragraph `index`.
+static IntroParagraph ParagraphOf(TextView field, std::size_t index)
+{
+    IntroParagraph paragraph { Text(field), index == 0 };
+    if (index == 0 && Contains(paragraph.text, u"XXXX"))
+        paragraph.text = u"Scripture references as given.";
+    if (paragraph.text.starts_with(u'^')) {
+        paragraph.text.erase(0, 1);
+        paragraph.bold = true;
+    }
+    ExpandBookNames(paragraph.text);
+    return paragraph;
+}
+
+/// Takes a line of a lesson's body for what it is: an answer, nothing, or a page.
+static void AddBodyLine(LessonBody& body, TextView line)
+{
+    if (line.starts_with(u'[')) {
+        if (!body.answers.empty())
+            body.answers.back() = line.size() > 2 ? line.substr(1, line.size() - 2) : TextView();
+    } else if (line.size() >= 3 && !line.starts_with(u'#')) {
+        body.pages.emplace_back(line);
+        body.answers.emplace_back(u"Answers will vary.");
+    }
+}
+
+LessonReader::LessonReader(
+    FileSystem const& files, StudyKey key, std::int64_t number, TextLines lines, Turns& turns)
+    : m_files(&files)
+    , m_turns(&turns)
+    , m_key(std::move(key))
+    , m_number(number)
+    , m_lines(std::move(lines))
+{
+}
+
+Outcome<LessonReader> LessonReader::Open(FileSystem const& files, TextView studyKey, Turns& turns)
+{
+    auto key = SplitStudyKey(studyKey);
+    auto const number = ToInteger(key.lessonNumber);
+    if (!number || *number < 1)
+        return Failure { key.fileName, 0,
+            u"\"" + key.lessonNumber + u"\" is no number of a lesson" };
+    auto lines = TextLines::Open(files, key.fileName);
+    if (!lines)
+        return lines.failure();
+    return LessonReader(files, std::move(key), *number, std::move(*lines), turns);
+}
+
+Text LessonReader::PartWord() const
+{
+    return Contains(m_key.fileName, u"-1") ? u"One" : u"Two";
+}
+
+Outcome<StudyLine> LessonReader::ReadHead()
+{
+    if (auto const read = Next(u"the title of the study"); !read)
+        return read.failure();
+    auto const fields = Split(m_line, u':');
+    return StudyLine { Text(fields[0]), fields.size() > 1 ? Text(Trim(fields[1])) : Text() };
+}
+
+Outcome<Text> LessonReader::ReadTitleLine()
+{
+    if (auto const read = Next(u"the description of the study"); !read)
+        return read.failure();
+    auto const wanted = u"the title of lesson " + m_key.lessonNumber;
+    for (std::int64_t i = 0; i < m_number; ++i)
+        if (auto const read = Next(wanted); !read)
+            return read.failure();
+    return m_line;
+}
+
+Outcome<Done> LessonReader::FindBlock()
+{
+    auto const marker = u">" + m_key.lessonNumber;
+    auto const wanted = u"the line \"" + marker + u"\" that opens the lesson";
+    while (!m_line.starts_with(marker))
+        if (auto const read = Next(wanted); !read)
+            return read.failure();
+    return Done {};
+}
+
+Outcome<Done> LessonReader::ReadIntroduction(
+    std::function<void(IntroParagraph const&)> const& listener)
+{
+    if (auto const read = Next(u"the introduction of the lesson"); !read)
+        return read.failure();
+    if (m_line.empty())
+        return Done {};
+    auto const line = std::move(m_line);
+    auto const fields = Split(line, u'/');
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        auto paragraph = ParagraphOf(fields[i], i);
+        listener(paragraph);
+        m_line = std::move(paragraph.text); // The last one decides whether there is a body.
+    }
+    return Done {};
+}
+
+Outcome<LessonBody> LessonReader::ReadBody()
+{
+    LessonBody body;
+    while (!m_line.starts_with(u'-')) {
+        if (auto const read = Next(u"the line \"-\" that closes the lesson"); !read)
+            return read.failure();
+        ExpandBookNames(m_line);
+        AddBodyLine(body, m_line);
+    }
+    body.closingLine = m_line;
+    if (!Contains(body.closingLine, u"Congratulations")) {
+        if (auto const conclusion = ReadConclusion(*m_files, *m_turns)) {
+            body.pages.push_back(u". " + *conclusion);
+            body.answers.emplace_back();
+        }
+    }
+    if (body.pages.empty())
+        return Fail(u"the lesson has no page");
+    return body;
+}
+
+Outcome<Text> LessonReader::ReadName()
+{
+    if (auto const read = Next(u"the names of the two verse files"); !read)
+        return read.failure();
+    return m_line;
+}
+
+Outcome<Done> LessonReader::Next(TextView wanted)
+{
+    if (m_lines.AtEnd())
+        return Fail(u"the file ends before " + Text(wanted));
+    auto const raw = m_lines.NextBytes();
+    if (!raw)
+        return raw.failure();
+    DecodeLine(*raw, *m_turns, m_line);
+    return Done {};
+}
+
+Failure LessonReader::Fail(Text reason) const
+{
+    return { m_key.fileName, m_lines.LineNumber(), std::move(reason) };
+}
+
+/// Takes the value of a step over into `to`; the failure where there is none.
+template <class Value> static std::optional<Failure> Keep(Outcome<Value> step, Value& to)
+{
+    if (!step)
+        return step.failure();
+    to = std::move(*step);
+    return std::nullopt;
+}
+
+Outcome<LessonBlock> ParseLessonBlock(FileSystem const& files, TextView studyKey, Turns& turns)
+{
+    auto reader = LessonReader::Open(files, studyKey, turns);
+    if (!reader)
+        return reader.failure();
+    LessonBlock block;
+    block.partWord = reader->PartWord();
+    if (auto failure = Keep(reader->ReadHead(), block.study))
+        return *failure;
+    if (auto failure = Keep(reader->ReadTitleLine(), block.titleLine))
+        return *failure;
+    if (auto const found = reader->FindBlock(); !found)
+        return found.failure();
+    auto const add
+        = [&](IntroParagraph const& paragraph) { block.introParagraphs.push_back(paragraph); };
+    if (auto const read = reader->ReadIntroduction(add); !read)
+        return read.failure();
+    if (auto failure = Keep(reader->ReadBody(), block.body))
+        return *failure;
+    if (auto failure = Keep(reader->ReadName(), block.mainVerseName))
+        return *failure;
+    if (auto failure = Keep(reader->ReadName(), block.supplementalVerseName))
+        return *failure;
+    return block;
+}

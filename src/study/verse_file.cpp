@@ -1,0 +1,124 @@
+#include "study/verse_file.h"
+
+#include "platform/text_lines.h"
+#include "study/codec.h"
+
+#include <utility>
+
+static bool IsDigit(char16_t character)
+{
+    return character >= u'0' && character <= u'9';
+}
+
+/// True if the line's second character, or its first two together, read as a number.
+static bool OpensWithNumber(TextView line)
+{
+    if (line.size() < 2)
+        return false;
+    return IsDigit(line[1]) || (IsDigit(line[0]) && (line[1] == u' ' || line[1] == u'.'));
+}
+
+static VerseFileItem VerseOf(Text line, double value)
+{
+    if (line.size() > 3 && value > 0 && value < 10)
+        line.insert(line.begin(), u' ');
+    if (!OpensWithNumber(line))
+        return { VerseFileItem::Kind::PlainVerse, {}, std::move(line) };
+    Text number = line.substr(0, 2);
+    if (number.ends_with(u' '))
+        number.pop_back();
+    return { VerseFileItem::Kind::NumberedVerse, std::move(number),
+        u" " + Text(Trim(TextView(line).substr(2))) };
+}
+
+std::optional<VerseFileItem> ClassifyVerseLine(TextView line)
+{
+    auto const value = NumericValue(line);
+    if (value != 0 && !IsDigit(line.back()))
+        return VerseOf(Text(line), value);
+    if (line.empty())
+        return std::nullopt;
+    if (line.starts_with(u'^'))
+        line.remove_prefix(1);
+    return VerseFileItem { VerseFileItem::Kind::Heading, {}, Text(line) };
+}
+
+namespace {
+
+/// The lines of a verse file and where the reading stands in them.
+class SectionReader {
+public:
+    SectionReader(TextLines lines, double lesson, Turns& turns, VerseFileListener const& listener)
+        : m_lines(std::move(lines))
+        , m_lesson(lesson)
+        , m_turns(turns)
+        , m_listener(listener)
+    {
+    }
+
+    void Read()
+    {
+        while (Next(Counts::Yes)) {
+            ExpandBookNames(m_line);
+            if (!PassMarks())
+                return;
+            if (auto const item = ClassifyVerseLine(m_line); item && m_listener.item)
+                m_listener.item(*item);
+        }
+    }
+
+private:
+    enum class Counts { No, Yes };
+
+    bool Next(Counts counts)
+    {
+        auto const raw = m_lines.NextBytes();
+        if (!raw)
+            return false;
+        if (counts == Counts::Yes && m_listener.line)
+            m_listener.line(raw->size());
+        DecodeLine(*raw, m_turns, m_line);
+        return true;
+    }
+
+    /// Goes on from a mark to the first line behind a mark of the own lesson. The line there
+    /// doesn't count for the progress, and its abbreviations stay. False where the file ends
+    /// before.
+    bool PassMarks()
+    {
+        while (Contains(m_line, u'>')) {
+            while (
+                !m_line.starts_with(u'>') || NumericValue(TextView(m_line).substr(1)) != m_lesson)
+                if (!Next(Counts::Yes))
+                    return false;
+            if (!Next(Counts::No))
+                return false;
+        }
+        return true;
+    }
+
+    TextLines m_lines;
+    double m_lesson;
+    Turns& m_turns;
+    VerseFileListener const& m_listener;
+    Text m_line;
+};
+
+} // namespace
+
+Outcome<Done> ReadVerseSection(FileSystem const& files, TextView name, TextView lessonNumber,
+    Turns& turns, VerseFileListener const& listener)
+{
+    auto fileName = u"V-" + Text(Trim(name));
+    std::erase(fileName, u'^');
+    auto const size = files.FileSize(fileName);
+    if (!size)
+        return size.failure();
+    if (listener.size)
+        listener.size(*size);
+    auto lines = TextLines::Open(files, fileName);
+    if (!lines)
+        return lines.failure();
+    SectionReader(std::move(*lines), NumericValue(lessonNumber), turns, listener).Read();
+    return Done {};
+}
