@@ -19,7 +19,7 @@ std::vector<std::string> DumpTree(TreeView const& tree)
 
 TEST_F(StudyTest, TheCatalogueIsBuiltFromTheHeadsOfTheStudies)
 {
-    PutLines(u"Abc-1.dat", { "!Cejgrk  xjuchjb", "", " - no end/", "/", "-/", "beyond" });
+    PutLines(u"Abc-1.dat", { "!Aevu  qh hckvjc", "", " - no end/", "/", "-/", "beyond" });
     files.Put(u"half-1.dat", "Only a title");
     files.Put(u"open-1.dat", "Open\nDescription\nLesson\n>1\nIntro");
     files.Put(u"cut-1.dat", "Cut\nDescription\nLesson//");
@@ -27,7 +27,7 @@ TEST_F(StudyTest, TheCatalogueIsBuiltFromTheHeadsOfTheStudies)
     files.MakeUnreadable(u"zz-1.dat");
     program.Start({});
     EXPECT_THAT(DumpTree(Get<TreeView>("frmContents.TreeView1")),
-        ElementsAre("Abc-1.dat \"Cvxz  ozltyas\" 4b", "Abc-1.dat > Abc-1.dat1 \"Lesson 1:  - no end\" 3",
+        ElementsAre("Abc-1.dat \"Acts  of faith\" 4b", "Abc-1.dat > Abc-1.dat1 \"Lesson 1:  - no end\" 3",
             "Abc-1.dat1 > Abc-1.dat:1 \"Part One\" 0", "Abc-1.dat1 > Abc-2.dat:1 \"Part Two\" 0",
             "Abc-1.dat > Abc-1.dat2 \"Lesson 2: \" 3", "Abc-1.dat2 > Abc-1.dat:2 \"Part One\" 0",
             "Abc-1.dat2 > Abc-2.dat:2 \"Part Two\" 0", "cut-1.dat \"Cut\" 4b tag Description",
@@ -72,8 +72,9 @@ TEST_F(StudyTest, TheWelcomeDialogComesOnceOnTheWayIntoALesson)
         ProgramBench run;
         for (auto const name : { u"james-1.dat", u"V-James1", u"V-James1s", u"introduction.txt", u"conclusion.txt" })
             run.files.Put(name, files.Bytes(name));
-        if (!row.showhelp.empty())
+        if (!row.showhelp.empty()) {
             ASSERT_TRUE(run.settings.Write(u"Parameters", u"showhelp", row.showhelp));
+        }
         run.program.Start({});
         run.Click("frmContents.mnuHelpWelcome"); // One that is open already is in nobody's way.
         int shown = 0;

@@ -2,11 +2,9 @@
 
 #include "support/program_bench.h"
 
-using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 TEST_F(StudyTest, ALessonThatCannotBeShownLeadsBackToTheCatalogue)
 {
@@ -33,7 +31,7 @@ TEST_F(StudyTest, ALessonThatCannotBeShownLeadsBackToTheCatalogue)
         EXPECT_TRUE(IsOpen("frmContents")) << row.about;
         auto const messages = Messages();
         ASSERT_EQ(messages.size(), 1U) << row.about;
-        EXPECT_THAT(ToUtf8(messages[0]), HasSubstr(row.message)) << row.about;
+        EXPECT_THAT(messages[0], HasSubstr(row.message)) << row.about;
         screen.CloseAll();
     }
 }
@@ -45,6 +43,7 @@ TEST_F(StudyTest, AStudyFileThatEndsEarlyShowsAMessageAndTheCatalogue)
     for (std::size_t count = 2; count < partOne.size(); ++count) {
         PutLines(u"james-1.dat", { partOne.begin(), partOne.begin() + static_cast<std::ptrdiff_t>(count) });
         for (TextView const key : { u"james-1.dat:1", u"james-1.dat:2" }) {
+            screen.CloseAll();
             program.Start({});
             if (!Get<TreeView>("frmContents.TreeView1").Find(key))
                 continue;
@@ -53,7 +52,6 @@ TEST_F(StudyTest, AStudyFileThatEndsEarlyShowsAMessageAndTheCatalogue)
             ASSERT_NE(IsOpen("frmMain"), IsOpen("frmContents")) << count;
             ASSERT_EQ(IsOpen("frmContents"), messages.size() == 1) << count;
             shown += IsOpen("frmMain");
-            screen.CloseAll();
         }
     }
     EXPECT_EQ(shown, 6) << "lesson 1 is whole behind its two names, on line 18";
@@ -91,7 +89,7 @@ TEST_F(StudyTest, AnswersThatCannotBeStoredAreKeptAndTriedAgain)
     settings.failing = true;
     Write("frmMain.Text3", u"first");
     Click("frmMain.Command1");
-    EXPECT_THAT(Messages(), ElementsAre(HasSubstr(u"settings.db")));
+    EXPECT_THAT(Messages(), ElementsAre(HasSubstr("settings.db")));
     EXPECT_EQ(Get<ScrollBar>("frmMain.ctlScrollbar").Value, 2) << "the user moves on";
     Write("frmMain.Text3", u"second");
     Click("frmMain.Command2");

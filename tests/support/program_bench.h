@@ -76,11 +76,11 @@ public:
         EXPECT_EQ(input.DragThumb(Get<ScrollBar>("frmMain.ctlScrollbar"), page, true), "");
     }
     /// The texts of the message boxes since the last call.
-    std::vector<Text> Messages()
+    std::vector<std::string> Messages()
     {
-        std::vector<Text> texts;
+        std::vector<std::string> texts;
         for (auto& message : host.TakeMessages())
-            texts.push_back(message.text);
+            texts.push_back(ToUtf8(message.text));
         return texts;
     }
 };
@@ -97,7 +97,7 @@ protected:
             { "James: A Working Faith", "Dropped.", "Faith Under Trial", "Hearing", "-", ">1", "Short intro", "1. Only page",
                 "- Well done. Congratulations on the lesson", "James1", "James1s", ">2", "Intro", "1. Page", "-", "James1", "James1s" });
         PutLines(u"V-James1",
-            { ">1", "James 1:1", "1 James, a servant of God.", "12 Blessed is the man.", "A plain line", ">2", "James 2:1",
+            { ">1", "James 1:1", "1 James, a servant of God.", "12 Blessed is the man.", "1a", ">2", "James 2:1",
                 "1 My brethren." });
         PutLines(u"V-James1s", { ">1", "^Jn. 3:16", "16 For God so loved." });
         PutLines(u"introduction.txt", { "General, see Rom. 8.", "", "!afd" });
