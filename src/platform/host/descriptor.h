@@ -1,0 +1,40 @@
+#pragma once
+// An open file of the system, closed with its owner, and what the system's error numbers mean to a person.
+
+#include "base/failure.h"
+
+#include <string_view>
+#include <utility>
+
+class Descriptor {
+public:
+    explicit Descriptor(int number = -1)
+        : m_number(number)
+    {
+    }
+    Descriptor(Descriptor&& other) noexcept
+        : m_number(std::exchange(other.m_number, -1))
+    {
+    }
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
+    ~Descriptor() { Close(); }
+
+    explicit operator bool() const { return m_number >= 0; }
+    int Number() const { return m_number; }
+    /// False if closing reports that something written didn't reach the file.
+    bool Close();
+
+private:
+    int m_number;
+};
+
+/// The failure behind the system's last error number, about this path.
+Failure SystemFailure(TextView path);
+Failure SystemFailure(TextView path, int number);
+
+/// Replaces the file `name` in a folder whole, or not at all; what is reported as done survives a power cut.
+Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes, TextView path);

@@ -1,0 +1,211 @@
+#include "platform/host/host_file_system.h"
+
+#include "platform/host/descriptor.h"
+#include "platform/host/path_rules.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <random>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+Failure NoSuchPlace(TextView path)
+{
+    return { Text(path), 0, u"there is no such place" };
+}
+
+class HostInputFile final : public InputFile {
+public:
+    HostInputFile(Descriptor file, TextView path)
+        : m_file(std::move(file))
+        , m_path(path)
+    {
+    }
+
+    Outcome<std::size_t> Read(std::span<char> block) override
+    {
+        for (;;) {
+            auto const size = ::read(m_file.Number(), block.data(), block.size());
+            if (size >= 0)
+                return static_cast<std::size_t>(size);
+            if (errno != EINTR)
+                return SystemFailure(m_path);
+        }
+    }
+
+private:
+    Descriptor m_file;
+    Text m_path;
+};
+
+struct OpenFile {
+    Descriptor file;
+    std::uint64_t size; // bytes
+};
+
+/// Opens a regular file; a pipe or a device would keep the program waiting.
+Outcome<OpenFile> OpenRegular(TextView path, fs::path const& drive)
+{
+    auto const place = PlaceOf(path, drive);
+    if (!place)
+        return NoSuchPlace(path);
+    Descriptor file(::open(place->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat status { };
+    if (!file || ::fstat(file.Number(), &status) != 0)
+        return SystemFailure(path);
+    if (S_ISDIR(status.st_mode))
+        return SystemFailure(path, EISDIR);
+    if (!S_ISREG(status.st_mode))
+        return Failure { Text(path), 0, u"it is no file" };
+    return OpenFile { std::move(file), static_cast<std::uint64_t>(status.st_size) };
+}
+
+bool Matches(TextView name, TextView pattern)
+{
+    auto const star = pattern.find(u'*');
+    if (star == TextView::npos)
+        return name == pattern;
+    auto const head = pattern.substr(0, star);
+    if (!name.starts_with(head))
+        return false;
+    auto const rest = pattern.substr(star + 1);
+    for (auto tail = name.substr(head.size());; tail.remove_prefix(1)) {
+        if (Matches(tail, rest))
+            return true;
+        if (tail.empty())
+            return false;
+    }
+}
+
+}
+
+HostFileSystem::HostFileSystem(Folders folders)
+    : m_folders(std::move(folders))
+{
+    m_folders.application = fs::absolute(m_folders.application).lexically_normal();
+    m_folders.drive = fs::absolute(m_folders.drive).lexically_normal();
+    fs::create_directories(m_folders.drive / "Temp");
+    fs::create_directories(m_folders.drive / "Program Files");
+    fs::permissions(m_folders.drive, fs::perms::owner_all);
+}
+
+bool HostFileSystem::FileExists(TextView path) const
+{
+    auto const place = PlaceOf(path, m_folders.drive);
+    std::error_code error;
+    return place && fs::is_regular_file(*place, error);
+}
+
+bool HostFileSystem::FolderExists(TextView path) const
+{
+    auto const place = PlaceOf(path, m_folders.drive);
+    std::error_code error;
+    return place && fs::is_directory(*place, error);
+}
+
+Outcome<std::uint64_t> HostFileSystem::FileSize(TextView path) const
+{
+    auto const opened = OpenRegular(path, m_folders.drive);
+    return opened ? Outcome<std::uint64_t>(opened->size) : opened.failure();
+}
+
+Outcome<std::unique_ptr<InputFile>> HostFileSystem::Open(TextView path) const
+{
+    auto opened = OpenRegular(path, m_folders.drive);
+    if (!opened)
+        return opened.failure();
+    return std::unique_ptr<InputFile>(std::make_unique<HostInputFile>(std::move(opened->file), path));
+}
+
+Outcome<std::string> HostFileSystem::ReadAll(TextView path) const
+{
+    auto opened = OpenRegular(path, m_folders.drive);
+    if (!opened)
+        return opened.failure();
+    HostInputFile file(std::move(opened->file), path);
+    // One byte more than the file is said to have, so that its end is seen in the same pass.
+    std::string bytes(static_cast<std::size_t>(opened->size) + 1, '\0');
+    for (std::size_t filled = 0;;) {
+        auto const size = file.Read({ bytes.data() + filled, bytes.size() - filled });
+        if (!size)
+            return size.failure();
+        filled += *size;
+        if (*size == 0) {
+            bytes.resize(filled);
+            return bytes;
+        }
+        if (filled == bytes.size())
+            bytes.resize(bytes.size() * 2);
+    }
+}
+
+Outcome<Done> HostFileSystem::Write(TextView path, std::string_view bytes)
+{
+    auto const place = PlaceOf(path, m_folders.drive);
+    if (!place || !place->has_filename())
+        return NoSuchPlace(path);
+    auto const folder = place->parent_path();
+    return ReplaceFile(folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
+}
+
+Outcome<Done> HostFileSystem::CreateFolder(TextView path)
+{
+    auto const place = PlaceOf(path, m_folders.drive);
+    if (!place)
+        return NoSuchPlace(path);
+    if (::mkdir(place->c_str(), 0700) == 0 || (errno == EEXIST && FolderExists(path)))
+        return Done {};
+    return SystemFailure(path);
+}
+
+Outcome<Done> HostFileSystem::Delete(TextView path)
+{
+    auto const place = PlaceOf(path, m_folders.drive);
+    if (!place)
+        return NoSuchPlace(path);
+    if (::unlink(place->c_str()) != 0)
+        return SystemFailure(path);
+    return Done {};
+}
+
+std::vector<Text> HostFileSystem::List(TextView pattern) const
+{
+    Text const lower = ToLowerLatin(pattern);
+    std::vector<Text> names;
+    std::error_code error;
+    fs::directory_iterator entries(".", error);
+    for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
+        Text name = FromUtf8(entries->path().filename().string());
+        std::error_code unknown;
+        if (Matches(ToLowerLatin(name), lower) && entries->is_regular_file(unknown))
+            names.push_back(std::move(name));
+    }
+    std::sort(names.begin(), names.end(), [](Text const& left, Text const& right) {
+        auto const a = ToLowerLatin(left), b = ToLowerLatin(right);
+        return a != b ? a < b : left < right;
+    });
+    return names;
+}
+
+Text HostFileSystem::ApplicationFolder() const
+{
+    return PathOf(m_folders.application, m_folders.drive);
+}
+
+Text HostFileSystem::TemporaryName()
+{
+    static constexpr char16_t digits[] = u"0123456789abcdef";
+    std::random_device random;
+    Text name;
+    do {
+        name = u"sf";
+        for (int i = 0; i < 12; ++i)
+            name += digits[random() % 16];
+    } while (FileExists(TemporaryFolder() + u"\\" + name) || FileExists(TemporaryFolder() + u"\\" + name + u".htm"));
+    return name;
+}

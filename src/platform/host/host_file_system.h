@@ -1,0 +1,34 @@
+#pragma once
+// The machine's files behind the paths in Windows form that the program speaks (path_rules.h).
+
+#include "platform/file_system.h"
+
+#include <filesystem>
+
+class HostFileSystem final : public FileSystem {
+public:
+    struct Folders {
+        std::filesystem::path application; ///< of the program file
+        std::filesystem::path drive; ///< what drive C: is
+    };
+
+    /// Makes drive C: (private to the user), `C:\Temp` and `C:\Program Files` if they are missing. Throws
+    /// std::filesystem::filesystem_error if they can't be made.
+    explicit HostFileSystem(Folders folders);
+
+    bool FileExists(TextView path) const override;
+    bool FolderExists(TextView path) const override;
+    Outcome<std::uint64_t> FileSize(TextView path) const override;
+    Outcome<std::unique_ptr<InputFile>> Open(TextView path) const override;
+    Outcome<std::string> ReadAll(TextView path) const override;
+    Outcome<Done> Write(TextView path, std::string_view bytes) override;
+    Outcome<Done> CreateFolder(TextView path) override;
+    Outcome<Done> Delete(TextView path) override;
+    std::vector<Text> List(TextView pattern) const override;
+    Text ApplicationFolder() const override;
+    Text TemporaryFolder() const override { return u"C:\\Temp"; }
+    Text TemporaryName() override;
+
+private:
+    Folders m_folders;
+};

@@ -1,0 +1,12 @@
+#pragma once
+// Where the user's own data lies on this machine.
+
+#include <filesystem>
+
+/// `sparrowfield` in the folder that the platform names for users' data: $XDG_DATA_HOME, else ~/.local/share
+/// (the XDG base directories, version 0.8). Made, private to the user, if it is missing. Throws std::filesystem::filesystem_error
+/// if it can't be made.
+std::filesystem::path UserDataFolder();
+
+/// The folder of the running program's file.
+std::filesystem::path ProgramFolder();
