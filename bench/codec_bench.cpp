@@ -1,0 +1,126 @@
+// Decoding lines. The floor is the conversion of the same bytes to 16-bit characters by the code
+// page's table.
+
+#include "ratios.h"
+#include "study/codec.h"
+
+#include <random>
+
+namespace {
+
+constexpr double atMost = 5;
+
+/// Words of letters as a study has them, `length` characters.
+std::string Prose(std::size_t length)
+{
+    std::mt19937 random(7);
+    std::string text;
+    while (text.size() < length) {
+        text += static_cast<char>(random() % 8 == 0 ? 'A' + random() % 26 : 'a' + random() % 26);
+        for (auto letters = random() % 9; letters > 0; --letters)
+            text += static_cast<char>('a' + random() % 26);
+        text += random() % 12 == 0 ? ". " : random() % 20 == 0 ? "/" : " ";
+    }
+    text.resize(length);
+    return text;
+}
+
+/// Scrambled lines of some 10 to 300 characters with all 26 shifts, 1 MB.
+std::vector<std::string> ScrambledLines()
+{
+    std::mt19937 random(3);
+    std::vector<std::string> lines;
+    for (std::size_t size = 0; size < 1'000'000; size += lines.back().size())
+        lines.push_back('!' + Prose(10 + random() % 290) + static_cast<char>('a' + random() % 26));
+    return lines;
+}
+
+/// Turns as a desktop arms them: one in some thousands comes to its host.
+struct DesktopTurns {
+    Turns turns { [this] { turns.Arm(5'000); } };
+    DesktopTurns() { turns.Arm(5'000); }
+};
+
+void Lines(benchmark::State& state, std::vector<std::string> const& lines)
+{
+    DesktopTurns host;
+    Text text;
+    for (auto _ : state)
+        for (auto const& line : lines) {
+            DecodeLine(line, host.turns, text);
+            benchmark::DoNotOptimize(text.data());
+        }
+}
+
+void LinesFloor(benchmark::State& state, std::vector<std::string> const& lines)
+{
+    std::vector<char16_t> text(1'000);
+    for (auto _ : state)
+        for (auto const& line : lines)
+            ConvertEach(line, text.data());
+}
+
+void OneLine(benchmark::State& state, std::string const& line)
+{
+    Lines(state, { line });
+    state.SetBytesProcessed(
+        static_cast<std::int64_t>(line.size()) * static_cast<std::int64_t>(state.iterations()));
+}
+
+void OneLineFloor(benchmark::State& state, std::string const& line)
+{
+    std::vector<char16_t> text(line.size());
+    for (auto _ : state)
+        ConvertEach(line, text.data());
+}
+
+std::string Repeated(std::string_view part, int times)
+{
+    std::string text;
+    while (times-- > 0)
+        text += part;
+    return text;
+}
+
+void Names(benchmark::State& state, Text const& text)
+{
+    for (auto _ : state) {
+        Text expanded = text;
+        ExpandBookNames(expanded);
+        benchmark::DoNotOptimize(expanded.data());
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    std::map<std::string, std::string> const long_lines {
+        { "plain 1 KB", Prose(1'000) },
+        { "scrambled 1 KB", "!" + Prose(1'000) + "k" },
+        { "scrambled 100 KB", "!" + Prose(100'000) + "k" },
+        { "scrambled 1 MB", "!" + Prose(1'000'000) + "k" },
+        { "slashes 10,000", Repeated("/", 10'000) },
+        { "slashes 100,000", Repeated("/", 100'000) },
+        { "tabs 100,000", Repeated("\t", 100'000) },
+        { "blanks 100,000", Repeated(" ", 100'000) },
+        { "line ends 100,000", Repeated("\r\n", 100'000) },
+    };
+    auto const lines = ScrambledLines();
+    benchmark::RegisterBenchmark("scrambled lines", Lines, lines);
+    benchmark::RegisterBenchmark("scrambled lines, floor", LinesFloor, lines);
+    for (auto const& [name, line] : long_lines) {
+        benchmark::RegisterBenchmark(name.c_str(), OneLine, line);
+        benchmark::RegisterBenchmark((name + ", floor").c_str(), OneLineFloor, line);
+    }
+    benchmark::RegisterBenchmark("book names, none in 1 MB", Names, FromCodePage(Prose(1'000'000)));
+    benchmark::RegisterBenchmark(
+        "book names, 100,000", Names, FromCodePage(Repeated("see Jn. 3 ", 100'000)));
+
+    benchmark::Initialize(&count, arguments);
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.PrintRatio("scrambled lines", "scrambled lines, floor", atMost);
+    for (auto const& [name, line] : long_lines)
+        reporter.PrintRatio(name, name + ", floor", atMost);
+}
