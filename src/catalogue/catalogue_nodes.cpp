@@ -13,26 +13,25 @@ static Text PartTwoName(TextView partOne)
     return name;
 }
 
-static void AddStudy(std::vector<CatalogueNode>& nodes, StudyHead head)
+static void AddStudy(StudyHead const& head, std::function<void(CatalogueNode const&)> const& add)
 {
     Text const& file = head.fileName;
-    Text const partTwo = PartTwoName(file);
-    nodes.push_back({ file, {}, std::move(head.title), 4, true, catalogueBackColor, std::move(head.description) });
-    int lesson = 0;
-    for (Text const& title : head.lessonTitles) {
-        Text const number = FromNumber(++lesson);
+    add({ file, {}, head.title, 4, true, catalogueBackColor, head.description });
+    Text const partOne = file + u":";
+    Text const partTwo = PartTwoName(file) + u":";
+    for (std::size_t i = 0; i < head.lessonTitles.size(); ++i) {
+        Text const number = FromNumber(static_cast<std::int64_t>(i) + 1);
         Text const key = file + number;
-        nodes.push_back({ key, file, u"Lesson " + number + u": " + title, 3, false, catalogueBackColor, {} });
-        nodes.push_back({ file + u":" + number, key, u"Part One", 0, false, catalogueBackColor, {} });
-        nodes.push_back({ partTwo + u":" + number, key, u"Part Two", 0, false, catalogueBackColor, {} });
+        add({ key, file, u"Lesson " + number + u": " + head.lessonTitles[i], 3 });
+        add({ partOne + number, key, u"Part One" });
+        add({ partTwo + number, key, u"Part Two" });
     }
 }
 
-std::vector<CatalogueNode> BuildCatalogue(FileSystem const& files, std::vector<Text> const& fileList)
+void BuildCatalogue(FileSystem const& files, std::span<Text const> fileList,
+    std::function<void(CatalogueNode const&)> const& add)
 {
-    std::vector<CatalogueNode> nodes;
     for (Text const& fileName : fileList)
-        if (auto head = ReadStudyHead(files, fileName))
-            AddStudy(nodes, *std::move(head));
-    return nodes;
+        if (auto const head = ReadStudyHead(files, fileName))
+            AddStudy(*head, add);
 }

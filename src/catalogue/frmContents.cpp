@@ -55,19 +55,22 @@ void frmContents::Form_Load()
     txtDesc.Tag = u"False";
     TreeView1.Clear();
     TreeView1.SetBackgroundColour(catalogueBackColor);
-    for (CatalogueNode& node : BuildCatalogue(m_files, File1.List))
-        AddNode(std::move(node));
+    Node* last = nullptr;
+    BuildCatalogue(m_files, File1.List(), [&](CatalogueNode const& node) { last = AddNode(last, node); });
 }
 
-void frmContents::AddNode(CatalogueNode node)
+/// Adds a node behind the one added last, which is its parent or stands below it, and gives it.
+Node* frmContents::AddNode(Node* last, CatalogueNode const& node)
 {
-    Node* const parent = TreeView1.Find(node.parentKey);
-    Node& added = parent ? TreeView1.Add(*parent, std::move(node.key), std::move(node.text))
-                         : TreeView1.Add(std::move(node.key), std::move(node.text));
+    Node* parent = last;
+    while (parent && parent->Key() != node.parentKey)
+        parent = parent->Parent();
+    Node& added = parent ? TreeView1.Add(*parent, node.key, node.text) : TreeView1.Add(node.key, node.text);
     added.SetBold(node.bold);
     added.SetBackColor(node.backColor);
     added.SetImage(node.image);
-    added.SetTag(std::move(node.tag));
+    added.SetTag(node.tag);
+    return &added;
 }
 
 void frmContents::Form_Resize()
@@ -88,9 +91,9 @@ void frmContents::TreeView1_NodeClick(Node& node)
 void frmContents::ShowDescription(Node const& study)
 {
     lblBack.Visible = true;
-    lblStudy.Text = study.Caption();
+    lblStudy.Text = Text(study.Caption());
     lblStudy.Visible = true;
-    txtDesc.Text = study.Tag();
+    txtDesc.Text = Text(study.Tag());
     txtDesc.Tag = u"True";
     txtDesc.Top = lblStudy.Top + 450 + 290;
     txtDesc.Visible = true;

@@ -26,7 +26,7 @@ private:
     void Form_Resize() override;
     void TreeView1_NodeClick(Node& node);
     void mnuFileExit_Click();
-    void AddNode(CatalogueNode node);
+    Node* AddNode(Node* last, CatalogueNode const& node);
     void ShowDescription(Node const& study);
     void OpenLesson(TextView studyKey);
 

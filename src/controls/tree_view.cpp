@@ -1,38 +1,40 @@
 #include "controls/tree_view.h"
 
+#include <algorithm>
+
 void Node::SetExpanded(bool expanded)
 {
     m_expanded = expanded;
-    m_tree->ContentChanged();
+    m_tree.ContentChanged();
 }
 
 void Node::SetBold(bool bold)
 {
     m_bold = bold;
-    m_tree->ContentChanged();
+    m_tree.ContentChanged();
 }
 
 void Node::SetBackColor(Colour colour)
 {
     m_backColor = colour;
-    m_tree->ContentChanged();
+    m_tree.ContentChanged();
 }
 
-void Node::SetTag(Text tag)
+void Node::SetTag(TextView tag)
 {
-    m_tag = std::move(tag);
+    m_tag = m_tree.Keep(tag);
 }
 
 void Node::SetImage(NodeImage image)
 {
-    m_image = std::move(image);
-    m_tree->ContentChanged();
+    m_image = image;
+    m_tree.ContentChanged();
 }
 
 void Node::SetSelectedImage(NodeImage image)
 {
-    m_selectedImage = std::move(image);
-    m_tree->ContentChanged();
+    m_selectedImage = image;
+    m_tree.ContentChanged();
 }
 
 TreeView::TreeView(Form& form, Control& container, char const* name, Bounds bounds)
@@ -40,47 +42,51 @@ TreeView::TreeView(Form& form, Control& container, char const* name, Bounds boun
 {
 }
 
-Node& TreeView::Add(Text key, Text text)
+Node& TreeView::Add(TextView key, TextView text)
 {
-    return Enter(nullptr, std::move(key), std::move(text));
+    return Enter(nullptr, key, text);
 }
 
-Node& TreeView::Add(Node& parent, Text key, Text text)
+Node& TreeView::Add(Node& parent, TextView key, TextView text)
 {
-    return Enter(&parent, std::move(key), std::move(text));
+    return Enter(&parent, key, text);
 }
 
-Node& TreeView::Enter(Node* parent, Text key, Text text)
+TextView TreeView::Keep(TextView text)
 {
-    if (auto const found = m_byKey.find(key); found != m_byKey.end())
-        return *found->second;
-    Node& node = m_nodes.emplace_back();
-    node.m_tree = this;
-    node.m_parent = parent;
-    node.m_key = std::move(key);
-    node.m_text = std::move(text);
-    auto& siblings = parent ? parent->m_children : m_roots;
+    auto* const kept = static_cast<char16_t*>(m_content->memory.allocate(text.size() * sizeof(char16_t), alignof(char16_t)));
+    std::copy(text.begin(), text.end(), kept);
+    return { kept, text.size() };
+}
+
+Node& TreeView::Enter(Node* parent, TextView key, TextView text)
+{
+    Node& node = m_content->nodes.emplace_back(*this, parent, &m_content->memory);
+    node.m_key = Keep(key);
+    node.m_text = Keep(text);
+    auto& siblings = parent ? parent->m_children : m_content->roots;
     node.m_row = static_cast<int>(siblings.size());
     siblings.push_back(&node);
-    m_byKey.emplace(node.m_key, &node);
     ContentChanged();
     return node;
 }
 
 void TreeView::Clear()
 {
-    m_byKey.clear();
-    m_roots.clear();
-    m_nodes.clear();
     m_selected = nullptr;
     ++m_revision;
+    if (!m_content->nodes.empty())
+        m_content = std::make_unique<Content>();
     ContentChanged();
 }
 
 Node* TreeView::Find(TextView key) const
 {
-    auto const found = m_byKey.find(key);
-    return found == m_byKey.end() ? nullptr : found->second;
+    auto& [memory, nodes, roots, byKey, indexed] = *m_content;
+    for (; indexed < nodes.size(); ++indexed)
+        byKey.insert(&nodes[indexed]);
+    auto const found = byKey.find(key);
+    return found == byKey.end() ? nullptr : *found;
 }
 
 void TreeView::Select(Node* node)

@@ -5,45 +5,56 @@
 
 #include <deque>
 #include <functional>
-#include <unordered_map>
+#include <memory>
+#include <memory_resource>
+#include <unordered_set>
 #include <variant>
 #include <vector>
 
 class TreeView;
 
-/// The picture of a node in the tree's image list: its place from 1, its key, or 0 for none.
-using NodeImage = std::variant<int, Text>;
+/// The picture of a node in the tree's image list: its place from 1, its key (a literal), or 0 for none.
+using NodeImage = std::variant<int, char const*>;
 
+/// A node of a tree. Its texts lie with the tree's.
 class Node {
 public:
-    Text const& Key() const { return m_key; }
-    Text const& Caption() const { return m_text; }
+    TextView Key() const { return m_key; }
+    TextView Caption() const { return m_text; }
     /// Nothing for a node at the root.
     Node* Parent() const { return m_parent; }
-    std::vector<Node*> const& Children() const { return m_children; }
+    std::pmr::vector<Node*> const& Children() const { return m_children; }
     /// The place among the children of its parent, or at the root, from 0.
     int Row() const { return m_row; }
 
     bool Expanded() const { return m_expanded; }
     bool Bold() const { return m_bold; }
     Colour BackColor() const { return m_backColor; }
-    Text const& Tag() const { return m_tag; }
+    TextView Tag() const { return m_tag; }
     NodeImage const& Image() const { return m_image; }
     NodeImage const& SelectedImage() const { return m_selectedImage; }
 
     void SetExpanded(bool expanded);
     void SetBold(bool bold);
     void SetBackColor(Colour colour);
-    void SetTag(Text tag);
+    void SetTag(TextView tag);
     void SetImage(NodeImage image);
     void SetSelectedImage(NodeImage image);
 
+    /// Made by its tree alone.
+    Node(TreeView& tree, Node* parent, std::pmr::memory_resource* memory)
+        : m_tree(tree)
+        , m_parent(parent)
+        , m_children(memory)
+    {
+    }
+
 private:
     friend class TreeView;
-    TreeView* m_tree = nullptr;
-    Node* m_parent = nullptr;
-    std::vector<Node*> m_children;
-    Text m_key, m_text, m_tag;
+    TreeView& m_tree;
+    Node* m_parent;
+    std::pmr::vector<Node*> m_children;
+    TextView m_key, m_text, m_tag;
     NodeImage m_image = 0, m_selectedImage = 0;
     Colour m_backColor = 0xFFFFFF;
     int m_row = 0;
@@ -59,17 +70,16 @@ public:
     char const* Kind() const override { return "TreeView"; }
     bool CanFocus() const override { return true; }
 
-    /// Adds a node at the root, or as the last child of a node of this tree. A key that stands in the tree already
-    /// gives the node that bears it, and nothing is added.
-    Node& Add(Text key, Text text);
-    Node& Add(Node& parent, Text key, Text text);
+    /// Adds a node at the root, or as the last child of a node of this tree. Keys are meant to be unique.
+    Node& Add(TextView key, TextView text);
+    Node& Add(Node& parent, TextView key, TextView text);
     void Clear();
-    /// Nothing if no node has the key.
+    /// The first node with the key; nothing if there is none.
     Node* Find(TextView key) const;
     /// All nodes in the order in which they were added.
-    std::deque<Node> const& Nodes() const { return m_nodes; }
-    std::deque<Node>& Nodes() { return m_nodes; }
-    std::vector<Node*> const& Roots() const { return m_roots; }
+    std::pmr::deque<Node> const& Nodes() const { return m_content->nodes; }
+    std::pmr::deque<Node>& Nodes() { return m_content->nodes; }
+    std::pmr::vector<Node*> const& Roots() const { return m_content->roots; }
     Node* Selected() const { return m_selected; }
     void Select(Node* node);
 
@@ -85,12 +95,33 @@ public:
 
 private:
     friend class Node;
-    friend class Input;
-    Node& Enter(Node* parent, Text key, Text text);
 
-    std::deque<Node> m_nodes;
-    std::vector<Node*> m_roots;
-    std::unordered_map<TextView, Node*> m_byKey; // views of the nodes' own keys
+    // Nodes are found by their keys.
+    struct KeyHash {
+        using is_transparent = void;
+        std::size_t operator()(TextView key) const { return std::hash<TextView>()(key); }
+        std::size_t operator()(Node const* node) const { return (*this)(TextView(node->Key())); }
+    };
+    struct SameKey {
+        using is_transparent = void;
+        static TextView KeyOf(Node const* node) { return node->Key(); }
+        static TextView KeyOf(TextView key) { return key; }
+        bool operator()(auto const& left, auto const& right) const { return KeyOf(left) == KeyOf(right); }
+    };
+
+    /// All that Clear forgets. It only grows until then, so its memory comes in large pieces and goes at once.
+    struct Content {
+        std::pmr::monotonic_buffer_resource memory;
+        std::pmr::deque<Node> nodes { &memory };
+        std::pmr::vector<Node*> roots { &memory };
+        std::unordered_set<Node*, KeyHash, SameKey> byKey; // of the first `indexed` nodes: brought up to date by Find
+        std::size_t indexed = 0;
+    };
+
+    Node& Enter(Node* parent, TextView key, TextView text);
+    TextView Keep(TextView text);
+
+    std::unique_ptr<Content> m_content = std::make_unique<Content>();
     Node* m_selected = nullptr;
     unsigned m_revision = 0;
 };

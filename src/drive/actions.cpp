@@ -140,7 +140,7 @@ static Json Close(Machine& machine, Arguments const& arguments)
 static Json Clipboard(Machine& machine, Arguments const& arguments)
 {
     if (arguments.Count() == 0)
-        return { { "text", ToJson(machine.host.ClipboardText()) } };
+        return { { "text", ToJson(TextView(machine.host.ClipboardText())) } };
     machine.host.SetClipboardText(arguments.TextAt(0));
     return Json::object();
 }

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cmath>
 
-Json ToJson(Text const& text)
+Json ToJson(TextView text)
 {
     return ToUtf8(text);
 }
@@ -25,9 +25,11 @@ Json ToJson(Value const& value)
             if constexpr (std::same_as<Held, std::vector<Text>>) {
                 Json list = Json::array();
                 for (Text const& text : held)
-                    list.push_back(ToJson(text));
+                    list.push_back(ToJson(TextView(text)));
                 return list;
-            } else if constexpr (std::same_as<Held, Text> || std::same_as<Held, float>) {
+            } else if constexpr (std::same_as<Held, Text>) {
+                return ToJson(TextView(held));
+            } else if constexpr (std::same_as<Held, float>) {
                 return ToJson(held);
             } else {
                 return held;

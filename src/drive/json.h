@@ -14,7 +14,7 @@ struct CommandError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-Json ToJson(Text const& text);
+Json ToJson(TextView text);
 /// A number without a fraction becomes an integer, any other the shortest decimal that is the same float.
 Json ToJson(float number);
 Json ToJson(Value const& value);

@@ -51,7 +51,7 @@ Refusal Type(Input& input, TextInput& box, TextView text)
 static Node* NextVisible(TreeView const& tree, Node* from, bool downwards)
 {
     std::vector<Node*> visible;
-    auto const add = [&](auto const& self, std::vector<Node*> const& nodes) -> void {
+    auto const add = [&](auto const& self, std::pmr::vector<Node*> const& nodes) -> void {
         for (Node* node : nodes) {
             visible.push_back(node);
             if (node->Expanded())

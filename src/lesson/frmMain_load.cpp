@@ -172,7 +172,7 @@ std::optional<Failure> frmMain::FillScriptures(TreeView& tree, TextView name)
 void frmMain::AddHeading(TreeView& tree, int number, TextView heading)
 {
     Node& node = tree.Add(u"item" + FromNumber(number), Text(heading));
-    node.SetImage(u"book");
+    node.SetImage("book");
     node.SetExpanded(true);
     node.SetBackColor(panelColor);
     node.SetTag(FromNumber(Text1.Length()));

@@ -5,12 +5,14 @@
 #include <cstring>
 #include <utility>
 
-static constexpr std::size_t blockSize = 64 * 1024;
+// Blocks double from the first to the largest: who reads only the head of a file reads little more than that.
+static constexpr std::size_t firstBlock = 2 * 1024;
+static constexpr std::size_t largestBlock = 64 * 1024;
 
 TextLines::TextLines(std::unique_ptr<InputFile> file, TextView name)
     : m_file(std::move(file))
     , m_name(name)
-    , m_buffer(blockSize)
+    , m_buffer(firstBlock)
 {
 }
 
@@ -86,8 +88,8 @@ void TextLines::Fill()
         m_end += *read;
 }
 
-/// Moves the bytes not yet taken to the front; where a line fills the whole buffer, doubles that,
-/// so that a line of any length costs time in proportion to it.
+/// Moves the bytes not yet taken to the front; where a line fills the whole buffer, doubles that, so that a line of any length
+/// costs time in proportion to it.
 void TextLines::MakeRoom()
 {
     if (m_start > 0) {
@@ -95,7 +97,8 @@ void TextLines::MakeRoom()
         m_end -= m_start;
         m_start = 0;
     }
-    if (m_end == m_buffer.size())
+    bool const mayGrow = m_lineNumber > 0 && m_buffer.size() < largestBlock;
+    if (m_end == m_buffer.size() || mayGrow)
         m_buffer.resize(m_buffer.size() * 2);
 }
 

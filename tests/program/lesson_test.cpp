@@ -164,7 +164,7 @@ TEST_F(StudyTest, PassagesFillTheTextAndTheTrees)
     EXPECT_EQ(main[0].Tag(), u"0");
     EXPECT_EQ(supplementary[0].Key(), u"item1");
     EXPECT_EQ(supplementary[0].Tag(), FromNumber(static_cast<int>(wanted.find(u"Jn. 3:16"))));
-    EXPECT_EQ(std::get<Text>(supplementary[0].Image()), u"book");
+    EXPECT_STREQ(std::get<char const*>(supplementary[0].Image()), "book");
     auto const number = std::find_if(text.Runs().begin(), text.Runs().end(), [](auto const& run) { return run.format.raise > 0; });
     EXPECT_EQ(number->format, (CharacterFormat { false, 4, 35 }));
     EXPECT_EQ((number + 1)->format, (CharacterFormat { false, 8, 0 }));
