@@ -7,6 +7,9 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QWidget>
+
+#include <algorithm>
 
 /// Turns between two looks at the clock.
 static constexpr Turns::Count turnsBetween = 256;

@@ -5,6 +5,7 @@
 #include "desktop/form_peer.h"
 
 #include <QApplication>
+#include <QWidget>
 #include <QWindow>
 
 FormPeer* DesktopHost::WindowOf(QObject const* receiver) const

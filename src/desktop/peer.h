@@ -6,7 +6,6 @@
 #include "desktop/desk.h"
 
 #include <QObject>
-#include <QPointer>
 
 class QKeyEvent;
 class QWidget;
@@ -62,5 +61,5 @@ private:
     bool IsUsedByMenu(QKeyEvent const& event);
     void NameForAccess();
 
-    QPointer<QWidget> m_widget;
+    QWidget* m_widget = nullptr;
 };

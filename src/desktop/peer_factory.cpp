@@ -11,6 +11,8 @@
 #include "desktop/rich_text_peer.h"
 #include "desktop/tree_peer.h"
 
+#include <QWidget>
+
 static Peer* MakeMenuPeer(Desk& desk, Control& control, Peer& container, FormPeer& window)
 {
     if (auto* const menu = dynamic_cast<Menu*>(&control))

@@ -81,10 +81,10 @@ void TextEdit::BringToTop(int position)
 
 QMimeData* TextEdit::createMimeDataFromSelection() const
 {
-    auto* const data = new QMimeData;
+    auto* const copied = new QMimeData;
     auto text = textCursor().selectedText();
-    data->setText(text.replace(QChar(QChar::ParagraphSeparator), u'\n'));
-    return data;
+    copied->setText(text.replace(QChar(QChar::ParagraphSeparator), u'\n'));
+    return copied;
 }
 
 bool TextEdit::canInsertFromMimeData(QMimeData const* source) const
