@@ -33,9 +33,21 @@ DesktopHost::~DesktopHost()
 {
     qApp->removeEventFilter(this);
     disconnect(qApp, nullptr, this, nullptr);
-    while (!m_windows.empty())
-        Retire(*m_windows.back());
-    for (QWidget* window : m_retired)
+    TakeDown();
+}
+
+void DesktopHost::TakeDown()
+{
+    // The forms may be gone already.
+    for (auto const& [control, peer] : m_peers)
+        peer->isRetired = true;
+    for (FormPeer* window : m_windows)
+        m_retired.push_back(window->Widget());
+    m_peers.clear();
+    m_windows.clear();
+    m_dirty.clear();
+    m_toActivate = nullptr;
+    for (QWidget* window : std::exchange(m_retired, {}))
         delete window;
 }
 
@@ -44,10 +56,7 @@ void DesktopHost::Run()
     if (!m_desk.screen || m_desk.screen->Ended())
         return;
     QApplication::exec();
-    while (!m_windows.empty())
-        Retire(*m_windows.back());
-    for (QWidget* window : std::exchange(m_retired, {}))
-        delete window;
+    TakeDown();
 }
 
 void DesktopHost::CloseAll()

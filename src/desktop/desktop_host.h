@@ -56,6 +56,7 @@ private:
     void MirrorWindows();
     void Retire(FormPeer& window);
     void Reap();
+    void TakeDown();
     void LeaveLoops();
     void WidgetFocused(QWidget* widget);
     void MarkDirty(Control const& control, PropertyBase const* property);
