@@ -6,7 +6,7 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFontMetricsF>
+#include <QFontMetrics>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTextLayout>
@@ -60,8 +60,8 @@ Size DesktopHost::MeasureText(Font const& font, TextView text, float wrapWidth) 
     int lines = 0;
     for (auto const& line : whole.split(u'\n'))
         lines += LinesOf(line, shown, Pixels(wrapWidth), widest);
-    double const height = lines * QFontMetricsF(shown).lineSpacing();
-    return { static_cast<float>(std::ceil(widest)) * 15, static_cast<float>(std::ceil(height)) * 15 };
+    // In whole pixels, as a label sets its lines.
+    return { ToTwips(static_cast<int>(std::ceil(widest))), ToTwips(lines * QFontMetrics(shown).lineSpacing()) };
 }
 
 Size DesktopHost::ScreenSize() const

@@ -61,6 +61,10 @@ int TextEdit::ToPosition(int offset) const
 
 void TextEdit::BringToTop(int position)
 {
+    if (position == 0) {
+        verticalScrollBar()->setValue(0);
+        return;
+    }
     auto const* const layout = document()->documentLayout();
     auto const block = document()->findBlock(position);
     layout->documentSize(); // which lays out everything, so that the bar has its range
@@ -68,7 +72,7 @@ void TextEdit::BringToTop(int position)
     auto const line = block.layout()->lineForTextPosition(position - block.position());
     if (line.isValid() && line.lineNumber() > 0)
         top += line.y();
-    int const wanted = position == 0 ? 0 : qRound(top);
+    int const wanted = qRound(top);
     if (wanted > verticalScrollBar()->maximum()) {
         auto* const frame = document()->rootFrame();
         auto format = frame->frameFormat();

@@ -138,10 +138,9 @@ public:
 TEST_F(DesktopTest, KeysGoToAFormWithoutFocus)
 {
     frmPlain plain(screen);
+    plain.ok.Enabled = false;
     Open();
     plain.Show();
-    plain.ok.Enabled = false;
-    host.HandlersEnded();
     Settle();
     QTest::keyClick(Shown(plain).windowHandle(), Qt::Key_A);
     QTest::keyClick(Shown(plain).windowHandle(), Qt::Key_B);

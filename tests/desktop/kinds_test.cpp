@@ -42,7 +42,7 @@ TEST_F(DesktopTest, ClicksTakeTheFocusFirst)
         { form.tick, "-Command1, +Check1, tick clicked" },
         { form.lamp, "lamp clicked" },
         { form.name, "name clicked" },
-        { form.bar, "-Check1, +ctlScrollbar" }, // on the thumb, which stays
+        { form.bar, "-Check1, +ctlScrollbar, bar changed 1" }, // in the trough
         { form, "form clicked" },
     };
     EXPECT_EQ(form.Focus(), &form.passage);

@@ -185,12 +185,14 @@ TEST_F(PassageTest, LongTextOpensQuicklyAndGrowsByWhatIsAppended)
     host.HandlersEnded();
     auto const filled = std::chrono::steady_clock::now();
     auto* const document = Shown<TextEdit>(form.passage).document();
-    form.passage.SelStart = form.passage.Length();
-    form.passage.ReplaceSelection(u"one more\r\n");
-    host.HandlersEnded();
+    for (int i = 0; i < 10; ++i) {
+        form.passage.SelStart = form.passage.Length();
+        form.passage.ReplaceSelection(u"one more\r\n");
+        host.HandlersEnded();
+    }
     std::chrono::duration<double, std::milli> const fill = filled - start;
     std::chrono::duration<double, std::milli> const more = std::chrono::steady_clock::now() - filled;
-    std::printf("3,000 verses: shown in %.1f ms, one more in %.2f ms\n", fill.count(), more.count());
+    std::printf("3,000 verses: shown in %.1f ms, ten more in %.2f ms\n", fill.count(), more.count());
     EXPECT_EQ(Shown<TextEdit>(form.passage).document(), document);
     EXPECT_EQ(Shown<TextEdit>(form.passage).WholeText(), form.passage.Text());
 }
