@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFontMetrics>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTextLayout>
@@ -33,35 +32,35 @@ void DesktopHost::SetClipboardText(TextView text)
         QApplication::clipboard()->setText(ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
 }
 
-/// How many lines a text without line ends takes, and how wide the widest is.
-static int LinesOf(QString const& text, QFont const& font, double width, double& widest)
+/// The size of a text without line ends, set as a label sets it.
+static QSizeF Measure(QString const& text, QFont const& font, double width)
 {
+    constexpr double largest = 1 << 20;
     QTextLayout layout(text, font);
     QTextOption option;
     option.setWrapMode(width > 0 ? QTextOption::WordWrap : QTextOption::NoWrap);
     layout.setTextOption(option);
     layout.beginLayout();
-    int lines = 0;
+    QSizeF size(0, 0);
     for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        if (width > 0)
-            line.setLineWidth(width);
-        widest = std::max(widest, line.naturalTextWidth());
-        ++lines;
+        line.setLineWidth(width > 0 ? width : largest);
+        size = { std::max(size.width(), line.naturalTextWidth()), size.height() + line.height() };
     }
     layout.endLayout();
-    return std::max(1, lines);
+    return size;
 }
 
 Size DesktopHost::MeasureText(Font const& font, TextView text, float wrapWidth) const
 {
     auto const shown = ToQFont(font);
     auto const whole = ToQString(text).remove(u'\r');
-    double widest = 0;
-    int lines = 0;
-    for (auto const& line : whole.split(u'\n'))
-        lines += LinesOf(line, shown, Pixels(wrapWidth), widest);
-    // In whole pixels, as a label sets its lines.
-    return { ToTwips(static_cast<int>(std::ceil(widest))), ToTwips(lines * QFontMetrics(shown).lineSpacing()) };
+    QSizeF size(0, 0);
+    for (auto const& line : whole.split(u'\n')) {
+        // An empty line is as high as any other.
+        auto const part = Measure(line.isEmpty() ? QStringLiteral(" ") : line, shown, Pixels(wrapWidth));
+        size = { std::max(size.width(), part.width()), size.height() + part.height() };
+    }
+    return { ToTwips(static_cast<int>(std::ceil(size.width()))), ToTwips(static_cast<int>(std::ceil(size.height()))) };
 }
 
 Size DesktopHost::ScreenSize() const

@@ -131,7 +131,8 @@ bool Peer::KeyPressed(QKeyEvent& event)
         Act([&](Input& input) { input.KeyDown(m_control, keyCode, ShiftOf(event)); });
     if (isGone())
         return true;
-    if (m_control.KeyPress && character)
+    bool const isForm = &m_control == &m_control.OwnForm(); // which has a handler of its own
+    if ((isForm || m_control.KeyPress) && character)
         Act([&](Input& input) { input.KeyPress(m_control, character); });
     if (isGone() || TakeKey(event))
         return true;
