@@ -4,6 +4,7 @@
 #include "desktop/rich_text_writer.h"
 #include "desktop/text_edit.h"
 
+#include <QPointer>
 #include <QScrollBar>
 #include <QTextDocument>
 
@@ -58,10 +59,9 @@ void RichTextPeer::Fill()
     document->setDefaultFont(m_shown.font());
     QTextCursor cursor(document);
     RichTextWriter(m_rich).Write(cursor, 0);
-    auto* const before = m_shown.document();
-    m_shown.setDocument(document);
-    if (before->parent() == &m_shown)
-        delete before;
+    QPointer<QTextDocument> const before = m_shown.document();
+    m_shown.setDocument(document); // which deletes only a document of the widget's own making
+    delete before;
     ConnectDocument();
     m_scrollWanted = true;
 }
