@@ -9,12 +9,14 @@
 #include <QWheelEvent>
 
 ScrollBarPeer::ScrollBarPeer(Desk& desk, ScrollBar& control, QWidget& ground)
-    : Peer(desk, control, new QScrollBar(control.IsHorizontal() ? Qt::Horizontal : Qt::Vertical, &ground))
+    : Peer(desk, control,
+        new QScrollBar(control.IsHorizontal() ? Qt::Horizontal : Qt::Vertical, &ground))
     , m_bar(control)
     , m_shown(static_cast<QScrollBar&>(*Widget()))
 {
     m_shown.setContextMenuPolicy(Qt::NoContextMenu);
-    connect(&m_shown, &QScrollBar::actionTriggered, this, [this](int action) { ActionTriggered(action); });
+    connect(&m_shown, &QScrollBar::actionTriggered, this,
+        [this](int action) { ActionTriggered(action); });
     connect(&m_shown, &QScrollBar::sliderReleased, this, [this] {
         Act([&](Input& input) { input.DragThumb(m_bar, m_shown.sliderPosition(), true); });
     });

@@ -12,7 +12,8 @@ ButtonPeer::ButtonPeer(Desk& desk, CommandButton& control, QWidget& ground)
     , m_shown(static_cast<QPushButton&>(*Widget()))
 {
     m_shown.setAutoDefault(false);
-    connect(&m_shown, &QPushButton::clicked, this, [this] { Act([&](Input& input) { input.Click(m_button); }); });
+    connect(&m_shown, &QPushButton::clicked, this,
+        [this] { Act([&](Input& input) { input.Click(m_button); }); });
 }
 
 void ButtonPeer::Mirror()
@@ -36,7 +37,8 @@ CheckPeer::CheckPeer(Desk& desk, CheckBox& control, QWidget& ground)
     , m_box(control)
     , m_shown(static_cast<QCheckBox&>(*Widget()))
 {
-    connect(&m_shown, &QCheckBox::clicked, this, [this] { Act([&](Input& input) { input.Click(m_box); }); });
+    connect(&m_shown, &QCheckBox::clicked, this,
+        [this] { Act([&](Input& input) { input.Click(m_box); }); });
 }
 
 void CheckPeer::Mirror()

@@ -13,7 +13,8 @@
 /// Character for character: unlike QString::fromUtf16, which takes a byte order mark out.
 inline QString ToQString(TextView text)
 {
-    return QString(reinterpret_cast<QChar const*>(text.data()), static_cast<qsizetype>(text.size()));
+    return QString(
+        reinterpret_cast<QChar const*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
 inline Text ToText(QStringView text)

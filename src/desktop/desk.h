@@ -1,6 +1,6 @@
 #pragma once
-// What the peers of the controls share: the road for the user's actions, and the guard that keeps what the host sets from being
-// taken for one.
+// What the peers of the controls share: the road for the user's actions, and the guard that keeps
+// what the host sets from being taken for one.
 
 #include "controls/input.h"
 #include "desktop/pictures.h"
@@ -12,8 +12,8 @@ class Desk {
 public:
     explicit Desk(FileSystem const& files);
 
-    /// Lets an action of the user on the control through to the model, then brings the widgets in step, also
-    /// where the model refused it. Nothing while the host itself sets the widgets.
+    /// Lets an action of the user on the control through to the model, then brings the widgets in
+    /// step, also where the model refused it. Nothing while the host itself sets the widgets.
     template <class Action> void Act(Control& control, Action action)
     {
         if (IsMirroring() || !input)

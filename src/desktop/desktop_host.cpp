@@ -26,7 +26,8 @@ DesktopHost::DesktopHost(FileSystem const& files, std::function<Text(TextView pa
     };
     turns.Arm(turnsBetween);
     qApp->installEventFilter(this);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { WidgetFocused(now); });
+    connect(qApp, &QApplication::focusChanged, this,
+        [this](QWidget*, QWidget* now) { WidgetFocused(now); });
 }
 
 DesktopHost::~DesktopHost()

@@ -1,6 +1,7 @@
 #pragma once
-// The host that shows the forms in windows of the desktop. It keeps nothing but widgets: what the model changes is
-// mirrored when the outermost handler ends or a turn is due, what the user does goes back through Input.
+// The host that shows the forms in windows of the desktop. It keeps nothing but widgets: what the
+// model changes is mirrored when the outermost handler ends or a turn is due, what the user does
+// goes back through Input.
 
 #include "controls/host.h"
 #include "desktop/desk.h"
@@ -18,11 +19,13 @@ class QEventLoop;
 
 class DesktopHost final : public QObject, public Host {
 public:
-    /// `files` outlives the host. `placeOf` gives the place on the machine of a file that the program names.
+    /// `files` outlives the host. `placeOf` gives the place on the machine of a file that the
+    /// program names.
     DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf);
     ~DesktopHost() override;
 
-    /// Runs the program, whose first form has been shown, until it has ended, then takes down all windows.
+    /// Runs the program, whose first form has been shown, until it has ended, then takes down all
+    /// windows.
     void Run();
     /// Closes all forms, as at an orderly end of the program.
     void CloseAll();
@@ -47,7 +50,8 @@ public:
     void Navigate(WebBrowser& browser, TextView url) override;
 
 protected:
-    /// Sees every event of the application: keeps the user's actions from windows that can't take them now.
+    /// Sees every event of the application: keeps the user's actions from windows that can't take
+    /// them now.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -14,7 +14,8 @@ static Qt::WindowFlags FlagsOf(Form const& form)
     if (form.border == BorderStyle::None)
         return Qt::Window | Qt::FramelessWindowHint;
     Qt::WindowFlags flags = form.inTaskbar ? Qt::Window : Qt::Dialog;
-    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+        | Qt::WindowCloseButtonHint;
     flags.setFlag(Qt::WindowMinimizeButtonHint, form.minimiseButton);
     flags.setFlag(Qt::WindowMaximizeButtonHint, form.maximiseButton);
     return flags;
@@ -63,7 +64,8 @@ Size FormPeer::GuessFrameSize(Form const& form)
         menuBar = MenuBarHeight(&bar);
     }
     auto const frame = GuessFrame(form);
-    return { ToTwips(frame.left() + frame.right()), ToTwips(frame.top() + frame.bottom() + menuBar) };
+    return { ToTwips(frame.left() + frame.right()),
+        ToTwips(frame.top() + frame.bottom() + menuBar) };
 }
 
 void FormPeer::Noted(PropertyBase const& property)
@@ -98,7 +100,8 @@ void FormPeer::Place()
     auto& window = *Widget();
     bool const isNormal = m_form.WindowState() == WindowState::Normal;
     bool const isOther = m_agreed.width != m_form.Width || m_agreed.height != m_form.Height;
-    bool const isFixed = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
+    bool const isFixed
+        = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
     if (isNormal && isOther) {
         m_agreed = { m_form.Width, m_form.Height };
         auto const size = InnerSize(m_form, m_frame);

@@ -22,14 +22,15 @@ public:
     void Noted(PropertyBase const& property) override;
     /// Everything but whether the window is up.
     void Mirror() override;
-    /// Brings the window up, above `owner` if it isn't to stand in the task bar by itself, or takes it down.
+    /// Brings the window up, above `owner` if it isn't to stand in the task bar by itself, or takes
+    /// it down.
     void MirrorShown(QWidget* owner);
     void MirrorHidden();
     /// Puts the focus of the window where the form's is.
     void MirrorFocus(Peer const* focus);
 
-    /// What border, title and menu bar add to the client area: as they are, or as they are guessed before the window
-    /// has been up.
+    /// What border, title and menu bar add to the client area: as they are, or as they are guessed
+    /// before the window has been up.
     Size FrameSize() const;
     static Size GuessFrameSize(Form const& form);
 

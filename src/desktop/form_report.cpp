@@ -49,12 +49,13 @@ bool FormPeer::WindowEvent(QEvent& event)
 
 bool FormPeer::ClientEvent(QEvent& event)
 {
-    bool const isDown = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+    bool const isDown
+        = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
     bool const isUp = event.type() == QEvent::MouseButtonRelease;
     if ((!isDown && !isUp) || static_cast<QMouseEvent&>(event).button() != Qt::LeftButton)
         return false;
-    bool const isClick
-        = isUp && m_pressed && m_client.rect().contains(static_cast<QMouseEvent&>(event).position().toPoint());
+    bool const isClick = isUp && m_pressed
+        && m_client.rect().contains(static_cast<QMouseEvent&>(event).position().toPoint());
     m_pressed = isDown;
     if (isClick)
         Act([&](Input& input) { input.Click(m_form); });
@@ -92,7 +93,8 @@ void FormPeer::ReportSize()
     auto const outer = window.size().grownBy(m_frame);
     // Within a pixel the form's own figure stands.
     bool const isSame = outer == QSize(Pixels(m_form.Width), Pixels(m_form.Height));
-    m_agreed = isSame ? Size { m_form.Width, m_form.Height } : Size { ToTwips(outer.width()), ToTwips(outer.height()) };
+    m_agreed = isSame ? Size { m_form.Width, m_form.Height }
+                      : Size { ToTwips(outer.width()), ToTwips(outer.height()) };
     Act([&](Input&) { m_form.Resized(m_agreed.width, m_agreed.height, m_state); });
 }
 

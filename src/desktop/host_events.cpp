@@ -55,7 +55,8 @@ bool DesktopHost::eventFilter(QObject* watched, QEvent* event)
     FormPeer const* const window = WindowOf(watched);
     if (!window)
         return false;
-    bool const isFree = !window->OwnForm().IsBusy() && m_desk.input->Blocked(window->OwnForm()).empty();
+    bool const isFree
+        = !window->OwnForm().IsBusy() && m_desk.input->Blocked(window->OwnForm()).empty();
     if (isFree)
         return false;
     // A widget would change itself before the model could refuse.

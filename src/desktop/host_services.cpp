@@ -14,7 +14,8 @@
 
 void DesktopHost::MessageBox(TextView text, TextView title)
 {
-    QMessageBox box(QMessageBox::NoIcon, ToQString(title), ToQString(text), QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(QMessageBox::NoIcon, ToQString(title), ToQString(text), QMessageBox::Ok,
+        QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
@@ -29,7 +30,8 @@ void DesktopHost::SetClipboardText(TextView text)
     if (text.empty())
         QApplication::clipboard()->clear();
     else
-        QApplication::clipboard()->setText(ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+        QApplication::clipboard()->setText(
+            ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
 }
 
 /// The size of a text without line ends, set as a label sets it.
@@ -57,10 +59,12 @@ Size DesktopHost::MeasureText(Font const& font, TextView text, float wrapWidth) 
     QSizeF size(0, 0);
     for (auto const& line : whole.split(u'\n')) {
         // An empty line is as high as any other.
-        auto const part = Measure(line.isEmpty() ? QStringLiteral(" ") : line, shown, Pixels(wrapWidth));
+        auto const part
+            = Measure(line.isEmpty() ? QStringLiteral(" ") : line, shown, Pixels(wrapWidth));
         size = { std::max(size.width(), part.width()), size.height() + part.height() };
     }
-    return { ToTwips(static_cast<int>(std::ceil(size.width()))), ToTwips(static_cast<int>(std::ceil(size.height()))) };
+    return { ToTwips(static_cast<int>(std::ceil(size.width()))),
+        ToTwips(static_cast<int>(std::ceil(size.height()))) };
 }
 
 Size DesktopHost::ScreenSize() const

@@ -9,11 +9,12 @@ struct KeyPair {
     int code;
 };
 
-static constexpr KeyPair keys[] = { { Qt::Key_Backspace, 8 }, { Qt::Key_Tab, 9 }, { Qt::Key_Backtab, 9 },
-    { Qt::Key_Return, keyEnter }, { Qt::Key_Enter, keyEnter }, { Qt::Key_Shift, 16 }, { Qt::Key_Control, 17 },
-    { Qt::Key_Alt, 18 }, { Qt::Key_Pause, 19 }, { Qt::Key_CapsLock, 20 }, { Qt::Key_Escape, keyEscape },
-    { Qt::Key_PageUp, 33 }, { Qt::Key_PageDown, 34 }, { Qt::Key_End, 35 }, { Qt::Key_Home, 36 },
-    { Qt::Key_Left, 37 }, { Qt::Key_Up, 38 }, { Qt::Key_Right, 39 }, { Qt::Key_Down, 40 }, { Qt::Key_Insert, 45 },
+static constexpr KeyPair keys[] = { { Qt::Key_Backspace, 8 }, { Qt::Key_Tab, 9 },
+    { Qt::Key_Backtab, 9 }, { Qt::Key_Return, keyEnter }, { Qt::Key_Enter, keyEnter },
+    { Qt::Key_Shift, 16 }, { Qt::Key_Control, 17 }, { Qt::Key_Alt, 18 }, { Qt::Key_Pause, 19 },
+    { Qt::Key_CapsLock, 20 }, { Qt::Key_Escape, keyEscape }, { Qt::Key_PageUp, 33 },
+    { Qt::Key_PageDown, 34 }, { Qt::Key_End, 35 }, { Qt::Key_Home, 36 }, { Qt::Key_Left, 37 },
+    { Qt::Key_Up, 38 }, { Qt::Key_Right, 39 }, { Qt::Key_Down, 40 }, { Qt::Key_Insert, 45 },
     { Qt::Key_Delete, 46 } };
 
 int KeyCodeOf(QKeyEvent const& event)

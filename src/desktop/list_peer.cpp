@@ -34,7 +34,8 @@ TimerPeer::TimerPeer(Desk& desk, Timer& control, QObject& owner)
     : Peer(desk, control, &owner)
     , m_timer(control)
 {
-    connect(&m_ticking, &QTimer::timeout, this, [this] { Act([&](Input& input) { input.Fire(m_timer); }); });
+    connect(&m_ticking, &QTimer::timeout, this,
+        [this] { Act([&](Input& input) { input.Fire(m_timer); }); });
 }
 
 void TimerPeer::Mirror()

@@ -11,7 +11,8 @@ static QPalette LightPalette()
     QColor const face(240, 240, 240);
     QColor const grey(109, 109, 109);
     QPalette palette(face, face);
-    for (auto const role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText }) {
+    for (auto const role :
+        { QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText }) {
         palette.setColor(role, Qt::black);
         palette.setColor(QPalette::Disabled, role, grey);
     }

@@ -29,7 +29,8 @@ MenuEntryPeer::MenuEntryPeer(Desk& desk, MenuEntry& control, QMenu& menu)
 {
     m_shown.setObjectName(QString::fromUtf8(control.Name()));
     m_shown.setSeparator(control.IsSeparator());
-    connect(&m_shown, &QAction::triggered, this, [this] { Act([&](Input& input) { input.Click(m_entry); }); });
+    connect(&m_shown, &QAction::triggered, this,
+        [this] { Act([&](Input& input) { input.Click(m_entry); }); });
 }
 
 void MenuEntryPeer::Mirror()

@@ -84,7 +84,8 @@ int NodeModel::rowCount(QModelIndex const& parent) const
 QVariant NodeModel::data(QModelIndex const& index, int role) const
 {
     Node const& node = NodeAt(index);
-    bool const isTinted = node.BackColor() != m_tree.BackColor() && node.BackColor() != Rgb(255, 255, 255);
+    bool const isTinted
+        = node.BackColor() != m_tree.BackColor() && node.BackColor() != Rgb(255, 255, 255);
     switch (role) {
     case Qt::DisplayRole:
         return ToQString(node.Caption());
@@ -104,7 +105,9 @@ static std::size_t PlaceOf(std::vector<ImageList::Entry> const& entries, NodeIma
 {
     auto const* const place = std::get_if<int>(&image);
     if (place)
-        return *place > 0 && static_cast<std::size_t>(*place) <= entries.size() ? static_cast<std::size_t>(*place) : 0;
+        return *place > 0 && static_cast<std::size_t>(*place) <= entries.size()
+            ? static_cast<std::size_t>(*place)
+            : 0;
     auto const key = ToUtf8(std::get<Text>(image));
     for (std::size_t i = 0; i < entries.size(); ++i)
         if (!key.empty() && entries[i].key == key)

@@ -13,10 +13,14 @@ class NodeModel final : public QAbstractItemModel {
 public:
     NodeModel(TreeView& tree, Pictures& pictures);
 
-    /// Takes in the nodes that have been added, or all anew where the tree has been cleared; true if anew.
+    /// Takes in the nodes that have been added, or all anew where the tree has been cleared; true
+    /// if anew.
     bool Follow();
     QModelIndex IndexOf(Node const& node) const;
-    static Node& NodeAt(QModelIndex const& index) { return *static_cast<Node*>(index.internalPointer()); }
+    static Node& NodeAt(QModelIndex const& index)
+    {
+        return *static_cast<Node*>(index.internalPointer());
+    }
 
     QModelIndex index(int row, int column, QModelIndex const& parent = {}) const override;
     QModelIndex parent(QModelIndex const& index) const override;

@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 // A handler of a signal can do next to nothing: it writes a byte, which the event loop sees.
-static volatile int signalPipe = -1;
+static int volatile signalPipe = -1;
 
 static void Signalled(int)
 {
@@ -21,10 +21,11 @@ static void Signalled(int)
 OrderlyEnd::OrderlyEnd(QApplication& application, std::function<void()> finish)
     : m_finish(std::move(finish))
 {
-    connect(&application, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& session) {
-        session.setRestartHint(QSessionManager::RestartNever);
-        Finish();
-    });
+    connect(
+        &application, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& session) {
+            session.setRestartHint(QSessionManager::RestartNever);
+            Finish();
+        });
     WatchSignals();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
-// The ends of the program that come from outside: the end of the user's session, and the signals that ask a process to go.
+// The ends of the program that come from outside: the end of the user's session, and the signals
+// that ask a process to go.
 
 #include <QObject>
 
@@ -10,8 +11,8 @@ class QSocketNotifier;
 
 class OrderlyEnd final : public QObject {
 public:
-    /// `finish` stores what is to be stored and closes the forms; it runs once at most, as an ordinary event. One object at a
-    /// time.
+    /// `finish` stores what is to be stored and closes the forms; it runs once at most, as an
+    /// ordinary event. One object at a time.
     OrderlyEnd(QApplication& application, std::function<void()> finish);
     ~OrderlyEnd() override;
 

@@ -41,7 +41,8 @@ void Peer::Mirror()
 void Peer::MirrorBounds()
 {
     float const unit = m_control.Container()->TwipsPerUnit();
-    m_widget->setGeometry(ToPixels({ m_control.Left, m_control.Top, m_control.Width, m_control.Height }, unit));
+    m_widget->setGeometry(
+        ToPixels({ m_control.Left, m_control.Top, m_control.Width, m_control.Height }, unit));
 }
 
 void Peer::MirrorState()
@@ -59,7 +60,8 @@ void Peer::NameForAccess()
     if (hasText)
         return;
     auto name = m_control.ToolTipText();
-    for (Control* each = m_control.Container(); name.empty() && m_control.CanFocus() && each; each = each->Container())
+    for (Control* each = m_control.Container(); name.empty() && m_control.CanFocus() && each;
+         each = each->Container())
         if (auto const* const panel = dynamic_cast<XPContainer*>(each))
             name = panel->Caption;
     m_widget->setAccessibleName(ToQString(name));
@@ -136,7 +138,8 @@ bool Peer::KeyPressed(QKeyEvent& event)
         Act([&](Input& input) { input.KeyPress(m_control, character); });
     if (isGone() || TakeKey(event))
         return true;
-    bool const isDefault = (keyCode == keyEnter || keyCode == keyEscape) && isPlain && !WantsKey(keyCode);
+    bool const isDefault
+        = (keyCode == keyEnter || keyCode == keyEscape) && isPlain && !WantsKey(keyCode);
     bool pressed = false;
     if (isDefault)
         Act([&](Input& input) { pressed = input.PressDefault(m_control.OwnForm(), keyCode); });

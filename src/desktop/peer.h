@@ -1,6 +1,6 @@
 #pragma once
-// The counterpart of a control on the desktop: shows it by a widget and hands the user's actions on it back. Each kind of
-// control has a peer of its own.
+// The counterpart of a control on the desktop: shows it by a widget and hands the user's actions on
+// it back. Each kind of control has a peer of its own.
 
 #include "controls/control.h"
 #include "desktop/desk.h"
@@ -29,14 +29,17 @@ public:
     virtual void Mirror();
 
     bool isDirty = true; ///< waits to be mirrored
-    bool isRetired = false; ///< its form is gone, and the widget about to go: nothing is handed on any more
+    bool isRetired
+        = false; ///< its form is gone, and the widget about to go: nothing is handed on any more
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    /// A key for this control that no handler has taken; true if it has been dealt with, else the widget gets it.
+    /// A key for this control that no handler has taken; true if it has been dealt with, else the
+    /// widget gets it.
     virtual bool TakeKey(QKeyEvent&) { return false; }
-    /// True if the key Enter or Escape means something to the widget itself, so no default button is pressed.
+    /// True if the key Enter or Escape means something to the widget itself, so no default button
+    /// is pressed.
     virtual bool WantsKey(int) const { return false; }
     /// True if a key that is also a shortcut is the widget's, unless a menu entry takes it.
     virtual bool EditsByShortcuts() const { return false; }

@@ -23,7 +23,8 @@ static Peer* MakeMenuPeer(Desk& desk, Control& control, Peer& container, FormPee
 }
 
 /// The peer of one kind, if the control is of that kind.
-template <class Kind, class KindPeer> static Peer* Make(Desk& desk, Control& control, QWidget& ground)
+template <class Kind, class KindPeer>
+static Peer* Make(Desk& desk, Control& control, QWidget& ground)
 {
     auto* const kind = dynamic_cast<Kind*>(&control);
     return kind ? new KindPeer(desk, *kind, ground) : nullptr;
@@ -48,11 +49,12 @@ Peer* MakePeer(Desk& desk, Control& control, Peer& container, FormPeer& window)
     if (auto* const timer = dynamic_cast<Timer*>(&control))
         return new TimerPeer(desk, *timer, *window.Widget());
     using Maker = Peer* (*)(Desk&, Control&, QWidget&);
-    constexpr Maker makers[] = { Make<Label, LabelPeer>, Make<CommandButton, ButtonPeer>, Make<RichTextBox, RichTextPeer>,
-        MakeFillOrBox, Make<Image, ImagePeer>, Make<PictureBox, PictureBoxPeer>, Make<XPContainer, XPContainerPeer>,
+    constexpr Maker makers[] = { Make<Label, LabelPeer>, Make<CommandButton, ButtonPeer>,
+        Make<RichTextBox, RichTextPeer>, MakeFillOrBox, Make<Image, ImagePeer>,
+        Make<PictureBox, PictureBoxPeer>, Make<XPContainer, XPContainerPeer>,
         Make<TreeView, TreePeer>, Make<ScrollBar, ScrollBarPeer>, Make<ProgressBar, ProgressPeer>,
-        Make<StatusBar, StatusBarPeer>, Make<CheckBox, CheckPeer>, Make<ComboBox, ComboPeer>, Make<WebBrowser, BrowserPeer>,
-        Make<WindowsMediaPlayer, PlayerPeer> };
+        Make<StatusBar, StatusBarPeer>, Make<CheckBox, CheckPeer>, Make<ComboBox, ComboPeer>,
+        Make<WebBrowser, BrowserPeer>, Make<WindowsMediaPlayer, PlayerPeer> };
     for (auto const maker : makers)
         if (auto* const peer = maker(desk, control, *container.Ground()))
             return peer;

@@ -6,7 +6,10 @@
 class ImagePeer final : public SurfacePeer {
 public:
     ImagePeer(Desk& desk, Image& control, QWidget& ground);
-    void Noted(PropertyBase const& property) override { m_isStale |= &property == &m_image.Picture; }
+    void Noted(PropertyBase const& property) override
+    {
+        m_isStale |= &property == &m_image.Picture;
+    }
     void Mirror() override;
 
 protected:

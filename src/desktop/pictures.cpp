@@ -14,8 +14,9 @@ static void RegisterArtwork()
 
 QString ResourceOf(TextView name)
 {
-    return name.starts_with(u':') ? QStringLiteral(":/artwork/") + ToQString(name.substr(1)) + QStringLiteral(".png")
-                                  : QString();
+    return name.starts_with(u':')
+        ? QStringLiteral(":/artwork/") + ToQString(name.substr(1)) + QStringLiteral(".png")
+        : QString();
 }
 
 Pictures::Pictures(FileSystem const& files)
@@ -48,7 +49,8 @@ static bool Open(QBuffer& buffer, FileSystem const& files, TextView name)
 /// A size of one that can be held in memory.
 static bool IsBearable(QSize size)
 {
-    return !size.isEmpty() && std::int64_t { size.width() } * size.height() * 4 <= Pictures::largestBytes;
+    return !size.isEmpty()
+        && std::int64_t { size.width() } * size.height() * 4 <= Pictures::largestBytes;
 }
 
 std::optional<Size> Pictures::SizeOf(TextView name) const
@@ -66,7 +68,8 @@ QPixmap Pictures::Load(TextView name) const
 {
     auto const resource = ResourceOf(name);
     if (!resource.isEmpty()) {
-        auto const fine = QString(resource).replace(QStringLiteral(".png"), QStringLiteral("@2x.png"));
+        auto const fine
+            = QString(resource).replace(QStringLiteral(".png"), QStringLiteral("@2x.png"));
         QPixmap pixmap(QFile::exists(fine) ? fine : resource);
         if (QFile::exists(fine))
             pixmap.setDevicePixelRatio(2);
@@ -84,5 +87,6 @@ QPixmap Pictures::Find(TextView name)
     if (!name.starts_with(u':'))
         return Load(name);
     auto const found = m_own.find(name);
-    return found != m_own.end() ? found->second : m_own.emplace(Text(name), Load(name)).first->second;
+    return found != m_own.end() ? found->second
+                                : m_own.emplace(Text(name), Load(name)).first->second;
 }

@@ -14,11 +14,11 @@ class Pictures {
 public:
     explicit Pictures(FileSystem const& files); // outlives this object
 
-    /// Empty if there is no such picture or it can't be decoded. The program's own come in the finest resolution there is
-    /// and are kept; a file is read at each call.
+    /// Empty if there is no such picture or it can't be decoded. The program's own come in the
+    /// finest resolution there is and are kept; a file is read at each call.
     QPixmap Find(TextView name);
-    /// In pixels, from the picture's head alone; nothing for what is no picture, and for one that claims to
-    /// need more than `largestBytes` of memory.
+    /// In pixels, from the picture's head alone; nothing for what is no picture, and for one that
+    /// claims to need more than `largestBytes` of memory.
     std::optional<Size> SizeOf(TextView name) const;
 
     static constexpr std::int64_t largestBytes = std::int64_t { 512 } << 20;

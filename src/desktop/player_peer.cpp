@@ -27,13 +27,13 @@ PlayerPeer::PlayerPeer(Desk& desk, WindowsMediaPlayer& control, QWidget& ground)
 
 void PlayerPeer::Listen()
 {
-    connect(&m_player, &QMediaPlayer::playbackStateChanged, this, [this](QMediaPlayer::PlaybackState state) {
-        m_control.playing.Keep(state == QMediaPlayer::PlayingState);
-        m_bar.ShowPlaying(m_control.playing);
-    });
-    connect(&m_player, &QMediaPlayer::durationChanged, this, [this](qint64 length) {
-        m_bar.Place().setRange(0, static_cast<int>(length));
-    });
+    connect(&m_player, &QMediaPlayer::playbackStateChanged, this,
+        [this](QMediaPlayer::PlaybackState state) {
+            m_control.playing.Keep(state == QMediaPlayer::PlayingState);
+            m_bar.ShowPlaying(m_control.playing);
+        });
+    connect(&m_player, &QMediaPlayer::durationChanged, this,
+        [this](qint64 length) { m_bar.Place().setRange(0, static_cast<int>(length)); });
     connect(&m_player, &QMediaPlayer::positionChanged, this, [this](qint64 place) {
         m_control.currentPosition.Keep(static_cast<float>(place) / 1000);
         if (!m_bar.Place().isSliderDown())
@@ -45,7 +45,8 @@ void PlayerPeer::Listen()
         m_control.playing ? m_player.pause() : m_player.play();
     });
     // valueChanged comes from the video's own progress too.
-    connect(&m_bar.Place(), &QSlider::sliderMoved, this, [this](int place) { m_player.setPosition(place); });
+    connect(&m_bar.Place(), &QSlider::sliderMoved, this,
+        [this](int place) { m_player.setPosition(place); });
     connect(&m_bar.Volume(), &QSlider::valueChanged, this, [this](int volume) {
         m_control.volume.Keep(volume);
         if (m_sound)
@@ -65,7 +66,8 @@ void PlayerPeer::Open()
     auto const place = m_desk.placeOf ? m_desk.placeOf(m_opened) : m_opened;
     // Without a file the player would go on "playing" for ever.
     m_present = QFileInfo(ToQString(place)).isFile();
-    m_player.setSource(m_present ? QUrl::fromLocalFile(QFileInfo(ToQString(place)).absoluteFilePath()) : QUrl());
+    m_player.setSource(
+        m_present ? QUrl::fromLocalFile(QFileInfo(ToQString(place)).absoluteFilePath()) : QUrl());
     m_playWanted |= m_control.autoStart;
 }
 

@@ -7,7 +7,8 @@
 #include <QVideoSink>
 #include <QWidget>
 
-/// Paints the frames of a video at their natural size in the middle, made smaller where there is no room, or stretched.
+/// Paints the frames of a video at their natural size in the middle, made smaller where there is no
+/// room, or stretched.
 class VideoWidget final : public QWidget {
 public:
     explicit VideoWidget(QWidget* parent);

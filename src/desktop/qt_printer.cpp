@@ -55,7 +55,8 @@ float QtPrinter::ScaleWidth() const
 
 float QtPrinter::TextWidth(TextView text) const
 {
-    return static_cast<float>(QFontMetricsF(ToQFont(m_font), &Device()).horizontalAdvance(ToQString(text)));
+    return static_cast<float>(
+        QFontMetricsF(ToQFont(m_font), &Device()).horizontalAdvance(ToQString(text)));
 }
 
 float QtPrinter::LineHeight() const
@@ -80,7 +81,9 @@ void QtPrinter::Print(TextView text)
     Begin();
     QFontMetricsF const metrics(ToQFont(m_font), &Device());
     m_painter->setFont(ToQFont(m_font));
-    m_painter->drawText(QPointF(static_cast<double>(m_x), static_cast<double>(m_y) + metrics.ascent()), ToQString(text));
+    m_painter->drawText(
+        QPointF(static_cast<double>(m_x), static_cast<double>(m_y) + metrics.ascent()),
+        ToQString(text));
     m_x += TextWidth(text);
 }
 

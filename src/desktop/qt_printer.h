@@ -1,5 +1,6 @@
 #pragma once
-// The default printer. On a machine without one, each job goes to a PDF in the user's documents folder.
+// The default printer. On a machine without one, each job goes to a PDF in the user's documents
+// folder.
 
 #include "controls/printer.h"
 

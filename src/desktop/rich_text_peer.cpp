@@ -13,7 +13,8 @@ RichTextPeer::RichTextPeer(Desk& desk, RichTextBox& control, QWidget& ground)
     , m_rich(control)
     , m_revision(control.Revision())
 {
-    connect(m_shown.verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { m_keepsTop = false; });
+    connect(m_shown.verticalScrollBar(), &QScrollBar::actionTriggered, this,
+        [this] { m_keepsTop = false; });
     m_shown.resized = [this] {
         if (m_scrollWanted || m_keepsTop)
             Scroll();
@@ -29,7 +30,8 @@ void RichTextPeer::Mirror()
 
 void RichTextPeer::MirrorText()
 {
-    bool const isOther = m_revision != m_rich.Revision() || m_length > m_rich.Length() || IsEditing();
+    bool const isOther
+        = m_revision != m_rich.Revision() || m_length > m_rich.Length() || IsEditing();
     if (!IsTyped() && isOther) {
         Fill();
     } else if (!IsTyped() && m_length < m_rich.Length()) {

@@ -9,7 +9,10 @@ class QTextCursor;
 class RichTextPeer final : public TextPeer {
 public:
     RichTextPeer(Desk& desk, RichTextBox& control, QWidget& ground);
-    void Noted(PropertyBase const& property) override { m_scrollWanted |= &property == &m_rich.TopOffset; }
+    void Noted(PropertyBase const& property) override
+    {
+        m_scrollWanted |= &property == &m_rich.TopOffset;
+    }
     void Mirror() override;
 
 protected:

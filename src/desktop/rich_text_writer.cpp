@@ -30,7 +30,8 @@ QTextCharFormat const& RichTextWriter::FormatOf(CharacterFormat const& format)
     auto const font = ToQFont({ m_box.FontName, format.size, format.bold });
     shown.setFont(font);
     if (format.raise != 0)
-        shown.setBaselineOffset(100 * static_cast<double>(format.raise) / 15 / QFontMetricsF(font).height());
+        shown.setBaselineOffset(
+            100 * static_cast<double>(format.raise) / 15 / QFontMetricsF(font).height());
     return m_formats.emplace_back(format, shown).second;
 }
 
@@ -50,7 +51,9 @@ void RichTextWriter::WriteRuns(QTextCursor& cursor, int from, int to)
     while (from < to) {
         auto const& format = FormatAt(from);
         int const end = m_run + 1 < runs.size() ? std::min(to, runs[m_run + 1].start) : to;
-        auto const piece = TextView(m_box.Text()).substr(static_cast<std::size_t>(from), static_cast<std::size_t>(end - from));
+        auto const piece
+            = TextView(m_box.Text())
+                  .substr(static_cast<std::size_t>(from), static_cast<std::size_t>(end - from));
         cursor.insertText(ForDocument(piece), format);
         from = end;
     }
@@ -60,12 +63,16 @@ void RichTextWriter::Write(QTextCursor& cursor, int from)
 {
     auto const& paragraphs = m_box.Paragraphs();
     auto const behind = std::upper_bound(paragraphs.begin(), paragraphs.end(), from,
-        [](int offset, RichTextBox::Paragraph const& paragraph) { return offset < paragraph.start; });
+        [](int offset, RichTextBox::Paragraph const& paragraph) {
+            return offset < paragraph.start;
+        });
     cursor.beginEditBlock();
-    for (auto i = static_cast<std::size_t>(behind - paragraphs.begin()) - 1; i < paragraphs.size(); ++i) {
+    for (auto i = static_cast<std::size_t>(behind - paragraphs.begin()) - 1; i < paragraphs.size();
+         ++i) {
         int const start = std::max(from, paragraphs[i].start);
         auto const format = BlockFormat(paragraphs[i].format);
-        if (start == paragraphs[i].start && i > 0 && start > 0 && cursor.blockNumber() < static_cast<int>(i))
+        if (start == paragraphs[i].start && i > 0 && start > 0
+            && cursor.blockNumber() < static_cast<int>(i))
             cursor.insertBlock(format, FormatAt(start));
         else
             cursor.setBlockFormat(format);

@@ -52,7 +52,8 @@ bool SurfacePeer::PointerActed(QMouseEvent const& event)
         float const scale = 15 / m_control.TwipsPerUnit();
         auto const at = event.position();
         Act([&](Input& input) {
-            input.Mouse(m_control, action, static_cast<float>(at.x()) * scale, static_cast<float>(at.y()) * scale);
+            input.Mouse(m_control, action, static_cast<float>(at.x()) * scale,
+                static_cast<float>(at.y()) * scale);
         });
     }
     if (isMove || event.button() != Qt::LeftButton)

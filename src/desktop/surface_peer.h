@@ -1,5 +1,6 @@
 #pragma once
-// Peers of controls without a behaviour of their own, on which the pointer alone acts: labels, pictures, shapes, panels.
+// Peers of controls without a behaviour of their own, on which the pointer alone acts: labels,
+// pictures, shapes, panels.
 
 #include "controls/label.h"
 #include "controls/picture.h"
@@ -20,7 +21,10 @@ protected:
 
 private:
     bool PointerActed(QMouseEvent const& event);
-    bool HasMouseEvents() const { return m_control.MouseDown || m_control.MouseMove || m_control.MouseUp; }
+    bool HasMouseEvents() const
+    {
+        return m_control.MouseDown || m_control.MouseMove || m_control.MouseUp;
+    }
 
     bool m_pressed = false;
 };

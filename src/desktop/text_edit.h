@@ -1,6 +1,6 @@
 #pragma once
-// The widget of every text of more than one line: takes and gives plain text only, and counts as the model does, where a
-// line end is two characters.
+// The widget of every text of more than one line: takes and gives plain text only, and counts as
+// the model does, where a line end is two characters.
 
 #include <QTextEdit>
 
@@ -14,11 +14,13 @@ public:
 
     /// The whole text with CR LF line ends.
     Text WholeText() const;
-    /// The model's offset of a position in the document, and the other way; both in logarithmic time.
+    /// The model's offset of a position in the document, and the other way; both in logarithmic
+    /// time.
     int ToOffset(int position) const;
     int ToPosition(int offset) const;
 
-    /// Brings the line in which the position stands to the top, also where the text ends before the page is full.
+    /// Brings the line in which the position stands to the top, also where the text ends before the
+    /// page is full.
     void BringToTop(int position);
 
     std::function<void()> resized; ///< behind each change of size, and when the widget comes up
@@ -32,5 +34,6 @@ protected:
     void showEvent(QShowEvent* event) override;
 };
 
-/// A text without line ends as it can stand in a document: the few characters that would part or hide it give way to blanks.
+/// A text without line ends as it can stand in a document: the few characters that would part or
+/// hide it give way to blanks.
 QString ForDocument(TextView text);

@@ -60,7 +60,8 @@ void TextPeer::Mirror()
     if (m_shown.isReadOnly() != m_box.IsReadOnly()) {
         m_shown.setReadOnly(m_box.IsReadOnly());
         if (m_box.IsReadOnly())
-            m_shown.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+            m_shown.setTextInteractionFlags(
+                Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     }
     auto const frame = HasBorder() ? QFrame::WinPanel | QFrame::Sunken : int { QFrame::NoFrame };
     if (m_shown.frameStyle() != frame)
@@ -110,7 +111,8 @@ void TextBoxPeer::MirrorText()
         return;
     QString whole;
     for (TextView const line : Split(m_textBox.Text(), u'\n'))
-        whole += ForDocument(line.ends_with(u'\r') ? line.substr(0, line.size() - 1) : line) + u'\n';
+        whole
+            += ForDocument(line.ends_with(u'\r') ? line.substr(0, line.size() - 1) : line) + u'\n';
     whole.chop(1);
     m_shown.setPlainText(whole);
 }

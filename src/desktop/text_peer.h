@@ -1,6 +1,6 @@
 #pragma once
-// Peers of the boxes that a person types into: what all have in common, and the plain ones. The widget edits, the
-// peer hands over the result.
+// Peers of the boxes that a person types into: what all have in common, and the plain ones. The
+// widget edits, the peer hands over the result.
 
 #include "controls/text_box.h"
 #include "desktop/peer.h"

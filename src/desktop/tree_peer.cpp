@@ -7,7 +7,8 @@
 #include <QKeyEvent>
 #include <QTreeView>
 
-/// Tells apart how the current node came to change: by the keyboard or by the mouse, which is a click at its release.
+/// Tells apart how the current node came to change: by the keyboard or by the mouse, which is a
+/// click at its release.
 class NodeView final : public QTreeView {
 public:
     using QTreeView::QTreeView;
@@ -53,13 +54,15 @@ TreePeer::TreePeer(Desk& desk, TreeView& control, QWidget& ground)
     m_shown.setIndentation(19);
     m_shown.header()->setStretchLastSection(false);
     m_shown.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    connect(&m_shown, &QTreeView::expanded, this, [this](QModelIndex const& index) { Toggled(index, true); });
-    connect(&m_shown, &QTreeView::collapsed, this, [this](QModelIndex const& index) { Toggled(index, false); });
+    connect(&m_shown, &QTreeView::expanded, this,
+        [this](QModelIndex const& index) { Toggled(index, true); });
+    connect(&m_shown, &QTreeView::collapsed, this,
+        [this](QModelIndex const& index) { Toggled(index, false); });
     connect(&m_shown, &QTreeView::clicked, this, [this](QModelIndex const& index) {
         Act([&](Input& input) { input.ClickNode(m_tree, NodeModel::NodeAt(index)); });
     });
     m_shown.chosen = [this](QModelIndex const& index) { Chosen(index); };
-    m_shown.released = [this] { Act([](Input&) { }); };
+    m_shown.released = [this] { Act([](Input&) {}); };
 }
 
 void TreePeer::Mirror()
@@ -103,7 +106,8 @@ void TreePeer::MirrorSelected()
         return;
     m_shown.selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     bool isOpen = selected;
-    for (Node const* parent = selected ? selected->Parent() : nullptr; parent; parent = parent->Parent())
+    for (Node const* parent = selected ? selected->Parent() : nullptr; parent;
+         parent = parent->Parent())
         isOpen = isOpen && parent->Expanded();
     if (isOpen) // else the view would open the parents
         m_shown.scrollTo(index);

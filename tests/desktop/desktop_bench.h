@@ -1,9 +1,10 @@
 #pragma once
-// A form with every kind of control on the desktop host, and what the tests need to act on its widgets.
+// A form with every kind of control on the desktop host, and what the tests need to act on its
+// widgets.
 
 #include "controls/button.h"
-#include "controls/list.h"
 #include "controls/label.h"
+#include "controls/list.h"
 #include "controls/media.h"
 #include "controls/menu.h"
 #include "controls/picture.h"
@@ -80,7 +81,8 @@ public:
     Image lamp { *this, *this, "Image1", { 6600, 1500, 525, 315 }, u":lamp" };
     HScrollBar bar { *this, *this, "ctlScrollbar", { 4500, 2000, 3000, 255 } };
     TreeView tree { *this, *this, "TreeView1", { 4500, 2400, 3000, 1500 } };
-    ComboBox list { *this, *this, "cboVersion", { 4500, 4000, 3000, 315 }, { u"first", u"second" } };
+    ComboBox list { *this, *this, "cboVersion", { 4500, 4000, 3000, 315 },
+        { u"first", u"second" } };
     Label name { *this, *this, "Label1", { 4500, 4500, 3000, 300 }, u"A & B" };
     Timer timer { *this, "Timer1", 10 };
 
@@ -116,7 +118,8 @@ protected:
         auto const name = QString::fromUtf8(control.Name());
         for (QWidget* window : QApplication::topLevelWidgets())
             if (window->objectName() == QString::fromUtf8(control.OwnForm().Name()))
-                if (auto* const widget = window->objectName() == name ? window : window->findChild<QWidget*>(name))
+                if (auto* const widget
+                    = window->objectName() == name ? window : window->findChild<QWidget*>(name))
                     return dynamic_cast<Widget&>(*widget);
         throw std::runtime_error(std::string("no widget for ") + control.Name());
     }
@@ -128,8 +131,8 @@ protected:
     void ClickByWindow(Control const& control)
     {
         auto& widget = Shown(control);
-        QTest::mouseClick(
-            widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), widget.rect().center()));
+        QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {},
+            widget.mapTo(widget.window(), widget.rect().center()));
     }
 
     MemoryFileSystem files;

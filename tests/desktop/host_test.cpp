@@ -1,7 +1,7 @@
 // The host as a whole: what is mirrored when, focus, keys, windows that can't be acted on.
 
-#include "desktop/desktop_bench.h"
 #include "controls/input.h"
+#include "desktop/desktop_bench.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -72,8 +72,8 @@ TEST_F(DesktopTest, TurnsShowWhatALongHandlerDoes)
 TEST_F(DesktopTest, TabFollowsTheModelsOrder)
 {
     Open();
-    std::vector<Control*> const order { &form.answer, &form.line, &form.next, &form.tick, &form.lamp, &form.bar,
-        &form.tree, &form.list, &form.passage };
+    std::vector<Control*> const order { &form.answer, &form.line, &form.next, &form.tick,
+        &form.lamp, &form.bar, &form.tree, &form.list, &form.passage };
     for (Control* control : order) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(form.Focus(), control);
@@ -210,7 +210,8 @@ TEST_F(DesktopTest, AMessageTakesTheFocusForItsTime)
 TEST_F(DesktopTest, MeasuresTextAsALabelShowsIt)
 {
     Open();
-    Text const texts[] = { u"one", u"several words that need more than a single line of the label", u"two\r\n\r\n" };
+    Text const texts[] = { u"one", u"several words that need more than a single line of the label",
+        u"two\r\n\r\n" };
     for (auto const& text : texts) {
         QLabel label;
         label.setFont(QFont("MS Sans Serif"));

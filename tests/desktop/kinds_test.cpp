@@ -16,8 +16,8 @@ TEST_F(DesktopTest, EveryWidgetBearsItsControlsNameAndPlace)
     form.lamp.ToolTipText = u"Answers";
     Open();
     for (Control* control : form.Controls()) {
-        if (dynamic_cast<ImageList*>(control) || dynamic_cast<Timer*>(control) || dynamic_cast<Menu*>(control)
-            || dynamic_cast<MenuEntry*>(control))
+        if (dynamic_cast<ImageList*>(control) || dynamic_cast<Timer*>(control)
+            || dynamic_cast<Menu*>(control) || dynamic_cast<MenuEntry*>(control))
             continue;
         SCOPED_TRACE(control->Name());
         auto& widget = Shown(*control);
@@ -96,7 +96,8 @@ TEST_F(DesktopTest, ScrollBarStepsDragsAndWheels)
     QTest::keyClick(&bar, Qt::Key_End);
     EXPECT_EQ(form.TakeLog(), "bar scrolled 50, bar changed 50");
     form.bar.SmallChange = 3;
-    QWheelEvent wheel({ 5, 5 }, bar.mapToGlobal(QPointF(5, 5)), {}, { 0, 120 }, {}, {}, Qt::NoScrollPhase, false);
+    QWheelEvent wheel(
+        { 5, 5 }, bar.mapToGlobal(QPointF(5, 5)), {}, { 0, 120 }, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&bar, &wheel);
     EXPECT_EQ(form.TakeLog(), "bar changed 47");
     EXPECT_EQ(bar.value(), 47);

@@ -16,7 +16,8 @@ TEST_F(DesktopTest, OffsetsCountTwoForALineEnd)
     form.answer.Text = u"ab\r\n\r\ncd";
     host.HandlersEnded();
     auto& box = Shown<TextEdit>(form.answer);
-    for (auto const& [offset, position] : { std::pair { 0, 0 }, { 2, 2 }, { 4, 3 }, { 6, 4 }, { 8, 6 } }) {
+    for (auto const& [offset, position] :
+        { std::pair { 0, 0 }, { 2, 2 }, { 4, 3 }, { 6, 4 }, { 8, 6 } }) {
         EXPECT_EQ(box.ToPosition(offset), position);
         EXPECT_EQ(box.ToOffset(position), offset);
     }
@@ -34,7 +35,8 @@ TEST_F(DesktopTest, TypingArrivesWithCaretAndLineEnds)
     QTest::keyClicks(&box, "c");
     EXPECT_EQ(form.answer.Text(), u"ab\r\n\r\nc");
     EXPECT_EQ(form.answer.SelStart, 7);
-    EXPECT_EQ(form.TakeLog(), "answer changed, answer changed, answer changed, answer changed, answer changed");
+    EXPECT_EQ(form.TakeLog(),
+        "answer changed, answer changed, answer changed, answer changed, answer changed");
     QTest::keyClick(&box, Qt::Key_Left, Qt::ShiftModifier);
     QTest::keyClick(&box, Qt::Key_Left, Qt::ShiftModifier);
     EXPECT_EQ(form.answer.SelStart, 4);
@@ -130,7 +132,8 @@ TEST_F(DesktopTest, FormatsReachTheDocument)
     EXPECT_EQ(block.blockFormat().textIndent(), -14);
     auto const number = block.begin().fragment().charFormat();
     EXPECT_EQ(number.fontPointSize(), 4);
-    EXPECT_NEAR(number.baselineOffset() / 100 * QFontMetricsF(number.font()).height(), 35 / 15.0, 0.01);
+    EXPECT_NEAR(
+        number.baselineOffset() / 100 * QFontMetricsF(number.font()).height(), 35 / 15.0, 0.01);
     EXPECT_EQ(block.next().text(), "more");
     EXPECT_TRUE(block.next().begin().fragment().charFormat().font().bold());
 }
@@ -149,7 +152,8 @@ protected:
                 form.passage.ReplaceSelection(u"Heading\r\n\r\n");
             }
             form.passage.SelBold = false;
-            form.passage.ReplaceSelection(u"And it came to pass in those days that a long verse wrapped.\r\n\r\n");
+            form.passage.ReplaceSelection(
+                u"And it came to pass in those days that a long verse wrapped.\r\n\r\n");
         }
         return headings;
     }
@@ -167,7 +171,9 @@ TEST_F(PassageTest, HeadingStandsExactlyInTheTopLine)
         host.HandlersEnded();
         auto const block = box.document()->findBlock(box.ToPosition(heading));
         EXPECT_EQ(block.text(), "Heading");
-        auto const y = heading == 0 ? 0 : qRound(box.document()->documentLayout()->blockBoundingRect(block).top());
+        auto const y = heading == 0
+            ? 0
+            : qRound(box.document()->documentLayout()->blockBoundingRect(block).top());
         EXPECT_EQ(top(), y);
     }
     int const kept = top();
@@ -191,8 +197,10 @@ TEST_F(PassageTest, LongTextOpensQuicklyAndGrowsByWhatIsAppended)
         host.HandlersEnded();
     }
     std::chrono::duration<double, std::milli> const fill = filled - start;
-    std::chrono::duration<double, std::milli> const more = std::chrono::steady_clock::now() - filled;
-    std::printf("3,000 verses: shown in %.1f ms, ten more in %.2f ms\n", fill.count(), more.count());
+    std::chrono::duration<double, std::milli> const more
+        = std::chrono::steady_clock::now() - filled;
+    std::printf(
+        "3,000 verses: shown in %.1f ms, ten more in %.2f ms\n", fill.count(), more.count());
     EXPECT_EQ(Shown<TextEdit>(form.passage).document(), document);
     EXPECT_EQ(Shown<TextEdit>(form.passage).WholeText(), form.passage.Text());
 }
