@@ -93,8 +93,14 @@ void Form::PlaceAtLoad()
         Left.Keep(std::max(0.0F, (whole.width - size.width) / 2));
         Top.Keep(std::max(0.0F, (whole.height - size.height) / 2));
     }
+    DockControls();
+}
+
+void Form::DockControls()
+{
+    m_client = { ScaleWidth, ScaleHeight };
     for (Control* control : m_controls)
-        control->FormResized({ ScaleWidth, ScaleHeight });
+        control->FormResized(m_client);
 }
 
 void Form::Assigned(PropertyBase const& property, bool changed)
@@ -116,7 +122,8 @@ void Form::Assigned(PropertyBase const& property, bool changed)
 
 void Form::Resized(float width, float height, ::WindowState state)
 {
-    if (width == Width && height == Height && state == WindowState())
+    bool const isSame = width == Width && height == Height && state == WindowState();
+    if (isSame && m_client.width == ScaleWidth && m_client.height == ScaleHeight)
         return;
     Width.Keep(width);
     Height.Keep(height);
@@ -134,8 +141,7 @@ void Form::RunResize()
 {
     if (WindowState() == WindowState::Normal)
         m_normal = { Width, Height };
-    for (Control* control : m_controls)
-        control->FormResized({ ScaleWidth, ScaleHeight });
+    DockControls();
     if (m_resizing || !m_loaded)
         return;
     m_resizing = true;

@@ -44,8 +44,8 @@ public:
     Control* Focus() const { return m_focus; }
     float TwipsPerUnit() const override;
 
-    /// The host's own: the window got this outer size, in twips, in this state. Runs Form_Resize if
-    /// something changed.
+    /// The host's own: the window got this outer size, in twips, in this state. Runs Form_Resize if something changed, be
+    /// it the frame alone.
     void Resized(float width, float height, ::WindowState state);
     /// Runs Form_Click and Form_KeyPress: the user clicked on the form's own ground, or pressed a key while no control
     /// had the focus.
@@ -92,6 +92,7 @@ private:
     friend class Screen;
 
     void PlaceAtLoad();
+    void DockControls();
     void RunResize();
 
     Screen& m_screen;
@@ -99,6 +100,7 @@ private:
     std::vector<Menu*> m_menus;
     Control* m_focus = nullptr;
     Size m_designClient;
+    Size m_client; // at the last resize, in the form's scale: the frame may change while the outer size stays
     Size m_normal; // the outer size of the normal state
     bool m_loaded = false;
     bool m_unloading = false;

@@ -1,0 +1,234 @@
+#include "desktop/desktop_host.h"
+
+#include "controls/screen.h"
+#include "desktop/browser_peer.h"
+#include "desktop/form_peer.h"
+#include "desktop/peer_factory.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QWidget>
+
+#include <algorithm>
+
+/// Turns between two looks at the clock.
+static constexpr Turns::Count turnsBetween = 256;
+
+DesktopHost::DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf)
+    : m_desk(files)
+    , m_printer([this](Text message) { MessageBox(message, u"Sparrowfield"); })
+{
+    m_desk.placeOf = std::move(placeOf);
+    m_desk.acted = [this](Control& control) {
+        // The model may have refused what the widget shows already.
+        MarkDirty(control, nullptr);
+        Mirror();
+    };
+    turns.Arm(turnsBetween);
+    qApp->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this,
+        [this](QWidget*, QWidget* now) { WidgetFocused(now); });
+}
+
+DesktopHost::~DesktopHost()
+{
+    qApp->removeEventFilter(this);
+    disconnect(qApp, nullptr, this, nullptr);
+    TakeDown();
+}
+
+void DesktopHost::TakeDown()
+{
+    // The forms may be gone already.
+    for (auto const& [control, peer] : m_peers)
+        peer->isRetired = true;
+    for (FormPeer* window : m_windows)
+        m_retired.push_back(window->Widget());
+    m_peers.clear();
+    m_windows.clear();
+    m_dirty.clear();
+    m_toActivate = nullptr;
+    for (QWidget* window : std::exchange(m_retired, {}))
+        delete window;
+}
+
+void DesktopHost::Run()
+{
+    if (!m_desk.screen || m_desk.screen->Ended())
+        return;
+    QApplication::exec();
+    TakeDown();
+}
+
+void DesktopHost::CloseAll()
+{
+    if (m_desk.screen)
+        m_desk.screen->CloseAll();
+    LeaveLoops();
+}
+
+void DesktopHost::FormLoaded(Form& form)
+{
+    m_desk.screen = &form.OwnScreen();
+    if (!m_desk.input)
+        m_desk.input.emplace(*m_desk.screen);
+    Desk::Mirroring const ours(m_desk);
+    auto* const window = new FormPeer(m_desk, form);
+    m_windows.push_back(window);
+    m_peers[&form] = window;
+    m_dirty.push_back(window);
+    for (Control* control : form.Controls()) {
+        Peer* const container = PeerOf(*control->Container());
+        Peer* const peer = container ? MakePeer(m_desk, *control, *container, *window) : nullptr;
+        if (!peer)
+            continue;
+        m_peers[control] = peer;
+        m_dirty.push_back(peer);
+    }
+}
+
+void DesktopHost::FormUnloaded(Form& form)
+{
+    if (Peer* const window = PeerOf(form))
+        Retire(static_cast<FormPeer&>(*window));
+    for (auto const& [modal, loop] : m_modal)
+        if (modal == &form)
+            loop->quit();
+}
+
+void DesktopHost::Retire(FormPeer& window)
+{
+    Form& form = window.OwnForm();
+    auto const forget = [this](Control& control) {
+        Peer* const peer = PeerOf(control);
+        if (!peer)
+            return;
+        peer->isRetired = true;
+        m_peers.erase(&control);
+        std::erase(m_dirty, peer);
+    };
+    for (Control* control : form.Controls())
+        forget(*control);
+    forget(form);
+    std::erase(m_windows, &window);
+    if (m_toActivate == &window)
+        m_toActivate = nullptr;
+    m_retired.push_back(window.Widget());
+}
+
+void DesktopHost::FormActivated(Form* form)
+{
+    m_toActivate = form ? static_cast<FormPeer*>(PeerOf(*form)) : nullptr;
+}
+
+void DesktopHost::MarkDirty(Control const& control, PropertyBase const* property)
+{
+    Peer* const peer = PeerOf(control);
+    if (!peer)
+        return;
+    if (property)
+        peer->Noted(*property);
+    if (!std::exchange(peer->isDirty, true))
+        m_dirty.push_back(peer);
+}
+
+void DesktopHost::Assigned(Control& control, PropertyBase const& property)
+{
+    MarkDirty(control, &property);
+}
+
+void DesktopHost::ContentChanged(Control& control)
+{
+    MarkDirty(control, nullptr);
+}
+
+void DesktopHost::HandlersEnded()
+{
+    Mirror();
+    for (FormPeer* window : std::vector(m_windows))
+        if (std::find(m_windows.begin(), m_windows.end(), window) != m_windows.end())
+            window->CatchUp();
+    if (m_desk.screen && m_desk.screen->Ended())
+        LeaveLoops();
+}
+
+void DesktopHost::LeaveLoops()
+{
+    for (auto const& [form, loop] : m_modal)
+        loop->quit();
+    QCoreApplication::quit();
+}
+
+void DesktopHost::Mirror()
+{
+    if (m_desk.IsMirroring())
+        return;
+    Desk::Mirroring const ours(m_desk);
+    for (Peer* peer : std::exchange(m_dirty, {})) {
+        peer->isDirty = false;
+        peer->Mirror();
+    }
+    MirrorWindows();
+    Reap();
+}
+
+void DesktopHost::MirrorWindows()
+{
+    // First what comes up, so that no other program's window gets the focus for a moment.
+    auto* const owner = QApplication::activeWindow();
+    for (FormPeer* window : m_windows)
+        window->MirrorShown(owner);
+    for (FormPeer* window : m_windows) {
+        Control const* const focus = window->OwnForm().Focus();
+        window->MirrorFocus(focus ? PeerOf(*focus) : nullptr);
+    }
+    if (m_toActivate && m_toActivate->Widget()->isVisible()) {
+        m_toActivate->Widget()->raise();
+        m_toActivate->Widget()->activateWindow();
+        m_toActivate = nullptr;
+    }
+    for (FormPeer* window : m_windows)
+        window->MirrorHidden();
+}
+
+void DesktopHost::Reap()
+{
+    for (QWidget* window : m_retired)
+        window->hide();
+    // A handler's caller may still be at work on the widget through which the user acted.
+    if (!m_desk.IsActing())
+        for (QWidget* window : std::exchange(m_retired, {}))
+            window->deleteLater();
+}
+
+void DesktopHost::TurnDue()
+{
+    constexpr std::chrono::milliseconds pause { 8 };
+    turns.Arm(turnsBetween);
+    if (std::chrono::steady_clock::now() - m_served < pause)
+        return;
+    Mirror();
+    QCoreApplication::processEvents();
+    m_served = std::chrono::steady_clock::now();
+}
+
+void DesktopHost::RunModal(Form& form)
+{
+    QEventLoop loop;
+    m_modal.emplace_back(&form, &loop);
+    if (form.IsLoaded() && !m_desk.screen->Ended())
+        loop.exec();
+    m_modal.pop_back();
+}
+
+Peer* DesktopHost::PeerOf(Control const& control) const
+{
+    auto const found = m_peers.find(&control);
+    return found == m_peers.end() ? nullptr : found->second;
+}
+
+void DesktopHost::Navigate(WebBrowser& browser, TextView url)
+{
+    if (Peer* const peer = PeerOf(browser))
+        static_cast<BrowserPeer*>(peer)->Navigate(url);
+}

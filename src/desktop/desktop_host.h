@@ -1,0 +1,80 @@
+#pragma once
+// The host that shows the forms in windows of the desktop. It keeps nothing but widgets: what the
+// model changes is mirrored when the outermost handler ends or a turn is due, what the user does
+// goes back through Input.
+
+#include "controls/host.h"
+#include "desktop/desk.h"
+#include "desktop/qt_printer.h"
+
+#include <QObject>
+
+#include <chrono>
+#include <unordered_map>
+#include <vector>
+
+class FormPeer;
+class Peer;
+class QEventLoop;
+
+class DesktopHost final : public QObject, public Host {
+public:
+    /// `files` outlives the host. `placeOf` gives the place on the machine of a file that the
+    /// program names.
+    DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf);
+    ~DesktopHost() override;
+
+    /// Runs the program, whose first form has been shown, until it has ended, then takes down all
+    /// windows.
+    void Run();
+    /// Closes all forms, as at an orderly end of the program.
+    void CloseAll();
+
+    void FormLoaded(Form& form) override;
+    void FormUnloaded(Form& form) override;
+    void FormActivated(Form* form) override;
+    void Assigned(Control& control, PropertyBase const& property) override;
+    void ContentChanged(Control& control) override;
+    void FocusMoved(Form&) override { }
+    void HandlersEnded() override;
+
+    void RunModal(Form& form) override;
+    void MessageBox(TextView text, TextView title) override;
+    Text ClipboardText() const override;
+    void SetClipboardText(TextView text) override;
+    Size MeasureText(Font const& font, TextView text, float wrapWidth) const override;
+    Size ScreenSize() const override;
+    Size FrameSize(Form const& form) const override;
+    std::optional<Size> PictureSize(TextView picture) const override;
+    Printer& DefaultPrinter() override { return m_printer; }
+    void Navigate(WebBrowser& browser, TextView url) override;
+
+protected:
+    /// Sees every event of the application: keeps the user's actions from windows that can't take
+    /// them now.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void TurnDue() override;
+    void Mirror();
+    void MirrorWindows();
+    void Retire(FormPeer& window);
+    void Reap();
+    void TakeDown();
+    void LeaveLoops();
+    void WidgetFocused(QWidget* widget);
+    void MarkDirty(Control const& control, PropertyBase const* property);
+    Peer* PeerOf(Control const& control) const;
+    Peer* PeerOf(QWidget const* widget) const;
+    FormPeer* WindowOf(QObject const* receiver) const;
+
+    Desk m_desk;
+    QtPrinter m_printer;
+    std::unordered_map<Control const*, Peer*> m_peers;
+    std::vector<FormPeer*> m_windows;
+    std::vector<Peer*> m_dirty;
+    std::vector<QWidget*> m_retired; // windows of forms that are gone
+    std::vector<std::pair<Form*, QEventLoop*>> m_modal;
+    FormPeer* m_toActivate = nullptr;
+    std::chrono::steady_clock::time_point m_served; // when events were last served inside a handler
+};

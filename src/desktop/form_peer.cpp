@@ -1,0 +1,179 @@
+#include "desktop/form_peer.h"
+
+#include "controls/menu.h"
+#include "desktop/client_area.h"
+#include "desktop/convert.h"
+#include "desktop/surface_peer.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QWindow>
+
+static Qt::WindowFlags FlagsOf(Form const& form)
+{
+    if (form.border == BorderStyle::None)
+        return Qt::Window | Qt::FramelessWindowHint;
+    Qt::WindowFlags flags = form.inTaskbar ? Qt::Window : Qt::Dialog;
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+        | Qt::WindowCloseButtonHint;
+    flags.setFlag(Qt::WindowMinimizeButtonHint, form.minimiseButton);
+    flags.setFlag(Qt::WindowMaximizeButtonHint, form.maximiseButton);
+    return flags;
+}
+
+static QMargins GuessFrame(Form const& form)
+{
+    return form.border == BorderStyle::None ? QMargins() : QMargins(4, 23, 4, 4);
+}
+
+static int MenuBarHeight(QMenuBar const* bar)
+{
+    return bar ? bar->sizeHint().height() : 0;
+}
+
+FormPeer::FormPeer(Desk& desk, Form& form)
+    : Peer(desk, form, new QWidget(nullptr, FlagsOf(form)))
+    , m_form(form)
+    , m_menuBar(form.Menus().empty() ? nullptr : new QMenuBar(Widget()))
+    , m_client(*new ClientArea(Widget()))
+    , m_frame(GuessFrame(form))
+{
+    if (m_menuBar)
+        m_menuBar->setNativeMenuBar(false);
+    m_client.installEventFilter(this);
+    Widget()->setWindowIcon(m_desk.pictures.Find(u":icon"));
+}
+
+QWidget* FormPeer::Ground() const
+{
+    return &m_client;
+}
+
+Size FormPeer::FrameSize() const
+{
+    return { ToTwips(m_frame.left() + m_frame.right()),
+        ToTwips(m_frame.top() + m_frame.bottom() + MenuBarHeight(m_menuBar)) };
+}
+
+Size FormPeer::GuessFrameSize(Form const& form)
+{
+    int menuBar = 0;
+    if (!form.Menus().empty()) {
+        QMenuBar bar;
+        bar.addMenu(QStringLiteral("File"));
+        menuBar = MenuBarHeight(&bar);
+    }
+    auto const frame = GuessFrame(form);
+    return { ToTwips(frame.left() + frame.right()),
+        ToTwips(frame.top() + frame.bottom() + menuBar) };
+}
+
+void FormPeer::Noted(PropertyBase const& property)
+{
+    m_pictureIsStale |= &property == &m_form.Picture;
+    m_moveWanted |= &property == &m_form.Left || &property == &m_form.Top;
+}
+
+void FormPeer::Mirror()
+{
+    auto& window = *Widget();
+    window.setWindowTitle(ToQString(m_form.Caption));
+    m_client.ground = ToQColor(m_form.BackColor);
+    if (std::exchange(m_pictureIsStale, false))
+        m_client.picture = m_desk.pictures.Find(m_form.Picture);
+    m_client.update();
+    if (m_form.MousePointer == pointerDefault)
+        window.unsetCursor();
+    else
+        window.setCursor(CursorOf(m_desk.pictures, m_form.MousePointer, m_form.MouseIcon));
+    Place();
+}
+
+/// The window's size without its frame, with its menu bar.
+static QSize InnerSize(Form const& form, QMargins const& frame)
+{
+    return QSize(Pixels(form.Width), Pixels(form.Height)).shrunkBy(frame).expandedTo({ 1, 1 });
+}
+
+void FormPeer::Place()
+{
+    auto& window = *Widget();
+    bool const isNormal = m_form.WindowState() == WindowState::Normal;
+    bool const isOther = m_agreed.width != m_form.Width || m_agreed.height != m_form.Height;
+    bool const isFixed
+        = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
+    if (isNormal && isOther) {
+        m_agreed = { m_form.Width, m_form.Height };
+        auto const size = InnerSize(m_form, m_frame);
+        if (isFixed)
+            window.setFixedSize(size);
+        else
+            window.resize(size);
+    }
+    float const unit = m_form.TwipsPerUnit();
+    if (m_form.smallestClient.width > 0)
+        window.setMinimumSize(Pixels(m_form.smallestClient.width * unit),
+            Pixels(m_form.smallestClient.height * unit) + MenuBarHeight(m_menuBar));
+    if (isNormal && std::exchange(m_moveWanted, false))
+        window.move(Pixels(m_form.Left), Pixels(m_form.Top));
+    if (window.isVisible() && m_state != m_form.WindowState()) {
+        m_state = m_form.WindowState();
+        if (m_state == WindowState::Maximised)
+            window.showMaximized();
+        else if (m_state == WindowState::Minimised)
+            window.showMinimized();
+        else
+            window.showNormal();
+    }
+    Arrange();
+}
+
+void FormPeer::Arrange()
+{
+    int const height = MenuBarHeight(m_menuBar);
+    auto const size = Widget()->size();
+    if (m_menuBar)
+        m_menuBar->setGeometry(0, 0, size.width(), height);
+    m_client.setGeometry(0, height, size.width(), std::max(0, size.height() - height));
+}
+
+void FormPeer::MirrorShown(QWidget* owner)
+{
+    auto& window = *Widget();
+    if (!m_form.Visible || window.isVisible())
+        return;
+    window.setWindowModality(m_form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
+    m_state = m_form.WindowState();
+    if (m_form.centred && m_state == WindowState::Normal)
+        window.move(Pixels(m_form.Left), Pixels(m_form.Top));
+    window.winId(); // makes the window, so that it can be owned
+    if (owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar))
+        window.windowHandle()->setTransientParent(owner->windowHandle());
+    if (m_state == WindowState::Maximised)
+        window.showMaximized();
+    else if (m_state == WindowState::Minimised)
+        window.showMinimized();
+    else
+        window.show();
+    Arrange();
+    QueueReport();
+}
+
+void FormPeer::MirrorHidden()
+{
+    if (!m_form.Visible && Widget()->isVisible())
+        Widget()->hide();
+}
+
+void FormPeer::MirrorFocus(Peer const* focus)
+{
+    auto* const present = Widget()->focusWidget();
+    // Who walks through the menu bar by keys isn't called away.
+    if (qobject_cast<QMenuBar*>(present) && present->hasFocus())
+        return;
+    auto* const wanted = focus ? focus->Widget() : nullptr;
+    if (wanted && present != wanted)
+        wanted->setFocus();
+    else if (!wanted && present)
+        present->clearFocus();
+}

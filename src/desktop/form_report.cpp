@@ -1,0 +1,126 @@
+// What a form's window reports of the user and of the window system.
+
+#include "desktop/client_area.h"
+#include "desktop/convert.h"
+#include "desktop/form_peer.h"
+#include "desktop/keys.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QWindow>
+
+bool FormPeer::eventFilter(QObject* watched, QEvent* event)
+{
+    if (isRetired)
+        return false;
+    if (watched == &m_client)
+        return ClientEvent(*event);
+    return watched == Widget() && WindowEvent(*event);
+}
+
+bool FormPeer::WindowEvent(QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::Close:
+        event.ignore();
+        Act([&](Input& input) { input.Close(m_form); });
+        return true;
+    case QEvent::Resize:
+        Arrange();
+        QueueReport();
+        return false;
+    case QEvent::Move:
+    case QEvent::Show:
+    case QEvent::WindowStateChange:
+        QueueReport();
+        return false;
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        ReportActivation();
+        return false;
+    case QEvent::KeyPress:
+        return !m_form.Focus() && KeyPressed(static_cast<QKeyEvent&>(event));
+    default:
+        return false;
+    }
+}
+
+bool FormPeer::ClientEvent(QEvent& event)
+{
+    bool const isDown
+        = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+    bool const isUp = event.type() == QEvent::MouseButtonRelease;
+    if ((!isDown && !isUp) || static_cast<QMouseEvent&>(event).button() != Qt::LeftButton)
+        return false;
+    bool const isClick = isUp && m_pressed
+        && m_client.rect().contains(static_cast<QMouseEvent&>(event).position().toPoint());
+    m_pressed = isDown;
+    if (isClick)
+        Act([&](Input& input) { input.Click(m_form); });
+    return true;
+}
+
+void FormPeer::QueueReport()
+{
+    // One change of a window comes as several events: state, size, frame.
+    if (std::exchange(m_reportQueued, true))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        m_reportQueued = false;
+        ReportSize();
+    });
+}
+
+void FormPeer::ReportSize()
+{
+    auto& window = *Widget();
+    if (isRetired || !window.isVisible() || !m_form.Visible)
+        return;
+    m_sizeMissed = m_form.IsBusy();
+    if (m_sizeMissed)
+        return;
+    if (window.isMinimized()) {
+        m_state = WindowState::Minimised;
+        Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
+        return;
+    }
+    m_state = window.isMaximized() ? WindowState::Maximised : WindowState::Normal;
+    auto const frame = window.windowHandle()->frameMargins();
+    if (!frame.isNull() || m_form.border == BorderStyle::None || m_state == WindowState::Maximised)
+        m_frame = frame;
+    auto const outer = window.size().grownBy(m_frame);
+    // Within a pixel the form's own figure stands.
+    bool const isSame = outer == QSize(Pixels(m_form.Width), Pixels(m_form.Height));
+    m_agreed = isSame ? Size { m_form.Width, m_form.Height }
+                      : Size { ToTwips(outer.width()), ToTwips(outer.height()) };
+    Act([&](Input&) { m_form.Resized(m_agreed.width, m_agreed.height, m_state); });
+}
+
+void FormPeer::ReportActivation()
+{
+    m_activationMissed = m_form.IsBusy();
+    if (m_activationMissed)
+        return;
+    bool const isActive = QApplication::activeWindow() == Widget();
+    bool const isModels = m_desk.screen->Active() == &m_form;
+    Act([&](Input& input) {
+        if (isActive && isModels)
+            m_desk.screen->ResumeFocus();
+        else if (isActive)
+            input.Activate(m_form);
+        else if (isModels)
+            m_desk.screen->SuspendFocus();
+    });
+}
+
+void FormPeer::CatchUp()
+{
+    if (m_form.IsBusy())
+        return;
+    if (m_sizeMissed)
+        QueueReport();
+    if (m_activationMissed)
+        ReportActivation();
+}

@@ -1,0 +1,75 @@
+// The part of the desktop host that watches the application's events.
+
+#include "controls/screen.h"
+#include "desktop/desktop_host.h"
+#include "desktop/form_peer.h"
+
+#include <QApplication>
+#include <QWidget>
+#include <QWindow>
+
+FormPeer* DesktopHost::WindowOf(QObject const* receiver) const
+{
+    QWidget const* window = nullptr;
+    if (receiver->isWidgetType())
+        window = static_cast<QWidget const*>(receiver)->window();
+    for (FormPeer* peer : m_windows)
+        if (window ? peer->Widget() == window : peer->Widget()->windowHandle() == receiver)
+            return peer;
+    return nullptr;
+}
+
+Peer* DesktopHost::PeerOf(QWidget const* widget) const
+{
+    for (; widget && !widget->isWindow(); widget = widget->parentWidget())
+        for (auto const& [control, peer] : m_peers)
+            if (peer->Widget() == widget)
+                return peer;
+    return nullptr;
+}
+
+static bool IsAction(QEvent const& event)
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::ShortcutOverride:
+    case QEvent::InputMethod:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::DragEnter:
+    case QEvent::Drop:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool DesktopHost::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!IsAction(*event) || (!watched->isWidgetType() && !watched->isWindowType()))
+        return false;
+    FormPeer const* const window = WindowOf(watched);
+    if (!window)
+        return false;
+    bool const isFree
+        = !window->OwnForm().IsBusy() && m_desk.input->Blocked(window->OwnForm()).empty();
+    if (isFree)
+        return false;
+    // A widget would change itself before the model could refuse.
+    event->setAccepted(event->type() != QEvent::ShortcutOverride);
+    return true;
+}
+
+void DesktopHost::WidgetFocused(QWidget* widget)
+{
+    if (!widget || m_desk.IsMirroring() || !m_desk.input || QApplication::activePopupWidget())
+        return;
+    Peer* const peer = PeerOf(widget);
+    if (!peer || peer->OwnControl().OwnForm().Focus() == &peer->OwnControl())
+        return;
+    m_desk.Act(peer->OwnControl(), [&](Input& input) { input.Focus(peer->OwnControl()); });
+}

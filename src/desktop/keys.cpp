@@ -1,0 +1,45 @@
+#include "desktop/keys.h"
+
+#include "controls/control.h"
+
+#include <QKeyEvent>
+
+struct KeyPair {
+    Qt::Key key;
+    int code;
+};
+
+static constexpr KeyPair keys[] = { { Qt::Key_Backspace, 8 }, { Qt::Key_Tab, 9 },
+    { Qt::Key_Backtab, 9 }, { Qt::Key_Return, keyEnter }, { Qt::Key_Enter, keyEnter },
+    { Qt::Key_Shift, 16 }, { Qt::Key_Control, 17 }, { Qt::Key_Alt, 18 }, { Qt::Key_Pause, 19 },
+    { Qt::Key_CapsLock, 20 }, { Qt::Key_Escape, keyEscape }, { Qt::Key_PageUp, 33 },
+    { Qt::Key_PageDown, 34 }, { Qt::Key_End, 35 }, { Qt::Key_Home, 36 }, { Qt::Key_Left, 37 },
+    { Qt::Key_Up, 38 }, { Qt::Key_Right, 39 }, { Qt::Key_Down, 40 }, { Qt::Key_Insert, 45 },
+    { Qt::Key_Delete, 46 } };
+
+int KeyCodeOf(QKeyEvent const& event)
+{
+    int const key = event.key();
+    bool const isItself = key == Qt::Key_Space || (key >= Qt::Key_0 && key <= Qt::Key_9)
+        || (key >= Qt::Key_A && key <= Qt::Key_Z);
+    if (isItself)
+        return key;
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
+        return key - Qt::Key_F1 + 112;
+    for (auto const& pair : keys)
+        if (pair.key == key)
+            return pair.code;
+    return 0;
+}
+
+int ShiftOf(QKeyEvent const& event)
+{
+    auto const held = event.modifiers();
+    return (held & Qt::ShiftModifier ? shiftKey : 0) + (held & Qt::ControlModifier ? controlKey : 0)
+        + (held & Qt::AltModifier ? altKey : 0);
+}
+
+char16_t CharacterOf(QKeyEvent const& event)
+{
+    return event.text().size() == 1 ? event.text().front().unicode() : u'\0';
+}

@@ -1,0 +1,52 @@
+// sparrowfield: the program on the desktop. It reads no command line and no environment of its own.
+
+#include "desktop/desktop_host.h"
+#include "desktop/look.h"
+#include "desktop/orderly_end.h"
+#include "platform/host/host_file_system.h"
+#include "platform/host/host_shell.h"
+#include "platform/host/path_rules.h"
+#include "platform/host/sqlite_settings_store.h"
+#include "platform/host/user_folders.h"
+#include "program/program.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <filesystem>
+
+static void RunProgram(QApplication& application)
+{
+    auto const user = UserDataFolder();
+    auto const drive = user / "drive_c";
+    HostFileSystem files({ ProgramFolder(), drive });
+    SqliteSettingsStore settings(user / "settings.db");
+    HostShell shell;
+    DesktopHost host(files, [&drive](TextView path) {
+        auto const place = PlaceOf(path, drive);
+        return place ? place->u16string() : Text();
+    });
+    Program program(host, files, settings, shell);
+    OrderlyEnd const end(application, [&] { program.Finish(); });
+    program.Start(settings.OpeningReport());
+    host.Run();
+    program.Finish();
+}
+
+int main(int, char** words)
+{
+    // The player's other back end lacks what most machines need for the video's format.
+    qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+    int count = 1; // Qt's own options aren't for the user
+    QApplication application(count, words);
+    application.setApplicationName(QStringLiteral("Sparrowfield"));
+    SetLook(application);
+    try {
+        RunProgram(application);
+    } catch (std::filesystem::filesystem_error const& error) {
+        QMessageBox::critical(
+            nullptr, QStringLiteral("Sparrowfield"), QString::fromLocal8Bit(error.what()));
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,87 @@
+#include "desktop/picture_peer.h"
+
+#include "desktop/convert.h"
+#include "desktop/keys.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+
+/// Paints a picture at its top left corner, or stretched, on a ground or on none.
+class PictureWidget final : public QWidget {
+public:
+    using QWidget::QWidget;
+
+    QPixmap picture;
+    QColor ground; // not valid for none
+    bool stretched = false;
+    bool bordered = false;
+    bool marksFocus = false;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        if (ground.isValid())
+            painter.fillRect(rect(), ground);
+        if (stretched) {
+            painter.setRenderHint(QPainter::SmoothPixmapTransform);
+            painter.drawPixmap(rect(), picture);
+        } else {
+            painter.drawPixmap(0, 0, picture);
+        }
+        if (bordered) {
+            painter.setPen(Qt::black);
+            painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        }
+        if (marksFocus && hasFocus()) {
+            QStyleOptionFocusRect mark;
+            mark.initFrom(this);
+            style()->drawPrimitive(QStyle::PE_FrameFocusRect, &mark, &painter, this);
+        }
+    }
+};
+
+ImagePeer::ImagePeer(Desk& desk, Image& control, QWidget& ground)
+    : SurfacePeer(desk, control, new PictureWidget(&ground))
+    , m_image(control)
+{
+}
+
+void ImagePeer::Mirror()
+{
+    auto& shown = *static_cast<PictureWidget*>(Widget());
+    if (std::exchange(m_isStale, false))
+        shown.picture = m_desk.pictures.Find(m_image.Picture);
+    shown.stretched = m_image.Stretch;
+    shown.marksFocus = m_image.TabStop;
+    MirrorPointer(m_image.Click ? pointerHand : pointerDefault);
+    Peer::Mirror();
+    shown.update();
+}
+
+bool ImagePeer::TakeKey(QKeyEvent& event)
+{
+    if (KeyCodeOf(event) != keyEnter && event.key() != Qt::Key_Space)
+        return false;
+    Act([&](Input& input) { input.Click(m_image); });
+    return true;
+}
+
+PictureBoxPeer::PictureBoxPeer(Desk& desk, PictureBox& control, QWidget& ground)
+    : SurfacePeer(desk, control, new PictureWidget(&ground))
+    , m_box(control)
+{
+}
+
+void PictureBoxPeer::Mirror()
+{
+    auto& shown = *static_cast<PictureWidget*>(Widget());
+    if (std::exchange(m_isStale, false))
+        shown.picture = m_desk.pictures.Find(m_box.Picture);
+    shown.ground = ToQColor(m_box.BackColor);
+    shown.bordered = m_box.Border;
+    MirrorPointer(m_box.MousePointer);
+    Peer::Mirror();
+    shown.update();
+}

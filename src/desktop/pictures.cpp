@@ -1,0 +1,92 @@
+#include "desktop/pictures.h"
+
+#include "desktop/convert.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+
+// Outside of any function of ours: the macro declares the function that it calls.
+static void RegisterArtwork()
+{
+    Q_INIT_RESOURCE(artwork);
+}
+
+QString ResourceOf(TextView name)
+{
+    return name.starts_with(u':')
+        ? QStringLiteral(":/artwork/") + ToQString(name.substr(1)) + QStringLiteral(".png")
+        : QString();
+}
+
+Pictures::Pictures(FileSystem const& files)
+    : m_files(files)
+{
+    RegisterArtwork();
+    QImageReader::setAllocationLimit(static_cast<int>(largestBytes >> 20));
+}
+
+/// Fills the buffer with the file and gives true if there is one.
+static bool Open(QBuffer& buffer, FileSystem const& files, TextView name)
+{
+    auto const resource = ResourceOf(name);
+    if (!resource.isEmpty()) {
+        QFile file(resource);
+        if (!file.open(QIODevice::ReadOnly))
+            return false;
+        buffer.setData(file.readAll());
+    } else {
+        if (name.empty())
+            return false;
+        auto const bytes = files.ReadAll(name);
+        if (!bytes)
+            return false;
+        buffer.setData(bytes->data(), static_cast<int>(bytes->size()));
+    }
+    return buffer.open(QIODevice::ReadOnly);
+}
+
+/// A size of one that can be held in memory.
+static bool IsBearable(QSize size)
+{
+    return !size.isEmpty()
+        && std::int64_t { size.width() } * size.height() * 4 <= Pictures::largestBytes;
+}
+
+std::optional<Size> Pictures::SizeOf(TextView name) const
+{
+    QBuffer buffer;
+    if (!Open(buffer, m_files, name))
+        return std::nullopt;
+    auto const size = QImageReader(&buffer).size();
+    if (!IsBearable(size))
+        return std::nullopt;
+    return Size { static_cast<float>(size.width()), static_cast<float>(size.height()) };
+}
+
+QPixmap Pictures::Load(TextView name) const
+{
+    auto const resource = ResourceOf(name);
+    if (!resource.isEmpty()) {
+        auto const fine
+            = QString(resource).replace(QStringLiteral(".png"), QStringLiteral("@2x.png"));
+        QPixmap pixmap(QFile::exists(fine) ? fine : resource);
+        if (QFile::exists(fine))
+            pixmap.setDevicePixelRatio(2);
+        return pixmap;
+    }
+    QBuffer buffer;
+    if (!Open(buffer, m_files, name))
+        return {};
+    QImageReader reader(&buffer);
+    return IsBearable(reader.size()) ? QPixmap::fromImageReader(&reader) : QPixmap();
+}
+
+QPixmap Pictures::Find(TextView name)
+{
+    if (!name.starts_with(u':'))
+        return Load(name);
+    auto const found = m_own.find(name);
+    return found != m_own.end() ? found->second
+                                : m_own.emplace(Text(name), Load(name)).first->second;
+}

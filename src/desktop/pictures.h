@@ -1,0 +1,34 @@
+#pragma once
+// Pictures by the names that the forms give them: a file, or ":name" for one of the program's own.
+
+#include "controls/control.h"
+#include "platform/file_system.h"
+
+#include <QPixmap>
+#include <QString>
+
+#include <map>
+#include <optional>
+
+class Pictures {
+public:
+    explicit Pictures(FileSystem const& files); // outlives this object
+
+    /// Empty if there is no such picture or it can't be decoded. The program's own come in the
+    /// finest resolution there is and are kept; a file is read at each call.
+    QPixmap Find(TextView name);
+    /// In pixels, from the picture's head alone; nothing for what is no picture, and for one that
+    /// claims to need more than `largestBytes` of memory.
+    std::optional<Size> SizeOf(TextView name) const;
+
+    static constexpr std::int64_t largestBytes = std::int64_t { 512 } << 20;
+
+private:
+    QPixmap Load(TextView name) const;
+
+    FileSystem const& m_files;
+    std::map<Text, QPixmap, std::less<>> m_own;
+};
+
+/// Where the program's own picture ":name" lies among the resources; empty for any other name.
+QString ResourceOf(TextView name);

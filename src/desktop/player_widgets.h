@@ -1,0 +1,38 @@
+#pragma once
+// The two widgets of the video player.
+
+#include <QSlider>
+#include <QToolButton>
+#include <QVideoFrame>
+#include <QVideoSink>
+#include <QWidget>
+
+/// Paints the frames of a video at their natural size in the middle, made smaller where there is no
+/// room, or stretched.
+class VideoWidget final : public QWidget {
+public:
+    explicit VideoWidget(QWidget* parent);
+    QVideoSink& Sink() { return m_sink; }
+    bool stretched = false;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    QVideoSink m_sink;
+    QImage m_frame;
+};
+
+/// Play or halt, the place in the video in milliseconds, and the volume from 0 to 100.
+class PlayerBar final : public QWidget {
+public:
+    explicit PlayerBar(QWidget* parent);
+    QToolButton& Play() { return m_play; }
+    QSlider& Place() { return m_place; }
+    QSlider& Volume() { return m_volume; }
+    void ShowPlaying(bool playing);
+
+private:
+    QToolButton m_play;
+    QSlider m_place, m_volume;
+};

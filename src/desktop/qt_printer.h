@@ -1,0 +1,40 @@
+#pragma once
+// The default printer. On a machine without one, each job goes to a PDF in the user's documents
+// folder.
+
+#include "controls/printer.h"
+
+#include <QPainter>
+#include <QPrinter>
+
+#include <functional>
+#include <memory>
+
+class QtPrinter final : public Printer {
+public:
+    /// `printedTo` hears of each job that went to a file, or of a file that couldn't be written.
+    explicit QtPrinter(std::function<void(Text message)> printedTo);
+    ~QtPrinter() override;
+
+    void SetFont(Font const& font) override;
+    float ScaleLeft() const override { return 0; }
+    float ScaleWidth() const override;
+    float CurrentX() const override { return m_x; }
+    void SetCurrentX(float x) override { m_x = x; }
+    void SetCurrentY(float y) override { m_y = y; }
+    float TextWidth(TextView text) const override;
+    void Print(TextView text) override;
+    void EndLine() override;
+    void EndDoc() override;
+
+private:
+    QPrinter& Device() const;
+    float LineHeight() const;
+    void Begin();
+
+    std::function<void(Text message)> m_printedTo;
+    mutable std::unique_ptr<QPrinter> m_device; // made when it is first asked for anything
+    std::unique_ptr<QPainter> m_painter; // while a job is under way
+    Font m_font;
+    float m_x = 0, m_y = 0;
+};

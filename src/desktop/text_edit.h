@@ -1,0 +1,39 @@
+#pragma once
+// The widget of every text of more than one line: takes and gives plain text only, and counts as
+// the model does, where a line end is two characters.
+
+#include <QTextEdit>
+
+#include "base/text.h"
+
+#include <functional>
+
+class TextEdit final : public QTextEdit {
+public:
+    explicit TextEdit(QWidget* parent);
+
+    /// The whole text with CR LF line ends.
+    Text WholeText() const;
+    /// The model's offset of a position in the document, and the other way; both in logarithmic
+    /// time.
+    int ToOffset(int position) const;
+    int ToPosition(int offset) const;
+
+    /// Brings the line in which the position stands to the top, also where the text ends before the
+    /// page is full.
+    void BringToTop(int position);
+
+    std::function<void()> resized; ///< behind each change of size, and when the widget comes up
+
+protected:
+    QMimeData* createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(QMimeData const* source) const override;
+    void insertFromMimeData(QMimeData const* source) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+};
+
+/// A text without line ends as it can stand in a document: the few characters that would part or
+/// hide it give way to blanks.
+QString ForDocument(TextView text);

@@ -1,0 +1,229 @@
+// The host as a whole: what is mirrored when, focus, keys, windows that can't be acted on.
+
+#include "controls/input.h"
+#include "desktop/desktop_bench.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+TEST_F(DesktopTest, HideAndShowInOneHandlerNeverReachTheWidget)
+{
+    struct Watch final : QObject {
+        int hides = 0;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            hides += event->type() == QEvent::Hide;
+            return false;
+        }
+    } watch;
+    form.onNext = [this] {
+        form.answer.Visible = false;
+        form.answer.Visible = true;
+        form.lamp.Visible = false;
+    };
+    Open();
+    Shown(form.answer).installEventFilter(&watch);
+    Click(form.next);
+    EXPECT_EQ(watch.hides, 0);
+    EXPECT_FALSE(Shown(form.lamp).isVisible());
+}
+
+TEST_F(DesktopTest, ABusyFormTakesNothing)
+{
+    form.onNext = [this] {
+        QTimer::singleShot(0, &host, [this] {
+            ClickByWindow(form.tick);
+            QTest::keyClicks(&Shown(form.line), "lost");
+            Shown(form).close();
+        });
+        QTest::qWait(12);
+        for (int i = 0; i < 2000; ++i)
+            host.turns.Give();
+        form.line.Text = u"kept";
+    };
+    Open();
+    Click(form.next);
+    EXPECT_EQ(form.tick.Value, 0);
+    EXPECT_EQ(Shown<QLineEdit>(form.line).text(), "kept");
+    EXPECT_TRUE(form.IsLoaded());
+    EXPECT_EQ(form.TakeLog(), "-Text1, +Command1, next clicked");
+    Click(form.tick);
+    EXPECT_EQ(form.tick.Value, 1);
+}
+
+TEST_F(DesktopTest, TurnsShowWhatALongHandlerDoes)
+{
+    QString seen;
+    form.onNext = [&] {
+        form.name.Caption = u"half";
+        QTest::qWait(12);
+        for (int i = 0; i < 2000; ++i)
+            host.turns.Give();
+        seen = Shown<QLabel>(form.name).text();
+    };
+    Open();
+    Click(form.next);
+    EXPECT_EQ(seen, "half");
+}
+
+TEST_F(DesktopTest, TabFollowsTheModelsOrder)
+{
+    Open();
+    std::vector<Control*> const order { &form.answer, &form.line, &form.next, &form.tick,
+        &form.lamp, &form.bar, &form.tree, &form.list, &form.passage };
+    for (Control* control : order) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(form.Focus(), control);
+        EXPECT_EQ(QApplication::focusWidget(), &Shown(*control));
+    }
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(form.Focus(), &form.list);
+}
+
+TEST_F(DesktopTest, HidingTheFocusedControlMovesTheFocusOn)
+{
+    form.onNext = [this] { form.next.Visible = false; };
+    Open();
+    Click(form.next);
+    EXPECT_EQ(form.TakeLog(), "-Text1, +Command1, next clicked, -Command1, +Check1");
+    EXPECT_EQ(QApplication::focusWidget(), &Shown(form.tick));
+}
+
+TEST_F(DesktopTest, EnterAndEscapePressTheFormsButtons)
+{
+    form.next.Default = true;
+    form.next.Cancel = true;
+    Open();
+    struct Row {
+        Control& control;
+        Qt::Key key;
+        char const* log;
+    } const rows[] = {
+        { form.line, Qt::Key_Return, "next clicked, line key up 13" },
+        { form.passage, Qt::Key_Return, "next clicked" },
+        { form.answer, Qt::Key_Return, "answer changed" },
+        { form.answer, Qt::Key_Escape, "next clicked" },
+        { form.tree, Qt::Key_Return, "" },
+        { form.lamp, Qt::Key_Return, "lamp clicked" },
+        { form.lamp, Qt::Key_Space, "lamp clicked" },
+        { form.next, Qt::Key_Return, "next clicked" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.control.Name());
+        row.control.SetFocus();
+        host.HandlersEnded();
+        form.TakeLog();
+        QTest::keyClick(QApplication::focusWidget(), row.key);
+        EXPECT_EQ(form.TakeLog(), row.log);
+    }
+}
+
+class frmPlain final : public Form {
+public:
+    explicit frmPlain(Screen& screen)
+        : Form(screen, "frmPlain", u"Plain", 3000, 2000)
+    {
+        opensAs = WindowState::Normal;
+        centred = true;
+        ok.Click = [this] { Unload(*this); };
+    }
+    void Form_KeyPress(char16_t character) override { pressed += character; }
+    Text pressed;
+    CommandButton ok { *this, *this, "OK", { 100, 100, 900, 300 }, u"OK" };
+};
+
+TEST_F(DesktopTest, KeysGoToAFormWithoutFocus)
+{
+    frmPlain plain(screen);
+    plain.ok.Enabled = false;
+    Open();
+    plain.Show();
+    Settle();
+    QTest::keyClick(Shown(plain).windowHandle(), Qt::Key_A);
+    QTest::keyClick(Shown(plain).windowHandle(), Qt::Key_B);
+    EXPECT_EQ(plain.pressed, u"ab");
+    Unload(plain);
+}
+
+TEST_F(DesktopTest, AModalFormHoldsItsCallerUntilItIsGone)
+{
+    frmPlain plain(screen);
+    form.onNext = [&] {
+        QTimer::singleShot(0, &host, [&] {
+            Settle();
+            EXPECT_TRUE(Shown(plain).isModal());
+            ClickByWindow(form.tick);
+            EXPECT_EQ(form.tick.Value, 0);
+            Click(plain.ok);
+        });
+        plain.ShowModal();
+        EXPECT_FALSE(plain.IsLoaded());
+        form.name.Caption = u"after";
+    };
+    Open();
+    Click(form.next);
+    Settle();
+    EXPECT_EQ(Shown<QLabel>(form.name).text(), "after");
+    EXPECT_EQ(screen.Active(), &form);
+    EXPECT_EQ(QApplication::activeWindow(), &Shown(form));
+}
+
+TEST_F(DesktopTest, WindowAndFormAgreeOnSizeAndClosing)
+{
+    frmPlain plain(screen);
+    Open();
+    plain.Show();
+    Settle();
+    auto& window = Shown(plain);
+    EXPECT_EQ(Pixels(plain.ScaleWidth), 200);
+    EXPECT_EQ(window.size(), QSize(200, Pixels(2000)));
+    window.resize(300, 250);
+    Settle();
+    EXPECT_EQ(plain.ScaleWidth, 4500);
+    plain.Height = plain.Height - 750;
+    host.HandlersEnded();
+    Settle();
+    EXPECT_EQ(window.size(), QSize(300, 200));
+    EXPECT_EQ(plain.ScaleHeight, 3000);
+    window.close();
+    EXPECT_FALSE(plain.IsLoaded());
+    EXPECT_TRUE(form.IsLoaded());
+}
+
+TEST_F(DesktopTest, AMessageTakesTheFocusForItsTime)
+{
+    Open();
+    QTimer::singleShot(0, &host, [&] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        EXPECT_EQ(box->text(), "<b>plain</b>");
+        EXPECT_EQ(form.TakeLog(), "-Text1");
+        box->accept();
+    });
+    screen.Message(u"<b>plain</b>");
+    EXPECT_EQ(form.TakeLog(), "+Text1");
+}
+
+TEST_F(DesktopTest, MeasuresTextAsALabelShowsIt)
+{
+    Open();
+    Text const texts[] = { u"one", u"several words that need more than a single line of the label",
+        u"two\r\n\r\n" };
+    for (auto const& text : texts) {
+        QLabel label;
+        label.setFont(QFont("MS Sans Serif"));
+        auto font = label.font();
+        font.setPointSizeF(8.25);
+        label.setFont(font);
+        label.setWordWrap(true);
+        label.setMargin(0);
+        label.setText(QString::fromStdU16String(text).remove('\r'));
+        auto const size = host.MeasureText({ u"MS Sans Serif", 8.25F, false }, text, 2000);
+        EXPECT_GE(size.height, static_cast<float>(label.heightForWidth(133)) * 15) << ToUtf8(text);
+        EXPECT_LE(size.width, 2000);
+    }
+    EXPECT_LT(host.MeasureText({}, u"a", 0).height, host.MeasureText({}, u"a\r\n", 0).height);
+}

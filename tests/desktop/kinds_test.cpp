@@ -1,0 +1,182 @@
+// Each kind of control: what the model sets is shown, what the user does arrives.
+
+#include "desktop/desktop_bench.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTextEdit>
+#include <QTreeView>
+
+TEST_F(DesktopTest, EveryWidgetBearsItsControlsNameAndPlace)
+{
+    form.lamp.ToolTipText = u"Answers";
+    Open();
+    for (Control* control : form.Controls()) {
+        if (dynamic_cast<ImageList*>(control) || dynamic_cast<Timer*>(control)
+            || dynamic_cast<Menu*>(control) || dynamic_cast<MenuEntry*>(control))
+            continue;
+        SCOPED_TRACE(control->Name());
+        auto& widget = Shown(*control);
+        EXPECT_EQ(widget.accessibleDescription().toStdString(), control->Name());
+        EXPECT_EQ(widget.x(), Pixels(control->Left));
+        EXPECT_EQ(widget.width(), Pixels(control->Width));
+        EXPECT_TRUE(widget.isVisible());
+    }
+    EXPECT_EQ(Shown(form.passage).accessibleName(), "Scripture");
+    EXPECT_EQ(Shown(form.name).accessibleName(), "");
+}
+
+TEST_F(DesktopTest, ClicksTakeTheFocusFirst)
+{
+    Open();
+    struct Row {
+        Control& control;
+        char const* log;
+    } const rows[] = {
+        { form.answer, "-Text1, +Text3" },
+        { form.next, "-Text3, +Command1, next clicked" },
+        { form.tick, "-Command1, +Check1, tick clicked" },
+        { form.lamp, "lamp clicked" },
+        { form.name, "name clicked" },
+        { form.bar, "-Check1, +ctlScrollbar, bar changed 1" }, // in the trough
+        { form, "form clicked" },
+    };
+    EXPECT_EQ(form.Focus(), &form.passage);
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.control.Name());
+        if (&row.control == &form)
+            QTest::mouseClick(Shown(form).childAt(20, 390), Qt::LeftButton, {}, { 20, 390 });
+        else
+            ClickByWindow(row.control);
+        EXPECT_EQ(form.TakeLog(), row.log);
+    }
+    EXPECT_EQ(form.tick.Value, 1);
+    EXPECT_TRUE(Shown<QCheckBox>(form.tick).isChecked());
+}
+
+TEST_F(DesktopTest, AssignmentsShowAndAreNoActions)
+{
+    Open();
+    form.tick.Value = 1;
+    form.list.ListIndex = 1;
+    form.bar.Value = 7;
+    form.line.Text = u"John 3";
+    form.next.Caption = u"Finish";
+    form.name.Enabled = false;
+    form.answer.Text = u"one\r\ntwo";
+    form.TakeLog();
+    host.HandlersEnded();
+    EXPECT_TRUE(Shown<QCheckBox>(form.tick).isChecked());
+    EXPECT_EQ(Shown<QComboBox>(form.list).currentText(), "second");
+    EXPECT_EQ(Shown<QScrollBar>(form.bar).value(), 7);
+    EXPECT_EQ(Shown<QLineEdit>(form.line).text(), "John 3");
+    EXPECT_EQ(Shown<QPushButton>(form.next).text(), "Finish");
+    EXPECT_FALSE(Shown(form.name).isEnabled());
+    EXPECT_EQ(Shown<QTextEdit>(form.answer).toPlainText(), "one\ntwo");
+    EXPECT_EQ(form.TakeLog(), "");
+}
+
+TEST_F(DesktopTest, ScrollBarStepsDragsAndWheels)
+{
+    form.bar.Max = 50;
+    form.bar.LargeChange = 10;
+    Open();
+    auto& bar = Shown<QScrollBar>(form.bar);
+    bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+    EXPECT_EQ(form.TakeLog(), "-Text1, +ctlScrollbar, bar changed 10");
+    bar.setSliderDown(true);
+    bar.setSliderPosition(20);
+    bar.setSliderPosition(30);
+    bar.setSliderDown(false);
+    EXPECT_EQ(form.TakeLog(), "bar scrolled 20, bar scrolled 30, bar changed 30");
+    QTest::keyClick(&bar, Qt::Key_End);
+    EXPECT_EQ(form.TakeLog(), "bar scrolled 50, bar changed 50");
+    form.bar.SmallChange = 3;
+    QWheelEvent wheel(
+        { 5, 5 }, bar.mapToGlobal(QPointF(5, 5)), {}, { 0, 120 }, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&bar, &wheel);
+    EXPECT_EQ(form.TakeLog(), "bar changed 47");
+    EXPECT_EQ(bar.value(), 47);
+}
+
+TEST_F(DesktopTest, TreeFollowsItsNodesAndReportsClicksAndSigns)
+{
+    Node& first = form.tree.Add(u"a", u"First");
+    first.SetExpanded(true);
+    form.tree.Add(first, u"a1", u"Child").SetImage(u"book");
+    Open(); // loading empties the tree
+    Node& book = form.tree.Add(u"a", u"First");
+    host.HandlersEnded();
+    Node& chapter = form.tree.Add(book, u"a1", u"Child");
+    chapter.SetImage(u"book");
+    host.HandlersEnded();
+
+    auto& tree = Shown<QTreeView>(form.tree);
+    auto& model = *tree.model();
+    auto const top = model.index(0, 0);
+    ASSERT_EQ(model.rowCount(top), 1);
+    EXPECT_FALSE(tree.isExpanded(top));
+    EXPECT_FALSE(model.index(0, 0, top).data(Qt::DecorationRole).value<QIcon>().isNull());
+
+    tree.setExpanded(top, true); // as its sign does
+    EXPECT_TRUE(book.Expanded());
+    form.TakeLog();
+    auto const place = tree.visualRect(model.index(0, 0, top)).center();
+    for (int i = 0; i < 2; ++i) // on what is selected already, too
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(form.TakeLog(), "node clicked a1, node clicked a1");
+    EXPECT_EQ(form.tree.Selected(), &chapter);
+
+    QTest::keyClick(&tree, Qt::Key_Up);
+    EXPECT_EQ(form.tree.Selected(), &book);
+    EXPECT_EQ(form.TakeLog(), "");
+    QTest::keyClick(&tree, Qt::Key_Return);
+    EXPECT_EQ(form.TakeLog(), "node clicked a");
+    form.tree.Clear();
+    host.HandlersEnded();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST_F(DesktopTest, TreeTakesManyNodesQuickly)
+{
+    Open();
+    auto const start = std::chrono::steady_clock::now();
+    for (int book = 0; book < 1000; ++book) {
+        Node& parent = form.tree.Add(FromNumber(book), u"Book");
+        for (int chapter = 0; chapter < 60; ++chapter)
+            form.tree.Add(parent, FromNumber(book) + u"." + FromNumber(chapter), u"Chapter");
+    }
+    auto const made = std::chrono::steady_clock::now();
+    host.HandlersEnded();
+    Settle();
+    std::chrono::duration<double, std::milli> const build = made - start;
+    std::chrono::duration<double, std::milli> const show = std::chrono::steady_clock::now() - made;
+    std::printf("61,000 nodes: made in %.1f ms, shown in %.1f ms\n", build.count(), show.count());
+    EXPECT_EQ(Shown<QTreeView>(form.tree).model()->rowCount(), 1000);
+}
+
+TEST_F(DesktopTest, ListChoiceArrives)
+{
+    Open();
+    auto& list = Shown<QComboBox>(form.list);
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(form.list.ListIndex, 0);
+    EXPECT_EQ(form.TakeLog(), "-Text1, +cboVersion, list chosen");
+}
+
+TEST_F(DesktopTest, TimerTicksWhileItIsOn)
+{
+    int ticks = 0;
+    form.timer.Tick = [&] { form.timer.Enabled = ++ticks < 3; };
+    Open();
+    QTest::qWait(30);
+    EXPECT_EQ(ticks, 0);
+    form.timer.Enabled = true;
+    host.HandlersEnded();
+    QTest::qWait(120);
+    EXPECT_EQ(ticks, 3);
+}

@@ -1,0 +1,206 @@
+// Boxes with text: offsets, typing, increments, the line at the top.
+
+#include "desktop/desktop_bench.h"
+#include "desktop/text_edit.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QTextBlock>
+
+TEST_F(DesktopTest, OffsetsCountTwoForALineEnd)
+{
+    Open();
+    form.answer.Text = u"ab\r\n\r\ncd";
+    host.HandlersEnded();
+    auto& box = Shown<TextEdit>(form.answer);
+    for (auto const& [offset, position] :
+        { std::pair { 0, 0 }, { 2, 2 }, { 4, 3 }, { 6, 4 }, { 8, 6 } }) {
+        EXPECT_EQ(box.ToPosition(offset), position);
+        EXPECT_EQ(box.ToOffset(position), offset);
+    }
+}
+
+TEST_F(DesktopTest, TypingArrivesWithCaretAndLineEnds)
+{
+    Open();
+    Click(form.answer);
+    form.TakeLog();
+    auto& box = Shown<TextEdit>(form.answer);
+    QTest::keyClicks(&box, "ab");
+    QTest::keyClick(&box, Qt::Key_Return);
+    QTest::keyClick(&box, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(&box, "c");
+    EXPECT_EQ(form.answer.Text(), u"ab\r\n\r\nc");
+    EXPECT_EQ(form.answer.SelStart, 7);
+    EXPECT_EQ(form.TakeLog(),
+        "answer changed, answer changed, answer changed, answer changed, answer changed");
+    QTest::keyClick(&box, Qt::Key_Left, Qt::ShiftModifier);
+    QTest::keyClick(&box, Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(form.answer.SelStart, 4);
+    EXPECT_EQ(form.answer.SelLength, 3);
+    EXPECT_EQ(form.TakeLog(), "");
+
+    Click(form.line);
+    QTest::keyClicks(&Shown(form.line), "Jn");
+    QTest::keyClick(&Shown(form.line), Qt::Key_Return);
+    EXPECT_EQ(form.line.Text(), u"Jn");
+    EXPECT_EQ(form.TakeLog(), "-Text3, line key up 74, line key up 78, line key up 13");
+}
+
+TEST_F(DesktopTest, UndoNeverBringsBackATextThatTheProgramReplaced)
+{
+    Open();
+    Click(form.answer);
+    auto& box = Shown<TextEdit>(form.answer);
+    QTest::keyClicks(&box, "old");
+    box.undo();
+    EXPECT_EQ(form.answer.Text(), u"");
+    QTest::keyClicks(&box, "page one");
+    form.answer.Text = u"page two";
+    host.HandlersEnded();
+    box.undo();
+    EXPECT_EQ(form.answer.Text(), u"page two");
+    EXPECT_EQ(box.toPlainText(), "page two");
+}
+
+TEST_F(DesktopTest, ChangeHandlerMayReplaceWhatIsBeingTyped)
+{
+    form.answer.Change = [this] {
+        if (form.answer.Text() == u"x")
+            form.answer.Text = u"whole";
+    };
+    Open();
+    Click(form.answer);
+    QTest::keyClicks(&Shown(form.answer), "x");
+    EXPECT_EQ(Shown<TextEdit>(form.answer).toPlainText(), "whole");
+}
+
+TEST_F(DesktopTest, PastesPlainTextAlone)
+{
+    form.copy.Enabled = false;
+    Open();
+    auto* const rich = new QMimeData;
+    rich->setHtml("<b>bold</b>");
+    rich->setText("plain\nlines");
+    QApplication::clipboard()->setMimeData(rich);
+    Click(form.answer);
+    QTest::keyClick(&Shown(form.answer), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form.answer.Text(), u"plain\r\nlines");
+    EXPECT_EQ(host.ClipboardText(), u"plain\r\nlines");
+}
+
+TEST_F(DesktopTest, ShortcutGoesToTheEnabledEntryElseToTheBox)
+{
+    form.passage.Text = u"In the beginning";
+    Open();
+    auto& box = Shown<TextEdit>(form.passage);
+    Click(form.passage);
+    box.selectAll();
+    EXPECT_EQ(form.passage.SelLength, 16);
+    for (bool const enabled : { true, false }) {
+        form.copy.Enabled = enabled;
+        host.HandlersEnded();
+        host.SetClipboardText(u"");
+        form.TakeLog();
+        QTest::keyClick(box.window()->windowHandle(), Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(form.TakeLog(), enabled ? "copy clicked" : "");
+        EXPECT_EQ(host.ClipboardText(), enabled ? u"" : u"In the beginning");
+    }
+}
+
+TEST_F(DesktopTest, FormatsReachTheDocument)
+{
+    Open();
+    form.passage.SelHangingIndent = 210;
+    form.passage.SelCharOffset = 35;
+    form.passage.SelFontSize = 4;
+    form.passage.ReplaceSelection(u"12");
+    form.passage.SelCharOffset = 0;
+    form.passage.SelFontSize = 8;
+    form.passage.SelBold = true;
+    form.passage.ReplaceSelection(u"text\r\n");
+    host.HandlersEnded();
+    form.passage.ReplaceSelection(u"more");
+    host.HandlersEnded();
+    auto& box = Shown<TextEdit>(form.passage);
+    auto const block = box.document()->firstBlock();
+    EXPECT_EQ(block.text(), "12text");
+    EXPECT_EQ(block.blockFormat().leftMargin(), 14);
+    EXPECT_EQ(block.blockFormat().textIndent(), -14);
+    auto const number = block.begin().fragment().charFormat();
+    EXPECT_EQ(number.fontPointSize(), 4);
+    EXPECT_NEAR(
+        number.baselineOffset() / 100 * QFontMetricsF(number.font()).height(), 35 / 15.0, 0.01);
+    EXPECT_EQ(block.next().text(), "more");
+    EXPECT_TRUE(block.next().begin().fragment().charFormat().font().bold());
+}
+
+class PassageTest : public DesktopTest {
+protected:
+    /// Verses with a heading before every tenth; gives where the headings start.
+    std::vector<int> Fill(int verses)
+    {
+        std::vector<int> headings;
+        for (int i = 0; i < verses; ++i) {
+            form.passage.SelStart = form.passage.Length();
+            if (i % 10 == 0) {
+                headings.push_back(form.passage.Length());
+                form.passage.SelBold = true;
+                form.passage.ReplaceSelection(u"Heading\r\n\r\n");
+            }
+            form.passage.SelBold = false;
+            form.passage.ReplaceSelection(
+                u"And it came to pass in those days that a long verse wrapped.\r\n\r\n");
+        }
+        return headings;
+    }
+};
+
+TEST_F(PassageTest, HeadingStandsExactlyInTheTopLine)
+{
+    Open();
+    auto const headings = Fill(120);
+    host.HandlersEnded();
+    auto& box = Shown<TextEdit>(form.passage);
+    auto const top = [&] { return box.verticalScrollBar()->value(); };
+    for (int const heading : { headings[4], headings.back(), headings[0], headings[4] }) {
+        form.passage.TopOffset = heading;
+        host.HandlersEnded();
+        auto const block = box.document()->findBlock(box.ToPosition(heading));
+        EXPECT_EQ(block.text(), "Heading");
+        auto const y = heading == 0
+            ? 0
+            : qRound(box.document()->documentLayout()->blockBoundingRect(block).top());
+        EXPECT_EQ(top(), y);
+    }
+    int const kept = top();
+    box.verticalScrollBar()->setValue(0);
+    form.passage.TopOffset = headings[4]; // the same again
+    host.HandlersEnded();
+    EXPECT_EQ(top(), kept);
+}
+
+TEST_F(PassageTest, LongTextOpensQuicklyAndGrowsByWhatIsAppended)
+{
+    Open();
+    Fill(3000);
+    auto const start = std::chrono::steady_clock::now();
+    host.HandlersEnded();
+    auto const filled = std::chrono::steady_clock::now();
+    auto* const document = Shown<TextEdit>(form.passage).document();
+    for (int i = 0; i < 10; ++i) {
+        form.passage.SelStart = form.passage.Length();
+        form.passage.ReplaceSelection(u"one more\r\n");
+        host.HandlersEnded();
+    }
+    std::chrono::duration<double, std::milli> const fill = filled - start;
+    std::chrono::duration<double, std::milli> const more
+        = std::chrono::steady_clock::now() - filled;
+    std::printf(
+        "3,000 verses: shown in %.1f ms, ten more in %.2f ms\n", fill.count(), more.count());
+    EXPECT_EQ(Shown<TextEdit>(form.passage).document(), document);
+    EXPECT_EQ(Shown<TextEdit>(form.passage).WholeText(), form.passage.Text());
+}
