@@ -59,25 +59,34 @@ bool NeedsTidying(std::string_view body)
 
 enum class Blanks { Single, All };
 
+/// True if a line feed behind this text makes a second line end in a row.
+bool EndsALineAndBeginsOne(TextView text)
+{
+    return text.size() >= 3 && text.ends_with(u'\r') && text[text.size() - 2] == u'\n'
+        && text[text.size() - 3] == u'\r';
+}
+
 /// Makes runs of slashes, line ends and, if told so, blanks one, and tabs blanks. Each is about
 /// characters of its own, so one pass over the text does what replacing until nothing is found
 /// would do.
 void Tidy(Text& text, Blanks blanks)
 {
-    std::size_t end = 0;
+    char16_t const alsoSingle = blanks == Blanks::Single ? u' ' : u'/';
+    char16_t* const start = text.data();
+    char16_t* end = start;
+    char16_t previous = 0;
     for (char16_t character : text) {
         if (character == u'\t')
             character = u' ';
-        bool const single = character == u'/' || (character == u' ' && blanks == Blanks::Single);
-        if (single && end > 0 && text[end - 1] == character)
+        if (character == previous && (character == u'/' || character == alsoSingle))
             continue;
-        if (character == u'\n' && end >= 3 && TextView(text).substr(end - 3, 3) == u"\r\n\r") {
+        previous = character;
+        if (character == u'\n' && EndsALineAndBeginsOne({ start, end }))
             --end;
-            continue;
-        }
-        text[end++] = character;
+        else
+            *end++ = character;
     }
-    text.resize(end);
+    text.resize(static_cast<std::size_t>(end - start));
 }
 
 void TrimInPlace(Text& text)
