@@ -111,8 +111,11 @@ int main(int count, char** arguments)
         RegisterFew(name, OneLine, line);
         RegisterFew(name + ", floor", OneLineFloor, line);
     }
-    RegisterFew("book names, none in 1 MB", Names, FromCodePage(Prose(1'000'000)));
-    RegisterFew("book names, 100,000", Names, FromCodePage(Repeated("see Jn. 3 ", 100'000)));
+    auto const prose = Prose(10'000);
+    RegisterFew("book names, none", Names, FromCodePage(prose));
+    RegisterFew("book names, none, floor", OneLineFloor, prose);
+    auto const references = Repeated("see Jn. 3 ", 1'000);
+    RegisterFew("book names, many", Names, FromCodePage(references));
 
     benchmark::Initialize(&count, arguments);
     RatioReporter reporter;
@@ -120,4 +123,5 @@ int main(int count, char** arguments)
     reporter.PrintRatio("scrambled lines", "scrambled lines, floor", atMost);
     for (auto const& [name, line] : longLines)
         reporter.PrintRatio(name, name + ", floor", atMost);
+    reporter.PrintRatio("book names, none", "book names, none, floor", atMost);
 }
