@@ -2,6 +2,7 @@
 
 #include "study/lesson_file.h"
 
+#include "base/code_page.h"
 #include "page_examples.h"
 #include "study/general_texts.h"
 #include "support/memory_file_system.h"
@@ -201,6 +202,17 @@ TEST(LessonFile, EveryFileCutOffOrReadToAFailureIsALessonOrAFailure)
             break;
         ASSERT_TRUE(read.ends_with("it can't be read.")) << call << ": " << read;
     }
+}
+
+TEST(LessonFile, PagesHoldAnyCharacterAndAnyLength)
+{
+    std::string const page = "1. " + std::string(1'000'000, 'x') + std::string(2, '\0') + "\ry";
+    Turns turns;
+    auto const files = StudyOf("I", page + "\n[a\rb]\n-");
+    auto const block = ParseLessonBlock(files, u"a-1.dat:1", turns);
+    ASSERT_TRUE(block);
+    EXPECT_EQ(block->body.pages.front(), FromCodePage(page));
+    EXPECT_EQ(block->body.answers.front(), u"a\rb");
 }
 
 TEST(LessonFile, TheReaderGoesAsFarAsItIsAsked)
