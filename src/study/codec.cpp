@@ -45,16 +45,21 @@ constexpr auto kinds = [] {
 /// False for almost every line, which is then as tidy as can be but for the blanks at its ends.
 bool NeedsTidying(std::string_view body)
 {
-    unsigned pairs = 0;
-    unsigned seen = 0;
+    static constexpr std::size_t stretch = 256; // Long untidy lines show early what they are.
     unsigned previous = 0;
-    for (char const byte : body) {
-        unsigned const kind = kinds[static_cast<unsigned char>(byte)];
-        pairs |= kind & previous;
-        seen |= kind;
-        previous = kind;
+    for (std::size_t start = 0; start < body.size(); start += stretch) {
+        unsigned pairs = 0;
+        unsigned seen = 0;
+        for (char const byte : body.substr(start, stretch)) {
+            unsigned const kind = kinds[static_cast<unsigned char>(byte)];
+            pairs |= kind & previous;
+            seen |= kind;
+            previous = kind;
+        }
+        if ((pairs & (slash | blank)) != 0 || (seen & (tab | lineFeed)) != 0)
+            return true;
     }
-    return (pairs & (slash | blank)) != 0 || (seen & (tab | lineFeed)) != 0;
+    return false;
 }
 
 enum class Blanks { Single, All };
