@@ -6,10 +6,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// The floor's touch of each byte: its conversion to 16 bits. `to` holds as many characters.
@@ -20,21 +22,35 @@ inline void ConvertEach(std::string_view bytes, char16_t* to)
     benchmark::ClobberMemory();
 }
 
-/// Prints as usual and keeps the fastest time of each benchmark.
-class RatioReporter : public benchmark::ConsoleReporter {
+/// Registers a benchmark that runs a few times for a short while: the fastest run counts, and a
+/// machine with other work to do leaves at least one of them alone.
+template <class... Arguments> void RegisterFew(std::string const& name, Arguments&&... arguments)
+{
+    benchmark::RegisterBenchmark(name.c_str(), std::forward<Arguments>(arguments)...)
+        ->Repetitions(7)
+        ->MinTime(0.05)
+        ->UseRealTime();
+}
+
+/// Prints the fastest time of each benchmark, with its counters.
+class RatioReporter : public benchmark::BenchmarkReporter {
 public:
+    bool ReportContext(Context const&) override { return true; }
+
     void ReportRuns(std::vector<Run> const& runs) override
     {
         for (auto const& run : runs) {
-            if (run.run_type != Run::RT_Iteration || run.error_occurred)
+            if (run.run_type != Run::RT_Iteration)
                 continue;
-            auto const time = run.real_accumulated_time / static_cast<double>(run.iterations);
-            auto& best = m_times.try_emplace(run.run_name.str(), time).first->second;
-            best = std::min(best, time);
+            if (run.error_occurred)
+                std::printf(
+                    "%s: %s\n", run.run_name.function_name.c_str(), run.error_message.c_str());
+            else
+                Keep(run);
         }
-        ConsoleReporter::ReportRuns(runs);
     }
 
+    /// Says how often the benchmark takes as long as its floor.
     void PrintRatio(std::string const& name, std::string const& floor, double atMost) const
     {
         if (!m_times.contains(name) || !m_times.contains(floor))
@@ -44,12 +60,20 @@ public:
             ratio <= atMost ? "met" : "MISSED");
     }
 
-    /// The time of one benchmark in seconds; 0 if it didn't run.
-    double Time(std::string const& name) const
+private:
+    void Keep(Run const& run)
     {
-        return m_times.contains(name) ? m_times.at(name) : 0;
+        auto const& name = run.run_name.function_name;
+        auto const time = run.real_accumulated_time / static_cast<double>(run.iterations);
+        auto& best = m_times.try_emplace(name, time).first->second;
+        best = std::min(best, time);
+        if (run.repetition_index + 1 < run.repetitions)
+            return;
+        std::printf("%-40s %12.1f us", name.c_str(), best * 1e6);
+        for (auto const& [counter, value] : run.counters)
+            std::printf("  %s %.1f", counter.c_str(), value.value);
+        std::printf("\n");
     }
 
-private:
     std::map<std::string, double> m_times; // seconds
 };

@@ -56,7 +56,7 @@ QModelIndex NodeModel::IndexOf(Node const& node) const
     return createIndex(node.Row(), 0, &node);
 }
 
-std::vector<Node*> const& NodeModel::ChildrenOf(Node const* node) const
+std::pmr::vector<Node*> const& NodeModel::ChildrenOf(Node const* node) const
 {
     return node ? node->Children() : m_tree.Roots();
 }
@@ -108,7 +108,7 @@ static std::size_t PlaceOf(std::vector<ImageList::Entry> const& entries, NodeIma
         return *place > 0 && static_cast<std::size_t>(*place) <= entries.size()
             ? static_cast<std::size_t>(*place)
             : 0;
-    auto const key = ToUtf8(std::get<Text>(image));
+    std::string_view const key = std::get<char const*>(image);
     for (std::size_t i = 0; i < entries.size(); ++i)
         if (!key.empty() && entries[i].key == key)
             return i + 1;

@@ -31,7 +31,7 @@ public:
 private:
     void TakeAnew();
     void TakeRest();
-    std::vector<Node*> const& ChildrenOf(Node const* node) const;
+    std::pmr::vector<Node*> const& ChildrenOf(Node const* node) const;
     QIcon IconOf(Node const& node) const;
 
     TreeView& m_tree;

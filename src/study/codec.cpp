@@ -29,55 +29,56 @@ constexpr auto letterAlphabets = [] {
     return alphabets;
 }();
 
+constexpr Alphabet plainAlphabet = AlphabetOf('a');
+
 /// Kinds of bytes that tidying is about. No letter is ever decoded into one of them, nor one of
 /// them into anything else.
 enum Kind : unsigned char { other = 0, slash = 1, blank = 2, tab = 4, lineFeed = 8 };
 
 constexpr auto kinds = [] {
-    std::array<Kind, 256> table {};
+    std::array<unsigned char, 256> table {};
     table['/'] = slash;
     table[' '] = blank;
-    table['\t'] = tab;
+    table['\t'] = tab | blank; // It will be one.
     table['\n'] = lineFeed;
     return table;
 }();
 
-/// False for almost every line, which is then as tidy as can be but for the blanks at its ends.
-bool NeedsTidying(std::string_view body)
-{
-    unsigned pairs = 0;
-    unsigned seen = 0;
-    unsigned previous = 0;
-    for (char const byte : body) {
-        unsigned const kind = kinds[static_cast<unsigned char>(byte)];
-        pairs |= kind & previous;
-        seen |= kind;
-        previous = kind;
-    }
-    return (pairs & (slash | blank)) != 0 || (seen & (tab | lineFeed)) != 0;
-}
-
 enum class Blanks { Single, All };
 
-/// Makes runs of slashes, line ends and, if told so, blanks one, and tabs blanks. Each is about
-/// characters of its own, so one pass over the text does what replacing until nothing is found
-/// would do.
-void Tidy(Text& text, Blanks blanks)
+/// True if a line feed behind this text makes a second line end in a row.
+bool EndsALineAndBeginsOne(TextView text)
 {
-    std::size_t end = 0;
-    for (char16_t character : text) {
-        if (character == u'\t')
-            character = u' ';
-        bool const single = character == u'/' || (character == u' ' && blanks == Blanks::Single);
-        if (single && end > 0 && text[end - 1] == character)
-            continue;
-        if (character == u'\n' && end >= 3 && TextView(text).substr(end - 3, 3) == u"\r\n\r") {
-            --end;
+    return text.size() >= 3 && text.ends_with(u'\r') && text[text.size() - 2] == u'\n'
+        && text[text.size() - 3] == u'\r';
+}
+
+/// From a place on in a text that is tidy up to there, makes runs of slashes, line ends and, if
+/// told so, blanks one, and tabs blanks. Each is about characters of its own, so one pass over the
+/// text does what replacing until nothing is found would do.
+void Tidy(Text& text, std::size_t from, Blanks blanks)
+{
+    char16_t const alsoSingle = blanks == Blanks::Single ? u' ' : u'/';
+    char16_t* const start = text.data();
+    char16_t const* next = start + from;
+    char16_t const* const last = start + text.size();
+    char16_t* end = start + from;
+    char16_t previous = from > 0 ? text[from - 1] : u'\0';
+    while (next != last) {
+        char16_t const character = *next == u'\t' ? u' ' : *next;
+        ++next;
+        if (character == previous && (character == u'/' || character == alsoSingle)) {
+            while (next != last && *next == character)
+                ++next;
             continue;
         }
-        text[end++] = character;
+        previous = character;
+        if (character == u'\n' && EndsALineAndBeginsOne({ start, end }))
+            --end;
+        else
+            *end++ = character;
     }
-    text.resize(end);
+    text.resize(static_cast<std::size_t>(end - start));
 }
 
 void TrimInPlace(Text& text)
@@ -87,39 +88,51 @@ void TrimInPlace(Text& text)
         text.erase(0, text.find_first_not_of(u' '));
 }
 
-/// Makes the line the body's text, a turn for each character given in blocks that end where one is
-/// due.
-void PutDescrambled(Text& line, std::string_view body, Alphabet const& alphabet, Turns& turns)
+/// Appends a body's text, tidied, with a turn for each byte unless `turns` is null. It goes by
+/// stretches that end where a turn is due; almost all of them are tidy as they come.
+void AppendBody(
+    Text& line, std::string_view body, Alphabet const& alphabet, Blanks blanks, Turns* turns)
 {
-    line.resize(body.size());
-    char16_t* to = line.data();
+    std::array<char16_t, 512> stretch;
+    unsigned previous = other;
     while (!body.empty()) {
-        auto const count
-            = static_cast<std::size_t>(std::min<Turns::Count>(turns.UntilDue(), body.size()));
-        for (char const byte : body.substr(0, count))
-            *to++ = codePageCharacters[alphabet[static_cast<unsigned char>(byte)]];
+        auto count = std::min(body.size(), stretch.size());
+        if (turns)
+            count = static_cast<std::size_t>(std::min<Turns::Count>(count, turns->UntilDue()));
+        unsigned pairs = 0;
+        unsigned seen = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            auto const byte = static_cast<unsigned char>(body[i]);
+            stretch[i] = codePageCharacters[alphabet[byte]];
+            unsigned const kind = kinds[byte];
+            pairs |= kind & previous;
+            seen |= kind;
+            previous = kind;
+        }
+        auto const from = line.size();
+        line.append(stretch.data(), count);
+        if ((pairs & (slash | blank)) != 0 || (seen & (tab | lineFeed)) != 0)
+            Tidy(line, from, blanks);
         body.remove_prefix(count);
-        turns.GiveMany(count);
+        if (turns)
+            turns->GiveMany(count);
     }
 }
 
-/// Gives the bytes of the line that its text comes from.
-std::string_view Descramble(std::string_view raw, Turns& turns, Text& line)
+/// Makes the line the text of the raw line, tidied. `turns` may be null.
+void Decode(std::string_view raw, Blanks blanks, Turns* turns, Text& line)
 {
     line.clear();
-    if (!raw.starts_with('!')) {
-        AppendFromCodePage(line, raw);
-        return raw;
-    }
+    if (!raw.starts_with('!'))
+        return AppendBody(line, raw, plainAlphabet, blanks, nullptr);
     if (raw.size() < 3)
-        return {};
+        return;
     auto const body = raw.substr(1, raw.size() - 2);
     auto const shiftLetter = static_cast<unsigned char>(raw.back());
     if (IsLowerLetter(shiftLetter))
-        PutDescrambled(line, body, letterAlphabets[shiftLetter - 'a'], turns);
+        AppendBody(line, body, letterAlphabets[shiftLetter - 'a'], blanks, turns);
     else
-        PutDescrambled(line, body, AlphabetOf(shiftLetter), turns);
-    return body;
+        AppendBody(line, body, AlphabetOf(shiftLetter), blanks, turns);
 }
 
 } // namespace
@@ -127,9 +140,7 @@ std::string_view Descramble(std::string_view raw, Turns& turns, Text& line)
 void DecodeLine(std::string_view raw, Turns& turns, Text& line)
 {
     turns.Give();
-    auto const body = Descramble(raw, turns, line);
-    if (NeedsTidying(body))
-        Tidy(line, Blanks::Single);
+    Decode(raw, Blanks::Single, &turns, line);
     TrimInPlace(line);
 }
 
@@ -143,8 +154,6 @@ Text DecodeLine(std::string_view raw, Turns& turns)
 Text DecodeCatalogueLine(std::string_view raw)
 {
     Text line;
-    Turns none;
-    if (NeedsTidying(Descramble(raw, none, line)))
-        Tidy(line, Blanks::All);
+    Decode(raw, Blanks::All, nullptr, line);
     return line;
 }

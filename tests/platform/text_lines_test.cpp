@@ -78,7 +78,7 @@ TEST(TextLines, PartsBytesIntoLines)
         { "a\0b\n\0\n"sv, { "a\0b"s, "\0"s } },
     };
     for (auto const& row : rows)
-        for (std::size_t const block : { 1, 2, 3, 100 })
+        for (std::size_t const block : { 1u, 2u, 3u, 100u })
             EXPECT_EQ(AllLines(LinesOf(row.bytes, block)), row.lines)
                 << row.bytes << " in " << block;
 }
@@ -108,7 +108,7 @@ TEST(TextLines, CountsLinesAndNamesThemInAFailure)
 
 TEST(TextLines, WholeLinesBeforeAFailureAreRead)
 {
-    for (std::size_t const block : { 1, 3 })
+    for (std::size_t const block : { 1u, 3u })
         EXPECT_EQ(AllLines(LinesOf("a\nb\nhalf a line", block, 6)),
             (std::vector<std::string> { "a", "b", "! f.txt, line 2: the disc is scratched." }));
     EXPECT_EQ(AllLines(LinesOf("", 1, 0)),

@@ -2,7 +2,7 @@
 
 #include "study/codec.h"
 
-#include "plain_book_names.h"
+#include "plain_codec.h"
 
 #include <gtest/gtest.h>
 
@@ -115,6 +115,24 @@ TEST(Codec, LongLinesCollapseWhole)
     EXPECT_EQ(Decoded("a" + repeated(" ") + "b"), u"a b");
     EXPECT_EQ(Decoded(repeated("\r\n")), u"\r\n");
     EXPECT_EQ(Decoded("!" + repeated("bcd") + "b").size(), 300'000u) << "beyond 16 bits";
+}
+
+TEST(Codec, DecodesLikeOneReplacementAfterTheOther)
+{
+    static constexpr std::string_view pieces[]
+        = { "/", "/", " ", " ", "\t", "\r", "\n", "\r\n", "\r\n", "abc", "X",
+              "a long stretch without any of them, so that runs fall on every place" };
+    std::mt19937 random(2);
+    for (int round = 0; round < 2'000; ++round) {
+        std::string raw = round % 2 == 0 ? "!" : "";
+        for (auto length = random() % 150; length > 0; --length)
+            for (auto times = 1 + random() % 4, piece = random() % std::size(pieces); times > 0;
+                 --times)
+                raw += pieces[piece];
+        raw += "dz{\xFF"[random() % 4];
+        ASSERT_EQ(Decoded(raw), PlainlyDecoded(raw)) << round;
+        ASSERT_EQ(DecodeCatalogueLine(raw), PlainlyDecodedForTheCatalogue(raw)) << round;
+    }
 }
 
 TEST(BookNames, ExpandsAbbreviations)

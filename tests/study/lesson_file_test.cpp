@@ -2,9 +2,10 @@
 
 #include "study/lesson_file.h"
 
+#include "base/code_page.h"
 #include "page_examples.h"
 #include "study/general_texts.h"
-#include "study_files.h"
+#include "support/memory_file_system.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +26,7 @@ static std::string Dump(LessonBlock const& block)
     return ToUtf8(dump);
 }
 
-static std::string Parsed(StudyFiles const& files, TextView studyKey)
+static std::string Parsed(MemoryFileSystem const& files, TextView studyKey)
 {
     Turns turns;
     auto const block = ParseLessonBlock(files, studyKey, turns);
@@ -33,10 +34,10 @@ static std::string Parsed(StudyFiles const& files, TextView studyKey)
 }
 
 /// A study of one lesson whose block holds these lines, closed with "-" and two names.
-static StudyFiles StudyOf(std::string_view introduction, std::string_view body)
+static MemoryFileSystem StudyOf(std::string_view introduction, std::string_view body)
 {
-    StudyFiles files;
-    files.Add(u"a-1.dat",
+    MemoryFileSystem files;
+    files.Put(u"a-1.dat",
         "P:T\nD\nL\n-\n>1\n" + std::string(introduction) + "\n" + std::string(body) + "\nV\nW\n");
     return files;
 }
@@ -56,11 +57,11 @@ TEST(LessonFile, ReadsTheExampleOfItsPage)
 {
     auto const examples = FencedBlocks("study-files.md");
     ASSERT_EQ(examples.size(), 2u);
-    StudyFiles files;
-    files.Add(u"ruth-1.dat", examples[0]);
+    MemoryFileSystem files;
+    files.Put(u"ruth-1.dat", examples[0]);
     EXPECT_EQ(Parsed(files, u"ruth-1.dat:1"), examples[1]);
 
-    files.Add(u"conclusion.txt", "Not this.\nGod bless you, as Ro. 15 says.");
+    files.Put(u"conclusion.txt", "Not this.\nGod bless you, as Ro. 15 says.");
     EXPECT_EQ(Only(Parsed(files, u"ruth-1.dat:1"), "page .", "closing"),
         "page . God bless you, as Romans 15 says.\nclosing -\n");
     EXPECT_EQ(Only(Parsed(files, u"ruth-1.dat:2"), "page", "answer"),
@@ -68,10 +69,10 @@ TEST(LessonFile, ReadsTheExampleOfItsPage)
         "page - Congratulations, you have come to the end of this study.\n"
         "answer Answers will vary.\n");
 
-    files.Add(u"-2ruth-1.dat.dat", examples[0]);
+    files.Put(u"-2ruth-1.dat.dat", examples[0]);
     EXPECT_EQ(Only(Parsed(files, u"-2ruth-1.dat.dat:2"), "part", "title"),
         "part One\ntitle In the Field\n");
-    files.Add(u"ruth.dat", examples[0]);
+    files.Put(u"ruth.dat", examples[0]);
     EXPECT_EQ(
         Only(Parsed(files, u"ruth.dat:2"), "part", "title"), "part Two\ntitle In the Field\n");
 }
@@ -121,37 +122,37 @@ TEST(LessonFile, TheConclusionFollowsUnlessThereAreCongratulations)
     auto files = StudyOf("I", "1. A\n-");
     auto const pages = [&] { return Only(Parsed(files, u"a-1.dat:1"), "page", "?"); };
     EXPECT_EQ(pages(), "page 1. A\n") << "no file, no page";
-    files.Add(u"conclusion.txt", "");
+    files.Put(u"conclusion.txt", "");
     EXPECT_EQ(pages(), "page 1. A\npage . \n");
-    files.Add(u"conclusion.txt", "one\ntwo\r\n!uisffb\n");
+    files.Put(u"conclusion.txt", "one\ntwo\r\n!uisffb\n");
     EXPECT_EQ(pages(), "page 1. A\npage . three\n");
-    files.Add(u"a-1.dat", "P:T\nD\nL\n>1\nI\n- Congratulations\nV\nW");
+    files.Put(u"a-1.dat", "P:T\nD\nL\n>1\nI\n- Congratulations\nV\nW");
     EXPECT_EQ(pages(), "page - Congratulations\n");
-    files.Add(u"a-1.dat", "P:T\nD\nL\n>1\nI/- over\nV\nW");
+    files.Put(u"a-1.dat", "P:T\nD\nL\n>1\nI/- over\nV\nW");
     EXPECT_EQ(pages(), "page . three\n") << "the introduction closes the lesson";
 }
 
 TEST(LessonFile, ReadsHeadsAndMarkers)
 {
-    StudyFiles files;
-    files.Add(u"a-1.dat", "no colon\nD\n>1 is its own marker\nI\n1. A\n-\nV\nW");
+    MemoryFileSystem files;
+    files.Put(u"a-1.dat", "no colon\nD\n>1 is its own marker\nI\n1. A\n-\nV\nW");
     EXPECT_EQ(Only(Parsed(files, u"a-1.dat:1"), "study", "title"),
         "study no colon | \ntitle >1 is its own marker\n");
-    files.Add(u"a-1.dat", ": T : more\n\nL\n-\n>12\nI\n1. A\n-\nV\nW");
+    files.Put(u"a-1.dat", ": T : more\n\nL\n-\n>12\nI\n1. A\n-\nV\nW");
     EXPECT_EQ(Only(Parsed(files, u"a-1.dat:1"), "study", "page"), "study  | T\npage 1. A\n")
         << "a longer number begins alike";
 }
 
 TEST(LessonFile, ABadFileIsNamedWithLineAndReason)
 {
-    StudyFiles files;
-    files.Add(u"empty", "");
-    files.Add(u"one", "P:T\n");
-    files.Add(u"list", "P:T\nD\nL\n-\n");
-    files.Add(u"marked", "P:T\nD\nL\n-\n>1\n");
-    files.Add(u"open", "P:T\nD\nL\n-\n>1\nI\n1. A\n");
-    files.Add(u"nameless", "P:T\nD\nL\n-\n>1\nI\n1. A\n-\nV\n");
-    files.Add(u"pageless", "P:T\nD\nL\n-\n>1\nI\n#\n[x]\n-\nV\nW\n");
+    MemoryFileSystem files;
+    files.Put(u"empty", "");
+    files.Put(u"one", "P:T\n");
+    files.Put(u"list", "P:T\nD\nL\n-\n");
+    files.Put(u"marked", "P:T\nD\nL\n-\n>1\n");
+    files.Put(u"open", "P:T\nD\nL\n-\n>1\nI\n1. A\n");
+    files.Put(u"nameless", "P:T\nD\nL\n-\n>1\nI\n1. A\n-\nV\n");
+    files.Put(u"pageless", "P:T\nD\nL\n-\n>1\nI\n#\n[x]\n-\nV\nW\n");
     struct Row {
         TextView key;
         char const* message;
@@ -184,31 +185,40 @@ TEST(LessonFile, ABadFileIsNamedWithLineAndReason)
 TEST(LessonFile, EveryFileCutOffOrReadToAFailureIsALessonOrAFailure)
 {
     auto const example = FencedBlocks("study-files.md").front();
-    StudyFiles files;
-    files.blockSize = 16;
-    files.Add(u"whole-1.dat", example);
+    MemoryFileSystem files;
+    files.Put(u"whole-1.dat", example);
     auto const whole = Parsed(files, u"whole-1.dat:2");
     ASSERT_TRUE(whole.ends_with("verses Ruth2 Ruth2s\n"));
     for (std::size_t size = 0; size < example.size(); ++size) {
-        files.Add(u"cut-1.dat", example.substr(0, size));
+        files.Put(u"cut-1.dat", example.substr(0, size));
         auto const cut = Parsed(files, u"cut-1.dat:2");
         bool const inLastName = size > example.rfind("Ruth2s");
         EXPECT_EQ(cut.starts_with("cut-1.dat"), !inLastName) << size << ": " << cut;
     }
-    for (int reads = 0;; ++reads) {
-        files.readsUntilFailure = reads;
+    for (int call = 1;; ++call) {
+        files.FailAt(call);
         auto const read = Parsed(files, u"whole-1.dat:2");
         if (read == whole)
             break;
-        ASSERT_TRUE(read.ends_with("the disc is scratched.")) << reads << ": " << read;
+        ASSERT_TRUE(read.ends_with("it can't be read.")) << call << ": " << read;
     }
+}
+
+TEST(LessonFile, PagesHoldAnyCharacterAndAnyLength)
+{
+    std::string const page = "1. " + std::string(1'000'000, 'x') + std::string(2, '\0') + "\ry";
+    Turns turns;
+    auto const files = StudyOf("I", page + "\n[a\rb]\n-");
+    auto const block = ParseLessonBlock(files, u"a-1.dat:1", turns);
+    ASSERT_TRUE(block);
+    EXPECT_EQ(block->body.pages.front(), FromCodePage(page));
+    EXPECT_EQ(block->body.answers.front(), u"a\rb");
 }
 
 TEST(LessonFile, TheReaderGoesAsFarAsItIsAsked)
 {
-    StudyFiles files;
-    files.blockSize = 1;
-    files.Add(u"a-2.dat", "P:T\n!Ea\nL/M\n>1\nI\n1. A\n-\nV\nW");
+    MemoryFileSystem files;
+    files.Put(u"a-2.dat", "P:T\n!Ea\nL/M\n>1\nI\n1. A\n-\nV\nW");
     Turns turns;
     auto reader = LessonReader::Open(files, u"a-2.dat:1:more", turns);
     ASSERT_TRUE(reader);
@@ -221,27 +231,28 @@ TEST(LessonFile, TheReaderGoesAsFarAsItIsAsked)
 
 TEST(GeneralTexts, HandsOnTheLinesOfTheIntroduction)
 {
-    StudyFiles files;
+    MemoryFileSystem files;
     Turns turns;
     std::vector<Text> lines;
     auto const keep = [&](TextView line) { lines.emplace_back(line); };
     ReadIntroduction(files, turns, keep);
     EXPECT_TRUE(lines.empty()) << "no file, no introduction";
-    files.Add(u"introduction.txt", "Read  Jn. 3/on\n\n!ifmmp!!b\n");
+    files.Put(u"introduction.txt", "Read  Jn. 3/on\n\n!ifmmp!!b\n");
     ReadIntroduction(files, turns, keep);
     EXPECT_EQ(lines, (std::vector<Text> { u"Read John 3/on", u"", u"hello!!" }));
     lines.clear();
-    files.readsUntilFailure = 3;
+    files.Put(u"introduction.txt", "Read Jn. 3/on\n\n" + std::string(100, 'x'));
+    files.FailAt(3); // the second block
     ReadIntroduction(files, turns, keep);
     EXPECT_EQ(lines, (std::vector<Text> { u"Read John 3/on", u"" }));
 }
 
 TEST(GeneralTexts, AConclusionThatBreaksOffIsNone)
 {
-    StudyFiles files;
+    MemoryFileSystem files;
     Turns turns;
-    files.Add(u"conclusion.txt", "first line\nlast line");
-    EXPECT_EQ(ReadConclusion(files, turns), u"last line");
-    files.readsUntilFailure = 2;
+    files.Put(u"conclusion.txt", "first line\n" + std::string(100, 'x'));
+    EXPECT_EQ(ReadConclusion(files, turns), Text(100, u'x'));
+    files.FailAt(3); // the second block
     EXPECT_EQ(ReadConclusion(files, turns), std::nullopt);
 }

@@ -3,7 +3,7 @@
 #include "study/verse_file.h"
 
 #include "page_examples.h"
-#include "study_files.h"
+#include "support/memory_file_system.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ static std::string Dump(VerseFileItem const& item)
     return "verse |" + ToUtf8(item.number) + "|" + text + "\n";
 }
 
-static std::string Section(StudyFiles const& files, TextView name, TextView lesson)
+static std::string Section(MemoryFileSystem const& files, TextView name, TextView lesson)
 {
     Turns turns;
     std::string items;
@@ -32,8 +32,8 @@ TEST(VerseFile, ReadsTheExampleOfItsPage)
 {
     auto const examples = FencedBlocks("verse-files.md");
     ASSERT_EQ(examples.size(), 2u);
-    StudyFiles files;
-    files.Add(u"V-Ruth1", examples[0]);
+    MemoryFileSystem files;
+    files.Put(u"V-Ruth1", examples[0]);
     EXPECT_EQ(Section(files, u" Ru^th1^ ", u"1"), examples[1]);
 }
 
@@ -61,8 +61,8 @@ TEST(VerseFile, ClassifiesLines)
         { "!5 Fps Gpe.b", "verse | 5| For God.\n" },
     };
     for (auto const& row : rows) {
-        StudyFiles files;
-        files.Add(u"V-a", row.line);
+        MemoryFileSystem files;
+        files.Put(u"V-a", row.line);
         EXPECT_EQ(Section(files, u"a", u"1"), row.item) << row.line;
     }
 }
@@ -87,16 +87,16 @@ TEST(VerseFile, FindsTheSectionsOfTheLesson)
         { ">2\nIs.\nIs.\n", "heading Is.\nheading Isaiah\n" },
     };
     for (auto const& row : rows) {
-        StudyFiles files;
-        files.Add(u"V-a", row.bytes);
+        MemoryFileSystem files;
+        files.Put(u"V-a", row.bytes);
         EXPECT_EQ(Section(files, u"a", u"2"), row.items) << row.bytes;
     }
 }
 
 TEST(VerseFile, TellsItsProgress)
 {
-    StudyFiles files;
-    files.Add(u"V-a", ">1\r\nignored\r\n>2\r\n!not countedb\r\n!this isb\r\n\r\nand this");
+    MemoryFileSystem files;
+    files.Put(u"V-a", ">1\r\nignored\r\n>2\r\n!not countedb\r\n!this isb\r\n\r\nand this");
     Turns turns;
     std::vector<std::string> log;
     ASSERT_TRUE(ReadVerseSection(files, u"a", u"2", turns,
@@ -112,10 +112,9 @@ TEST(VerseFile, TellsItsProgress)
 
 TEST(VerseFile, AMissingFileFailsAndALaterFailureEndsTheReading)
 {
-    StudyFiles files;
+    MemoryFileSystem files;
     EXPECT_EQ(Section(files, u"a", u"1"), "V-a: the file doesn't exist.");
-    files.Add(u"V-a", "A\nB\nC\n");
-    files.blockSize = 2;
-    files.readsUntilFailure = 2;
+    files.Put(u"V-a", "A\nB\n" + std::string(100, 'x'));
+    files.FailAt(4); // the second block
     EXPECT_EQ(Section(files, u"a", u"1"), "heading A\nheading B\n");
 }

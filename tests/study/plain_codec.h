@@ -1,8 +1,9 @@
 #pragma once
-// The expansion of book names in its plain form: one replacement after the other over the whole
-// text. Slow, and right at a glance; what the fast one is held against.
+// Decoding and the expansion of book names in their plain form: one replacement after the other
+// over the whole text. Slow, and right at a glance; what the fast ones are held against.
 
-#include "base/text.h"
+#include "base/code_page.h"
+#include "study/codec.h"
 
 inline Text PlainlyExpanded(Text text)
 {
@@ -25,4 +26,40 @@ inline Text PlainlyExpanded(Text text)
     for (auto const& [abbreviation, name] : names)
         ReplaceAll(text, abbreviation, name);
     return text;
+}
+
+inline Text PlainlyDescrambled(std::string_view raw)
+{
+    if (!raw.starts_with('!'))
+        return FromCodePage(raw);
+    if (raw.size() < 3)
+        return {};
+    auto const key = static_cast<unsigned char>(raw.back());
+    Text text = FromCodePage(raw.substr(1, raw.size() - 2));
+    for (char16_t& character : text)
+        if (IsLowerLetter(character))
+            character = static_cast<char16_t>(97 + ((character - 97) - (key - 97) + 26) % 26);
+    return text;
+}
+
+inline void ReplaceUntilGone(Text& text, TextView from, TextView to)
+{
+    while (Contains(text, from))
+        ReplaceAll(text, from, to);
+}
+
+inline Text PlainlyDecodedForTheCatalogue(std::string_view raw)
+{
+    Text text = PlainlyDescrambled(raw);
+    ReplaceUntilGone(text, u"//", u"/");
+    ReplaceUntilGone(text, u"\r\n\r\n", u"\r\n");
+    ReplaceUntilGone(text, u"\t", u" ");
+    return text;
+}
+
+inline Text PlainlyDecoded(std::string_view raw)
+{
+    Text text = PlainlyDecodedForTheCatalogue(raw);
+    ReplaceUntilGone(text, u"  ", u" ");
+    return Text(Trim(text));
 }
