@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """A walk through the desktop program by real keys and clicks: walk.py PROGRAM DISC PICTURES SCREEN.
 
 Controls are found by their names through the accessibility interface, which also tells what a person can read; every action goes through

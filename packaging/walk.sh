@@ -18,7 +18,7 @@ WalkAt() {
         dbus-run-session -- bash -c '
             openbox >/dev/null 2>&1 &
             trap "kill %1" EXIT
-            python3 "$0" "$@"' "$here/walk.py" "$program" "$disc" "$pictures" "$1"
+            /usr/bin/python3 "$0" "$@"' "$here/walk.py" "$program" "$disc" "$pictures" "$1"
 }
 
 WalkAt 1024x768
