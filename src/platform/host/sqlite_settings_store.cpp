@@ -108,8 +108,9 @@ private:
             return SQLITE_OK;
         // Made here, so that it is the user's own from the first moment. One that exists isn't
         // touched: closing it would drop the locks of every other connection within this process.
-        Descriptor const fresh(::open(m_file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
+        Descriptor fresh(::open(m_file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
         m_systemError = fresh || errno == EEXIST ? 0 : errno;
+        fresh.Close();
         if (m_systemError != 0)
             return SQLITE_CANTOPEN;
         m_identity = IdentityOnDisk();
@@ -129,13 +130,9 @@ private:
     /// whole. A database that is somebody else's counts as damage.
     int Check()
     {
-        // One file at rest, and a commit lasts once the folder has been flushed behind it. Each
-        // takes milliseconds.
-        Execute("pragma journal_mode = delete");
-        Execute("pragma synchronous = extra");
         int id = 0, tables = 0;
-        int code = Execute(
-            "begin"); // Seen as they are at one moment, should another copy be making the store.
+        // Seen as they are at one moment, should another copy be making the store.
+        int code = Execute("begin");
         if (code == SQLITE_OK)
             code = Ask("pragma application_id", id);
         if (code == SQLITE_OK)
@@ -143,8 +140,10 @@ private:
         Execute("commit");
         if (code != SQLITE_OK)
             return code;
-        if (tables == 0)
+        if (tables == 0) {
+            SetUp();
             return Make();
+        }
         int entries = 0;
         bool const isOurs = id == applicationId
             && Ask("select count(*) from (select section, key, value from settings limit 1)",
@@ -152,7 +151,16 @@ private:
                 != SQLITE_ERROR;
         if (!isOurs)
             return SQLITE_NOTADB;
+        SetUp();
         return m_isSeenWhole ? SQLITE_OK : CheckWhole();
+    }
+
+    void SetUp()
+    {
+        // One file at rest, and a commit lasts once the folder has been flushed behind it. Each
+        // takes milliseconds.
+        Execute("pragma journal_mode = delete");
+        Execute("pragma synchronous = extra");
     }
 
     int Make()
@@ -213,8 +221,8 @@ private:
     /// True if the file that was opened stands under its name no more.
     bool HasMoved() const { return IdentityOnDisk() != m_identity; }
 
-    /// Renames the file, and what SQLite keeps beside it, to the first free name, and gives what
-    /// the user is to be told.
+    /// Renames the file to the first free name, and gives what the user is to be told. A journal
+    /// beside it has been played by now, or is dropped by SQLite as soon as it meets the new file.
     Failure SetAside()
     {
         Close();
@@ -226,9 +234,6 @@ private:
         do
             aside = m_file.string() + ".damaged-" + std::to_string(++number);
         while (fs::exists(fs::symlink_status(aside, ignored)));
-        // A journal left behind would be played into the new store.
-        for (char const* companion : { "-journal", "-wal", "-shm" })
-            fs::rename(m_file.string() + companion, aside.string() + companion, ignored);
         fs::rename(m_file, aside, error);
         if (error)
             return Fail(u"it is damaged or no settings store, and can't be set aside: "
