@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <functional>
 #include <sqlite3.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;
@@ -226,7 +227,10 @@ private:
     Failure SetAside()
     {
         Close();
-        if (HasMoved())
+        // Only who holds the old file's lock renames it, so that no copy sets aside another's new
+        // one.
+        Descriptor const old(::open(m_file.c_str(), O_RDONLY | O_CLOEXEC));
+        if (!old || ::flock(old.Number(), LOCK_EX) != 0 || HasMoved())
             return Fail(u"another copy of the program has replaced it");
         std::error_code error, ignored;
         fs::path aside;
