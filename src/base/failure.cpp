@@ -4,7 +4,7 @@ Text Failure::Message() const
 {
     Text message = file;
     if (line > 0)
-        message += u", line " + FromNumber(line);
+        message += (message.empty() ? u"line " : u", line ") + FromNumber(line);
     if (!message.empty())
         message += u": ";
     return message + reason + u".";

@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <charconv>
+#include <cmath>
 
 TextView Trim(TextView text)
 {
@@ -59,23 +60,36 @@ static bool IsDigit(char16_t character)
     return character >= u'0' && character <= u'9';
 }
 
+/// True if only zeros stand before the point of a decimal number.
+static bool IsBelowOne(std::string_view number)
+{
+    auto const first = number.find_first_not_of("-0");
+    return first == std::string_view::npos || number[first] == '.';
+}
+
 double NumericValue(TextView text)
 {
     auto at = text.find_first_not_of(u' ');
     if (at == TextView::npos)
         return 0;
-    bool const negative = text[at] == u'-';
-    if (negative || text[at] == u'+')
+    std::string narrow;
+    if (text[at] == u'-')
+        narrow += '-';
+    if (text[at] == u'-' || text[at] == u'+')
         ++at;
-    double value = 0;
-    for (; at < text.size() && IsDigit(text[at]); ++at)
-        value = value * 10 + (text[at] - u'0');
-    if (at < text.size() && text[at] == u'.') {
-        double unit = 0.1;
-        for (++at; at < text.size() && IsDigit(text[at]); ++at, unit /= 10)
-            value += unit * (text[at] - u'0');
+    for (bool isFraction = false; at < text.size(); ++at) {
+        bool const isPoint = text[at] == u'.' && !isFraction;
+        if (!isPoint && !IsDigit(text[at]))
+            break;
+        isFraction = isFraction || isPoint;
+        narrow.push_back(static_cast<char>(text[at]));
     }
-    return negative ? -value : value;
+    double value = 0;
+    auto const [end, error] = std::from_chars(
+        narrow.data(), narrow.data() + narrow.size(), value, std::chars_format::fixed);
+    if (error == std::errc::result_out_of_range && !IsBelowOne(narrow))
+        value = narrow[0] == '-' ? -HUGE_VAL : HUGE_VAL;
+    return value;
 }
 
 std::optional<std::int64_t> ToInteger(TextView text)

@@ -29,7 +29,8 @@ void ReplaceAll(Text& text, TextView from, TextView to);
 Text FromNumber(std::int64_t number);
 
 /// What a decimal number at the start of the text gives, leading blanks skipped: an optional sign,
-/// digits, and an optional fraction. 0 where the text doesn't open with a number.
+/// digits, and an optional fraction. 0 where the text doesn't open with a number; infinite above the
+/// range.
 double NumericValue(TextView text);
 
 /// The whole text as a decimal integer (optional sign, digits, blanks around it); nothing if it is

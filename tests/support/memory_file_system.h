@@ -72,7 +72,7 @@ public:
     {
         std::vector<Text> names;
         for (auto const& [key, file] : m_files)
-            if (Matches(key, ToLowerLatin(pattern)))
+            if (key.find_first_of(u"\\/") == Text::npos && Matches(key, ToLowerLatin(pattern)))
                 names.push_back(file.name);
         return names;
     }
@@ -134,7 +134,7 @@ private:
     }
 
     std::map<Text, File> m_files;
-    std::set<Text> m_folders;
+    std::set<Text> m_folders { u"c:\\temp", u"c:\\program files" };
     std::set<Text> m_unreadable;
     mutable int m_calls = 0;
     int m_failAt = 0;

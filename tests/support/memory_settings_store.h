@@ -43,6 +43,8 @@ public:
     }
     Outcome<std::vector<Entry>> All() const override
     {
+        if (Fails())
+            return Unusable();
         std::vector<Entry> entries;
         for (auto const& [place, value] : m_values)
             entries.push_back({ place.first, place.second, value });

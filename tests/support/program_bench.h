@@ -11,15 +11,11 @@
 #include "program/program.h"
 #include "support/memory_file_system.h"
 #include "support/memory_settings_store.h"
+#include "support/memory_shell.h"
 
 #include <gmock/gmock.h>
 
 #include <string>
-
-class NoShell final : public Shell {
-public:
-    bool Execute(TextView, TextView) override { return false; }
-};
 
 /// A lesson file's lines; the bench writes them with CR LF.
 using Lines = std::vector<std::string>;
@@ -29,7 +25,7 @@ public:
     MemoryFileSystem files;
     MemorySettingsStore settings;
     HeadlessHost host { files };
-    NoShell shell;
+    MemoryShell shell;
     Program program { host, files, settings, shell };
     Screen& screen = program.OwnScreen();
     Input input { screen };

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 bool Descriptor::Close()
@@ -18,6 +19,9 @@ static TextView Reason(int number)
     case ENOENT:
     case ENOTDIR:
         return u"the file doesn't exist";
+    case ENOMEM:
+    case EFBIG:
+        return u"it is too large";
     case EISDIR:
         return u"a folder stands in its place";
     case EACCES:
@@ -61,23 +65,47 @@ static bool WriteWhole(int file, std::string_view bytes)
     return ::fsync(file) == 0;
 }
 
-static bool Rename(std::string const& from, std::string const& folder, std::string const& name)
+/// A file system that keeps no folders to flush says EINVAL or ENOTSUP.
+static bool Flush(Descriptor const& folder)
 {
-    if (std::rename(from.c_str(), (folder + "/" + name).c_str()) != 0)
-        return false;
-    Descriptor directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return directory && ::fsync(directory.Number()) == 0;
+    return ::fsync(folder.Number()) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes, TextView path)
+static Failure FolderFailure(TextView path)
 {
+    if (errno == ENOENT || errno == ENOTDIR)
+        return { Text(path), 0, u"its folder doesn't exist" };
+    return SystemFailure(path);
+}
+
+Outcome<Done> ReplaceFile(
+    std::string const& folder, std::string const& name, std::string_view bytes, TextView path)
+{
+    Descriptor const directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!directory)
+        return FolderFailure(path);
     std::string fresh = folder + "/.new-XXXXXX"; // mkostemp makes it readable by its owner alone.
     Descriptor file(::mkostemp(fresh.data(), O_CLOEXEC));
     if (!file)
-        return SystemFailure(path);
-    if (WriteWhole(file.Number(), bytes) && file.Close() && Rename(fresh, folder, name))
-        return Done {};
+        return FolderFailure(path);
+    if (WriteWhole(file.Number(), bytes) && file.Close()
+        && std::rename(fresh.c_str(), (folder + "/" + name).c_str()) == 0)
+        return Flush(directory) ? Outcome<Done>(Done {}) : SystemFailure(path);
     auto const failure = SystemFailure(path);
     ::unlink(fresh.c_str());
     return failure;
+}
+
+Outcome<Done> MakeFolder(std::string const& folder, std::string const& parent, TextView path)
+{
+    if (::mkdir(folder.c_str(), 0700) == 0) {
+        Descriptor const directory(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        return directory && Flush(directory) ? Outcome<Done>(Done {}) : SystemFailure(path);
+    }
+    int const number = errno;
+    struct stat status { };
+    if (number == EEXIST && ::stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
+        return Done {};
+    errno = number;
+    return FolderFailure(path);
 }

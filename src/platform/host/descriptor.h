@@ -1,5 +1,6 @@
 #pragma once
-// An open file of the system, closed with its owner, and what the system's error numbers mean to a person.
+// An open file of the system, closed with its owner, and what the system's error numbers mean to a
+// person.
 
 #include "base/failure.h"
 
@@ -36,5 +37,11 @@ private:
 Failure SystemFailure(TextView path);
 Failure SystemFailure(TextView path, int number);
 
-/// Replaces the file `name` in a folder whole, or not at all; what is reported as done survives a power cut.
-Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes, TextView path);
+/// Replaces the file `name` in a folder whole, or not at all; what is reported as done survives a
+/// power cut. The new file is readable by its owner alone. `path` stands in failures.
+Outcome<Done> ReplaceFile(
+    std::string const& folder, std::string const& name, std::string_view bytes, TextView path);
+
+/// Makes a folder, private to its owner, in a parent that exists. One that stands there already is
+/// no failure.
+Outcome<Done> MakeFolder(std::string const& folder, std::string const& parent, TextView path);

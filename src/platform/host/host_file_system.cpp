@@ -14,6 +14,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// In bytes. No file of ours comes near it; one that does would take the machine's memory, not the
+/// program's alone.
+constexpr std::uint64_t largestWhole = std::uint64_t { 1 } << 30;
+
 Failure NoSuchPlace(TextView path)
 {
     return { Text(path), 0, u"there is no such place" };
@@ -82,16 +86,28 @@ bool Matches(TextView name, TextView pattern)
     }
 }
 
+/// The place without links, "." and a separator at its end, so that places can be compared.
+fs::path Plain(fs::path const& place)
+{
+    std::error_code error;
+    fs::path plain = fs::weakly_canonical(fs::absolute(place, error), error);
+    if (error)
+        plain = place.lexically_normal();
+    return plain.has_filename() ? plain : plain.parent_path();
 }
 
+} // namespace
+
 HostFileSystem::HostFileSystem(Folders folders)
-    : m_folders(std::move(folders))
 {
-    m_folders.application = fs::absolute(m_folders.application).lexically_normal();
-    m_folders.drive = fs::absolute(m_folders.drive).lexically_normal();
-    fs::create_directories(m_folders.drive / "Temp");
-    fs::create_directories(m_folders.drive / "Program Files");
-    fs::permissions(m_folders.drive, fs::perms::owner_all);
+    std::error_code ignored; // What can't be made fails, with its reason, when it is used.
+    fs::create_directories(folders.drive.parent_path(), ignored);
+    m_folders = { Plain(folders.application), Plain(folders.drive) };
+    static_cast<void>(
+        MakeFolder(m_folders.drive.string(), m_folders.drive.parent_path().string(), u"C:"));
+    fs::permissions(m_folders.drive, fs::perms::owner_all, ignored);
+    for (TextView const folder : { u"C:\\Temp", u"C:\\Program Files" })
+        static_cast<void>(CreateFolder(folder));
 }
 
 bool HostFileSystem::FileExists(TextView path) const
@@ -119,7 +135,8 @@ Outcome<std::unique_ptr<InputFile>> HostFileSystem::Open(TextView path) const
     auto opened = OpenRegular(path, m_folders.drive);
     if (!opened)
         return opened.failure();
-    return std::unique_ptr<InputFile>(std::make_unique<HostInputFile>(std::move(opened->file), path));
+    return std::unique_ptr<InputFile>(
+        std::make_unique<HostInputFile>(std::move(opened->file), path));
 }
 
 Outcome<std::string> HostFileSystem::ReadAll(TextView path) const
@@ -127,6 +144,8 @@ Outcome<std::string> HostFileSystem::ReadAll(TextView path) const
     auto opened = OpenRegular(path, m_folders.drive);
     if (!opened)
         return opened.failure();
+    if (opened->size > largestWhole)
+        return SystemFailure(path, EFBIG);
     HostInputFile file(std::move(opened->file), path);
     // One byte more than the file is said to have, so that its end is seen in the same pass.
     std::string bytes(static_cast<std::size_t>(opened->size) + 1, '\0');
@@ -150,7 +169,8 @@ Outcome<Done> HostFileSystem::Write(TextView path, std::string_view bytes)
     if (!place || !place->has_filename())
         return NoSuchPlace(path);
     auto const folder = place->parent_path();
-    return ReplaceFile(folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
+    return ReplaceFile(
+        folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
 }
 
 Outcome<Done> HostFileSystem::CreateFolder(TextView path)
@@ -158,9 +178,8 @@ Outcome<Done> HostFileSystem::CreateFolder(TextView path)
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place)
         return NoSuchPlace(path);
-    if (::mkdir(place->c_str(), 0700) == 0 || (errno == EEXIST && FolderExists(path)))
-        return Done {};
-    return SystemFailure(path);
+    auto const parent = place->parent_path();
+    return MakeFolder(place->string(), parent.empty() ? "." : parent.string(), path);
 }
 
 Outcome<Done> HostFileSystem::Delete(TextView path)
@@ -206,6 +225,7 @@ Text HostFileSystem::TemporaryName()
         name = u"sf";
         for (int i = 0; i < 12; ++i)
             name += digits[random() % 16];
-    } while (FileExists(TemporaryFolder() + u"\\" + name) || FileExists(TemporaryFolder() + u"\\" + name + u".htm"));
+    } while (FileExists(TemporaryFolder() + u"\\" + name)
+        || FileExists(TemporaryFolder() + u"\\" + name + u".htm"));
     return name;
 }

@@ -12,8 +12,8 @@ public:
         std::filesystem::path drive; ///< what drive C: is
     };
 
-    /// Makes drive C: (private to the user), `C:\Temp` and `C:\Program Files` if they are missing. Throws
-    /// std::filesystem::filesystem_error if they can't be made.
+    /// Makes drive C: (private to the user), `C:\Temp` and `C:\Program Files` if they are missing.
+    /// Where that fails, so does each later use of them.
     explicit HostFileSystem(Folders folders);
 
     bool FileExists(TextView path) const override;

@@ -5,6 +5,8 @@
 
 class HostShell final : public Shell {
 public:
-    /// The only verb known is "open". Returns when the file has been handed over, without waiting for what it does.
+    /// The only verb known is "open". Gives false for what is no file below the current directory,
+    /// and where there is no xdg-open. Returns when the file has been handed over, without waiting
+    /// for what becomes of it.
     bool Execute(TextView verb, TextView file) override;
 };

@@ -1,23 +1,35 @@
 #include "platform/host/user_folders.h"
 
 #include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
+
+static fs::path Home()
+{
+    char const* const home = std::getenv("HOME");
+    if (home && *home == '/')
+        return home;
+    auto const* const user = ::getpwuid(::getuid());
+    return user && user->pw_dir ? user->pw_dir : "/";
+}
 
 static fs::path DataHome()
 {
     char const* const named = std::getenv("XDG_DATA_HOME");
     if (named && *named == '/') // A relative path is invalid and counts for nothing.
         return named;
-    char const* const home = std::getenv("HOME");
-    return fs::path(home && *home ? home : "/") / ".local" / "share";
+    return Home() / ".local" / "share";
 }
 
 fs::path UserDataFolder()
 {
     fs::path const folder = DataHome() / "sparrowfield";
-    if (fs::create_directories(folder))
-        fs::permissions(folder, fs::perms::owner_all);
+    std::error_code
+        ignored; // What is to be stored there fails, with its reason, when it is stored.
+    if (fs::create_directories(folder, ignored))
+        fs::permissions(folder, fs::perms::owner_all, ignored);
     return folder;
 }
 

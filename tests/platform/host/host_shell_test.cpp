@@ -1,0 +1,63 @@
+#include "platform/host/host_shell.h"
+
+#include "platform/host/host_test.h"
+#include "platform/host/user_folders.h"
+
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
+namespace fs = std::filesystem;
+
+class HostShellTest : public HostTest {
+protected:
+    HostShellTest() { setenv("PATH", (folder / "bin").c_str(), 1); }
+
+    HostShell shell;
+};
+
+TEST_F(HostShellTest, AFileIsHandedToTheSystemWithItsWholePath)
+{
+    fs::create_directory(folder / "bin");
+    fs::path const opener = folder / "bin" / "xdg-open";
+    Put(opener, "#!/bin/sh\nprintf '%s|' \"$#\" \"$1\" >told.new && /bin/mv told.new told\n");
+    fs::permissions(opener, fs::perms { 0700 });
+    Put("$(exit) 'Setup'.EXE", "");
+    EXPECT_TRUE(shell.Execute(u"open", u"$(exit) 'setup'.exe"));
+    for (int i = 0; i < 500 && !fs::exists("told"); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(Bytes("told"), "1|" + (folder / "data" / "$(exit) 'Setup'.EXE|").string());
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD) << "nothing to wait for is left";
+
+    fs::create_directory("folder");
+    Put(folder / "outside", "");
+    for (TextView const file :
+        { u"absent.exe", u"folder", u"..\\outside", u"C:\\$(exit) 'Setup'.EXE", u"" })
+        EXPECT_FALSE(shell.Execute(u"open", file)) << ToUtf8(file);
+    EXPECT_FALSE(shell.Execute(u"print", u"$(exit) 'Setup'.EXE"));
+}
+
+TEST_F(HostShellTest, WithoutAnOpenerNothingIsHandedOver)
+{
+    Put("Setup.exe", "");
+    EXPECT_FALSE(shell.Execute(u"open", u"Setup.exe"));
+}
+
+using UserFolders = HostTest;
+
+TEST_F(UserFolders, LieWhereThePlatformSays)
+{
+    setenv("HOME", (folder / "home").c_str(), 1);
+    setenv("XDG_DATA_HOME", (folder / "data home").c_str(), 1);
+    EXPECT_EQ(UserDataFolder(), folder / "data home" / "sparrowfield");
+    EXPECT_EQ(Mode(folder / "data home" / "sparrowfield"), 0700U);
+    for (char const* invalid : { "", "relative" }) {
+        setenv("XDG_DATA_HOME", invalid, 1);
+        EXPECT_EQ(UserDataFolder(), folder / "home" / ".local" / "share" / "sparrowfield");
+    }
+    Put(folder / "home" / "file", "");
+    setenv("XDG_DATA_HOME", (folder / "home" / "file").c_str(), 1);
+    EXPECT_EQ(UserDataFolder(), folder / "home" / "file" / "sparrowfield") << "which can't be made";
+    EXPECT_EQ(Names("."), "");
+}

@@ -1,0 +1,293 @@
+#include "platform/host/sqlite_settings_store.h"
+
+#include "platform/host/host_test.h"
+
+#include <cstring>
+#include <sqlite3.h>
+#include <thread>
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+/// How an outcome reads: the text, "(none)" or the failure's message.
+static std::string Told(Outcome<std::optional<Text>> const& outcome)
+{
+    if (!outcome)
+        return ToUtf8(outcome.failure().Message());
+    return *outcome ? ToUtf8(**outcome) : "(none)";
+}
+
+static std::string Told(Outcome<Done> const& outcome)
+{
+    return outcome ? "done" : ToUtf8(outcome.failure().Message());
+}
+
+/// Another program's connection to the file.
+class OtherProgram {
+public:
+    explicit OtherProgram(char const* statements)
+    {
+        EXPECT_EQ(sqlite3_open("settings.db", &m_database), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(m_database, statements, nullptr, nullptr, nullptr), SQLITE_OK);
+    }
+    ~OtherProgram() { sqlite3_close(m_database); }
+    OtherProgram(OtherProgram const&) = delete;
+    OtherProgram& operator=(OtherProgram const&) = delete;
+
+private:
+    sqlite3* m_database = nullptr;
+};
+
+class SettingsFile : public HostTest {
+protected:
+    /// The store begins with one answer in it.
+    SettingsFile()
+    {
+        EXPECT_EQ(Told(Store().Write(u"james-1.dat:1", u"Page1", u"before")), "done");
+    }
+
+    static SqliteSettingsStore Store()
+    {
+        return SqliteSettingsStore("settings.db", std::chrono::milliseconds(50));
+    }
+    static std::string Answer(SettingsStore const& store)
+    {
+        return Told(store.Read(u"james-1.dat:1", u"Page1"));
+    }
+    static std::string Answer() { return Answer(Store()); }
+};
+
+TEST_F(SettingsFile, TextsReturnExactly)
+{
+    Text const texts[]
+        = { u"", u" ", u"two\r\nlines\n\r", Text(u"a\0b\0", 4), u"\xDC00 alone \xD800",
+              u"\U0001F600\uFFFE\uFFFF", u"' \" ? ; --", Text(3'000'000, u'\u20AC') };
+    auto store = Store();
+    for (Text const& text : texts) {
+        EXPECT_EQ(Told(store.Write(text.substr(0, 20), text.substr(0, 30), text)), "done");
+        auto const read = Store().Read(text.substr(0, 20), text.substr(0, 30));
+        ASSERT_TRUE(read && *read);
+        EXPECT_TRUE(**read == text) << ToUtf8(text.substr(0, 20));
+    }
+    EXPECT_EQ(store.All()->size(), std::size(texts) + 1);
+    EXPECT_EQ(Names("."), "settings.db ") << "one file, at rest";
+    EXPECT_EQ(Mode("settings.db"), 0600U);
+}
+
+TEST_F(SettingsFile, SectionsAndKeysAreComparedExactly)
+{
+    auto store = Store();
+    for (TextView const section : { u"james-1.dat:10", u"JAMES-1.DAT:1", u"james-2.dat:1" })
+        EXPECT_TRUE(store.Write(section, u"Page1", section));
+    EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", u"after"));
+    EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page10", u"ten"));
+    EXPECT_EQ(Answer(store), "after");
+    EXPECT_EQ(Told(store.Read(u"james-1.dat:1", u"page1")), "(none)");
+    EXPECT_EQ(Told(store.DeleteSection(u"james-1.dat:1")), "done");
+    EXPECT_EQ(Told(store.DeleteSection(u"absent")), "done");
+    std::string all;
+    auto const entries = store.All();
+    for (auto const& entry : *entries)
+        all += ToUtf8(entry.section + u"/" + entry.key + u"=" + entry.value + u" ");
+    EXPECT_EQ(all,
+        "JAMES-1.DAT:1/Page1=JAMES-1.DAT:1 james-1.dat:10/Page1=james-1.dat:10 "
+        "james-2.dat:1/Page1=james-2.dat:1 ");
+}
+
+/// What stands in the file's place, as bytes made from those of a good store.
+using Spoil = std::function<std::string(std::string)>;
+
+TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
+{
+    EXPECT_TRUE(Store().Write(u"long", u"long", Text(100'000, u'x')));
+    {
+        OtherProgram const other("attach 'other.db' as other; create table other.settings (a, b)");
+    }
+    auto const foreign = Bytes("other.db");
+    struct {
+        char const* about;
+        Spoil spoil;
+    } const rows[] = {
+        { "garbage", [](auto const&) { return std::string(5000, '\x5A'); } },
+        { "NULs", [](auto const&) { return std::string(5000, '\0'); } },
+        { "a short text", [](auto const&) { return "[Parameters]\nshowhelp=true\n"; } },
+        { "cut off in the middle", [](auto good) { return good.substr(0, good.size() / 2); } },
+        { "cut off in the head", [](auto good) { return good.substr(0, 60); } },
+        { "a damaged page", [](auto good) { return good.replace(4096 + 8, 4000, 4000, '\x5A'); } },
+        { "another program's database", [&](auto const&) { return foreign; } },
+    };
+    auto const good = Bytes("settings.db");
+    int number = 0;
+    for (auto const& row : rows) {
+        auto const bad = row.spoil(good);
+        Put("settings.db", bad);
+        auto store = Store();
+        auto const aside = "settings.db.damaged-" + std::to_string(++number);
+        auto const report = store.OpeningReport();
+        ASSERT_TRUE(report) << row.about;
+        EXPECT_THAT(ToUtf8(report->Message()), HasSubstr(aside)) << row.about;
+        EXPECT_EQ(Bytes(aside), bad) << row.about;
+        EXPECT_EQ(Answer(store), "(none)") << row.about;
+        EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", u"new")) << row.about;
+        EXPECT_FALSE(Store().OpeningReport()) << row.about;
+        EXPECT_EQ(Answer(), "new") << row.about;
+    }
+    EXPECT_EQ(number, 7);
+}
+
+TEST_F(SettingsFile, AnEmptyFileIsANewStore)
+{
+    Put("settings.db", "");
+    EXPECT_FALSE(Store().OpeningReport());
+    EXPECT_EQ(Answer(), "(none)");
+    EXPECT_EQ(Names("."), "settings.db ");
+}
+
+TEST_F(SettingsFile, DamageThatShowsLaterIsSetAsideToo)
+{
+    auto store = Store();
+    auto copy = Store();
+    EXPECT_EQ(Answer(store) + Answer(copy), "beforebefore");
+    std::fstream("settings.db") << std::string(4096, '\x5A');
+    EXPECT_THAT(Answer(store), HasSubstr("settings.db.damaged-1"))
+        << "told by the operation that met it";
+    EXPECT_EQ(Told(store.Write(u"james-1.dat:1", u"Page1", u"new")), "done");
+    EXPECT_EQ(Answer(store), "new");
+    EXPECT_EQ(Answer(copy), "new") << "a copy that had the old file open";
+    EXPECT_EQ(Names("."), "settings.db settings.db.damaged-1 ");
+}
+
+TEST_F(SettingsFile, AFileTakenAwayIsMadeAnew)
+{
+    auto store = Store();
+    EXPECT_EQ(Answer(store), "before");
+    fs::rename("settings.db", "elsewhere.db");
+    EXPECT_EQ(Answer(store), "(none)");
+    EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", u"new"));
+    fs::rename("elsewhere.db", "settings.db");
+    EXPECT_EQ(Answer(store), "before");
+}
+
+TEST_F(SettingsFile, ALockedStoreFailsInTimeAndRecovers)
+{
+    auto store = SqliteSettingsStore("settings.db", std::chrono::milliseconds(300));
+    EXPECT_EQ(Answer(store), "before");
+    {
+        OtherProgram const other("begin exclusive");
+        for (int tries = 0; tries < 3; ++tries) {
+            auto const start = std::chrono::steady_clock::now();
+            EXPECT_THAT(Told(store.Write(u"james-1.dat:1", u"Page1", u"x")),
+                HasSubstr("it is in use by another program"));
+            EXPECT_THAT(Answer(store), HasSubstr("it is in use by another program"));
+            auto const taken = std::chrono::steady_clock::now() - start;
+            EXPECT_LT(taken, std::chrono::milliseconds(tries == 0 ? 5000 : 500))
+                << "only the first waits long";
+        }
+        EXPECT_FALSE(Store().OpeningReport()) << "locked isn't damaged";
+        EXPECT_THAT(Answer(), HasSubstr("it is in use by another program"));
+    }
+    EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", u"after"));
+    EXPECT_EQ(Answer(), "after");
+
+    // A lock that goes away in time is waited for.
+    auto other = std::make_unique<OtherProgram>("begin exclusive");
+    std::thread release(
+        [&] { std::this_thread::sleep_for(std::chrono::milliseconds(100)), other.reset(); });
+    EXPECT_EQ(Answer(store), "after");
+    release.join();
+}
+
+TEST_F(SettingsFile, WhatCannotBeOpenedIsTriedAgain)
+{
+    fs::rename("settings.db", "good.db");
+    fs::create_directory("settings.db");
+    auto store = Store();
+    EXPECT_THAT(Answer(store), HasSubstr("settings.db: a folder stands in its place"));
+    EXPECT_THAT(Told(store.Write(u"s", u"k", u"v")), HasSubstr("a folder stands in its place"));
+    EXPECT_FALSE(store.OpeningReport());
+    EXPECT_FALSE(store.All());
+    EXPECT_FALSE(store.DeleteSection(u"s"));
+    fs::remove("settings.db");
+    fs::rename("good.db", "settings.db");
+    EXPECT_EQ(Answer(store), "before");
+
+    SqliteSettingsStore nowhere("absent/settings.db");
+    EXPECT_FALSE(nowhere.Write(u"s", u"k", u"v"));
+    fs::create_directory("absent");
+    EXPECT_TRUE(nowhere.Write(u"s", u"k", u"v"));
+}
+
+TEST_F(SettingsFile, AStoreThatCannotBeWrittenCanBeRead)
+{
+    fs::permissions("settings.db", fs::perms { 0444 });
+    EXPECT_TRUE(AsPlainUser([&] {
+        auto store = Store();
+        return !store.OpeningReport() && Answer(store) == "before"
+            && Told(store.Write(u"s", u"k", u"v")) == "settings.db: it can't be written to."
+            && Answer(store) == "before";
+    }));
+    fs::permissions("settings.db", fs::perms::none);
+    EXPECT_TRUE(
+        AsPlainUser([] { return Answer() == "settings.db: the permission for it is missing."; }));
+    fs::remove("settings.db");
+    EXPECT_TRUE(
+        AsPlainUser([] { return Answer() == "settings.db: the permission for it is missing."; }));
+    EXPECT_EQ(Names("."), "");
+}
+
+TEST_F(SettingsFile, AFullDiskLeavesTheStoreWhole)
+{
+    EXPECT_TRUE(OnFullDisk(fs::file_size("settings.db") + 4096, [] {
+        auto store = Store();
+        return !store.Write(u"james-1.dat:1", u"Page1", Text(200'000, u'x'))
+            && Answer(store) == "before" && store.Write(u"james-1.dat:1", u"Page2", u"short");
+    }));
+    EXPECT_FALSE(Store().OpeningReport());
+    EXPECT_EQ(Answer(), "before");
+    EXPECT_EQ(Told(Store().Read(u"james-1.dat:1", u"Page2")), "short");
+}
+
+TEST_F(SettingsFile, CopiesOfTheProgramShareIt)
+{
+    fs::remove("settings.db"); // so that they make it at the same time
+    constexpr int copies = 3, writes = 15;
+    auto const work = [](int copy) {
+        SqliteSettingsStore store("settings.db", std::chrono::seconds(20));
+        bool all = true;
+        for (int i = 0; i < writes; ++i)
+            all = store.Write(FromNumber(copy), FromNumber(i), u"value") && store.Read(u"0", u"0")
+                && all;
+        return all;
+    };
+    pid_t children[copies];
+    for (int copy = 0; copy < copies; ++copy)
+        children[copy] = Fork([&] { return work(copy); });
+    for (pid_t const child : children) {
+        int status = -1;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(Store().All()->size(), std::size_t { copies * writes });
+    EXPECT_EQ(Names("."), "settings.db ") << "nothing set aside";
+}
+
+TEST_F(SettingsFile, WhatWasReportedAsDoneSurvivesAKill)
+{
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    pid_t const child = Fork([&] {
+        auto store = Store();
+        for (int i = 0;; ++i)
+            if (!store.Write(u"s", FromNumber(i), Text(5000, u'x')) || write(ends[1], "", 1) != 1)
+                return false;
+    });
+    char done = 0;
+    for (int i = 0; i < 20; ++i)
+        ASSERT_EQ(read(ends[0], &done, 1), 1);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    EXPECT_FALSE(Store().OpeningReport());
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(Store().Read(u"s", FromNumber(i))->value_or(Text()).size(), 5000U) << i;
+    EXPECT_EQ(Answer(), "before");
+}
