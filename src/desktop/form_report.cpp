@@ -15,9 +15,8 @@ bool FormPeer::eventFilter(QObject* watched, QEvent* event)
 {
     if (isRetired)
         return false;
-    if (watched == &m_client)
-        return ClientEvent(*event);
-    return watched == Widget() && WindowEvent(*event);
+    // The window is watched from the first, before the client area is there.
+    return watched == Widget() ? WindowEvent(*event) : ClientEvent(*event);
 }
 
 bool FormPeer::WindowEvent(QEvent& event)

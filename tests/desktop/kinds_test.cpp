@@ -107,12 +107,12 @@ TEST_F(DesktopTest, TreeFollowsItsNodesAndReportsClicksAndSigns)
 {
     Node& first = form.tree.Add(u"a", u"First");
     first.SetExpanded(true);
-    form.tree.Add(first, u"a1", u"Child").SetImage(u"book");
+    form.tree.Add(first, u"a1", u"Child").SetImage("book");
     Open(); // loading empties the tree
     Node& book = form.tree.Add(u"a", u"First");
     host.HandlersEnded();
     Node& chapter = form.tree.Add(book, u"a1", u"Child");
-    chapter.SetImage(u"book");
+    chapter.SetImage("book");
     host.HandlersEnded();
 
     auto& tree = Shown<QTreeView>(form.tree);

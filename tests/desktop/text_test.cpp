@@ -203,4 +203,9 @@ TEST_F(PassageTest, LongTextOpensQuicklyAndGrowsByWhatIsAppended)
         "3,000 verses: shown in %.1f ms, ten more in %.2f ms\n", fill.count(), more.count());
     EXPECT_EQ(Shown<TextEdit>(form.passage).document(), document);
     EXPECT_EQ(Shown<TextEdit>(form.passage).WholeText(), form.passage.Text());
+    for (char const digit : { '1', '2' }) { // anew, each time in a document of its own
+        form.passage.Text = Text(3, static_cast<char16_t>(digit));
+        host.HandlersEnded();
+        EXPECT_EQ(Shown<TextEdit>(form.passage).WholeText(), form.passage.Text());
+    }
 }

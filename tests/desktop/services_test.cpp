@@ -1,0 +1,87 @@
+// Pages, pictures and paper.
+
+#include "desktop/desktop_bench.h"
+#include "desktop/qt_printer.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QImage>
+#include <QPrinterInfo>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+
+static std::string Png(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer buffer;
+    image.save(&buffer, "PNG");
+    return buffer.data().toStdString();
+}
+
+class frmPage final : public Form {
+public:
+    explicit frmPage(Screen& screen)
+        : Form(screen, "frmPage", u"Page", 6000, 4000)
+    {
+    }
+    WebBrowser page { *this, *this, "Text1", { 0, 0, 6000, 4000 } };
+};
+
+TEST_F(DesktopTest, APageShowsItsTextAndPullsInItsBackgroundAlone)
+{
+    frmPage reader(screen);
+    auto const folder = ToUtf8(files.ApplicationFolder());
+    files.Put(files.ApplicationFolder() + u"\\bg.jpg", Png(8, 8));
+    files.Put(u"C:\\secret.png", Png(9, 9));
+    files.Put(u"C:\\Temp\\p.htm",
+        "<html><body background=\"file://" + folder
+            + "\\bg.jpg\">caf\xE9 <img src=\"file://C:\\secret.png\"></body></html>");
+    reader.Show();
+    reader.page.Navigate(u"file://C:\\Temp\\p.htm");
+    auto& shown = Shown<QTextBrowser>(reader.page);
+    EXPECT_TRUE(shown.toPlainText().startsWith(QStringLiteral("caf\u00E9")));
+    auto const load = [&](std::string const& path) {
+        return shown.loadResource(
+            QTextDocument::ImageResource, QUrl(QString::fromStdString("file://" + path)));
+    };
+    EXPECT_EQ(load(folder + "%5Cbg.jpg").value<QPixmap>().width(), 8);
+    EXPECT_FALSE(load("C:%5Csecret.png").isValid());
+    Unload(reader);
+}
+
+TEST_F(DesktopTest, PicturesTellTheirSize)
+{
+    files.Put(u"map1.jpg", Png(30, 20));
+    files.Put(u"map2.jpg", "no picture");
+    auto const map = host.PictureSize(u"map1.jpg");
+    ASSERT_TRUE(map);
+    EXPECT_EQ(map->width, 30);
+    EXPECT_EQ(host.PictureSize(u":lamp")->width, 35);
+    for (TextView const name : { u"map2.jpg", u"map3.jpg", u"", u":nothing" })
+        EXPECT_FALSE(host.PictureSize(name)) << ToUtf8(name);
+}
+
+TEST(QtPrinterTest, WithoutAPrinterANoteGoesToAFileThatIsNamed)
+{
+    if (!QPrinterInfo::defaultPrinter().isNull())
+        GTEST_SKIP() << "this machine has a printer";
+    QTemporaryDir home;
+    auto const before = qgetenv("HOME");
+    qputenv("HOME", home.path().toUtf8());
+    std::vector<Text> messages;
+    QtPrinter printer([&](Text message) { messages.push_back(std::move(message)); });
+    for (int job = 0; job < 2; ++job) {
+        printer.SetFont({ u"Arial", 12, false });
+        for (int i = 0; i < 100; ++i) { // more than a page
+            printer.Print(u"A line of a note");
+            EXPECT_GT(printer.CurrentX(), 0);
+            printer.EndLine();
+        }
+        printer.EndDoc();
+    }
+    qputenv("HOME", before);
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_TRUE(Contains(messages[0], u"Sparrowfield note.pdf"));
+    EXPECT_TRUE(Contains(messages[1], u"Sparrowfield note 2.pdf"));
+}
