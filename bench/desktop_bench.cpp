@@ -1,0 +1,192 @@
+// The desktop program on Qt's offscreen platform: from its start to the painted catalogue, beside an empty Qt window in the same run;
+// a lesson with 3,000 verses; the way to the next page; the memory in use. Starts itself for the times of whole processes.
+
+#include "controls/button.h"
+#include "controls/input.h"
+#include "controls/rich_text_box.h"
+#include "desktop/desktop_host.h"
+#include "desktop/look.h"
+#include "platform/host/host_file_system.h"
+#include "platform/host/host_shell.h"
+#include "platform/host/path_rules.h"
+#include "platform/host/sqlite_settings_store.h"
+#include "program/program.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QWidget>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+static constexpr int verses = 3000, pages = 30, starts = 9;
+
+namespace {
+
+double MillisecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+double Median(std::vector<double> times)
+{
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+/// Serves the event loop until nothing is left to do: all is laid out and painted then.
+void ServeAll()
+{
+    auto* const dispatcher = QAbstractEventDispatcher::instance();
+    do
+        QCoreApplication::sendPostedEvents();
+    while (dispatcher->processEvents(QEventLoop::AllEvents));
+}
+
+void WriteDisc()
+{
+    std::ofstream study("bench-1.dat", std::ios::binary);
+    study << "Bench: A study\r\nA description.\r\nThe lesson\r\n-\r\n>1\r\nIntroduction\r\n";
+    for (int page = 1; page <= pages; ++page)
+        study << page << ". A question of some length, so that it takes more than a line on the page?/And a second paragraph.\r\n[Answer]\r\n";
+    study << "- Congratulations\r\nBench\r\nBenchs\r\n";
+    std::ofstream main("V-Bench", std::ios::binary);
+    main << ">1\r\n";
+    for (int verse = 0; verse < verses; ++verse) {
+        if (verse % 30 == 0)
+            main << "Psalms " << verse / 30 + 1 << "\r\n";
+        main << verse % 30 + 1 << " In those days there was a verse of the usual length, which went on for a little more than a line of text.\r\n";
+    }
+    std::ofstream("V-Benchs", std::ios::binary) << ">1\r\nJohn 3:16\r\n16 For God so loved the world.\r\n";
+}
+
+struct Bench {
+    HostFileSystem files { { "/", fs::absolute("user/drive_c") } };
+    SqliteSettingsStore settings { fs::absolute("user/settings.db") };
+    HostShell shell;
+    DesktopHost host { files, [](TextView path) { return Text(path); } };
+    Program program { host, files, settings, shell };
+    Input input { program.OwnScreen() };
+
+    template <class Kind> Kind& Get(char const* form, char const* control)
+    {
+        return dynamic_cast<Kind&>(*program.OwnScreen().Find(form)->FindControl(control));
+    }
+};
+
+/// A process of its own: shows its window and tells when it is painted.
+int Start(bool empty)
+{
+    QWidget window;
+    std::unique_ptr<Bench> bench;
+    if (empty) {
+        window.showMaximized();
+    } else {
+        SetLook(*qApp);
+        bench = std::make_unique<Bench>();
+        bench->program.Start(bench->settings.OpeningReport());
+    }
+    ServeAll();
+    std::puts("painted");
+    std::fflush(stdout);
+    _exit(0);
+}
+
+double TimeOfStart(char const* role)
+{
+    auto const start = Clock::now();
+    std::FILE* const child = popen((fs::read_symlink("/proc/self/exe").string() + " " + role + " 2>/dev/null").c_str(), "r");
+    char line[32] = "";
+    if (!child || !std::fgets(line, sizeof line, child) || std::strcmp(line, "painted\n") != 0)
+        std::abort();
+    double const time = MillisecondsSince(start);
+    pclose(child);
+    return time;
+}
+
+double ResidentMegabytes()
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+        if (line.starts_with("VmRSS:"))
+            return std::stod(line.substr(6)) / 1024;
+    return 0;
+}
+
+void Print(char const* about, double value, char const* unit, double atMost)
+{
+    std::printf("%-52s %7.1f %s, at most %g: %s\n", about, value, unit, atMost, value <= atMost ? "met" : "MISSED");
+}
+
+int MeasureLesson()
+{
+    SetLook(*qApp);
+    Bench bench;
+    static_cast<void>(bench.settings.Write(u"Parameters", u"showhelp", u"false"));
+    static_cast<void>(bench.settings.DeleteSection(u"bench-1.dat:1"));
+    bench.program.Start({});
+    ServeAll();
+    auto& tree = bench.Get<TreeView>("frmContents", "TreeView1");
+    auto start = Clock::now();
+    bench.input.ClickNode(tree, *tree.Find(u"bench-1.dat:1"));
+    ServeAll();
+    Print("a lesson with 3,000 verses opens", MillisecondsSince(start), "ms", 300);
+    if (bench.Get<RichTextBox>("frmMain", "Text1").Length() < verses * 100)
+        std::abort();
+    auto& answer = bench.Get<RichTextBox>("frmMain", "Text3");
+    auto& next = bench.Get<CommandButton>("frmMain", "Command1");
+    std::vector<double> times;
+    for (int page = 1; page < pages; ++page) {
+        bench.input.Edit(answer, u"An answer", 9, 0);
+        ServeAll();
+        start = Clock::now();
+        bench.input.Click(next);
+        ServeAll();
+        times.push_back(MillisecondsSince(start));
+    }
+    Print("\"Next >\" to the repainted page, median", Median(times), "ms", 16);
+    Print("resident memory with that lesson", ResidentMegabytes(), "MB", 80);
+    std::fflush(stdout);
+    _exit(0);
+}
+
+}
+
+int main(int count, char** words)
+{
+    std::string const role = count > 1 ? words[1] : "";
+    if (role.empty()) {
+        auto const folder = fs::temp_directory_path() / ("desktop_bench-" + std::to_string(getpid()));
+        fs::create_directories(folder / "user");
+        fs::current_path(folder);
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        WriteDisc();
+        std::vector<double> empty, catalogue;
+        for (int i = 0; i < starts; ++i) {
+            empty.push_back(TimeOfStart("empty"));
+            catalogue.push_back(TimeOfStart("catalogue"));
+        }
+        std::printf("from start to painted, median: an empty window %.1f ms, the catalogue %.1f ms\n", Median(empty), Median(catalogue));
+        Print("the catalogue beyond the empty window", Median(catalogue) - Median(empty), "ms", 150);
+        std::fflush(stdout);
+        int const status = std::system((fs::read_symlink("/proc/self/exe").string() + " lesson 2>/dev/null").c_str());
+        fs::current_path("/");
+        fs::remove_all(folder);
+        return status == 0 ? 0 : 1;
+    }
+    int one = 1;
+    QApplication application(one, words);
+    return role == "lesson" ? MeasureLesson() : Start(role == "empty");
+}
