@@ -103,6 +103,7 @@ TextBoxPeer::TextBoxPeer(Desk& desk, TextBox& control, QWidget& ground)
     : TextPeer(desk, control, ground)
     , m_textBox(control)
 {
+    m_shown.setVerticalScrollBarPolicy(control.ScrollBar ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
 void TextBoxPeer::MirrorText()

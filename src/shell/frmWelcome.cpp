@@ -14,7 +14,6 @@ frmWelcome::frmWelcome(Screen& screen, SettingsStore& settings)
     Check1.ToolTipText = Label2.Caption();
     Command1.TabIndex = 0;
     Command1.Default = true;
-    Command1.Cancel = true;
     Label2.Click = [this] { Label2_Click(); };
     Command1.Click = [this] { Command1_Click(); };
 }
