@@ -40,6 +40,8 @@ public:
     /// The menus of the menu bar, in their order.
     std::vector<Menu*> const& Menus() const { return m_menus; }
     Control* FindControl(std::string_view name) const;
+    /// The outer size of the normal state, in twips: the present one, or the one to which the form returns.
+    Size const& NormalSize() const { return m_normal; }
     /// The control that has the focus while the form is active; nothing if none has.
     Control* Focus() const { return m_focus; }
     float TwipsPerUnit() const override;

@@ -90,9 +90,9 @@ void FormPeer::Mirror()
 }
 
 /// The window's size without its frame, with its menu bar.
-static QSize InnerSize(Form const& form, QMargins const& frame)
+static QSize InnerSize(Size const& outer, QMargins const& frame)
 {
-    return QSize(Pixels(form.Width), Pixels(form.Height)).shrunkBy(frame).expandedTo({ 1, 1 });
+    return QSize(Pixels(outer.width), Pixels(outer.height)).shrunkBy(frame).expandedTo({ 1, 1 });
 }
 
 void FormPeer::Place()
@@ -104,7 +104,7 @@ void FormPeer::Place()
         = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
     if (isNormal && isOther) {
         m_agreed = { m_form.Width, m_form.Height };
-        auto const size = InnerSize(m_form, m_frame);
+        auto const size = InnerSize({ m_form.Width, m_form.Height }, m_frame);
         if (isFixed)
             window.setFixedSize(size);
         else
@@ -149,12 +149,15 @@ void FormPeer::MirrorShown(QWidget* owner)
     window.winId(); // makes the window, so that it can be owned
     if (owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar))
         window.windowHandle()->setTransientParent(owner->windowHandle());
-    if (m_state == WindowState::Maximised)
+    if (m_state == WindowState::Maximised) {
+        // The size to which the window returns when it is restored.
+        window.resize(InnerSize(m_form.NormalSize(), m_frame));
         window.showMaximized();
-    else if (m_state == WindowState::Minimised)
+    } else if (m_state == WindowState::Minimised) {
         window.showMinimized();
-    else
+    } else {
         window.show();
+    }
     Arrange();
     QueueReport();
 }
