@@ -89,10 +89,8 @@ void Form::PlaceAtLoad()
     WindowState.Keep(opensAs);
     Width.Keep(size.width);
     Height.Keep(size.height);
-    if (centred && opensAs == WindowState::Normal) {
-        Left.Keep(std::max(0.0F, (whole.width - size.width) / 2));
-        Top.Keep(std::max(0.0F, (whole.height - size.height) / 2));
-    }
+    if (centred && opensAs == WindowState::Normal)
+        Centre();
     DockControls();
 }
 
@@ -101,6 +99,13 @@ void Form::DockControls()
     m_client = { ScaleWidth, ScaleHeight };
     for (Control* control : m_controls)
         control->FormResized(m_client);
+}
+
+void Form::Centre()
+{
+    auto const whole = m_screen.OwnHost().ScreenSize();
+    Left.Keep(std::max(0.0F, (whole.width - m_normal.width) / 2));
+    Top.Keep(std::max(0.0F, (whole.height - m_normal.height) / 2));
 }
 
 void Form::Assigned(PropertyBase const& property, bool changed)
@@ -114,6 +119,8 @@ void Form::Assigned(PropertyBase const& property, bool changed)
             Width.Keep(size.width);
             Height.Keep(size.height);
         }
+        if (state == WindowState::Normal && centred && opensAs == WindowState::Maximised)
+            Centre();
         RunResize();
     } else if (&property == &Width || &property == &Height) {
         RunResize();

@@ -94,6 +94,7 @@ private:
     friend class Screen;
 
     void PlaceAtLoad();
+    void Centre();
     void DockControls();
     void RunResize();
 

@@ -20,6 +20,8 @@ Refusal Input::Blocked(Form const& form) const
         return name + " isn't loaded";
     if (!form.Visible)
         return name + " is hidden";
+    if (!form.Enabled)
+        return name + " is disabled";
     Form const* const modal = m_screen.Modal();
     if (modal && modal != &form)
         return name + " stands under the modal form " + modal->Name();
@@ -57,6 +59,8 @@ Refusal Input::Click(Control& control)
 {
     if (!control.Enabled && control.IsShown() && PassesClickOn(control))
         return Click(control.OwnForm());
+    if (auto const* entry = dynamic_cast<MenuEntry const*>(&control); entry && entry->IsSeparator())
+        return std::string(control.OwnForm().Name()) + "." + control.Name() + " is a separator";
     return Act(control, control.TakesFocusByClick(), [&] {
         if (auto* const box = dynamic_cast<CheckBox*>(&control))
             box->Value = 1 - box->Value;
@@ -188,11 +192,17 @@ Refusal Input::Resize(Form& form, float width, float height)
 {
     if (form.IsLoaded() && form.WindowState() != WindowState::Normal)
         return std::string(form.Name()) + " isn't in its normal state";
+    if (form.border != BorderStyle::Sizable)
+        return std::string(form.Name()) + " has a fixed size";
     return Act(form, [&] { form.Resized(std::max(width, 0.0F), std::max(height, 0.0F), WindowState::Normal); });
 }
 
 Refusal Input::ChangeState(Form& form, WindowState state)
 {
+    bool const hasNoButton = (state == WindowState::Maximised && !form.maximiseButton)
+        || (state == WindowState::Minimised && !form.minimiseButton);
+    if (hasNoButton)
+        return std::string(form.Name()) + " has no button for this state";
     return Act(form, [&] { form.ChangeState(state); });
 }
 

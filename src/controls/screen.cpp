@@ -40,6 +40,14 @@ void Screen::LeaveHandler(Form& form)
         m_host.HandlersEnded();
 }
 
+void Screen::KeepDesigns()
+{
+    for (Form* form : m_made) {
+        form->KeepDesign();
+        form->m_designKept = true;
+    }
+}
+
 void Screen::Load(Form& form)
 {
     if (form.m_loaded)

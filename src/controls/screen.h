@@ -27,6 +27,9 @@ public:
     Form* Modal() const { return m_modal.empty() ? nullptr : m_modal.back(); }
     bool IsModal(Form const& form) const;
 
+    /// Takes the present state of all forms as their design: once, when all are made and before the first is loaded.
+    void KeepDesigns();
+
     void Load(Form& form);
     void Show(Form& form);
     void ShowModal(Form& form);

@@ -53,7 +53,8 @@ void TextInput::Assigned(PropertyBase const& property, bool)
 void TextInput::Selected(int start, int length)
 {
     SelStart.Keep(Within(CurrentText(), start));
-    SelLength.Keep(Within(CurrentText(), SelStart + std::max(0, length)) - SelStart);
+    int const room = static_cast<int>(CurrentText().size()) - SelStart;
+    SelLength.Keep(Within(CurrentText(), SelStart + std::clamp(length, 0, room)) - SelStart);
     CaretPlaced();
 }
 

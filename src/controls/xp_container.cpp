@@ -56,21 +56,38 @@ void XPContainer::Assigned(PropertyBase const& property, bool)
     TextColor = theme.text;
 }
 
-/// One part of a colour on its way from `first` to `second`: rounded for each row, held within 0 to 255.
-static unsigned Part(unsigned first, unsigned second, int row, int steps)
-{
-    double const step = (static_cast<double>(first) - second) / steps;
-    return static_cast<unsigned>(std::clamp<std::int64_t>(RoundToEven(first - step * row), 0, 255));
-}
+/// One part of a colour on its way down the rows of a gradient: a running value, rounded for each row alone.
+class RunningPart {
+public:
+    RunningPart(Colour first, Colour second, int shift, int steps)
+        : m_value(static_cast<float>((first >> shift) & 0xFF))
+        , m_step((m_value - static_cast<float>((second >> shift) & 0xFF)) / static_cast<float>(steps))
+    {
+    }
+
+    /// The present row's value, held within 0 to 255; goes on to the next row.
+    unsigned Next()
+    {
+        auto const rounded = RoundToEven(static_cast<double>(m_value));
+        m_value -= m_step;
+        return static_cast<unsigned>(std::clamp<std::int64_t>(rounded, 0, 255));
+    }
+
+private:
+    float m_value, m_step;
+};
 
 /// Rows of a gradient that reaches `second` after `steps` rows and runs on behind it. With no step there is no
 /// gradient, and nothing is painted.
 static void PaintGradient(
     Canvas& canvas, int left, int right, int top, int rows, int steps, Colour first, Colour second)
 {
-    for (int row = 0; steps > 0 && row < rows; ++row) {
-        auto const part = [&](int shift) { return Part((first >> shift) & 0xFF, (second >> shift) & 0xFF, row, steps); };
-        canvas.HorizontalLine(left, right, top + row, Rgb(part(0), part(8), part(16)));
+    if (steps <= 0)
+        return;
+    RunningPart red(first, second, 0, steps), green(first, second, 8, steps), blue(first, second, 16, steps);
+    for (int row = 0; row < rows; ++row) {
+        unsigned const r = red.Next(), g = green.Next(), b = blue.Next();
+        canvas.HorizontalLine(left, right, top + row, Rgb(r, g, b));
     }
 }
 

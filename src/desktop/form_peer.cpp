@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QMenuBar>
+#include <QScreen>
 #include <QWindow>
 
 static Qt::WindowFlags FlagsOf(Form const& form)
@@ -150,8 +151,13 @@ void FormPeer::MirrorShown(QWidget* owner)
     if (owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar))
         window.windowHandle()->setTransientParent(owner->windowHandle());
     if (m_state == WindowState::Maximised) {
-        // The size to which the window returns when it is restored.
-        window.resize(InnerSize(m_form.NormalSize(), m_frame));
+        // Where the window returns to when it is restored.
+        auto const normal = InnerSize(m_form.NormalSize(), m_frame);
+        auto const room = window.screen()->availableGeometry();
+        window.resize(normal);
+        window.move(room.topLeft()
+            + QPoint(std::max(0, room.width() - normal.width()) / 2,
+                std::max(0, room.height() - normal.height()) / 2));
         window.showMaximized();
     } else if (m_state == WindowState::Minimised) {
         window.showMinimized();

@@ -11,10 +11,21 @@ static Json Answer(Refusal const& refusal)
     return Json::object();
 }
 
-static Json Set(Machine&, Arguments const& arguments)
+static Json Set(Machine& machine, Arguments const& arguments)
 {
-    PropertyBase& property = arguments.PropertyAt(0);
-    if (!property.Set(arguments.ValueAt(1, property)))
+    Control* owner = nullptr;
+    PropertyBase& property = arguments.PropertyAt(0, &owner);
+    auto const value = arguments.ValueAt(1, property);
+    Form& form = owner->OwnForm();
+    // Code shows and hides a form in this way, so that the focus moves along.
+    if (&property == &form.Visible) {
+        std::get<bool>(value) ? form.Show() : form.Hide();
+        return Json::object();
+    }
+    machine.screen.EnterHandler(form);
+    bool const isSet = property.Set(value);
+    machine.screen.LeaveHandler(form);
+    if (!isSet)
         throw CommandError(arguments.Word(0) + " can't be set to " + arguments.Word(1));
     return Json::object();
 }

@@ -1,6 +1,7 @@
 #include "drive/arguments.h"
 
 #include <charconv>
+#include <cmath>
 
 void Arguments::Expect(std::size_t fewest, std::size_t most) const
 {
@@ -38,7 +39,10 @@ int Arguments::IntegerAt(std::size_t index) const
 
 float Arguments::NumberAt(std::size_t index) const
 {
-    return Parse<float>(Word(index));
+    float const number = Parse<float>(Word(index));
+    if (!std::isfinite(number))
+        throw CommandError("not a number: " + Word(index));
+    return number;
 }
 
 bool Arguments::BooleanAt(std::size_t index) const

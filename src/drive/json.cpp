@@ -10,6 +10,8 @@ Json ToJson(TextView text)
 
 Json ToJson(float number)
 {
+    if (!std::isfinite(number))
+        return nullptr;
     if (std::trunc(number) == number && std::abs(number) < 1e9F)
         return static_cast<std::int64_t>(number);
     char digits[32];

@@ -98,7 +98,8 @@ int main(int count, char** words)
 {
     CLI::App app { "Runs the whole program without a screen, driven by a script of one command a line." };
     Options options;
-    app.add_option("--app", options.app, "the application folder (left out: the folder of this program)");
+    app.add_option("--app", options.app, "the application folder (left out: the folder of this program)")
+        ->check(CLI::ExistingDirectory);
     app.add_option("--data", options.data, "the current directory of the run")->check(CLI::ExistingDirectory);
     app.add_option("--user", options.user, "the user's own folder, kept for the next run (left out: a fresh one)");
     app.add_option("--screen", options.screen, "the screen in pixels, WIDTHxHEIGHT");

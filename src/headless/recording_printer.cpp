@@ -13,6 +13,10 @@ float RecordingPrinter::TextWidth(TextView text) const
 
 void RecordingPrinter::Print(TextView text)
 {
+    if (m_y > pageHeight) {
+        m_pages.emplace_back();
+        m_y = 0;
+    }
     m_pages.back().push_back({ m_x, m_y, Text(text) });
     m_x += TextWidth(text);
 }
@@ -21,10 +25,6 @@ void RecordingPrinter::EndLine()
 {
     m_x = ScaleLeft();
     m_y += lineHeightPerPoint * m_font.size;
-    if (m_y > pageHeight) {
-        m_pages.emplace_back();
-        m_y = 0;
-    }
 }
 
 void RecordingPrinter::EndDoc()

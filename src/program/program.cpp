@@ -9,6 +9,7 @@ Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Shell&)
     , frmContents(m_screen, files, settings, frmMain, frmWelcome)
 {
     frmMain.ReturnTo(frmContents);
+    m_screen.KeepDesigns();
 }
 
 void Program::Start(std::optional<Failure> const& report)

@@ -94,7 +94,7 @@ TEST_F(FormsTest, WhatCannotBeSeenOrUsedCannotBeActedOn)
         { "hidden form", [this] { Load(a); }, "a is hidden" },
         { "hidden", [this] { a.Show(), a.button.Visible = false; }, "a.button is hidden" },
         { "disabled", [this] { a.Show(), a.button.Enabled = false; }, "a.button is disabled" },
-        { "disabled form", [this] { a.Show(), a.Enabled = false; }, "its container a is disabled" },
+        { "disabled form", [this] { a.Show(), a.Enabled = false; }, "a is disabled" },
     };
     for (auto const& row : rows) {
         row.arrange();

@@ -1,5 +1,6 @@
 #include "controls/log_form.h"
 
+#include <climits>
 #include <random>
 
 namespace {
@@ -100,6 +101,8 @@ TEST_F(RichTextBoxTest, TheCaretStaysWithinTheTextAndOutOfLineEnds)
     struct {
         int start, length, wantedStart, wantedLength;
     } const rows[] = { { 3, 0, 2, 0 }, { -4, 2, 0, 2 }, { 0, 3, 0, 2 }, { 1, 99, 1, 5 }, { 99, 99, 6, 0 } };
+    box.Selected(4, INT_MAX);
+    EXPECT_EQ(box.SelLength, 2);
     for (auto const& row : rows) {
         Select(row.start, row.length);
         EXPECT_EQ(box.SelStart, row.wantedStart) << row.start << "+" << row.length;
