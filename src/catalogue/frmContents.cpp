@@ -108,6 +108,8 @@ void frmContents::OpenLesson(TextView studyKey)
         Unload(frmWelcome); // A window that is open already can't be shown modally.
         frmWelcome.ShowModal();
         welcomeShown = true;
+        if (!IsLoaded())
+            return; // The program came to its end meanwhile.
     }
     frmMain.SetStudy(key);
     frmMain.Show();

@@ -90,7 +90,8 @@ void frmMain::ShowLessonPage(int page)
     Text3.Top = Text2.Height + 15 + Text2.Top + 90;
     Text3.Height = Image1.Top - Text3.Top;
     m_answerPage = ctlScrollbar.Value;
-    Text3.Text = m_store.Answer(studyKey, m_answerPage);
+    m_keptAnswer = m_store.Answer(studyKey, m_answerPage);
+    Text3.Text = m_keptAnswer;
     if (!Visible)
         Show();
     Text3.Visible = true;
@@ -167,6 +168,12 @@ void frmMain::StoreAnswer()
 {
     if (m_answerPage == 0)
         return;
+    // Another copy of the program may have gone on with an answer that stands here untouched.
+    if (!m_keptAnswer.empty() && Text3.Text() == m_keptAnswer) {
+        static_cast<void>(m_store.RetryPending());
+        return;
+    }
+    m_keptAnswer = Text3.Text();
     if (auto const failure = m_store.StoreAnswer(studyKey, m_answerPage, Text3.Text))
         OwnScreen().Message(failure->Message());
 }

@@ -84,6 +84,7 @@ private:
     std::vector<Text> pages; // page n has index n - 1
     std::vector<Text> answers; // the publisher's, same index
     int m_answerPage = 0; // the page whose answer Text3 was given; 0 for none
+    Text m_keptAnswer; // that answer as it was read or last stored
 
     Menu mnuFile { *this, "mnuFile", u"&File" };
     MenuEntry mnuFileSave { *this, mnuFile, "mnuFileSave", u"&Save My Answers" };
