@@ -9,11 +9,18 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QTextLayout>
+#include <QTimer>
 
 #include <cmath>
 
 void DesktopHost::MessageBox(TextView text, TextView title)
 {
+    // A box that came up under a pressed button would take the click away from what the user pressed.
+    if (QApplication::mouseButtons() != Qt::NoButton) {
+        QTimer::singleShot(50, this,
+            [this, later = Text(text), caption = Text(title)] { MessageBox(later, caption); });
+        return;
+    }
     QMessageBox box(QMessageBox::NoIcon, ToQString(title), ToQString(text), QMessageBox::Ok,
         QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
