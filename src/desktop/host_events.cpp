@@ -35,6 +35,7 @@ static bool IsAction(QEvent const& event)
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel:
+    case QEvent::Shortcut:
     case QEvent::KeyPress:
     case QEvent::ShortcutOverride:
     case QEvent::InputMethod:
