@@ -25,17 +25,16 @@ mkdir -p build
 cmake --preset release -DSPARROWFIELD_TESTS=OFF -DSPARROWFIELD_BENCH=OFF >build/configure.log 2>&1 ||
     { cat build/configure.log >&2; GiveUp "The build couldn't be configured."; }
 cmake --build --preset release || GiveUp "The build failed."
-program=$PWD/build/release/bin/sparrowfield
-[ -x "$program" ] || GiveUp "The build gave no $program."
+[ -x build/release/bin/sparrowfield ] || GiveUp "The build gave no program."
 
 Say "Making the disc"
-python3 packaging/make_disc.py --out build/disc || GiveUp "The disc couldn't be made."
+packaging/make_disc.sh build/disc build/release/bin || GiveUp "The disc couldn't be made."
 
 if [ -n "$display" ]; then
     Say "Starting Sparrowfield"
     cd build/disc
-    exec "$program"
+    exec ./sparrowfield
 fi
 Say "There is no display: walking through the program on a screen in memory"
-packaging/walk.sh build/release build/disc || GiveUp "The walk failed."
+packaging/walk.sh build/disc || GiveUp "The walk failed."
 echo "The pictures lie in build/walk/."

@@ -31,9 +31,6 @@ export NINJA_STATUS="[%f of %t, %es] "
 cmake --preset $preset >/dev/null || Fail "The build couldn't be configured"
 cmake --build --preset $preset || Fail "The build failed"
 
-Say "Making the disc"
-python3 packaging/make_disc.py --out build/disc || Fail "The disc couldn't be made"
-
 Say "Tests"
 report=$PWD/build/$preset/tests.xml
 rm -f "$report"

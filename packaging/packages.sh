@@ -4,8 +4,8 @@
 buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev)
 runPackages=(libqt6widgets6 libqt6printsupport6 libqt6multimediawidgets6 qt6-qpa-plugins
     fonts-liberation2 fonts-dejavu-core)
-discPackages=(python3 bible-kjv)
-testPackages=(libgtest-dev libgmock-dev libbenchmark-dev)
+discPackages=(libsword-utils sword-text-kjv sword-text-web)
+testPackages=(python3 libgtest-dev libgmock-dev libbenchmark-dev)
 walkPackages=(xvfb xauth openbox xdotool imagemagick dbus at-spi2-core python3-gi gir1.2-atspi-2.0) # a screen that is only a memory, and hands to use it
 
 # InstallMissing PACKAGE...: installs those that aren't there yet; asks apt-get only then. Says what it does;

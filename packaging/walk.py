@@ -17,7 +17,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
-program, disc, pictures, screen = sys.argv[1:5]
+disc, pictures, screen = sys.argv[1:4]
 user = tempfile.TemporaryDirectory()
 environment = dict(os.environ, XDG_DATA_HOME=user.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1")
 process = None
@@ -55,7 +55,7 @@ def shot(name):
 
 def start():
     global process
-    process = subprocess.Popen([program], cwd=disc, env=environment)
+    process = subprocess.Popen([os.path.join(disc, "sparrowfield")], cwd=disc, env=environment)
     wait(windows, "the program's first window")
 
 

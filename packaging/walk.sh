@@ -2,12 +2,11 @@
 # Walks the main road through the desktop program on a screen in memory, with real keys and clicks, once on a small and once
 # on a large screen. Says what it saw, leaves pictures of each screen in build/walk/, and fails where the program doesn't do what
 # a person expects.
-#   packaging/walk.sh BUILD_FOLDER DISC_FOLDER [PICTURE_FOLDER]
+#   packaging/walk.sh DISC_FOLDER [PICTURE_FOLDER]
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
-program=$(realpath "$1")/bin/sparrowfield
-disc=$(realpath "$2")
-pictures=${3:-$here/../build/walk}
+disc=$(realpath "$1")
+pictures=${2:-$here/../build/walk}
 mkdir -p "$pictures"
 pictures=$(realpath "$pictures")
 rm -f "$pictures"/*.png
@@ -18,7 +17,7 @@ WalkAt() {
         dbus-run-session -- bash -c '
             openbox >/dev/null 2>&1 &
             trap "kill %1" EXIT
-            /usr/bin/python3 "$0" "$@"' "$here/walk.py" "$program" "$disc" "$pictures" "$1"
+            /usr/bin/python3 "$0" "$@"' "$here/walk.py" "$disc" "$pictures" "$1"
 }
 
 WalkAt 1024x768

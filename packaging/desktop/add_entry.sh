@@ -3,8 +3,8 @@
 # To take it out again, delete the file that this names.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
-program=$root/build/release/bin/sparrowfield
 disc=$root/build/disc
+program=$disc/sparrowfield
 for needed in "$program" "$disc"; do
     [ -e "$needed" ] || { echo "$needed is missing: run ./run.sh first." >&2; exit 1; }
 done

@@ -3,7 +3,7 @@
 #include "study/lesson_file.h"
 
 #include "base/code_page.h"
-#include "page_examples.h"
+#include "support/page_examples.h"
 #include "study/general_texts.h"
 #include "support/memory_file_system.h"
 

@@ -2,7 +2,7 @@
 
 #include "study/verse_file.h"
 
-#include "page_examples.h"
+#include "support/page_examples.h"
 #include "support/memory_file_system.h"
 
 #include <gtest/gtest.h>

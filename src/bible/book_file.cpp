@@ -1,0 +1,94 @@
+#include "bible/book_file.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+namespace {
+
+/// A line without its carriage returns, and what comes behind the line feed.
+std::string_view TakeLine(std::string_view& rest, std::string& line)
+{
+    auto const end = std::min(rest.find('\n'), rest.size());
+    line.assign(rest.substr(0, end));
+    std::erase(line, '\r');
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    return line;
+}
+
+std::string_view TrimBlanks(std::string_view text)
+{
+    auto const first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// A number of three columns, blanks around it allowed.
+std::optional<int> ColumnNumber(std::string_view line, std::size_t column)
+{
+    if (line.size() <= column)
+        return std::nullopt;
+    auto const digits = TrimBlanks(line.substr(column, 3));
+    int number = 0;
+    auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (error != std::errc() || end != digits.data() + digits.size())
+        return std::nullopt;
+    return number;
+}
+
+std::string Padded(int number)
+{
+    auto const digits = std::to_string(number);
+    return std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits;
+}
+
+}
+
+std::vector<VerseRecord> ReadVerseRecords(std::string_view bytes)
+{
+    std::vector<VerseRecord> records;
+    std::string line;
+    TakeLine(bytes, line);
+    while (!bytes.empty()) {
+        TakeLine(bytes, line);
+        bool const isMarked = std::erase(line, paragraphMark) > 0;
+        std::erase(line, '*');
+        if (line.empty() || line.front() == ' ')
+            continue;
+        auto const chapter = ColumnNumber(line, 0), verse = ColumnNumber(line, 4);
+        if (!chapter || !verse)
+            continue;
+        auto const text = line.size() > 8 ? TrimBlanks(std::string_view(line).substr(8)) : "";
+        VerseRecord record { *chapter, *verse, isMarked, std::string(text) };
+        while (!bytes.empty() && !TakeLine(bytes, line).empty()) {
+            auto const more = TrimBlanks(line);
+            if (more.empty())
+                break;
+            record.text.append(1, ' ').append(more);
+        }
+        records.push_back(std::move(record));
+    }
+    return records;
+}
+
+std::string WriteVerseRecord(VerseRecord const& record, std::size_t width)
+{
+    std::string lines;
+    if (record.startsParagraph)
+        lines += paragraphMark;
+    auto lineStart = lines.size();
+    lines += Padded(record.chapter) + ' ' + Padded(record.verse);
+    std::string_view rest = record.text;
+    while (!rest.empty()) {
+        auto const word = rest.substr(0, rest.find(' '));
+        bool const isFirst = rest.size() == record.text.size();
+        if (!isFirst && lines.size() - lineStart + 1 + word.size() > width) {
+            lines += "\r\n";
+            lineStart = lines.size();
+        }
+        lines.append(1, ' ').append(word);
+        rest.remove_prefix(std::min(word.size() + 1, rest.size()));
+    }
+    return lines += "\r\n\r\n";
+}

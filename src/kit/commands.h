@@ -1,0 +1,30 @@
+#pragma once
+// The subcommands of sparrowfield-kit, with their arguments read. Each gives the exit status: 0, or 1 where its input
+// is wrong, and then every fault stands on standard error.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct BibleImportArguments {
+    std::filesystem::path from, to;
+    std::string translation; ///< "kjv" or "nasb"
+};
+int RunBibleImport(BibleImportArguments const& arguments);
+
+struct MakeArguments {
+    std::filesystem::path source, to;
+    bool isPlain = false;
+    std::filesystem::path bible; ///< of a study alone, as the next one
+    std::string translation = "kjv";
+};
+int RunStudyMake(MakeArguments const& arguments);
+/// The general texts.
+int RunTextMake(MakeArguments const& arguments);
+
+int RunStudyCheck(std::vector<std::filesystem::path> const& files);
+
+/// Filters from standard input to standard output. Without a letter it changes from line to line.
+int RunTextScramble(std::optional<char> shiftLetter);
+int RunTextDecode();

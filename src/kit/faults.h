@@ -1,0 +1,17 @@
+#pragma once
+// What is wrong with the input of a subcommand, gathered so that one run names all of it.
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+struct Fault {
+    std::string file; ///< as the user named it
+    int line = 0; ///< counted from 1; 0 if the file as a whole is meant
+    std::string message; ///< UTF-8, without a full stop
+};
+
+/// "file:line: message", or "file: message" without a line.
+std::string ToString(Fault const& fault);
+
+using Faults = std::vector<Fault>;

@@ -1,0 +1,7 @@
+#pragma once
+// The test of input that has to be UTF-8; the conversion is base/text.h's work.
+
+#include <string_view>
+
+/// True if the bytes are UTF-8 throughout. Surrogates and overlong forms aren't looked for.
+bool IsUtf8(std::string_view bytes);
