@@ -140,7 +140,7 @@ private:
             last.remove_prefix(1);
         if (Begins(last, u'-')) {
             m_lines.Report("expected an introduction whose last paragraph doesn't begin with “-”, which ends the body");
-            return { &Grammar::MainName };
+            return { &Grammar::Body };
         }
         if (Begins(line, u'>') || Begins(line, u'['))
             m_lines.Report("expected the introduction of the lesson, found " + Excerpt(line));
