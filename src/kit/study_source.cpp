@@ -238,6 +238,10 @@ private:
     void Answer(SourceEntry const& entry)
     {
         auto text = Paragraphs(entry);
+        if (Contains(text, u"swers will vary"))
+            Report(entry.line,
+                "an answer with the words “answers will vary” is replaced as a whole by the program's own sentence; say it in "
+                "other words, or leave the answer out");
         if (CurrentPart().pages.empty())
             Report(entry.line, "an answer, but no page above it");
         else if (CurrentPart().pages.back().answer)

@@ -125,6 +125,9 @@ TEST(StudySource, NamesEveryMistake)
             "6: a label can't hold a blank or one of . # [ - > /\n7: a label can't hold a blank or one of . # [ - > /\n" },
         { part + "answer: a\nquestion: b\nanswer: c\nanswer: d\n" + rest,
             "6: an answer, but no page above it\n9: a second answer to the same page\n" },
+        { part + "question: b\nanswer: Your answers will vary.\n" + rest,
+            "7: an answer with the words “answers will vary” is replaced as a whole by the program's own sentence; say it in other words, "
+            "or leave the answer out\n" },
         { part + "question: b\nintroduction: >1\n\n ^- x\n" + rest,
             "7: a text that begins with “>” would be taken for the beginning of a lesson\n9: a last paragraph that begins with “-” ends "
             "the lesson\n" },
