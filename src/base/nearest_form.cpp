@@ -4,19 +4,36 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 namespace {
 
-/// U+0100 to U+017F, a letter each; those of two letters stand in the table below.
-constexpr char latinExtended[] = "AaAaAaCcCcCcCcDd"
-                                 "DdEeEeEeEeEeGgGg"
-                                 "GgGgHhHhIiIiIiIi"
-                                 "Ii__JjKkkLlLlLlL"
-                                 "lLlNnNnNnnNnOoOo"
-                                 "Oo__RrRrRrSsSsSs"
-                                 "SsTtTtTtUuUuUuUu"
-                                 "UuUuWwYyYZzZzZzs";
-static_assert(sizeof latinExtended == 0x80 + 1);
+/// A row of letters with marks, as the letters without them; "_" for those that have none.
+struct LetterRow {
+    char16_t first;
+    std::string_view letters;
+};
+
+/// Latin Extended-A, a part of Latin Extended-B, Latin Extended Additional and Greek Extended, written in Latin letters
+/// (decompositions of Unicode 15).
+constexpr LetterRow letterRows[] = {
+    { 0x0100,
+      "AaAaAaCcCcCcCcDdDdEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIi__JjKkkLlLlLlL"
+      "lLlNnNnNnnNnOoOoOo__RrRrRrSsSsSsSsTtTtTtUuUuUuUuUuUuWwYyYZzZzZzs" },
+    { 0x01CD,
+      "AaIiOoUuUuUuUuUu_AaAa____GgKkOoOo__jDDdGg__NnAa____AaAaEeEeIiIiO"
+      "oOoRrRrUuUuSsTt" },
+    { 0x1E00,
+      "AaBbBbBbCcDdDdDdDdDdEeEeEeEeEeFfGgHhHhHhHhHhIiIiKkKkKkLlLlLlLlMm"
+      "MmMmNnNnNnNnOoOoOoOoPpPpRrRrRrRrSsSsSsSsSsTtTtTtTtUuUuUuUuUuVvVv"
+      "WwWwWwWwWwXxXxYyZzZzZzhtwyas____AaAaAaAaAaAaAaAaAaAaAaAaEeEeEeEe"
+      "EeEeEeEeIiIiOoOoOoOoOoOoOoOoOoOoOoOoUuUuUuUuUuUuUuYyYyYyYy______" },
+    { 0x1F00,
+      "aaaaaaaaAAAAAAAAeeeeee__EEEEEE__eeeeeeeeEEEEEEEEiiiiiiiiIIIIIIII"
+      "oooooo__OOOOOO__yyyyyyyy_Y_Y_Y_YooooooooOOOOOOOOaaeeeeiiooyyoo__"
+      "aaaaaaaaAAAAAAAAeeeeeeeeEEEEEEEEooooooooOOOOOOOOaaaaa_aaAAAAA_i_"
+      "__eee_eeEEEEE___iiii__iiIIII____yyyyrryyYYYYR_____ooo_ooOOOOO___" },
+};
 
 /// U+0391 to U+03A9 and U+03B1 to U+03C9, capitals and small letters alike.
 constexpr char const* greek[]
@@ -37,6 +54,15 @@ constexpr Replacement replacements[] = {
     { 0x0132, 0x0132, "IJ" },
     { 0x0133, 0x0133, "ij" },
     { 0x0300, 0x036F, "" },
+    { 0x0386, 0x0386, "A" },
+    { 0x0388, 0x0389, "E" },
+    { 0x038A, 0x038A, "I" },
+    { 0x038C, 0x038C, "O" },
+    { 0x038E, 0x038E, "Y" },
+    { 0x038F, 0x038F, "O" },
+    { 0x0390, 0x0390, "i" },
+    { 0x03AA, 0x03AA, "I" },
+    { 0x03AB, 0x03AB, "Y" },
     { 0x03AC, 0x03AC, "a" },
     { 0x03AD, 0x03AE, "e" },
     { 0x03AF, 0x03AF, "i" },
@@ -80,14 +106,22 @@ constexpr bool IsBetween(char16_t character, char16_t first, char16_t last)
     return character >= first && character <= last;
 }
 
+char LetterOf(LetterRow const& row, char16_t character)
+{
+    auto const place = static_cast<std::size_t>(character) - row.first;
+    return character >= row.first && place < row.letters.size() ? row.letters[place] : '_';
+}
+
 std::string ReplacementOf(char16_t character)
 {
     auto const found = std::find_if(std::begin(replacements), std::end(replacements),
         [character](Replacement const& row) { return IsBetween(character, row.first, row.last); });
     if (found != std::end(replacements))
         return found->bytes;
-    if (IsBetween(character, 0x0100, 0x017F))
-        return { latinExtended[character - 0x0100] };
+    for (auto const& row : letterRows) {
+        if (auto const letter = LetterOf(row, character); letter != '_')
+            return { letter };
+    }
     if (IsBetween(character, 0x0391, 0x03A9)) {
         std::string letters = greek[character - 0x0391];
         letters[0] = static_cast<char>(letters[0] - 'a' + 'A');

@@ -35,7 +35,7 @@ public:
         if (entry.chapter == 0 || entry.verse == 0)
             return; // what stands in front of a book or chapter
         if (verse.isCutOff)
-            Report(entry.lastLine, "a tag has no end: expected >");
+            Report(entry.lastLine, "a tag, or a note or title, has no end");
         if (verse.text.empty())
             return;
         m_innerParagraphs += verse.innerParagraphs;
@@ -45,7 +45,7 @@ public:
     /// The result, but for the files.
     BibleImport Finish()
     {
-        if (m_books.PartRomans())
+        if (m_books.PartRomans() && m_innerParagraphs > 0)
             m_innerParagraphs -= 1;
         BibleImport result;
         result.absent = m_books.CheckWhole(m_file, m_lastLine, m_faults);
@@ -108,20 +108,21 @@ private:
     std::vector<std::string> m_furtherBooks;
 };
 
-/// A verse as it may stand in a book file: in code page 1252, what has a meaning there or in a page of HTML replaced.
+/// A verse as it may stand in a book file: in code page 1252, with single blanks, what has a meaning there or in a page of
+/// HTML replaced.
 NearestForm FileText(std::string const& utf8)
 {
     auto form = NearestCodePage(FromUtf8(utf8));
     form.replaced += std::erase_if(form.bytes, [](char byte) { return byte == '*' || byte == paragraphMark; });
     std::string bytes;
     for (char const byte : form.bytes) {
-        if (byte == '&')
-            bytes += "&amp;";
-        else if (byte == '<')
-            bytes += "&lt;";
-        else
-            bytes += byte;
+        bool const isBlank = byte >= 0 && byte <= ' ';
+        if (isBlank && (bytes.empty() || bytes.ends_with(' ')))
+            continue;
+        bytes += isBlank ? " " : byte == '&' ? "&amp;" : byte == '<' ? "&lt;" : std::string(1, byte);
     }
+    if (bytes.ends_with(' '))
+        bytes.pop_back();
     form.bytes = std::move(bytes);
     return form;
 }

@@ -36,8 +36,8 @@ bool CheckLines::Next()
     if (taken > end && raw.ends_with('\r'))
         raw.remove_suffix(1);
     m_rest.remove_prefix(taken);
-    m_bytesRead += taken;
     m_number += 1;
+    m_raw = raw;
     CheckRaw(raw);
     DecodeLine(raw, m_turns, m_line);
     return true;

@@ -6,7 +6,6 @@
 #include "base/turns.h"
 #include "kit/faults.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -19,9 +18,10 @@ public:
     bool Next();
     /// The line decoded, valid until the next call.
     TextView Line() const { return m_line; }
+    /// The line as it stands in the file.
+    std::string_view Raw() const { return m_raw; }
     /// Counted from 1; behind the end, the last line's.
     int Number() const { return m_number; }
-    std::uint64_t BytesRead() const { return m_bytesRead; }
 
     /// A fault in the present line.
     void Report(std::string message) { Report(m_number, std::move(message)); }
@@ -30,8 +30,7 @@ public:
 private:
     void CheckRaw(std::string_view raw);
 
-    std::string_view m_rest;
-    std::uint64_t m_bytesRead = 0;
+    std::string_view m_rest, m_raw;
     std::string m_file;
     Faults& m_faults;
     Turns m_turns;

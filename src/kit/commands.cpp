@@ -74,10 +74,7 @@ int Filter(std::function<std::string(std::string_view, std::size_t)> const& chan
             line.pop_back();
         std::cout << change(line, n) << (hasReturn ? "\r" : "") << (hasEnd ? "\n" : "");
     }
-    std::cout.flush();
-    if (!std::cout)
-        return Fail({ { "standard output", 0, "it can't be written" } });
-    return 0;
+    return std::cin.bad() ? Fail({ { "standard input", 0, "it can't be read" } }) : 0;
 }
 
 }
@@ -103,7 +100,7 @@ int RunStudyMake(MakeArguments const& arguments)
     auto const name = arguments.source.stem().string();
     if (!IsStudyName(name))
         faults.push_back({ arguments.source.string(), 0,
-            "expected a file name of letters, digits, “_” and “-”, without “-1”: it is the name of the study" });
+            "expected a file name of letters, digits, “_” and “-”, without “-1” and no “V-” at the start: it is the name of the study" });
     auto const bytes = ReadWhole(arguments.source, faults);
     auto bible = BibleTexts::Open(arguments.bible, arguments.translation, faults);
     if (!bytes || !bible)

@@ -1,7 +1,10 @@
 #include "kit/files.h"
 
+#include "platform/host/console.h"
+
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fstream>
 #include <random>
@@ -37,6 +40,19 @@ void WriteWhole(fs::path const& path, std::string const& bytes, fs::path const& 
         throw fs::filesystem_error("", meant, std::error_code(errno, std::generic_category()));
 }
 
+constexpr char const* workMark = ".kit-";
+
+/// Removes what a run that was killed has left. One that is younger than this may still be at work.
+void RemoveLeftovers(fs::path const& target)
+{
+    std::error_code ignored;
+    auto const old = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    for (auto const& entry : fs::directory_iterator(target, ignored)) {
+        if (entry.path().filename().string().starts_with(workMark) && entry.last_write_time(ignored) < old)
+            fs::remove_all(entry.path(), ignored);
+    }
+}
+
 /// A folder for work inside of the target, removed with all that is left in it; and the target itself, if it was made
 /// for this and nothing has come into it.
 class WorkFolder {
@@ -45,7 +61,8 @@ public:
         : m_target(std::move(target))
         , m_madeTarget(fs::create_directory(m_target))
     {
-        m_path = m_target / (".kit-" + std::to_string(std::random_device {}()));
+        RemoveLeftovers(m_target);
+        m_path = m_target / (workMark + std::to_string(std::random_device {}()));
         std::error_code error;
         if (!fs::create_directory(m_path, error)) {
             RemoveMadeTarget();
@@ -55,13 +72,15 @@ public:
     ~WorkFolder()
     {
         std::error_code ignored;
-        fs::remove_all(m_path, ignored);
+        if (!m_isKept)
+            fs::remove_all(m_path, ignored);
         RemoveMadeTarget();
     }
     WorkFolder(WorkFolder const&) = delete;
     WorkFolder& operator=(WorkFolder const&) = delete;
 
     fs::path const& Path() const { return m_path; }
+    void Keep() { m_isKept = true; }
 
 private:
     void RemoveMadeTarget()
@@ -73,54 +92,95 @@ private:
 
     fs::path m_target;
     bool m_madeTarget;
+    bool m_isKept = false;
     fs::path m_path;
 };
 
-/// Moves the files into the target one by one, and back again unless all of them arrived.
+/// Exchanges files one by one. What a file replaces is set aside as a second name of it, so at no time is a name missing.
 class Exchange {
 public:
-    Exchange(fs::path const& target, fs::path const& work)
-        : m_target(target)
+    Exchange(fs::path target, fs::path const& work)
+        : m_target(std::move(target))
         , m_new(work / "new")
         , m_old(work / "old")
     {
     }
-    ~Exchange()
-    {
-        std::error_code ignored;
-        if (m_isDone)
-            return;
-        for (auto const& name : m_moved)
-            fs::remove(m_target / name, ignored);
-        for (auto const& name : m_setAside)
-            fs::rename(m_old / name, m_target / name, ignored);
-        for (auto folder = m_madeFolders.rbegin(); folder != m_madeFolders.rend(); ++folder)
-            fs::remove(*folder, ignored);
-    }
-    Exchange(Exchange const&) = delete;
-    Exchange& operator=(Exchange const&) = delete;
+
+    fs::path const& Old() const { return m_old; }
 
     void Move(fs::path const& name)
     {
-        if (name.has_parent_path() && fs::create_directory(m_target / name.parent_path()))
-            m_madeFolders.push_back(m_target / name.parent_path());
-        if (fs::exists(m_target / name)) {
-            if (fs::is_directory(m_target / name))
-                throw fs::filesystem_error("", m_target / name, std::make_error_code(std::errc::is_a_directory));
-            fs::create_directories((m_old / name).parent_path());
-            fs::rename(m_target / name, m_old / name);
-            m_setAside.push_back(name);
+        auto const place = m_target / name;
+        try {
+            if (name.has_parent_path() && fs::create_directory(place.parent_path()))
+                m_madeFolders.push_back(place.parent_path());
+            bool const isThere = fs::exists(place);
+            if (isThere)
+                SetAside(name);
+            fs::rename(m_new / name, place);
+            m_moved.push_back({ name, isThere });
+        } catch (fs::filesystem_error const& error) {
+            throw fs::filesystem_error("", place, error.code()); // the name that the user knows
         }
-        fs::rename(m_new / name, m_target / name);
-        m_moved.push_back(name);
     }
-    void Done() { m_isDone = true; }
+
+    /// False if something couldn't be put back; it is still among the files set aside.
+    bool PutBack()
+    {
+        std::error_code error;
+        bool isWhole = true;
+        for (auto const& [name, wasThere] : m_moved) {
+            if (wasThere)
+                fs::rename(m_old / name, m_target / name, error);
+            else
+                fs::remove(m_target / name, error);
+            isWhole &= !error;
+        }
+        for (auto folder = m_madeFolders.rbegin(); folder != m_madeFolders.rend(); ++folder)
+            fs::remove(*folder, error);
+        return isWhole;
+    }
 
 private:
+    struct Moved {
+        fs::path name;
+        bool wasThere;
+    };
+
+    void SetAside(fs::path const& name)
+    {
+        if (fs::is_directory(m_target / name))
+            throw fs::filesystem_error("", std::make_error_code(std::errc::is_a_directory));
+        fs::create_directories((m_old / name).parent_path());
+        std::error_code error;
+        fs::create_hard_link(m_target / name, m_old / name, error);
+        if (error) // Not every file system has second names.
+            fs::copy_file(m_target / name, m_old / name);
+    }
+
     fs::path m_target, m_new, m_old;
-    std::vector<fs::path> m_madeFolders, m_setAside, m_moved;
-    bool m_isDone = false;
+    std::vector<fs::path> m_madeFolders;
+    std::vector<Moved> m_moved;
 };
+
+/// Writes the files in the work folder and exchanges them. Throws with "nothing was changed" or where the old files lie.
+void WriteAndExchange(fs::path const& target, OutputFiles const& files, std::vector<fs::path> const& names)
+{
+    EndHeldBack const untilDone;
+    WorkFolder work(target);
+    for (auto const& name : names)
+        WriteWhole(work.Path() / "new" / name, files.at(name), target / name);
+    Exchange exchange(target, work.Path());
+    try {
+        for (auto const& name : names)
+            exchange.Move(name);
+    } catch (fs::filesystem_error const& error) {
+        if (exchange.PutBack())
+            throw;
+        work.Keep();
+        throw fs::filesystem_error("", error.path1(), exchange.Old(), error.code());
+    }
+}
 
 }
 
@@ -154,19 +214,14 @@ std::optional<Replaced> ReplaceFiles(fs::path const& target, OutputFiles const& 
             if (!HasContent(target / name, bytes))
                 changed.push_back(name);
         }
-        if (!changed.empty()) {
-            WorkFolder const work(target);
-            for (auto const& name : changed)
-                WriteWhole(work.Path() / "new" / name, files.at(name), target / name);
-            Exchange exchange(target, work.Path());
-            for (auto const& name : changed)
-                exchange.Move(name);
-            exchange.Done();
-        }
+        if (!changed.empty())
+            WriteAndExchange(target, files, changed);
         return Replaced { changed.size(), files.size() - changed.size() };
     } catch (fs::filesystem_error const& error) {
         auto const& path = error.path1().empty() ? target : error.path1();
-        faults.push_back({ path.string(), 0, error.code().message() + "; nothing was changed" });
+        faults.push_back({ path.string(), 0,
+            error.code().message()
+                + (error.path2().empty() ? "; nothing was changed" : "; not all could be put back, the old files lie in " + error.path2().string()) });
         return std::nullopt;
     }
 }

@@ -33,7 +33,11 @@ public:
         } catch (CLI::ParseError const& error) {
             return m_app.exit(error) == 0 ? 0 : 2;
         }
-        return m_run();
+        auto const status = m_run();
+        if (std::cout.flush())
+            return status;
+        std::cerr << "standard output: it can't be written\n";
+        return 1;
     }
 
 private:

@@ -1,8 +1,11 @@
 #include "kit/osis_text.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <charconv>
 #include <vector>
 
 namespace {
@@ -10,7 +13,8 @@ namespace {
 constexpr std::string_view pilcrow = "\xC2\xB6";
 constexpr std::string_view closingQuote = "\xE2\x80\x9D";
 constexpr std::string_view whiteSpace = " \t\r\n";
-constexpr std::string_view runEnds = " \t\r\n&\xC2"; // the last one opens a pilcrow
+constexpr std::string_view runEnds = " \t\r\n&\\\xC2"; // the last one opens a pilcrow
+constexpr std::string_view commentStart = "<!--", commentEnd = "-->";
 constexpr std::array<std::string_view, 4> leftOut = { "note", "title", "rdg", "speaker" };
 constexpr std::array<std::string_view, 3> outside = { "front", "introduction", "glossary" };
 
@@ -59,9 +63,50 @@ bool OpensWord(std::string_view text)
         || (first >= 0xC3 && first <= 0xC9);
 }
 
-bool ClosesSentence(char character)
+bool IsStop(char character)
 {
     return std::string_view(",.;:?!").find(character) != std::string_view::npos;
+}
+
+/// True if the word belongs to the one before it, from which a blank parts it.
+bool IsClosing(std::string_view word, std::string_view textWithBlank)
+{
+    bool const isBehindStop = textWithBlank.size() > 1 && IsStop(textWithBlank[textWithBlank.size() - 2]);
+    return IsStop(word.front()) || (word.starts_with(closingQuote) && isBehindStop);
+}
+
+/// The length of a marker of the text's own source that was left in the words ("\\nd ", "\\+nd*"); 0 for none.
+std::size_t MarkerLength(std::string_view words)
+{
+    if (!words.starts_with('\\'))
+        return 0;
+    auto const end = std::min(words.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789", words.starts_with("\\+") ? 2 : 1),
+        words.size());
+    return end + (end < words.size() && (words[end] == '*' || words[end] == ' ') ? 1 : 0);
+}
+
+struct Replaced {
+    std::size_t length = 0; ///< in bytes, of what is replaced; 0 for nothing
+    std::string text; ///< UTF-8
+};
+
+/// The entity that the words begin with, by its name or its number.
+Replaced EntityAt(std::string_view words)
+{
+    for (auto const& entity : entities) {
+        if (words.starts_with(entity.name))
+            return { entity.name.size(), std::string(1, entity.character) };
+    }
+    auto const end = words.find(';');
+    if (!words.starts_with("&#") || end == words.npos)
+        return {};
+    bool const isHex = words.starts_with("&#x");
+    unsigned code = 0;
+    auto const digits = words.substr(isHex ? 3 : 2, end - (isHex ? 3 : 2));
+    auto const [last, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
+    if (error != std::errc() || last != digits.data() + digits.size() || code == 0 || code > 0xFFFF)
+        return {};
+    return { end + 1, ToUtf8(Text(1, static_cast<char16_t>(code))) };
 }
 
 /// True if a blank at this place would part what belongs together.
@@ -94,21 +139,29 @@ public:
 
     void Words(std::string_view words)
     {
-        if (m_isOutside || std::ranges::any_of(m_open, [](auto name) { return IsOneOf(leftOut, name); }))
+        if (m_isOutside || IsLeavingOut())
             return;
         while (!words.empty()) {
             if (words.starts_with(pilcrow)) {
                 m_reader.m_isParagraphDue = true;
                 words.remove_prefix(pilcrow.size());
-            } else if (auto const entity = EntityAt(words); entity.character != 0) {
-                Put({ &entity.character, 1 });
-                words.remove_prefix(entity.name.size());
+            } else if (auto const marker = MarkerLength(words); marker > 0) {
+                words.remove_prefix(marker);
+            } else if (auto const [length, text] = EntityAt(words); length > 0) {
+                Put(text);
+                words.remove_prefix(length);
             } else {
                 auto const run = words.substr(0, words.find_first_of(runEnds, 1));
                 Put(run);
                 words.remove_prefix(run.size());
             }
         }
+    }
+
+    /// True inside of an element that is left out.
+    bool IsLeavingOut() const
+    {
+        return std::ranges::any_of(m_open, [](auto name) { return IsOneOf(leftOut, name); });
     }
 
     OsisVerse Take()
@@ -119,12 +172,6 @@ public:
     }
 
 private:
-    static Entity EntityAt(std::string_view words)
-    {
-        auto const found
-            = std::ranges::find_if(entities, [words](Entity const& entity) { return words.starts_with(entity.name); });
-        return found == entities.end() ? Entity { {}, '\0' } : *found;
-    }
 
     void Milestone(std::string_view tag)
     {
@@ -159,7 +206,7 @@ private:
         if (OpensWord(word) && (text.ends_with(closingQuote) || (m_isBehindLeftOut && !IsOpening(text))))
             text += ' ';
         m_isBehindLeftOut = false;
-        if (ClosesSentence(word.front()) && text.ends_with(' '))
+        if (text.ends_with(' ') && IsClosing(word, text))
             text.pop_back();
         text += word;
     }
@@ -187,18 +234,22 @@ OsisVerse OsisReader::Read(std::string_view markup)
     Reading reading(*this);
     bool isCutOff = false;
     while (!markup.empty()) {
+
         auto const start = std::min(markup.find('<'), markup.size());
         reading.Words(markup.substr(0, start));
         markup.remove_prefix(start);
         if (markup.empty())
             break;
-        auto const end = markup.find('>');
+        auto const tagEnd = markup.starts_with(commentStart) ? commentEnd : std::string_view(">");
+        auto const end = markup.find(tagEnd);
         isCutOff |= end == markup.npos;
-        reading.Tag(markup.substr(1, std::min(end, markup.size()) - 1));
-        markup.remove_prefix(std::min(end, markup.size() - 1) + 1);
+        auto const length = std::min(end, markup.size() - tagEnd.size());
+        if (tagEnd != commentEnd)
+            reading.Tag(markup.substr(1, std::max<std::size_t>(length, 1) - 1));
+        markup.remove_prefix(length + tagEnd.size());
     }
     auto verse = reading.Take();
-    verse.isCutOff = isCutOff;
+    verse.isCutOff = isCutOff || reading.IsLeavingOut();
     return verse;
 }
 

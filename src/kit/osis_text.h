@@ -10,7 +10,7 @@ struct OsisVerse {
     std::string text; ///< UTF-8, single blanks, none at the ends
     bool startsParagraph = false; ///< a paragraph or stanza, or a pilcrow, stands before its first word
     std::size_t innerParagraphs = 0; ///< paragraphs and stanzas that begin behind its first word
-    bool isCutOff = false; ///< a tag has no end
+    bool isCutOff = false; ///< a tag or an element that is left out has no end
 };
 
 /// Reads verse after verse in the order of the books: a paragraph that opens behind the last word of one verse begins

@@ -135,9 +135,10 @@ Text VerseList(std::vector<Verse> const& verses)
 /// Finds the verses of one reference.
 class Search {
 public:
-    Search(BibleTexts& bible, std::size_t book, Faults& bookFaults)
+    Search(BibleTexts& bible, std::size_t book, int line, Faults& bookFaults)
         : m_bible(bible)
         , m_book(book)
+        , m_line(line)
         , m_faults(bookFaults)
     {
     }
@@ -161,6 +162,7 @@ public:
     std::vector<Passage> Take()
     {
         for (auto& [chapter, isWhole, passage] : m_chapters) {
+            passage.line = m_line;
             passage.heading = m_bible.Books()[m_book].name + u' ' + FromNumber(chapter);
             if (!isWhole)
                 passage.heading += u':' + VerseList(passage.verses);
@@ -187,6 +189,9 @@ private:
         bool const isWhole = first <= 1 && last == toTheEnd;
         if (verses.empty() || first > last || (!isWhole && (!isThere(first) || (last != toTheEnd && !isThere(last)))))
             return false;
+        auto const isSame = [&](Chapter const& other) { return other.number == chapter && other.isWhole; };
+        if (std::ranges::any_of(m_chapters, isSame))
+            return true;
         if (m_chapters.empty() || m_chapters.back().number != chapter || isWhole)
             m_chapters.push_back({ chapter, isWhole, {} });
         std::ranges::copy_if(verses, std::back_inserter(m_chapters.back().passage.verses),
@@ -196,6 +201,7 @@ private:
 
     BibleTexts& m_bible;
     std::size_t m_book;
+    int m_line;
     Faults& m_faults;
     std::vector<Chapter> m_chapters;
 };
@@ -225,7 +231,7 @@ std::vector<Passage> FindPassages(
     Text numbers(Trim(reference.substr(numbersAt)));
     ReplaceAll(numbers, u"–", u"-");
     auto const faultsBefore = faults.size();
-    Search search(bible, books[0], faults);
+    Search search(bible, books[0], line, faults);
     auto const ranges = numbers.empty()
         ? std::vector { Range { 1, 1, std::max(bible.LastChapter(books[0], faults), 1), toTheEnd } }
         : ReadRanges(numbers);

@@ -11,6 +11,7 @@
 /// Verses of one chapter under a heading of their own.
 struct Passage {
     Text heading; ///< the full reference; ends in a digit
+    int line = 0; ///< of the source, where it is asked for
     std::vector<Verse> verses; ///< at least one
 };
 

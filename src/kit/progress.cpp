@@ -1,6 +1,6 @@
 #include "kit/progress.h"
 
-#include "platform/host/terminal.h"
+#include "platform/host/console.h"
 
 #include <algorithm>
 #include <cstdio>

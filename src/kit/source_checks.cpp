@@ -1,7 +1,7 @@
 #include "kit/source_checks.h"
 
 #include "base/code_page.h"
-#include "study/codec.h"
+#include "kit/short_names.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -25,33 +25,15 @@ void CheckCharacters(SourceLine const& line, std::string const& file, Faults& fa
         auto const character = line.text[i];
         if (character == u'/')
             faults.push_back({ file, line.line, "a “/” would open a new paragraph; leave an empty line for one" });
-        else if (character < u' ' || !CodePageByte(character)) {
+        else if (character < u' ')
+            faults.push_back({ file, line.line, "a control character " + Named(TextView(line.text).substr(i, 1)) });
+        else if (!CodePageByte(character)) {
             bool const isPair = (character & 0xFC00) == 0xD800 && i + 1 < line.text.size();
             faults.push_back({ file, line.line,
                 "code page 1252 has no character for " + Named(TextView(line.text).substr(i, isPair ? 2 : 1)) });
             i += isPair;
         }
     }
-}
-
-/// The first place where a short name of a book would be written out, and its length; a length of 0 for none.
-struct ShortName {
-    std::size_t start = 0, length = 0;
-};
-
-ShortName FindShortName(TextView text, std::size_t from)
-{
-    for (auto stop = text.find(u'.', from); stop != TextView::npos; stop = text.find(u'.', stop + 1)) {
-        // The name ends at this stop; what the program writes out behind it is the same with or without the rest.
-        Text expanded(text.substr(0, stop + 1));
-        ExpandBookNames(expanded);
-        if (expanded.ends_with(u'.'))
-            continue;
-        auto const start = text.find_last_of(u" /(“‘—", stop);
-        auto const first = start == TextView::npos ? 0 : start + 1;
-        return { first, stop + 1 - first };
-    }
-    return {};
 }
 
 void CheckShortNames(SourceParagraph const& paragraph, std::string const& file, Faults& faults)

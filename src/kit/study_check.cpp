@@ -1,7 +1,6 @@
 #include "kit/study_check.h"
 
 #include "kit/files.h"
-#include "kit/lines.h"
 #include "kit/study_file_check.h"
 #include "kit/verse_file_check.h"
 #include "study/codec.h"

@@ -4,7 +4,6 @@
 #include "base/text.h"
 #include "kit/check_lines.h"
 
-#include <functional>
 #include <vector>
 
 struct NamedVerseFile {

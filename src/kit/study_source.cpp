@@ -1,8 +1,11 @@
 #include "kit/study_source.h"
 
+#include "base/code_page.h"
+#include "kit/short_names.h"
 #include "kit/source_checks.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
 
 namespace {
@@ -138,7 +141,7 @@ private:
         m_level = Level::Lesson;
         m_seenInLesson.clear();
         m_lessonLine = entry.line;
-        m_lastPart = -1;
+        m_isPartSeen = {};
         m_study.lessons.emplace_back();
         CheckBeginning(entry, u"->", "the end of the list of lessons", m_file, m_faults);
         CurrentLesson().title = OneParagraph(entry);
@@ -156,8 +159,10 @@ private:
         int const part = name == u"one" ? 0 : name == u"two" ? 1 : -1;
         if (part < 0)
             Report(entry.line, "expected part “one” or “two”");
-        else if (part != m_lastPart + 1)
-            Report(entry.line, m_lastPart < part ? "part “one” has to come before" : "this part a second time");
+        else if (m_isPartSeen[static_cast<std::size_t>(part)])
+            Report(entry.line, "this part a second time");
+        else if (part == 1 && !m_isPartSeen[0])
+            Report(entry.line, "part “one” has to come before");
         if (m_level == Level::Lesson) {
             for (auto& ofPart : CurrentLesson().parts) {
                 ofPart.mainPassages = m_mainOfLesson;
@@ -168,8 +173,8 @@ private:
         m_seenInPart.clear();
         m_partLine = entry.line;
         m_questions = 0;
-        m_lastPart = std::max(part, m_lastPart);
         m_part = static_cast<std::size_t>(std::max(part, 0));
+        m_isPartSeen[m_part] |= part >= 0;
     }
 
     std::vector<Passage> Passages(SourceEntry const& entry)
@@ -191,7 +196,7 @@ private:
             if (Trim(reference).empty())
                 continue;
             for (auto& passage : FindPassages(Trim(reference), m_bible, m_file, line.line, m_faults)) {
-                if (passage.verses.back().number > lastVerseNumber)
+                if (std::ranges::max(passage.verses, {}, &Verse::number).number > lastVerseNumber)
                     Report(line.line,
                         "verse numbers above 99 don't fit their place on the screen: "
                             + ToUtf8(passage.heading));
@@ -228,6 +233,10 @@ private:
         auto const label = entry.label.empty() ? FromNumber(m_questions) : entry.label;
         if (label.find_first_of(u" .#[->/") != Text::npos)
             Report(entry.line, "a label can't hold a blank or one of . # [ - > /");
+        else if (FindShortName(label + u'.', 0).length > 0)
+            Report(entry.line, "the label would be written out as the name of a book");
+        else if (!ToCodePage(label))
+            Report(entry.line, "code page 1252 lacks a character of the label");
         CurrentPart().pages.push_back({ label, Paragraphs(entry), std::nullopt });
     }
     void Page(SourceEntry const& entry)
@@ -274,8 +283,12 @@ private:
         m_supplementaryOfLesson.clear();
         if (m_level == Level::Study)
             return;
-        if (m_lastPart < 1)
-            Report(m_lessonLine, m_lastPart < 0 ? "this lesson has no parts" : "this lesson has no part “two”");
+        if (!m_isPartSeen[0] && !m_isPartSeen[1])
+            Report(m_lessonLine, "this lesson has no parts");
+        else if (!m_isPartSeen[1])
+            Report(m_lessonLine, "this lesson has no part “two”");
+        else if (!m_isPartSeen[0])
+            Report(m_lessonLine, "this lesson has no part “one”");
     }
 
     std::string const& m_file;
@@ -286,7 +299,7 @@ private:
     std::set<Text> m_seenInStudy, m_seenInLesson, m_seenInPart;
     std::vector<Passage> m_mainOfLesson, m_supplementaryOfLesson;
     int m_lessonLine = 0, m_partLine = 0;
-    int m_lastPart = -1; ///< of the lesson, from 0; -1 before its first one
+    std::array<bool, 2> m_isPartSeen {}; ///< of the lesson
     std::size_t m_part = 0;
     int m_questions = 0; ///< of the part
 };

@@ -2,7 +2,7 @@
 
 #include "base/code_page.h"
 #include "kit/scramble.h"
-#include "study/codec.h"
+#include "kit/short_names.h"
 #include "study/verse_file.h"
 
 #include <algorithm>
@@ -35,16 +35,16 @@ public:
             m_bytes += FileLine(*bytes, m_count++, m_isPlain) + "\r\n";
     }
 
-    /// A verse has to be read as a verse again, with the same words.
-    void AddVerse(Verse const& verse, TextView heading)
+    /// A verse has to be read as a verse again, with the same number and words.
+    void AddVerse(Verse const& verse, Passage const& passage)
     {
-        auto const line = FromNumber(verse.number) + u' ' + verse.text;
-        Text expanded = line;
-        ExpandBookNames(expanded);
+        auto const number = FromNumber(verse.number);
+        auto const line = KeepShortNames(number + u' ' + verse.text);
         auto const item = ClassifyVerseLine(line);
-        auto const what = Text(heading) + u", verse " + FromNumber(verse.number);
-        if (!item || item->kind != VerseFileItem::Kind::NumberedVerse || Contains(line, u'>') || expanded != line)
-            Report(what, "would not be read as this verse: " + ToUtf8(line.substr(0, 40)));
+        auto const what = passage.heading + u", verse " + number;
+        bool const isSame = item && item->kind == VerseFileItem::Kind::NumberedVerse && Trim(item->number) == number;
+        if (!isSame || Contains(line, u'>'))
+            Report(what, "would not be read as this verse: " + ToUtf8(line.substr(0, 40)), passage.line);
         else
             Add(line, what);
     }
@@ -52,9 +52,9 @@ public:
     std::string Take() { return std::move(m_bytes); }
 
 private:
-    void Report(TextView what, std::string const& message)
+    void Report(TextView what, std::string const& message, int line = 0)
     {
-        m_faults.push_back({ m_source, 0, ToUtf8(what) + ' ' + message });
+        m_faults.push_back({ m_source, line, ToUtf8(what) + ' ' + message });
     }
 
     bool m_isPlain;
@@ -93,7 +93,7 @@ public:
             for (auto const& passage : m_study.lessons[i].parts[m_part].*passages) {
                 file.Add(passage.heading, passage.heading);
                 for (auto const& verse : passage.verses)
-                    file.AddVerse(verse, passage.heading);
+                    file.AddVerse(verse, passage);
             }
         }
     }
@@ -128,7 +128,8 @@ private:
 bool IsStudyName(std::string const& name)
 {
     auto const isAllowed = [](unsigned char c) { return c < 0x80 && (std::isalnum(c) || c == '_' || c == '-'); };
-    return !name.empty() && std::ranges::all_of(name, isAllowed) && name.find("-1") == name.npos;
+    bool const isVerseFile = name.starts_with("V-") || name.starts_with("v-");
+    return !name.empty() && std::ranges::all_of(name, isAllowed) && name.find("-1") == name.npos && !isVerseFile;
 }
 
 OutputFiles WriteStudy(

@@ -7,7 +7,7 @@
 
 #include <string>
 
-/// True for a name that the files of a study may bear: letters, digits, "_" and "-", without "-1".
+/// True for a name that the files of a study may bear: letters, digits, "_" and "-", without "-1" and not beginning like a verse file's.
 bool IsStudyName(std::string const& name);
 
 /// Both study files and the four verse files of a study. The lines are scrambled unless `isPlain`. What can't be

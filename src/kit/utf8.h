@@ -3,5 +3,5 @@
 
 #include <string_view>
 
-/// True if the bytes are UTF-8 throughout. Surrogates and overlong forms aren't looked for.
+/// True if the bytes are UTF-8 throughout; lone surrogates in their three-byte form pass.
 bool IsUtf8(std::string_view bytes);

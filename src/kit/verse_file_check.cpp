@@ -27,8 +27,8 @@ std::size_t CountDigits(TextView line)
 void CheckVerse(CheckLines& lines, TextView line)
 {
     auto const digits = CountDigits(line);
-    if (digits == 0 || digits > 2)
-        lines.Report("expected a verse number of one or two digits, found " + Excerpt(line));
+    if (digits == 0 || digits > 2 || line.starts_with(u'0'))
+        lines.Report("expected a verse number of one or two digits, the first one no 0, found " + Excerpt(line));
     else if (digits + 1 >= line.size() || line[digits] != u' ')
         lines.Report("expected a blank and the text of the verse behind its number, found " + Excerpt(line));
 }
@@ -37,7 +37,7 @@ void CheckVerse(CheckLines& lines, TextView line)
 
 void CheckVerseLines(CheckLines& lines)
 {
-    bool hasMark = false, isReported = false;
+    bool hasMark = false;
     while (lines.Next()) {
         auto const line = lines.Line();
         if (Contains(line, u'>')) {
@@ -48,10 +48,6 @@ void CheckVerseLines(CheckLines& lines)
         }
         if (line.empty())
             continue;
-        if (!hasMark && !isReported) {
-            lines.Report("expected a section mark before the first passage, which now belongs to every lesson");
-            isReported = true;
-        }
         if (NumericValue(line) != 0 && !IsDigit(line.back()))
             CheckVerse(lines, line);
         else if (line == u"^")

@@ -19,6 +19,7 @@ TEST(NearestForm, WritesWhatTheCodePageLacks)
         { u"1\u20102\u20153\u22124", "1-2\x97" "3-4", 3 },
         { u"\u03B8\u03B5\u03CC\u03C2 \u0398", "theos Th", 5 },
         { u"\u05D0\u05B8\u05DC\u05EA", "'lt", 4 },
+        { u"\u1F00\u03C1\u03C7\u1FC7 \u0390 \u1E25\u0219\u1EA1", "arche i hsa", 8 },
         { u"\uFB01n\u2026", "fin\x85", 1 },
         { u"\u4E2D\U0001F600\xD800", "\xA4\xA4\xA4", 3 },
     };

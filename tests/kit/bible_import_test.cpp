@@ -43,7 +43,13 @@ TEST(OsisText, KeepsTheWordsOfTheTranslation)
         { "b", "P b" }, // the line break above opens it
         { "<div sID=\"1\" type=\"section\"/><div type=\"x-milestone\" sID=\"2\"/>a", "a" },
         { "a <div sID=\"1\" type=\"glossary\"/>b<div sID=\"2\" type=\"x-p\"/> c<div eID=\"1\" type=\"glossary\"/>d", "a d" },
+        { "by my name \\nd JEHOVAH\\+nd* \\", "by my name JEHOVAH" },
+        { "it&#8217;s &#x2014; &#0; &#;", "it\xE2\x80\x99s \xE2\x80\x94 &#0; &#;" },
+        { "a<!-- <w> > --> b", "a b" },
+        { "a. \xE2\x80\x9D b \xE2\x80\x9D", "a.\xE2\x80\x9D b \xE2\x80\x9D" },
         { "a <w lemma=\"b", "a (cut off)" },
+        { "a <!-- b", "a (cut off)" },
+        { "a <note>b", "a (cut off)" },
         { "", "" },
     };
     OsisReader reader;
@@ -94,7 +100,7 @@ TEST(BibleImport, WritesIndexAndBooks)
         if (key == "Romans 16:27")
             return "<note>TR</note>";
         if (key == "Genesis 1:1")
-            return "\xC2\xB6 \xE2\x80\x9CIn\xE2\x80\x9D the A &amp; *\xCE\xA9";
+            return "\xC2\xB6 \xE2\x80\x9CIn\xE2\x80\x9D the A &amp; *\xCE\xA9\xE2\x80\xA8\x01 *";
         return PlainVerse(key);
     });
     auto const import = ImportBible(bytes, "b.imp", "nasb", faults);
@@ -105,7 +111,7 @@ TEST(BibleImport, WritesIndexAndBooks)
     EXPECT_EQ(import->furtherBooks, std::vector<std::string> { "Tobit" });
     EXPECT_EQ(import->paragraphs, 2u);
     EXPECT_EQ(import->innerParagraphs, 0u);
-    EXPECT_EQ(import->replaced, 2u);
+    EXPECT_EQ(import->replaced, 4u);
     EXPECT_EQ(import->files.size(), 67u);
     auto const& index = import->files.at("biblenasb.idx");
     EXPECT_EQ(index.substr(0, 24), "Genesis|50\r\nExodus|40\r\nL");
@@ -140,7 +146,7 @@ TEST(BibleImport, NamesWhatIsWrong)
             "b.imp:9: expected a book, a chapter and a verse behind $$$\nb.imp:" + lastLine + ": the export ends without Genesis 1:2\n" },
         { replaced("$$$Genesis 1:2\nAnd", "$$$Genesis 1:2\n\xE4nd"), "b.imp:10: expected UTF-8\n" },
         { replaced("$$$Genesis 1:2\nAnd", "$$$Genesis 1:2\n<w And"), "" },
-        { replaced("$$$Genesis 1:2\nAnd <w>so</w>.", "$$$Genesis 1:2\nAnd <w"), "b.imp:10: a tag has no end: expected >\n" },
+        { replaced("$$$Genesis 1:2\nAnd <w>so</w>.", "$$$Genesis 1:2\nAnd <w"), "b.imp:10: a tag, or a note or title, has no end\n" },
         { replaced("$$$Genesis 1:3\n", "$$$Genesis 1:2\n"),
             "b.imp:11: Genesis 1:2 a second time, first in line 9\nb.imp:" + lastLine + ": the export ends without Genesis 1:3\n" },
         { whole + "$$$Revelation of John 22:22\nx\n$$$Revelation of John 22:23\n\n",

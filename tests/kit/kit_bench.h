@@ -71,7 +71,7 @@ inline void WriteTestBible(TestFolder const& folder)
     folder.Write("kjv/kjv3", chapters(3, 5));
     folder.Write("kjv/kjv4", chapters(1, 4));
     folder.Write("kjv/kjv5", "\r\n" + TestVerse(1, 1) + "001 002 2 shall be > than 1\r\n\r\n001 003 There were 12\r\n\r\n"
-            + "001 004 He said Is. 5\r\n\r\n");
+            + "001 004 He said Is. 5 times\r\n\r\n");
     folder.Write("kjv/kjv6", chapters(1, 2));
     folder.Write("kjv/kjv7", chapters(1, 2));
 }

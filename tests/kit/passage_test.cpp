@@ -30,6 +30,7 @@ TEST(Passage, FindsWhatAnAuthorMeans)
         { u"John 2:4-3:2", "John 2:4-5 (2); John 3:1-2 (2)" },
         { u"John 1:5,3:2", "John 1:5 (1); John 3:2 (1)" },
         { u"John 1-3:1", "John 1 (5); John 2 (4); John 3:1 (1)" },
+        { u"John 1,1:3,3:1", "John 1 (5); John 3:1 (1)" },
         { u"Ruth", "Ruth 1 (4); Ruth 2 (4)" },
         { u"Jude", "Jude 1 (2)" },
         { u"2 John", "2 John 1 (4)" },

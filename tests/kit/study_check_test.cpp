@@ -39,6 +39,7 @@ TEST(StudyCheck, FindsNoFaultInTheExamples)
 {
     auto const study = FencedBlocks("study-files.md").at(0);
     TestFolder folder;
+    folder.Write("V-Ruth", FencedBlocks("verse-files.md").at(0));
     for (auto const* const name : { "ruth-1.dat", "ruth-2.dat" })
         folder.Write(name, study);
     for (auto const* const name : { "V-Ruth1", "V-Ruth1s", "V-Ruth2", "V-Ruth2s" })
@@ -59,11 +60,23 @@ TEST(StudyCheck, NamesEachBreakOfAStudyFile)
     };
     Row const rows[] = {
         { 1, { "A" }, "f:1: expected <prefix>:<title>, found no colon in “A”\n" },
-        { 1, { "A: " }, "f:1: expected a title behind the colon\n" },
-        { 1, { "A:B:C" }, "f:1: what follows the second colon is never shown; expected <prefix>:<title>\n" },
-        { 2, { "-" }, "f:2: expected the description of the study, found “-”\n" },
+        { 1, { "A: :C" }, "f:1: expected <prefix>:<title>, found an empty one\n" },
+        { 1, { ":B" }, "f:1: expected <prefix>:<title>, found an empty one\n" },
+        { 1, { "A:B:C" }, "" },
+        { 2, { "- > C" }, "" },
         { 3, { "D/E/F" }, "f:3: expected <title> or <title>/<second title>, found more\nf: expected the same lessons as in s-2.dat\n" },
-        { 4, { "" }, "f:4: expected the title of a lesson, found an empty line\nf: expected the same lessons as in s-2.dat\n" },
+        { 4, { "" }, "f:4: expected the title of a lesson, found an empty one\nf: expected the same lessons as in s-2.dat\n" },
+        { 4, { "/F" }, "f:4: expected the title of a lesson, found an empty one\nf: expected the same lessons as in s-2.dat\n" },
+        { 4, { "F/ " }, "f:4: expected nothing behind the “/” at the end of the title, which the catalogue shows now\n" },
+        { 5, { " -" }, "f:5: expected the “-” that ends the list of lessons as the first character of its line\n" },
+        { 5, { "-", "" }, "" },
+        { 6, { ">01" }, "f:6: expected the marker >1, found “>01”\nf:15: expected the marker >1, found >2\n" },
+        { 6, { ">12" }, "f:6: expected no lesson 12, since the list has 2\n" },
+        { 7, { "[> I" }, "" },
+        { 7, { "- XXXX" }, "" },
+        { 8, { "Ps. 23 who?" }, "f:8: expected <label>. <text>, found “Ps. 23 who?”\n" },
+        { 14, { "" }, "f:14: expected the name of the supplemental verse file, found “”\n" },
+        { 20, { "More", "", "" }, "" },
         { 5, {}, "f:5: expected the “-” that ends the list of lessons, found “>1”\n" },
         { 6, {}, "f:6: expected the marker >1, found “I/^J”\nf:14: expected the marker >1, found >2\n" },
         { 6, { "x", "y", ">1" }, "f:6: expected the marker >1, found “x”\n" },
@@ -118,14 +131,15 @@ TEST(StudyCheck, NamesEachBreakOfAVerseFile)
     Row const rows[] = {
         { ">1\nJohn 3:16\n16 For God\n\n^x\n>2\n1 a\n", "" },
         { "", "f: the file ends; expected a section mark\n" },
-        { "John 3:16\n16 For\n>1\n", "f:1: expected a section mark before the first passage, which now belongs to every lesson\n" },
+        { "John 3:16\n16 For\n>1\n", "" },
         { ">\n>x\n> 1\nfor a > b\n", "f:1: expected > and the number of a lesson, found “>”\nf:2: expected > and the number of a lesson, "
                             "found “>x”\nf:3: expected > and the number of a lesson, found “> 1”\nf:4: expected > and the number of a "
                             "lesson, found “for a > b”\n" },
-        { ">1\n100 I understand\n16For God\n12.\n-3 x\n",
-            "f:2: expected a verse number of one or two digits, found “100 I understand”\nf:3: expected a blank and the text of the verse "
-            "behind its number, found “16For God”\nf:4: expected a blank and the text of the verse behind its number, found “12.”\nf:5: "
-            "expected a verse number of one or two digits, found “-3 x”\n" },
+        { ">1\n100 I understand\n03 For\n16For God\n12.\n-3 x\n",
+            "f:2: expected a verse number of one or two digits, the first one no 0, found “100 I understand”\nf:3: expected a verse "
+            "number of one or two digits, the first one no 0, found “03 For”\nf:4: expected a blank and the text of the verse "
+            "behind its number, found “16For God”\nf:5: expected a blank and the text of the verse behind its number, found “12.”\nf:6: "
+            "expected a verse number of one or two digits, the first one no 0, found “-3 x”\n" },
         { ">1\n^\n", "f:2: expected a heading behind “^”\n" },
     };
     for (auto const& row : rows)

@@ -1,8 +1,0 @@
-#include "platform/host/terminal.h"
-
-#include <unistd.h>
-
-bool IsErrorTerminal()
-{
-    return isatty(STDERR_FILENO) != 0;
-}
