@@ -18,6 +18,7 @@ frmContents::frmContents(
 {
     opensAs = WindowState::Maximised;
     centred = true;
+    smallest = { 8000, 6700 };
     BackColor = Rgb(0, 0, 0);
     for (MenuEntry* entry :
         { &mnuFileSave, &mnuFileClose, &mnuEditCut, &mnuEditCopy, &mnuEditPaste, &mnuEditDeleteLesson })
@@ -73,8 +74,46 @@ Node* frmContents::AddNode(Node* last, CatalogueNode const& node)
     return &added;
 }
 
+/// Lengths are twips; a value used on the right is the one just set.
 void frmContents::Form_Resize()
 {
+    if (WindowState == WindowState::Minimised)
+        return;
+    KeepWithinLimits();
+    Image2.Left = ScaleWidth - Image2.Width - 15 - 600;
+    XPContainer1.Width = Width - 2 * XPContainer1.Left;
+    XPContainer1.Height = Height - StatusBar1.Height - XPContainer1.Top - 1100;
+    TreeView1.Left = 30;
+    TreeView1.Top = 370;
+    TreeView1.Width = XPContainer1.Width * 0.55F - 370;
+    TreeView1.Height = XPContainer1.Height - 370 - 20;
+    lblBack.Left = TreeView1.Width + 1;
+    lblBack.Top = 370;
+    lblBack.Width = XPContainer1.Width - TreeView1.Width - 5;
+    lblBack.Height = XPContainer1.Height - lblBack.Top - 50;
+    Picture1.Left = TreeView1.Width + 170;
+    Picture1.Top = 510;
+    lblStudy.Left = TreeView1.Width + 170 + Picture1.Width + 50;
+    lblStudy.Top = 510;
+    lblStudy.Width = XPContainer1.Width - lblStudy.Left - 20 - 20;
+    txtDesc.Left = TreeView1.Width + 170;
+    txtDesc.Top = txtDesc.Tag() == u"True" ? lblStudy.Top + 450 + 290 : 370;
+    txtDesc.Width = XPContainer1.Width - TreeView1.Width - 230;
+    txtDesc.Height = XPContainer1.Height - txtDesc.Top - 50;
+}
+
+/// The height of the screen comes first, so the smallest size has the last word.
+void frmContents::KeepWithinLimits()
+{
+    if (WindowState == WindowState::Maximised)
+        return;
+    float const screenHeight = OwnScreen().OwnHost().ScreenSize().height;
+    if (Height > screenHeight)
+        Height = screenHeight;
+    if (Height < smallest.height)
+        Height = smallest.height;
+    if (Width < smallest.width)
+        Width = smallest.width;
 }
 
 void frmContents::TreeView1_NodeClick(Node& node)

@@ -24,6 +24,7 @@ public:
 private:
     void Form_Load() override;
     void Form_Resize() override;
+    void KeepWithinLimits();
     void TreeView1_NodeClick(Node& node);
     void mnuFileExit_Click();
     Node* AddNode(Node* last, CatalogueNode const& node);

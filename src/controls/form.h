@@ -85,7 +85,7 @@ public:
     bool centred = false;
     ::WindowState opensAs = ::WindowState::Normal;
     ScaleMode scale = ScaleMode::Twips;
-    Size smallestClient; ///< below which the user can't make the window; 0 for no limit
+    Size smallest; ///< outer, in twips, below which the user can't drag a window that isn't maximised; 0 for no limit
 
 private:
     friend class Control;

@@ -111,10 +111,8 @@ void FormPeer::Place()
         else
             window.resize(size);
     }
-    float const unit = m_form.TwipsPerUnit();
-    if (m_form.smallestClient.width > 0)
-        window.setMinimumSize(Pixels(m_form.smallestClient.width * unit),
-            Pixels(m_form.smallestClient.height * unit) + MenuBarHeight(m_menuBar));
+    if (m_form.smallest.width > 0)
+        window.setMinimumSize(InnerSize(m_form.smallest, m_frame).boundedTo(window.screen()->availableSize()));
     if (isNormal && std::exchange(m_moveWanted, false))
         window.move(Pixels(m_form.Left), Pixels(m_form.Top));
     if (window.isVisible() && m_state != m_form.WindowState()) {

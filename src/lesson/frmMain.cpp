@@ -14,6 +14,7 @@ frmMain::frmMain(
 {
     opensAs = WindowState::Maximised;
     centred = true;
+    smallest = { 11000, 8000 };
     BackColor = Rgb(0, 0, 0);
     lblStudy.ForeColor = Rgb(255, 255, 255);
     lblStudy.FontBold = true;

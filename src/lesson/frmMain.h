@@ -18,6 +18,7 @@
 #include "study/verse_file.h"
 
 #include <cstdint>
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -38,7 +39,6 @@ public:
 private:
     // The load, in frmMain_load.cpp.
     void Form_Load() override;
-    void Form_Resize() override;
     std::optional<Failure> LoadLesson();
     std::optional<Failure> LoadIntroduction(LessonReader& reader);
     std::optional<Failure> LoadPages(LessonReader& reader);
@@ -50,6 +50,16 @@ private:
     void AppendIntroduction();
     void Resume(TextView storedPage);
     void GiveUp(Failure const& failure);
+
+    // The layout, in frmMain_layout.cpp.
+    void Form_Resize() override;
+    void KeepWithinLimits();
+    void HideForLayout();
+    void PlaceLeftColumn(float w, float base, float leftSplit);
+    void PlaceRightColumn(float w, float base, float rightSplit);
+    void PlacePageArea();
+    void ShowAfterLayout();
+    std::array<Control*, 9> MovedControls();
 
     // The pages, in frmMain.cpp.
     void ShowLessonPage(int page);

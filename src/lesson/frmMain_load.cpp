@@ -60,10 +60,6 @@ void frmMain::Form_Load()
     Frame1.Visible = false;
 }
 
-void frmMain::Form_Resize()
-{
-}
-
 std::optional<Failure> frmMain::LoadLesson()
 {
     Turns& turns = OwnScreen().OwnTurns();

@@ -47,7 +47,7 @@ TEST_F(DriverTest, AnswersEachCommandWithALine)
     } const rows[] = {
         { "running", R"({"running":true})" },
         { "get frmContents.Caption", R"({"value":"Sparrowfield Interactive Bible Studies"})" },
-        { "get frmContents.XPContainer1.Width", R"({"value":6975})" },
+        { "get frmContents.XPContainer1.Width", R"({"value":17520})" },
         { "get frmContents.TreeView1.FontSize", R"({"value":11.25})" },
         { "get frmContents.Picture1.Visible", R"({"value":false})" },
         { "get frmContents.File1.List", R"({"value":["james-1.dat"]})" },
@@ -138,6 +138,18 @@ TEST_F(DriverTest, WatchesAssignmentsInTheirOrder)
     EXPECT_EQ(answers[6], R"({"changes":[]})");
 }
 
+TEST_F(DriverTest, TheFirstLayoutReadsPlacesOfTheDesign)
+{
+    auto const answers = Run("setting Parameters showhelp false\n"
+                             "watch frmMain.XPContainer4.Height\n"
+                             "watch frmMain.Image1.Left\n"
+                             "node frmContents.TreeView1 james-1.dat:1\n"
+                             "changes\n");
+    EXPECT_EQ(answers[4],
+        R"({"changes":[{"property":"frmMain.XPContainer4.Height","value":3828},{"property":"frmMain.Image1.Left","value":8235},)"
+        R"({"property":"frmMain.XPContainer4.Height","value":3734.4},{"property":"frmMain.Image1.Left","value":7995}]})");
+}
+
 TEST_F(DriverTest, DescribesRichTextsTreesAndMenus)
 {
     auto const answers = Run("setting Parameters showhelp false\n"
@@ -154,7 +166,7 @@ TEST_F(DriverTest, DescribesRichTextsTreesAndMenus)
         HasSubstr(R"({"key":"item1","parent":"","text":"Jn. 3:16","image":"book","selectedImage":0,"bold":false,"expanded":true,)"
                   R"("selected":false,"backColor":16577775,"tag":")"));
     EXPECT_THAT(answers[5], HasSubstr(R"({"name":"mnuEditCut","caption":"Cut","shortcut":"Ctrl+X","enabled":true})"));
-    EXPECT_THAT(answers[6], HasSubstr(R"("Text3":{"kind":"RichTextBox","container":"Image2","Left":240,)"));
+    EXPECT_THAT(answers[6], HasSubstr(R"("Text3":{"kind":"RichTextBox","container":"Image2","Left":480,)"));
     EXPECT_THAT(answers[6], HasSubstr(R"("focus":"Text3"})"));
 }
 
