@@ -60,6 +60,15 @@ public:
             ratio <= atMost ? "met" : "MISSED");
     }
 
+    /// Says how long the benchmark takes, in milliseconds.
+    void PrintTime(std::string const& name, double atMost) const
+    {
+        if (!m_times.contains(name))
+            return;
+        auto const time = m_times.at(name) * 1000;
+        std::printf("%-40s %6.2f ms, at most %g: %s\n", name.c_str(), time, atMost, time <= atMost ? "met" : "MISSED");
+    }
+
 private:
     void Keep(Run const& run)
     {

@@ -162,8 +162,11 @@ def next_page():
 
 def walk():
     start()
+    expect(is_open("frmSplash"), "the start-up screen is the first window")
+    shot("0-start")
+    click(control("frmSplash", "lblRunFromCD"))
     wait(lambda: is_open("frmContents"), "the catalogue")
-    expect(is_open("frmContents"), "the catalogue is up")
+    expect(not is_open("frmSplash"), "Run from CD leads to the catalogue")
     shot("1-catalogue")
     study = search(control("frmContents", "TreeView1"), lambda node: showing(node) and ":" in node.get_name())
     title = study.get_name()
@@ -242,6 +245,9 @@ def walk():
     process.send_signal(signal.SIGKILL)
     process.wait()
     start()
+    keys("space")
+    wait(lambda: is_open("frmContents"), "the catalogue")
+    expect(True, "any key leads there too")
     click_item("frmContents", "TreeView1", title)
     tree = control("frmContents", "TreeView1")
     click(wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1"), x=12)

@@ -7,19 +7,21 @@
 static constexpr Colour titleBlue = Rgb(0, 0, 192);
 
 frmContents::frmContents(
-    Screen& screen, FileSystem& files, SettingsStore& settings, class frmMain& lesson, Form& welcome)
+    Screen& screen, FileSystem& files, SettingsStore& settings, class frmMain& lesson, ReferenceForms const& reference)
     : Form(screen, "frmContents", u"Sparrowfield Interactive Bible Studies", 11085, 8190)
     , m_files(files)
     , m_settings(settings)
     , frmMain(lesson)
-    , frmWelcome(welcome)
-    , m_referenceMenus(*this, ReferenceScreen::Catalogue, welcome)
+    , frmWelcome(reference.welcome)
+    , m_referenceMenus(*this, ReferenceScreen::Catalogue, reference)
     , File1(*this, "File1", u"*-1.dat", [this](TextView pattern) { return m_files.List(pattern); })
 {
     opensAs = WindowState::Maximised;
     centred = true;
     smallest = { 8000, 6700 };
     BackColor = Rgb(0, 0, 0);
+    Picture = u":catalogue";
+    Image2.Picture = u":logo";
     for (MenuEntry* entry :
         { &mnuFileSave, &mnuFileClose, &mnuEditCut, &mnuEditCopy, &mnuEditPaste, &mnuEditDeleteLesson })
         entry->Enabled = false;
@@ -54,6 +56,7 @@ frmContents::frmContents(
 void frmContents::Form_Load()
 {
     txtDesc.Tag = u"False";
+    FindControl("mnuHelpVideo")->Enabled = m_files.FileExists(m_files.ApplicationFolder() + u"\\sparrowfield.wmv");
     TreeView1.Clear();
     TreeView1.SetBackgroundColour(catalogueBackColor);
     Node* last = nullptr;

@@ -19,7 +19,7 @@
 class frmContents final : public Form {
 public:
     /// All outlive the form.
-    frmContents(Screen& screen, FileSystem& files, SettingsStore& settings, frmMain& lesson, Form& welcome);
+    frmContents(Screen& screen, FileSystem& files, SettingsStore& settings, frmMain& lesson, ReferenceForms const& reference);
 
 private:
     void Form_Load() override;

@@ -1,6 +1,7 @@
 #include "controls/xp_container.h"
 
 #include "base/rounding.h"
+#include "controls/colour.h"
 
 #include <algorithm>
 
@@ -84,6 +85,8 @@ static void PaintGradient(
 {
     if (steps <= 0)
         return;
+    first = ResolvedColour(first);
+    second = ResolvedColour(second);
     RunningPart red(first, second, 0, steps), green(first, second, 8, steps), blue(first, second, 16, steps);
     for (int row = 0; row < rows; ++row) {
         unsigned const r = red.Next(), g = green.Next(), b = blue.Next();
@@ -95,19 +98,22 @@ Canvas XPContainer::Surface() const
 {
     int const width = Pixels(Width);
     int const height = Pixels(Height);
-    Canvas canvas(width, height, BackLightColor);
+    Canvas canvas(width, height, ResolvedColour(BackLightColor));
+    int const inside = width - 2;
     if (Style == 0) {
-        int const inside = width - 2;
         int const bodyTop = headerHeight + 1;
-        PaintGradient(canvas, 1, 1 + inside, 1, headerHeight, headerHeight - 1, HeaderLightColor, HeaderDarkColor);
         int const steps = height - (headerHeight + 2) - 1;
         PaintGradient(canvas, 0, inside, bodyTop, height - bodyTop, steps, BackLightColor, BackDarkColor);
     } else {
         PaintGradient(canvas, 0, width, 0, height, height - 1, BackLightColor, BackDarkColor);
     }
-    canvas.HorizontalLine(0, width, 0, BorderColor);
-    canvas.HorizontalLine(0, width, height - 1, BorderColor);
-    canvas.VerticalLine(0, 0, height, BorderColor);
-    canvas.VerticalLine(width - 1, 0, height, BorderColor);
+    auto const border = ResolvedColour(BorderColor);
+    canvas.HorizontalLine(0, width, 0, border);
+    canvas.HorizontalLine(0, width, height - 1, border);
+    canvas.VerticalLine(0, 0, height, border);
+    canvas.VerticalLine(width - 1, 0, height, border);
+    // The strip lies on the panel, above the border where a panel is as low as the strip.
+    if (Style == 0)
+        PaintGradient(canvas, 1, 1 + inside, 1, headerHeight, headerHeight - 1, HeaderLightColor, HeaderDarkColor);
     return canvas;
 }

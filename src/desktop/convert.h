@@ -1,6 +1,7 @@
 #pragma once
 // The model's values as Qt's, and back.
 
+#include "controls/colour.h"
 #include "base/text.h"
 #include "controls/canvas.h"
 #include "controls/host.h"
@@ -24,7 +25,8 @@ inline Text ToText(QStringView text)
 
 inline QColor ToQColor(Colour colour)
 {
-    return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+    auto const plain = ResolvedColour(colour);
+    return QColor(plain & 0xFF, (plain >> 8) & 0xFF, (plain >> 16) & 0xFF);
 }
 
 /// The font as the screen shows it, at 96 pixels to the inch.

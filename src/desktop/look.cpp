@@ -1,5 +1,7 @@
 #include "desktop/look.h"
 
+#include "desktop/click_area.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
@@ -41,6 +43,7 @@ void SetLook(QApplication& application)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Windows")));
     QApplication::setPalette(LightPalette());
     QToolTip::setPalette(LightPalette());
+    RegisterClickAreas();
     QFont const font(QStringLiteral("Tahoma"), 8);
     QApplication::setFont(font);
     QToolTip::setFont(font);

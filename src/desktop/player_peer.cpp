@@ -6,6 +6,7 @@
 #include <QAudioDevice>
 #include <QAudioOutput>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMediaDevices>
 #include <QMediaPlayer>
 #include <QUrl>
@@ -32,18 +33,18 @@ void PlayerPeer::Listen()
             m_control.playing.Keep(state == QMediaPlayer::PlayingState);
             m_bar.ShowPlaying(m_control.playing);
         });
-    connect(&m_player, &QMediaPlayer::durationChanged, this,
-        [this](qint64 length) { m_bar.Place().setRange(0, static_cast<int>(length)); });
+    connect(&m_player, &QMediaPlayer::durationChanged, this, [this](qint64 length) {
+        m_bar.Place().setRange(0, static_cast<int>(length));
+        m_bar.ShowTime(m_player.position(), length);
+    });
     connect(&m_player, &QMediaPlayer::positionChanged, this, [this](qint64 place) {
         m_control.currentPosition.Keep(static_cast<float>(place) / 1000);
+        m_bar.ShowTime(place, m_player.duration());
         if (!m_bar.Place().isSliderDown())
             m_bar.Place().setValue(static_cast<int>(place));
     });
-    connect(&m_bar.Play(), &QToolButton::clicked, this, [this] {
-        if (!m_present)
-            return;
-        m_control.playing ? m_player.pause() : m_player.play();
-    });
+    connect(&m_bar.Play(), &QToolButton::clicked, this, [this] { TogglePlay(); });
+    connect(&m_bar.Mute(), &QToolButton::clicked, this, [this] { ToggleMute(); });
     // valueChanged comes from the video's own progress too.
     connect(&m_bar.Place(), &QSlider::sliderMoved, this,
         [this](int place) { m_player.setPosition(place); });
@@ -52,6 +53,58 @@ void PlayerPeer::Listen()
         if (m_sound)
             m_sound->setVolume(static_cast<float>(volume) / 100);
     });
+}
+
+bool PlayerPeer::eventFilter(QObject* watched, QEvent* event)
+{
+    bool const isKey = watched == Widget() && event->type() == QEvent::KeyPress;
+    return (isKey && UseKey(static_cast<QKeyEvent&>(*event).key())) || Peer::eventFilter(watched, event);
+}
+
+/// Space plays and halts, left and right go 5 seconds, up and down change the volume, M the sound.
+bool PlayerPeer::UseKey(int key)
+{
+    constexpr qint64 step = 5000;
+    switch (key) {
+    case Qt::Key_Space:
+        TogglePlay();
+        return true;
+    case Qt::Key_Left:
+        Seek(m_player.position() - step);
+        return true;
+    case Qt::Key_Right:
+        Seek(m_player.position() + step);
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        m_bar.Volume().setValue(m_bar.Volume().value() + (key == Qt::Key_Up ? 10 : -10));
+        return true;
+    case Qt::Key_M:
+        ToggleMute();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void PlayerPeer::TogglePlay()
+{
+    if (m_present)
+        m_control.playing ? m_player.pause() : m_player.play();
+}
+
+void PlayerPeer::ToggleMute()
+{
+    m_control.mute.Keep(!m_control.mute);
+    m_bar.ShowMuted(m_control.mute);
+    if (m_sound)
+        m_sound->setMuted(m_control.mute);
+}
+
+void PlayerPeer::Seek(qint64 place)
+{
+    if (m_present)
+        m_player.setPosition(std::clamp<qint64>(place, 0, m_player.duration()));
 }
 
 void PlayerPeer::Noted(PropertyBase const& property)
@@ -81,6 +134,7 @@ void PlayerPeer::Mirror()
     m_player.setPlaybackRate(static_cast<double>(m_control.rate));
     m_player.setLoops(std::max(1, m_control.playCount()));
     m_bar.Volume().setValue(m_control.volume);
+    m_bar.ShowMuted(m_control.mute);
     if (m_sound) {
         m_sound->setVolume(static_cast<float>(m_control.volume) / 100);
         m_sound->setMuted(m_control.mute);

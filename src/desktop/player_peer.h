@@ -16,7 +16,14 @@ public:
     void Noted(PropertyBase const& property) override;
     void Mirror() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    bool UseKey(int key);
+    void TogglePlay();
+    void ToggleMute();
+    void Seek(qint64 place);
     void Open();
     void Arrange();
     void Listen();

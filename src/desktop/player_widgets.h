@@ -1,6 +1,7 @@
 #pragma once
 // The two widgets of the video player.
 
+#include <QLabel>
 #include <QSlider>
 #include <QToolButton>
 #include <QVideoFrame>
@@ -23,16 +24,21 @@ private:
     QImage m_frame;
 };
 
-/// Play or halt, the place in the video in milliseconds, and the volume from 0 to 100.
+/// Play or halt, the place in the video in milliseconds, the time, mute, and the volume from 0 to 100.
 class PlayerBar final : public QWidget {
 public:
     explicit PlayerBar(QWidget* parent);
     QToolButton& Play() { return m_play; }
     QSlider& Place() { return m_place; }
+    QToolButton& Mute() { return m_mute; }
     QSlider& Volume() { return m_volume; }
     void ShowPlaying(bool playing);
+    /// Of the place and of the whole video, in milliseconds.
+    void ShowTime(qint64 place, qint64 length);
+    void ShowMuted(bool muted);
 
 private:
-    QToolButton m_play;
+    QToolButton m_play, m_mute;
     QSlider m_place, m_volume;
+    QLabel m_time;
 };

@@ -1,5 +1,6 @@
 #include "desktop/surface_peer.h"
 
+#include "desktop/click_area.h"
 #include "desktop/convert.h"
 #include "desktop/keys.h"
 
@@ -7,6 +8,8 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 QCursor CursorOf(Pictures& pictures, int pointer, TextView icon)
 {
@@ -65,11 +68,22 @@ bool SurfacePeer::PointerActed(QMouseEvent const& event)
     return true;
 }
 
+static QLabel* MakeLabel(Label const& control, QWidget& ground)
+{
+    if (control.accessibleName.empty())
+        return new QLabel(&ground);
+    return new ClickArea(&ground);
+}
+
 LabelPeer::LabelPeer(Desk& desk, Label& control, QWidget& ground)
-    : SurfacePeer(desk, control, new QLabel(&ground))
+    : SurfacePeer(desk, control, MakeLabel(control, ground))
     , m_label(control)
     , m_shown(static_cast<QLabel&>(*Widget()))
 {
+    if (auto* const area = dynamic_cast<ClickArea*>(&m_shown)) {
+        area->press = [this] { Act([this](Input& input) { input.Click(m_control); }); };
+        area->setAccessibleName(ToQString(control.accessibleName));
+    }
     m_shown.setTextFormat(Qt::PlainText);
     m_shown.setMargin(0);
     m_shown.setIndent(0);
@@ -143,10 +157,11 @@ private:
     {
         QImage image(canvas.Width(), canvas.Height(), QImage::Format_RGB32);
         auto from = canvas.Pixels().begin();
-        for (int y = 0; y < canvas.Height(); ++y) {
+        for (int y = 0; y < canvas.Height(); ++y, from += canvas.Width()) {
             auto* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
-            for (int x = 0; x < canvas.Width(); ++x, ++from)
-                row[x] = ToQColor(*from).rgb();
+            std::transform(from, from + canvas.Width(), row, [](Colour colour) {
+                return 0xFF000000 | (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
+            });
         }
         return image;
     }

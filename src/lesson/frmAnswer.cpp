@@ -10,6 +10,7 @@ frmAnswer::frmAnswer(Screen& screen)
     maximiseButton = false;
     inTaskbar = false;
     BackColor = Rgb(255, 255, 255);
+    Picture = u":answer";
     Label1.AutoSize = true;
     Label1.WordWrap = true;
     Label1.FontSize = 9.75F;

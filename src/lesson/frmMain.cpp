@@ -5,17 +5,19 @@
 #include "lesson/page_view.h"
 
 frmMain::frmMain(
-    Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer, Form& welcome)
+    Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer, ReferenceForms const& reference)
     : Form(screen, "frmMain", u"Sparrowfield Interactive Bible Study", 11745, 8310)
     , m_files(files)
     , m_store(store)
     , frmAnswer(answer)
-    , m_referenceMenus(*this, ReferenceScreen::Lesson, welcome)
+    , m_referenceMenus(*this, ReferenceScreen::Lesson, reference)
 {
     opensAs = WindowState::Maximised;
     centred = true;
     smallest = { 11000, 8000 };
     BackColor = Rgb(0, 0, 0);
+    Picture = u":lesson-ground";
+    Frame1.Picture = u":loading";
     lblStudy.ForeColor = Rgb(255, 255, 255);
     lblStudy.FontBold = true;
     lblStudy.FontSize = 12;

@@ -28,7 +28,7 @@ inline constexpr Colour panelColor = 0xFCF4EF;
 class frmMain final : public Form {
 public:
     /// All outlive the form.
-    frmMain(Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer, Form& welcome);
+    frmMain(Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer, ReferenceForms const& reference);
 
     /// Names the screen that takes this one's place when it is left: once, before the first showing.
     void ReturnTo(Form& catalogue) { frmContents = &catalogue; }

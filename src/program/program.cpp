@@ -1,20 +1,28 @@
 #include "program/program.h"
 
-Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Shell&)
+Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Shell& shell)
     : m_screen(host)
     , m_answers(settings)
+    , frmVideo(m_screen)
     , frmWelcome(m_screen, settings)
+    , frmGettingStarted(m_screen)
+    , frmFinalExam(m_screen)
+    , frmAbout(m_screen)
+    , frmSplash(m_screen, files, shell, frmVideo)
     , frmAnswer(m_screen)
-    , frmMain(m_screen, files, m_answers, frmAnswer, frmWelcome)
-    , frmContents(m_screen, files, settings, frmMain, frmWelcome)
+    , frmMain(m_screen, files, m_answers, frmAnswer,
+          { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo })
+    , frmContents(m_screen, files, settings, frmMain,
+          { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo })
 {
     frmMain.ReturnTo(frmContents);
+    frmSplash.LeadTo(frmContents);
     m_screen.KeepDesigns();
 }
 
 void Program::Start(std::optional<Failure> const& report)
 {
-    frmContents.Show();
+    frmSplash.Show();
     if (report)
         m_screen.Message(report->Message());
 }

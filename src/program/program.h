@@ -8,6 +8,11 @@
 #include "platform/file_system.h"
 #include "platform/settings_store.h"
 #include "platform/shell.h"
+#include "shell/frmAbout.h"
+#include "shell/frmFinalExam.h"
+#include "shell/frmGettingStarted.h"
+#include "shell/frmSplash.h"
+#include "shell/frmVideo.h"
 #include "shell/frmWelcome.h"
 #include "study/answer_store.h"
 
@@ -30,7 +35,12 @@ public:
 private:
     Screen m_screen;
     AnswerStore m_answers;
+    class frmVideo frmVideo;
     class frmWelcome frmWelcome;
+    class frmGettingStarted frmGettingStarted;
+    class frmFinalExam frmFinalExam;
+    class frmAbout frmAbout;
+    class frmSplash frmSplash;
     class frmAnswer frmAnswer;
     class frmMain frmMain;
     class frmContents frmContents;

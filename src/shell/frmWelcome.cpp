@@ -9,6 +9,7 @@ frmWelcome::frmWelcome(Screen& screen, SettingsStore& settings)
     minimiseButton = false;
     maximiseButton = false;
     centred = true;
+    Picture = u":dialog";
     Label1.WordWrap = true;
     Label1.FontSize = 9.75F;
     Check1.ToolTipText = Label2.Caption();

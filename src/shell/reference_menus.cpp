@@ -1,6 +1,6 @@
 #include "shell/reference_menus.h"
 
-ReferenceMenus::ReferenceMenus(Form& form, ReferenceScreen screen, Form& welcome)
+ReferenceMenus::ReferenceMenus(Form& form, ReferenceScreen screen, ReferenceForms const& forms)
     : m_form(form)
 {
     AddEntries(AddMenu("mnuMaps", u"&Maps"),
@@ -29,7 +29,12 @@ ReferenceMenus::ReferenceMenus(Form& form, ReferenceScreen screen, Form& welcome
         AddEntries(help,
             { { "mnuGettingStarted", u"&Getting Started..." }, { "mnuHelpVideo", u"Welcome &Video..." },
                 { "mnuHelpWelcome", u"&Welcome..." }, { "mnuHelpAbout", u"&About..." } });
-    Open("mnuHelpWelcome", welcome);
+    Open("mnuOptionFinal", forms.finalExam);
+    Open("mnuHelpAbout", forms.about);
+    Open("mnuHelpWelcome", forms.welcome);
+    Open("mnuGettingStarted", forms.gettingStarted);
+    if (screen == ReferenceScreen::Catalogue)
+        Open("mnuHelpVideo", forms.video);
 }
 
 Menu& ReferenceMenus::AddMenu(char const* name, TextView caption)

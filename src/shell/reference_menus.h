@@ -11,11 +11,19 @@
 
 enum class ReferenceScreen { Lesson, Catalogue };
 
+/// The forms that the entries open. They outlive the menus.
+struct ReferenceForms {
+    Form& finalExam;
+    Form& about;
+    Form& welcome;
+    Form& gettingStarted;
+    Form& video;
+};
+
 class ReferenceMenus {
 public:
-    /// Adds the menus behind those that the form already has. The forms that the entries open outlive the menus;
-    /// an entry without a form is disabled.
-    ReferenceMenus(Form& form, ReferenceScreen screen, Form& welcome);
+    /// Adds the menus behind those that the form already has. An entry without a form is disabled.
+    ReferenceMenus(Form& form, ReferenceScreen screen, ReferenceForms const& forms);
 
 private:
     /// A row of a menu's table.

@@ -152,6 +152,15 @@ TEST_F(KindsTest, APanelPaintsBorderStripAndBody)
     EXPECT_EQ(panel.BorderColor, Rgb(0xF7, 0x9E, 0xA7));
     panel.Height = 26 * 15; // A body of a single row has no gradient.
     EXPECT_EQ(panel.Surface().Pixels()[25 * 10], panel.BorderColor);
+    panel.Height = 24 * 15; // As low as the strip, which lies above the border.
+    EXPECT_EQ(panel.Surface().Pixels()[23 * 10 + 5], panel.HeaderDarkColor);
+    panel.Style = 1;
+    panel.Height = 5 * 15;
+    EXPECT_EQ(panel.Surface().Pixels()[1 * 10 + 5], Rgb(254, 234, 236)) << "a fourth of the way from BackLightColor down";
+    EXPECT_EQ(panel.Surface().Pixels()[4 * 10 + 5], panel.BorderColor);
+    panel.BackLightColor = 0x80000005; // the system's window ground
+    panel.BackDarkColor = 0x80000005;
+    EXPECT_EQ(panel.Surface().Pixels()[2 * 10 + 5], Rgb(255, 255, 255));
     panel.Width = 0;
     EXPECT_EQ(panel.Surface().Width(), 0);
 }

@@ -18,7 +18,7 @@ protected:
         std::ostringstream answers;
         Machine machine { host, screen, settings, recorder };
         Driver driver(machine, lines, answers, [](int) { throw std::runtime_error("power cut"); });
-        program.Start({});
+        Start();
         try {
             driver.Run();
         } catch (std::runtime_error const& end) {

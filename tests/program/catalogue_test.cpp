@@ -25,7 +25,7 @@ TEST_F(StudyTest, TheCatalogueIsBuiltFromTheHeadsOfTheStudies)
     files.Put(u"cut-1.dat", "Cut\nDescription\nLesson//");
     PutLines(u"zz-1.dat", { "ZZ", "Unreadable", "-" });
     files.MakeUnreadable(u"zz-1.dat");
-    program.Start({});
+    Start();
     EXPECT_THAT(DumpTree(Get<TreeView>("frmContents.TreeView1")),
         ElementsAre("Abc-1.dat \"Acts  of faith\" 4b", "Abc-1.dat > Abc-1.dat1 \"Lesson 1:  - no end\" 3",
             "Abc-1.dat1 > Abc-1.dat:1 \"Part One\" 0", "Abc-1.dat1 > Abc-2.dat:1 \"Part Two\" 0",
@@ -43,7 +43,7 @@ TEST_F(StudyTest, TheCatalogueIsBuiltFromTheHeadsOfTheStudies)
 
 TEST_F(StudyTest, AClickOnAStudyShowsItsDescriptionAndOnALessonOnlyOpensIt)
 {
-    program.Start({});
+    Start();
     auto& tree = Get<TreeView>("frmContents.TreeView1");
     EXPECT_FALSE(Get("frmContents.lblStudy").Visible);
     EXPECT_THAT(ToUtf8(TextOf("frmContents.txtDesc")), HasSubstr("Click on the name of a Bible study"));
@@ -75,7 +75,7 @@ TEST_F(StudyTest, TheWelcomeDialogComesOnceOnTheWayIntoALesson)
         if (!row.showhelp.empty()) {
             ASSERT_TRUE(run.settings.Write(u"Parameters", u"showhelp", row.showhelp));
         }
-        run.program.Start({});
+        run.Start();
         run.Click("frmContents.mnuHelpWelcome"); // One that is open already is in nobody's way.
         int shown = 0;
         run.host.serveModal = [&](Form& form) {
@@ -94,7 +94,7 @@ TEST_F(StudyTest, TheWelcomeDialogComesOnceOnTheWayIntoALesson)
 
 TEST_F(StudyTest, TheWelcomeDialogKeepsTheChoiceOnlyByItsButton)
 {
-    program.Start({});
+    Start();
     Click("frmContents.mnuHelpWelcome");
     Click("frmWelcome.Label2");
     EXPECT_EQ(Get<CheckBox>("frmWelcome.Check1").Value, 1);

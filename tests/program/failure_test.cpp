@@ -24,7 +24,7 @@ TEST_F(StudyTest, ALessonThatCannotBeShownLeadsBackToTheCatalogue)
     };
     for (auto const& row : rows) {
         PutStudy();
-        program.Start({});
+        Start();
         row.spoil();
         Open(u"james-1.dat:1");
         EXPECT_FALSE(FormOf("frmMain").IsLoaded()) << row.about;
@@ -44,7 +44,7 @@ TEST_F(StudyTest, AStudyFileThatEndsEarlyShowsAMessageAndTheCatalogue)
         PutLines(u"james-1.dat", { partOne.begin(), partOne.begin() + static_cast<std::ptrdiff_t>(count) });
         for (TextView const key : { u"james-1.dat:1", u"james-1.dat:2" }) {
             screen.CloseAll();
-            program.Start({});
+            Start();
             if (!Get<TreeView>("frmContents.TreeView1").Find(key))
                 continue;
             Open(key);
@@ -61,7 +61,7 @@ TEST_F(StudyTest, AStudyFileThatEndsEarlyShowsAMessageAndTheCatalogue)
 TEST_F(StudyTest, NoFailingReadLeavesTheUserWithoutAScreen)
 {
     for (int call = 1; call < 80; ++call) {
-        program.Start({});
+        Start();
         files.FailAt(call);
         if (Get<TreeView>("frmContents.TreeView1").Find(u"james-1.dat:1"))
             Open(u"james-1.dat:1");
@@ -115,7 +115,7 @@ TEST_F(StudyTest, AnAnswerThatCouldNotBeReadIsNotOverwritten)
 
 TEST_F(StudyTest, InputDuringALoadIsDroppedAndTheLoadingPanelStands)
 {
-    program.Start({});
+    Start();
     host.serveModal = [this](Form& form) { input.Close(form); };
     bool seen = false;
     host.onTurn = [&] {
@@ -135,7 +135,7 @@ TEST_F(StudyTest, InputDuringALoadIsDroppedAndTheLoadingPanelStands)
 
 TEST_F(StudyTest, TheProgramCanEndInATurnOfALoad)
 {
-    program.Start({});
+    Start();
     host.serveModal = [this](Form& form) { input.Close(form); };
     host.onTurn = [&] { screen.CloseAll(); };
     host.turns.Arm(12);

@@ -94,7 +94,7 @@ TEST_F(LayoutTest, AResizeKeepsPageAnswerAndWhatIsHidden)
 
 TEST_F(LayoutTest, TheCatalogueFillsItsSmallestSize)
 {
-    program.Start({});
+    Start();
     Restore("frmContents", 8000, 6700);
     std::vector<Place> const places { { "Image2", "Left", 2555 }, { "XPContainer1", "Left", 840 }, { "XPContainer1", "Top", 1980 },
         { "XPContainer1", "Width", 6320 }, { "XPContainer1", "Height", 3320 }, { "TreeView1", "Left", 30 }, { "TreeView1", "Top", 370 },
@@ -113,7 +113,7 @@ TEST_F(LayoutTest, TheCatalogueFillsItsSmallestSize)
 
 TEST_F(LayoutTest, TheCatalogueKeepsItsLimits)
 {
-    program.Start({});
+    Start();
     EXPECT_EQ(input.ChangeState(FormOf("frmContents"), WindowState::Normal), "");
     EXPECT_EQ(input.Resize(FormOf("frmContents"), 7000, 20000), "");
     EXPECT_EQ(FormOf("frmContents").Width(), 8000);

@@ -59,12 +59,19 @@ public:
     Text CaptionOf(std::string_view path) { return std::get<Text>(Get(path).FindProperty("Caption")->Get()); }
     bool IsOpen(std::string_view form) { return FormOf(form).IsLoaded() && FormOf(form).Visible; }
 
+    /// Starts the program and leaves the start-up screen for the catalogue.
+    void Start()
+    {
+        program.Start({});
+        EXPECT_EQ(input.KeyPress(FormOf("frmSplash"), u' '), "");
+    }
+
     /// Opens a part of a lesson from the catalogue, and answers the welcome dialog if it comes.
     void Open(TextView studyKey)
     {
         host.serveModal = [this](Form& form) { EXPECT_EQ(input.Close(form), ""); };
         if (!IsOpen("frmContents"))
-            program.Start({});
+            Start();
         Node("frmContents.TreeView1", studyKey);
     }
     void GoTo(int page)

@@ -49,7 +49,9 @@ def answer_and_go_on(run, text):
 
 with tempfile.TemporaryDirectory() as user:
     run = Run(user)
-    expect(open_forms(run), ["frmContents"], "the program's first screen")
+    expect(open_forms(run), ["frmSplash"], "the program's first screen")
+    run.do("click", "frmSplash.lblRunFromCD")
+    expect(open_forms(run), ["frmContents"], "the catalogue behind the start-up screen")
     run.do("node", "frmContents.TreeView1", "mount-1.dat")
     expect(len(run.get("frmContents.txtDesc.Text")) > 100, True, "the description of the study")
     run.do("node", "frmContents.TreeView1", "mount-1.dat:1")
@@ -90,6 +92,7 @@ with tempfile.TemporaryDirectory() as user:
 
     run = Run(user)
     run.do("setting", "Parameters", "showhelp", "false")
+    run.do("click", "frmSplash.lblRunFromCD")
     run.do("node", "frmContents.TreeView1", "mount-1.dat:1")
     expect(run.get("frmMain.ctlScrollbar.Value"), 3, "the page that was gone to before the power cut")
     expect(run.get("frmMain.Text3.Text"), "third", "its answer")

@@ -1,0 +1,43 @@
+#pragma once
+// The start-up screen: one picture into which the choices are painted, a click area over each, and a black cover over
+// each that doesn't apply. Every way of leaving it but Install to Disk and Exit leads to the catalogue.
+
+#include "controls/form.h"
+#include "controls/label.h"
+#include "platform/file_system.h"
+#include "platform/shell.h"
+
+class frmSplash final : public Form {
+public:
+    frmSplash(Screen& screen, FileSystem const& files, Shell& shell, Form& video); // all outlive the form
+
+    /// Names the screen that this one leads to: once, before the first showing.
+    void LeadTo(Form& catalogue) { frmContents = &catalogue; }
+
+private:
+    void Form_Load() override;
+    void Form_Click() override;
+    void Form_KeyPress(char16_t) override;
+    void Form_Unload() override;
+    void lblEnter_Click();
+    void lblRunFromCD_Click();
+    void lblInstallToDisk_Click();
+    void lblExit_Click();
+    void lblWelcomeVideo_Click();
+    bool InstalledCopyExists() const;
+
+    FileSystem const& m_files;
+    Shell& m_shell;
+    Form& frmVideo;
+    Form* frmContents = nullptr;
+
+    Shape Shape1 { *this, *this, "Shape1", { 240, 8160, 3135, 345 }, Rgb(0, 0, 0) }; // hides Install to Disk
+    Shape Shape2 { *this, *this, "Shape2", { 9120, 8160, 1680, 345 }, Rgb(0, 0, 0) }; // hides Enter
+    Shape Shape3 { *this, *this, "Shape3", { 6000, 8160, 3135, 345 }, Rgb(0, 0, 0) }; // hides Run from CD
+    Shape Shape4 { *this, *this, "Shape4", { 3360, 8160, 2415, 375 }, Rgb(0, 0, 0) }; // hides Welcome Video
+    Label lblInstallToDisk { *this, *this, "lblInstallToDisk", { 240, 8100, 2295, 390 } };
+    Label lblWelcomeVideo { *this, *this, "lblWelcomeVideo", { 3360, 8160, 2415, 255 } };
+    Label lblRunFromCD { *this, *this, "lblRunFromCD", { 6480, 8130, 2175, 345 } };
+    Label lblEnter { *this, *this, "lblEnter", { 9360, 8115, 1050, 345 } };
+    Label lblExit { *this, *this, "lblExit", { 10920, 8130, 900, 345 } };
+};
