@@ -34,8 +34,8 @@ Export() {
 # Bring FILE NAME: copies a file to the disc, if it isn't there already. A program may run meanwhile.
 Bring() {
     cmp -s "$1" "$disc/$2" && return
-    cp "$1" "$disc/.new-$2"
-    mv "$disc/.new-$2" "$disc/$2"
+    cp "$1" "$disc/.new-file"
+    mv "$disc/.new-file" "$disc/$2"
     echo "$disc/$2: written."
 }
 
@@ -56,6 +56,12 @@ for file in "$disc"/*-[12].dat "$disc"/V-*; do
 done
 
 Bring data/disc-readme.txt README.txt
+for file in data/disc/*; do Bring "$file" "$(basename "$file")"; done
+mkdir -p "$disc/icons"
+for size in 16 22 24 32 48 64 128 256; do
+    Bring "artwork/pictures/icon-$size.png" "icons/sparrowfield-$size.png"
+done
+Bring artwork/pictures/icon.svg icons/sparrowfield.svg
 for program in sparrowfield sparrowfield-drive sparrowfield-kit; do
     if [ -x "$programs/$program" ]; then Bring "$programs/$program" "$program"; fi
 done

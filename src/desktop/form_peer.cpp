@@ -42,7 +42,7 @@ FormPeer::FormPeer(Desk& desk, Form& form)
     if (m_menuBar)
         m_menuBar->setNativeMenuBar(false);
     m_client.installEventFilter(this);
-    Widget()->setWindowIcon(m_desk.pictures.Find(u":icon"));
+    Widget()->setWindowIcon(m_desk.pictures.ProgramIcon());
 }
 
 QWidget* FormPeer::Ground() const

@@ -90,3 +90,11 @@ QPixmap Pictures::Find(TextView name)
     return found != m_own.end() ? found->second
                                 : m_own.emplace(Text(name), Load(name)).first->second;
 }
+
+QIcon const& Pictures::ProgramIcon()
+{
+    if (m_programIcon.isNull())
+        for (int const size : { 16, 22, 24, 32, 48, 64, 128, 256 })
+            m_programIcon.addFile(QStringLiteral(":/artwork/icon-%1.png").arg(size));
+    return m_programIcon;
+}

@@ -4,6 +4,7 @@
 #include "controls/control.h"
 #include "platform/file_system.h"
 
+#include <QIcon>
 #include <QPixmap>
 #include <QString>
 
@@ -17,6 +18,8 @@ public:
     /// Empty if there is no such picture or it can't be decoded. The program's own come in the
     /// finest resolution there is and are kept; a file is read at each call.
     QPixmap Find(TextView name);
+    /// The program's icon in all its sizes.
+    QIcon const& ProgramIcon();
     /// In pixels, from the picture's head alone; nothing for what is no picture, and for one that
     /// claims to need more than `largestBytes` of memory.
     std::optional<Size> SizeOf(TextView name) const;
@@ -28,6 +31,7 @@ private:
 
     FileSystem const& m_files;
     std::map<Text, QPixmap, std::less<>> m_own;
+    QIcon m_programIcon;
 };
 
 /// Where the program's own picture ":name" lies among the resources; empty for any other name.

@@ -4,6 +4,7 @@
 #include "desktop/convert.h"
 #include "desktop/keys.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QLabel>
 #include <QMouseEvent>
@@ -11,15 +12,29 @@
 
 #include <algorithm>
 
+/// In the resolution of the screen: pointers aren't scaled by the window system.
+static QPixmap PointerPicture(Pictures& pictures, TextView name)
+{
+    auto picture = pictures.Find(name);
+    if (picture.isNull() || picture.devicePixelRatio() <= qApp->devicePixelRatio())
+        return picture;
+    auto const size = picture.deviceIndependentSize() * qApp->devicePixelRatio();
+    picture = picture.scaled(size.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(qApp->devicePixelRatio());
+    return picture;
+}
+
 QCursor CursorOf(Pictures& pictures, int pointer, TextView icon)
 {
     if (pointer == pointerHourglass)
         return Qt::WaitCursor;
-    if (pointer == pointerHand)
-        return Qt::PointingHandCursor;
+    if (pointer == pointerHand) {
+        auto const hand = PointerPicture(pictures, u":hand");
+        return hand.isNull() ? QCursor(Qt::PointingHandCursor) : QCursor(hand, 5, 0);
+    }
     if (pointer != pointerCustom)
         return Qt::ArrowCursor;
-    auto const picture = pictures.Find(icon);
+    auto const picture = PointerPicture(pictures, icon);
     return picture.isNull() ? QCursor(Qt::SizeAllCursor) : QCursor(picture);
 }
 

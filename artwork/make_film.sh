@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Makes the welcome video: frames by the drawing tool, music by music.py, put together by ffmpeg.
+#
+#   artwork/make_film.sh TOOL SCREENSHOTS FILM
+#
+# TOOL is the built sparrowfield-artwork. SCREENSHOTS is the folder with the pictures that a walk at 1024x768 leaves
+# (build/walk): the film shows the catalogue, a lesson and a publisher's answer from them. Needs ffmpeg.
+set -euo pipefail
+[ $# -eq 3 ] || {
+    sed -n '4s/^# *//p' "$0" >&2
+    exit 2
+}
+here=$(cd "$(dirname "$0")" && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+mkdir "$work/screens"
+cp "$2/1024x768-2-study.png" "$work/screens/catalogue.png"
+cp "$2/1024x768-7-passage.png" "$work/screens/lesson.png"
+cp "$2/1024x768-5-answer.png" "$work/screens/answer.png"
+"$1" film "$work/screens" "$work/frames"
+python3 "$here/music.py" "$work/music.wav"
+ffmpeg -y -loglevel error -framerate 20 -i "$work/frames/frame-%04d.png" -i "$work/music.wav" -shortest \
+    -c:v wmv2 -b:v 560k -maxrate 900k -bufsize 2M -g 60 -c:a wmav2 -b:a 48k \
+    -metadata title="Sparrowfield Interactive Bible Study" -fflags +bitexact "$work/film.wmv"
+mv "$work/film.wmv" "$3"
+ls -l "$3"

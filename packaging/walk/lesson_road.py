@@ -1,0 +1,132 @@
+#!/usr/bin/python3
+"""The main road: from the start-up screen to a lesson, answers, publisher's answer, catalogue, second part, and on after a power cut."""
+
+import time
+
+import person
+from person import *  # noqa: F403
+
+
+def answer_page(text):
+    run("xdotool", "mousemove", "--sync", 5, 5)
+    type_text(text)
+    expect(text in text_of("frmMain", "Text3"), f"the answer box holds what was typed: {text}")
+
+
+def label():
+    return control("frmMain", "lblPageTitle").get_name()
+
+
+def next_page():
+    before = label()
+    click(control("frmMain", "Command1"))
+    wait(lambda: label() != before, "the next page")
+
+
+def walk():
+    start()
+    expect(is_open("frmSplash"), "the start-up screen is the first window")
+    shot("0-start")
+    click(control("frmSplash", "lblRunFromCD"))
+    wait(lambda: is_open("frmContents"), "the catalogue")
+    expect(not is_open("frmSplash"), "Run from CD leads to the catalogue")
+    shot("1-catalogue")
+    study = search(control("frmContents", "TreeView1"), lambda node: showing(node) and ":" in node.get_name())
+    title = study.get_name()
+    click(study, x=12)
+    expect(title in text_of("frmContents", "lblStudy"), f"the study's title stands beside its description: {title}")
+    expect(len(text_of("frmContents", "txtDesc")) > 40, "and so does the description")
+    shot("2-study")
+    tree = control("frmContents", "TreeView1")
+    lesson = wait(lambda: search(tree, lambda node: node.get_name().startswith("Lesson 1:") and showing(node)), "lesson 1")
+    click(lesson, x=12)
+    click_item("frmContents", "TreeView1", "Part One")
+    wait(lambda: is_open("frmWelcome"), "the welcome dialog")
+    expect(True, "the welcome dialog comes up on the way into the first lesson")
+    shot("3-welcome")
+    click(control("frmWelcome", "Command1"))
+    wait(lambda: is_open("frmMain") and control("frmMain", "Text3", True), "the lesson")
+    time.sleep(0.5)
+    expect(not is_open("frmContents"), "the lesson has taken the catalogue's place")
+    shot("4-lesson")
+    first_label = label()
+    answers = ["My first answer", "My second answer", "My third answer"]
+    answer_page(answers[0])
+    click(control("frmMain", "Image1"))
+    wait(lambda: is_open("frmAnswer"), "the publisher's answer")
+    expect(len(control("frmAnswer", "Label1").get_name()) > 10, "the publisher's answer can be read")
+    shot("5-answer")
+    keys("Escape")
+    wait(lambda: not is_open("frmAnswer"), "the answer window to close")
+    next_page()
+    answer_page(answers[1])
+    next_page()
+    answer_page(answers[2])
+    next_page()
+    shot("6-page")
+    passages = control("frmMain", "TreeView1")
+    last = [node for node in children(passages) if node.get_name()][-1]
+    click(last, x=12)
+    shot("7-passage")
+    bar = control("frmMain", "ctlScrollbar")
+    box = bar.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+    run("xdotool", "mousemove", "--sync", int(box.x + box.width / 2), int(box.y + box.height / 2))
+
+    def turn_back():
+        run("xdotool", "click", 4)
+        time.sleep(0.25)
+        return label() == first_label
+    wait(turn_back, "page 1 by the wheel over the scroll bar")
+    expect(answers[0] in text_of("frmMain", "Text3"), "the scroll bar leads back to the first answer")
+    next_page()
+    second_label = label()
+    expect(answers[1] in text_of("frmMain", "Text3"), "the second answer is in its place")
+    keys("alt+f")
+    shot("8-menu")
+    keys("c")
+    wait(lambda: is_open("frmContents"), "the catalogue again")
+    expect(not is_open("frmMain"), "the catalogue has taken the lesson's place")
+    for part, same in (("Part Two", False), ("Part One", True)):
+        click_item("frmContents", "TreeView1", title)
+        tree = control("frmContents", "TreeView1")
+        click(wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1"), x=12)
+        click_item("frmContents", "TreeView1", part)
+        wait(lambda: is_open("frmMain") and control("frmMain", "Text3", True), part)
+        time.sleep(0.5)
+        expect(not is_open("frmWelcome"), "no welcome dialog this time")
+        if same:
+            expect(label() == second_label, "Part One opens at the page that was left")
+            expect(answers[1] in text_of("frmMain", "Text3"), "with its answer in place")
+        else:
+            expect(answers[1] not in text_of("frmMain", "Text3"), "Part Two has answers of its own")
+            shot("9-part-two")
+            keys("alt+f", "c")
+            wait(lambda: is_open("frmContents"), "the catalogue")
+    keys("ctrl+End")
+    type_text(", and more")
+    next_page()
+    kill()
+    start()
+    keys("space")
+    wait(lambda: is_open("frmContents"), "the catalogue")
+    expect(True, "any key leads there too")
+    click_item("frmContents", "TreeView1", title)
+    tree = control("frmContents", "TreeView1")
+    click(wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1"), x=12)
+    click_item("frmContents", "TreeView1", "Part One")
+    wait(lambda: is_open("frmWelcome"), "the welcome dialog")
+    keys("Return")
+    wait(lambda: is_open("frmMain") and control("frmMain", "Text3", True), "the lesson")
+    time.sleep(0.5)
+    expect(answers[2] in text_of("frmMain", "Text3"), "after a kill the lesson opens at the page that was gone to")
+    click(control("frmMain", "Command2"))
+    wait(lambda: label() == second_label, "the page before")
+    expect(answers[1] + ", and more" in text_of("frmMain", "Text3"), "and the answer of the page left before the kill is there")
+    keys("alt+f", "x")
+    expect(wait_for_end() == 0, "the program ends by its menu")
+
+
+try:
+    walk()
+finally:
+    person.end_of_walk()

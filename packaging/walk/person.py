@@ -1,0 +1,158 @@
+"""A person at the desktop program: finds what is on the screen, clicks, types, takes pictures. The walks beside this file are made of it;
+each is started as WALK DISC PICTURES SCREEN.
+
+Controls are found by their names through the accessibility interface, which also tells what a person can read; every action goes through
+the window system. Stops with an error at the first thing that isn't as it should be."""
+
+import os
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402
+
+disc, pictures, screen = sys.argv[1:4]
+user = tempfile.TemporaryDirectory()
+environment = dict(os.environ, XDG_DATA_HOME=user.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1")
+process = None
+
+
+def fail(what):
+    shot("failed")
+    sys.exit(f"walk: {what}")
+
+
+def expect(holds, what):
+    if not holds:
+        fail(f"not so: {what}")
+    print(f"   {what}", flush=True)
+
+
+def wait(get, what, seconds=20):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        found = get()
+        if found:
+            return found
+        time.sleep(0.05)
+    fail(f"waited in vain for {what}")
+
+
+def run(*command):
+    subprocess.run([str(word) for word in command], check=True, stdout=subprocess.DEVNULL)
+
+
+def shot(name):
+    time.sleep(0.3)
+    run("import", "-window", "root", os.path.join(pictures, f"{screen}-{name}.png"))
+
+
+def start():
+    global process
+    process = subprocess.Popen([os.path.join(disc, "sparrowfield")], cwd=disc, env=environment)
+    wait(windows, "the program's first window")
+
+
+def application():
+    desktop = Atspi.get_desktop(0)
+    for index in range(desktop.get_child_count()):
+        child = desktop.get_child_at_index(index)
+        if child and child.get_process_id() == process.pid:
+            return child
+    return None
+
+
+def end_of_walk():
+    if process and process.poll() is None:
+        process.kill()
+
+
+def wait_for_end():
+    """Waits until the program has ended by itself; its exit status."""
+    wait(lambda: process.poll() is not None, "the program's end")
+    return process.returncode
+
+
+def kill():
+    process.send_signal(signal.SIGKILL)
+    process.wait()
+
+
+def windows():
+    found = application()
+    return [] if not found else [w for w in children(found) if w.get_state_set().contains(Atspi.StateType.SHOWING)]
+
+
+def children(node):
+    node.clear_cache()
+    return [c for c in (node.get_child_at_index(i) for i in range(node.get_child_count())) if c]
+
+
+def search(node, test):
+    for child in children(node):
+        if test(child):
+            return child
+        found = search(child, test)
+        if found:
+            return found
+    return None
+
+
+def control(form, name, missing_is_fine=False):
+    """The control of this name on the form of that name."""
+    def get():
+        for window in windows():
+            if window.get_description() == form:
+                return search(window, lambda node: node.get_description() == name)
+        return None
+    return get() if missing_is_fine else wait(get, f"{form}.{name}")
+
+
+def is_open(form):
+    return any(window.get_description() == form for window in windows())
+
+
+def text_of(form, name):
+    node = control(form, name)
+    return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+
+def showing(node):
+    return node.get_state_set().contains(Atspi.StateType.SHOWING)
+
+
+def click_at(x, y):
+    run("xdotool", "mousemove", "--sync", int(x), int(y))
+    run("xdotool", "click", 1)
+    time.sleep(0.25)
+
+
+def click(node, x=None):
+    box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+    click_at(box.x + (box.width / 2 if x is None else x), box.y + box.height / 2)
+
+
+def item(form, tree, name):
+    """A node of a tree, by its text; the one that is showing."""
+    def get():
+        return search(control(form, tree), lambda node: node.get_name() == name and showing(node))
+    return wait(get, f"the node {name}")
+
+
+def click_item(form, tree, name):
+    click(item(form, tree, name), x=12)
+
+
+def keys(*names):
+    run("xdotool", "key", "--clearmodifiers", *names)
+    time.sleep(0.25)
+
+
+def type_text(text):
+    run("xdotool", "type", "--delay", 8, text)
+    time.sleep(0.25)
