@@ -1,5 +1,6 @@
 // The desktop program on Qt's offscreen platform: from its start to the painted catalogue, beside an empty Qt window in the same run;
-// a lesson with 3,000 verses; the way to the next page; the memory in use. Starts itself for the times of whole processes.
+// a lesson with 3,000 verses; the way to the next page; a resize step with a lesson as long as the demonstration's longest;
+// the memory in use. Starts itself for the times of whole processes.
 
 #include "controls/button.h"
 #include "controls/input.h"
@@ -32,6 +33,7 @@ namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
 static constexpr int verses = 3000, pages = 30, starts = 9;
+static constexpr int demonstrationVerses = 160; // the longest lesson of the demonstration disc has that many lines of verses
 
 namespace {
 
@@ -55,21 +57,28 @@ void ServeAll()
     while (dispatcher->processEvents(QEventLoop::AllEvents));
 }
 
-void WriteDisc()
+/// A study of one lesson; `name` without "-1.dat", the passages in "V-<name>".
+void WriteStudy(std::string const& name, int verseCount)
 {
-    std::ofstream study("bench-1.dat", std::ios::binary);
-    study << "Bench: A study\r\nA description.\r\nThe lesson\r\n-\r\n>1\r\nIntroduction\r\n";
+    std::ofstream study(name + "-1.dat", std::ios::binary);
+    study << name << ": A study\r\nA description.\r\nThe lesson\r\n-\r\n>1\r\nIntroduction\r\n";
     for (int page = 1; page <= pages; ++page)
         study << page << ". A question of some length, so that it takes more than a line on the page?/And a second paragraph.\r\n[Answer]\r\n";
-    study << "- Congratulations\r\nBench\r\nBenchs\r\n";
-    std::ofstream main("V-Bench", std::ios::binary);
+    study << "- Congratulations\r\n" << name << "\r\nshort\r\n";
+    std::ofstream main("V-" + name, std::ios::binary);
     main << ">1\r\n";
-    for (int verse = 0; verse < verses; ++verse) {
+    for (int verse = 0; verse < verseCount; ++verse) {
         if (verse % 30 == 0)
             main << "Psalms " << verse / 30 + 1 << "\r\n";
         main << verse % 30 + 1 << " In those days there was a verse of the usual length, which went on for a little more than a line of text.\r\n";
     }
-    std::ofstream("V-Benchs", std::ios::binary) << ">1\r\nJohn 3:16\r\n16 For God so loved the world.\r\n";
+}
+
+void WriteDisc()
+{
+    WriteStudy("bench", verses);
+    WriteStudy("usual", demonstrationVerses);
+    std::ofstream("V-short", std::ios::binary) << ">1\r\nJohn 3:16\r\n16 For God so loved the world.\r\n";
 }
 
 struct Bench {
@@ -153,18 +162,36 @@ void MeasureResize(Form& form)
     Print("a resize step of the lesson screen, median", Median(times), "ms", 16);
 }
 
-int MeasureLesson()
+void GoToCatalogue(Bench& bench)
 {
-    SetLook(*qApp);
-    Bench bench;
     static_cast<void>(bench.settings.Write(u"Parameters", u"showhelp", u"false"));
-    static_cast<void>(bench.settings.DeleteSection(u"bench-1.dat:1"));
     bench.program.Start({});
     ServeAll();
     auto const leaving = Clock::now();
     bench.input.KeyPress(*bench.program.OwnScreen().Find("frmSplash"), u' ');
     ServeAll();
     Print("from the start-up screen to the catalogue", MillisecondsSince(leaving), "ms", 150);
+}
+
+int MeasureUsualLesson()
+{
+    SetLook(*qApp);
+    Bench bench;
+    GoToCatalogue(bench);
+    auto& tree = bench.Get<TreeView>("frmContents", "TreeView1");
+    bench.input.ClickNode(tree, *tree.Find(u"usual-1.dat:1"));
+    ServeAll();
+    MeasureResize(*bench.program.OwnScreen().Find("frmMain"));
+    std::fflush(stdout);
+    _exit(0);
+}
+
+int MeasureLesson()
+{
+    SetLook(*qApp);
+    Bench bench;
+    static_cast<void>(bench.settings.DeleteSection(u"bench-1.dat:1"));
+    GoToCatalogue(bench);
     auto& tree = bench.Get<TreeView>("frmContents", "TreeView1");
     auto start = Clock::now();
     bench.input.ClickNode(tree, *tree.Find(u"bench-1.dat:1"));
@@ -184,7 +211,6 @@ int MeasureLesson()
         times.push_back(MillisecondsSince(start));
     }
     Print("\"Next >\" to the repainted page, median", Median(times), "ms", 16);
-    MeasureResize(*bench.program.OwnScreen().Find("frmMain"));
     Print("resident memory with that lesson", ResidentMegabytes(), "MB", 80);
     std::fflush(stdout);
     _exit(0);
@@ -209,12 +235,15 @@ int main(int count, char** words)
         std::printf("from start to painted, median: an empty window %.1f ms, the start-up screen %.1f ms\n", Median(empty), Median(splash));
         Print("the start-up screen beyond the empty window", Median(splash) - Median(empty), "ms", 150);
         std::fflush(stdout);
-        int const status = std::system((fs::read_symlink("/proc/self/exe").string() + " lesson 2>/dev/null").c_str());
+        auto const self = fs::read_symlink("/proc/self/exe").string();
+        int const status = std::system((self + " usual 2>/dev/null && " + self + " lesson 2>/dev/null").c_str());
         fs::current_path("/");
         fs::remove_all(folder);
         return status == 0 ? 0 : 1;
     }
     int one = 1;
     QApplication application(one, words);
+    if (role == "usual")
+        return MeasureUsualLesson();
     return role == "lesson" ? MeasureLesson() : Start(role == "empty");
 }

@@ -5,10 +5,15 @@
 #include <algorithm>
 
 Canvas::Canvas(int width, int height, Colour ground)
-    : m_width(std::max(0, width))
-    , m_height(std::max(0, height))
-    , m_pixels(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height), ground)
 {
+    Clear(width, height, ground);
+}
+
+void Canvas::Clear(int width, int height, Colour ground)
+{
+    m_width = std::max(0, width);
+    m_height = std::max(0, height);
+    m_pixels.assign(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height), ground);
 }
 
 void Canvas::HorizontalLine(int left, int right, int y, Colour colour)

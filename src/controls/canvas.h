@@ -10,6 +10,9 @@ public:
     /// In pixels; a size below 0 counts as 0. All pixels begin in `ground`.
     Canvas(int width, int height, Colour ground);
 
+    /// Begins anew in another size, within the memory that it has where that is enough.
+    void Clear(int width, int height, Colour ground);
+
     int Width() const { return m_width; }
     int Height() const { return m_height; }
     /// The pixels row by row from the top, each a colour value with red in the low byte.

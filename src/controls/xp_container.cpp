@@ -96,9 +96,16 @@ static void PaintGradient(
 
 Canvas XPContainer::Surface() const
 {
+    Canvas canvas(0, 0, 0);
+    PaintOn(canvas);
+    return canvas;
+}
+
+void XPContainer::PaintOn(Canvas& canvas) const
+{
     int const width = Pixels(Width);
     int const height = Pixels(Height);
-    Canvas canvas(width, height, ResolvedColour(BackLightColor));
+    canvas.Clear(width, height, ResolvedColour(BackLightColor));
     int const inside = width - 2;
     if (Style == 0) {
         int const bodyTop = headerHeight + 1;
@@ -115,5 +122,4 @@ Canvas XPContainer::Surface() const
     // The strip lies on the panel, above the border where a panel is as low as the strip.
     if (Style == 0)
         PaintGradient(canvas, 1, 1 + inside, 1, headerHeight, headerHeight - 1, HeaderLightColor, HeaderDarkColor);
-    return canvas;
 }

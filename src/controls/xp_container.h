@@ -15,6 +15,8 @@ public:
 
     /// The panel painted at its present size. Made anew at each call.
     Canvas Surface() const;
+    /// The same on a canvas of the caller's, which takes the panel's size.
+    void PaintOn(Canvas& canvas) const;
 
     Property<Colour> HeaderLightColor, HeaderDarkColor, BackLightColor, BackDarkColor, BorderColor, TextColor;
     Property<::Text> Caption;

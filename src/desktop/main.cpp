@@ -11,6 +11,7 @@
 #include "program/program.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QMessageBox>
 
 #include <filesystem>
@@ -37,6 +38,8 @@ int main(int, char** words)
 {
     // The player's other back end lacks what most machines need for the video's format.
     qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+    // What the player says of its codecs and of a missing sound device helps no user.
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\nqt.multimedia.*=false"));
     int count = 1; // Qt's own options aren't for the user
     QApplication application(count, words);
     application.setApplicationName(QStringLiteral("Sparrowfield"));

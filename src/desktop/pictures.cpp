@@ -2,6 +2,7 @@
 
 #include "desktop/convert.h"
 
+#include <QApplication>
 #include <QBuffer>
 #include <QFile>
 #include <QImageReader>
@@ -70,9 +71,10 @@ QPixmap Pictures::Load(TextView name) const
     if (!resource.isEmpty()) {
         auto const fine
             = QString(resource).replace(QStringLiteral(".png"), QStringLiteral("@2x.png"));
-        QPixmap pixmap(QFile::exists(fine) ? fine : resource);
-        if (QFile::exists(fine))
-            pixmap.setDevicePixelRatio(2);
+        if (qApp->devicePixelRatio() <= 1 || !QFile::exists(fine))
+            return QPixmap(resource);
+        QPixmap pixmap(fine);
+        pixmap.setDevicePixelRatio(2);
         return pixmap;
     }
     QBuffer buffer;

@@ -16,7 +16,7 @@ public:
     explicit Pictures(FileSystem const& files); // outlives this object
 
     /// Empty if there is no such picture or it can't be decoded. The program's own come in the
-    /// finest resolution there is and are kept; a file is read at each call.
+    /// resolution that the finest screen can show and are kept; a file is read at each call.
     QPixmap Find(TextView name);
     /// The program's icon in all its sizes.
     QIcon const& ProgramIcon();

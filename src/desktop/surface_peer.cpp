@@ -8,9 +8,11 @@
 #include <QCursor>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <algorithm>
+#include <bit>
 
 /// In the resolution of the screen: pointers aren't scaled by the window system.
 static QPixmap PointerPicture(Pictures& pictures, TextView name)
@@ -145,7 +147,7 @@ void FillPeer::Mirror()
     Widget()->update();
 }
 
-/// Copies the panel's surface. The surface is made when the panel is seen, and kept.
+/// Shows the panel's surface, which is painted when the panel is seen, and kept.
 class CanvasWidget final : public QWidget {
 public:
     CanvasWidget(XPContainer& panel, QWidget* parent)
@@ -155,34 +157,29 @@ public:
     }
     void Renew()
     {
-        m_image = {};
+        m_isPainted = false;
         update();
     }
 
 protected:
-    void paintEvent(QPaintEvent*) override
+    void paintEvent(QPaintEvent* event) override
     {
-        if (m_image.isNull())
-            m_image = ToImage(m_panel.Surface());
-        QPainter(this).drawImage(0, 0, m_image);
+        if (!m_isPainted)
+            m_panel.PaintOn(m_canvas);
+        m_isPainted = true;
+        // A colour value has red in the low byte: the bytes of a pixel lie as red, green, blue and one unused.
+        static_assert(std::endian::native == std::endian::little);
+        QImage const image(reinterpret_cast<uchar const*>(m_canvas.Pixels().data()), m_canvas.Width(),
+            m_canvas.Height(), m_canvas.Width() * 4, QImage::Format_RGBX8888);
+        QPainter painter(this);
+        for (QRect const& part : event->region())
+            painter.drawImage(part.topLeft(), image, part);
     }
 
 private:
-    static QImage ToImage(Canvas const& canvas)
-    {
-        QImage image(canvas.Width(), canvas.Height(), QImage::Format_RGB32);
-        auto from = canvas.Pixels().begin();
-        for (int y = 0; y < canvas.Height(); ++y, from += canvas.Width()) {
-            auto* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
-            std::transform(from, from + canvas.Width(), row, [](Colour colour) {
-                return 0xFF000000 | (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
-            });
-        }
-        return image;
-    }
-
     XPContainer& m_panel;
-    QImage m_image;
+    Canvas m_canvas { 0, 0, 0 };
+    bool m_isPainted = false;
 };
 
 XPContainerPeer::XPContainerPeer(Desk& desk, XPContainer& control, QWidget& ground)
