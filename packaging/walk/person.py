@@ -17,6 +17,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
 disc, pictures, screen = sys.argv[1:4]
+scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))  # the accessibility interface speaks of unscaled pixels
 user = tempfile.TemporaryDirectory()
 environment = dict(os.environ, XDG_DATA_HOME=user.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1")
 process = None
@@ -134,7 +135,7 @@ def click_at(x, y):
 
 def click(node, x=None):
     box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
-    click_at(box.x + (box.width / 2 if x is None else x), box.y + box.height / 2)
+    click_at(scale * (box.x + (box.width / 2 if x is None else x)), scale * (box.y + box.height / 2))
 
 
 def item(form, tree, name):
