@@ -53,6 +53,8 @@ public:
     }
     Outcome<std::string> ReadAll(TextView path) const override { return m_files.ReadAll(path); }
     Outcome<Done> Write(TextView path, std::string_view what) override { return m_files.Write(path, what); }
+    Outcome<Done> WriteTemporary(TextView path, std::string_view what) override { return m_files.WriteTemporary(path, what); }
+    Outcome<Done> SetAside(TextView path) override { return m_files.SetAside(path); }
     Outcome<Done> CreateFolder(TextView path) override { return m_files.CreateFolder(path); }
     Outcome<Done> Delete(TextView path) override { return m_files.Delete(path); }
     std::vector<Text> List(TextView pattern) const override { return m_files.List(pattern); }

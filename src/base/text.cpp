@@ -184,6 +184,42 @@ Text FromUtf8(std::string_view bytes)
     return text;
 }
 
+static char16_t ToLower(char16_t character)
+{
+    bool const isBasic = character >= u'A' && character <= u'Z';
+    bool const isMarked = character >= 0xC0 && character <= 0xDE && character != 0xD7;
+    if (isBasic || isMarked)
+        return static_cast<char16_t>(character + (u'a' - u'A'));
+    switch (character) {
+    case 0x160: // S, OE and Z lie beside their small letters
+    case 0x152:
+    case 0x17D:
+        return static_cast<char16_t>(character + 1);
+    case 0x178:
+        return 0xFF; // Y with a diaeresis
+    default:
+        return character;
+    }
+}
+
+Text ToLower(TextView text)
+{
+    Text lower(text);
+    for (char16_t& character : lower)
+        character = ToLower(character);
+    return lower;
+}
+
+char16_t ToUpper(char16_t character)
+{
+    for (int const capital : { character - (u'a' - u'A'), character - 1, 0x178 }) {
+        auto const candidate = static_cast<char16_t>(capital);
+        if (candidate != character && ToLower(candidate) == character)
+            return candidate;
+    }
+    return character;
+}
+
 Text ToLowerLatin(TextView text)
 {
     Text lower(text);

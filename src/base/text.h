@@ -42,5 +42,10 @@ std::optional<std::int64_t> ToInteger(TextView text);
 std::string ToUtf8(TextView text);
 Text FromUtf8(std::string_view bytes);
 
+/// The text with the capital letters of code page 1252 as small ones, every other character as it is.
+Text ToLower(TextView text);
+/// A small letter of code page 1252 as a capital, if that has one too; every other character as it is.
+char16_t ToUpper(char16_t character);
+
 /// The text with `A` to `Z` as `a` to `z`, every other character as it is: the case rule of file names.
 Text ToLowerLatin(TextView text);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 
 namespace {
 
@@ -16,6 +15,14 @@ std::string_view TakeLine(std::string_view& rest, std::string& line)
     return line;
 }
 
+std::string Padded(int number)
+{
+    auto const digits = std::to_string(number);
+    return std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits;
+}
+
+}
+
 std::string_view TrimBlanks(std::string_view text)
 {
     auto const first = text.find_first_not_of(' ');
@@ -24,7 +31,6 @@ std::string_view TrimBlanks(std::string_view text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-/// A number of three columns, blanks around it allowed.
 std::optional<int> ColumnNumber(std::string_view line, std::size_t column)
 {
     if (line.size() <= column)
@@ -35,14 +41,6 @@ std::optional<int> ColumnNumber(std::string_view line, std::size_t column)
     if (error != std::errc() || end != digits.data() + digits.size())
         return std::nullopt;
     return number;
-}
-
-std::string Padded(int number)
-{
-    auto const digits = std::to_string(number);
-    return std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits;
-}
-
 }
 
 std::vector<VerseRecord> ReadVerseRecords(std::string_view bytes)

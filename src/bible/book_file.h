@@ -2,6 +2,7 @@
 // The text file of one book: verse records, each a verse line, any continuation lines and an empty line. Its form
 // and what a bad file gets stand in docs/formats/bible-files.md.
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,13 @@ struct VerseRecord {
     std::string text; ///< the lines without blanks at their ends, joined by one blank; what stands in the file,
                       ///< HTML entities included
 };
+
+/// The text without blanks at its ends.
+std::string_view TrimBlanks(std::string_view text);
+
+/// The number in the three columns of a verse line from `column` (0: the first), blanks around it allowed; nothing if there is
+/// none.
+std::optional<int> ColumnNumber(std::string_view line, std::size_t column);
 
 /// All records of a book file in file order. The first line of the file is no record's; a verse line whose columns
 /// are no numbers is passed over with its continuation lines.

@@ -14,3 +14,26 @@ struct BookEntry {
 /// One line of the index, without its line end: the name, "|" and the number of chapters. Nothing for a line of
 /// another number of fields.
 std::optional<BookEntry> ParseIndexLine(TextView line);
+
+/// The number of chapters, 0 to 32,767; nothing for a line that is against the form of the index: without a name, or
+/// with a count that is no such number. Such a line is no book, but counts in the numbering.
+std::optional<int> ChaptersOf(BookEntry const& book);
+
+/// The search of a book by the beginning of its name, in any letter case, line by line of the index. The first book that
+/// fits wins; its whole name then takes the place of what was searched for.
+class BookSearch {
+public:
+    explicit BookSearch(TextView beginning);
+
+    /// Looks at the next line of the index, without its line end.
+    void Take(TextView line);
+    /// The number of the book, from 1; 0 if none fits.
+    int Number() const { return m_number; }
+    BookEntry const& Found() const { return m_found; }
+
+private:
+    Text m_sought; // in small letters
+    BookEntry m_found;
+    int m_line = 0;
+    int m_number = 0;
+};

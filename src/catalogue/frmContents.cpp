@@ -2,7 +2,7 @@
 
 #include "catalogue/catalogue_nodes.h"
 #include "controls/screen.h"
-#include "shell/settings.h"
+#include "platform/settings.h"
 
 static constexpr Colour titleBlue = Rgb(0, 0, 192);
 

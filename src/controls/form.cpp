@@ -171,3 +171,18 @@ void Form::RaiseKeyPress(char16_t character)
     Form_KeyPress(character);
     m_screen.LeaveHandler(*this);
 }
+
+void Form::WishToClose()
+{
+    m_kept.clear();
+    m_wishedToClose = true;
+}
+
+void Form::RunKept()
+{
+    while (m_loaded && !IsBusy() && !m_kept.empty()) {
+        auto const action = std::move(m_kept.front());
+        m_kept.pop_front();
+        action();
+    }
+}

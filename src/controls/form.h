@@ -4,6 +4,8 @@
 
 #include "controls/control.h"
 
+#include <deque>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -34,6 +36,13 @@ public:
     bool IsModal() const;
     /// True while a handler of the form is running, which can only be seen from within a turn of the event loop.
     bool IsBusy() const { return m_handlers > 0; }
+
+    /// Keeps an action that came while the form was busy; it runs when the form is free, behind those kept before.
+    void Keep(std::function<void()> action) { m_kept.push_back(std::move(action)); }
+    /// The user closed the form while it was busy: nothing that was kept before counts any more.
+    void WishToClose();
+    /// True from then until the form is free, and goes. Long work should end.
+    bool IsWishedToClose() const { return m_wishedToClose; }
 
     /// The controls in the order of their making.
     std::vector<Control*> const& Controls() const { return m_controls; }
@@ -85,6 +94,7 @@ public:
     bool centred = false;
     ::WindowState opensAs = ::WindowState::Normal;
     ScaleMode scale = ScaleMode::Twips;
+    bool keepsActions = false; ///< what the user does while a handler is inside a turn waits for the handler's end; else it is dropped
     Size smallest; ///< outer, in twips, below which the user can't drag a window that isn't maximised; 0 for no limit
 
 private:
@@ -97,6 +107,7 @@ private:
     void Centre();
     void DockControls();
     void RunResize();
+    void RunKept();
 
     Screen& m_screen;
     std::vector<Control*> m_controls;
@@ -111,6 +122,8 @@ private:
     bool m_cameUp = false; // has been visible since it was loaded
     bool m_resizing = false; // Form_Resize is running
     int m_handlers = 0;
+    std::deque<std::function<void()>> m_kept;
+    bool m_wishedToClose = false;
 };
 
 /// Loads a form without showing it: its controls return to their design state, then Form_Load runs. Nothing if

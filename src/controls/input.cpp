@@ -46,7 +46,7 @@ Refusal Input::Blocked(Control const& control) const
 
 Refusal Input::Click(Form& form)
 {
-    return Act(form, [&] { form.RaiseClick(); });
+    return Act(form, [&form] { form.RaiseClick(); });
 }
 
 static bool PassesClickOn(Control const& control)
@@ -61,7 +61,7 @@ Refusal Input::Click(Control& control)
         return Click(control.OwnForm());
     if (auto const* entry = dynamic_cast<MenuEntry const*>(&control); entry && entry->IsSeparator())
         return std::string(control.OwnForm().Name()) + "." + control.Name() + " is a separator";
-    return Act(control, control.TakesFocusByClick(), [&] {
+    return Act(control, control.TakesFocusByClick(), [&control] {
         if (auto* const box = dynamic_cast<CheckBox*>(&control))
             box->Value = 1 - box->Value;
         else
@@ -80,7 +80,7 @@ Refusal Input::Focus(Control& control)
 
 Refusal Input::ClickNode(TreeView& tree, Node& node)
 {
-    return Act(tree, true, [&] {
+    return Act(tree, true, [&tree, &node] {
         for (Node* parent = node.Parent(); parent; parent = parent->Parent())
             if (!parent->Expanded())
                 parent->SetExpanded(true);
@@ -92,7 +92,7 @@ Refusal Input::ClickNode(TreeView& tree, Node& node)
 
 Refusal Input::Expand(TreeView& tree, Node& node, bool expanded)
 {
-    return Act(tree, true, [&] { node.SetExpanded(expanded); });
+    return Act(tree, true, [&node, expanded] { node.SetExpanded(expanded); });
 }
 
 Refusal Input::Edit(TextInput& box, Text text, int start, int length)
@@ -101,24 +101,24 @@ Refusal Input::Edit(TextInput& box, Text text, int start, int length)
         return refusal;
     if (box.IsReadOnly())
         return std::string(box.OwnForm().Name()) + "." + box.Name() + " is read-only";
-    return Act(box, true, [&] { box.Edited(std::move(text), start, length); });
+    return Act(box, true, [&box, text = std::move(text), start, length] { box.Edited(text, start, length); });
 }
 
 Refusal Input::Select(TextInput& box, int start, int length)
 {
-    return Act(box, true, [&] { box.Selected(start, length); });
+    return Act(box, true, [&box, start, length] { box.Selected(start, length); });
 }
 
 Refusal Input::Choose(ComboBox& list, int index)
 {
     if (index < 0 || index >= static_cast<int>(list.List().size()))
         return std::string(list.Name()) + " has no entry " + std::to_string(index);
-    return Act(list, true, [&] { list.ListIndex = index; });
+    return Act(list, true, [&list, index] { list.ListIndex = index; });
 }
 
 Refusal Input::DragThumb(ScrollBar& bar, int value, bool released)
 {
-    return Act(bar, true, [&] {
+    return Act(bar, true, [this, &bar, value, released] {
         if (m_dragged != &bar)
             m_valueBeforeDrag = bar.Value;
         m_dragged = &bar;
@@ -135,7 +135,7 @@ Refusal Input::DragThumb(ScrollBar& bar, int value, bool released)
 
 Refusal Input::Step(ScrollBar& bar, BarStep step)
 {
-    return Act(bar, true, [&] {
+    return Act(bar, true, [&bar, step] {
         bool const isPage = step == BarStep::PageLess || step == BarStep::PageMore;
         bool const isLess = step == BarStep::Less || step == BarStep::PageLess;
         int const change = isPage ? bar.LargeChange : bar.SmallChange;
@@ -146,19 +146,19 @@ Refusal Input::Step(ScrollBar& bar, BarStep step)
 
 Refusal Input::KeyDown(Control& control, int keyCode, int shift)
 {
-    return Act(control, false, [&] { control.Raise(control.KeyDown, keyCode, shift); });
+    return Act(control, false, [&control, keyCode, shift] { control.Raise(control.KeyDown, keyCode, shift); });
 }
 
 Refusal Input::KeyPress(Control& control, char16_t character)
 {
     if (&control == &control.OwnForm())
-        return Act(control.OwnForm(), [&] { control.OwnForm().RaiseKeyPress(character); });
-    return Act(control, false, [&] { control.Raise(control.KeyPress, character); });
+        return Act(control.OwnForm(), [&control, character] { control.OwnForm().RaiseKeyPress(character); });
+    return Act(control, false, [&control, character] { control.Raise(control.KeyPress, character); });
 }
 
 Refusal Input::KeyUp(Control& control, int keyCode, int shift)
 {
-    return Act(control, false, [&] { control.Raise(control.KeyUp, keyCode, shift); });
+    return Act(control, false, [&control, keyCode, shift] { control.Raise(control.KeyUp, keyCode, shift); });
 }
 
 bool Input::PressDefault(Form& form, int keyCode)
@@ -168,7 +168,7 @@ bool Input::PressDefault(Form& form, int keyCode)
         bool const meant = button && ((keyCode == 13 && button->Default) || (keyCode == 27 && button->Cancel));
         if (!meant || !Blocked(*button).empty())
             continue;
-        Act(*button, false, [&] { button->Raise(button->Click); });
+        Act(*button, false, [button] { button->Raise(button->Click); });
         return true;
     }
     return false;
@@ -194,7 +194,9 @@ Refusal Input::Resize(Form& form, float width, float height)
         return std::string(form.Name()) + " isn't in its normal state";
     if (form.border != BorderStyle::Sizable)
         return std::string(form.Name()) + " has a fixed size";
-    return Act(form, [&] { form.Resized(std::max(width, 0.0F), std::max(height, 0.0F), WindowState::Normal); });
+    return Act(form, [&form, width, height] {
+        form.Resized(std::max(width, 0.0F), std::max(height, 0.0F), WindowState::Normal);
+    });
 }
 
 Refusal Input::ChangeState(Form& form, WindowState state)
@@ -203,10 +205,12 @@ Refusal Input::ChangeState(Form& form, WindowState state)
         || (state == WindowState::Minimised && !form.minimiseButton);
     if (hasNoButton)
         return std::string(form.Name()) + " has no button for this state";
-    return Act(form, [&] { form.ChangeState(state); });
+    return Act(form, [&form, state] { form.ChangeState(state); });
 }
 
 Refusal Input::Close(Form& form)
 {
-    return Act(form, [&] { Unload(form); });
+    if (form.keepsActions && form.IsBusy() && Blocked(form).empty())
+        form.WishToClose();
+    return Act(form, [&form] { Unload(form); });
 }

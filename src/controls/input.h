@@ -1,6 +1,7 @@
 #pragma once
 // The road that a person's action takes to the model, whoever shows the forms: what can't be seen or used can't be
-// acted on, what takes the focus takes it before it acts, and actions on a form that is busy are dropped.
+// acted on, what takes the focus takes it before it acts, and actions on a form that is busy are dropped or, where the form
+// wants that, kept until it is free.
 // What keys do inside a text is the host's work; it hands over the result.
 
 #include "controls/form.h"
@@ -15,8 +16,8 @@
 
 class MenuEntry;
 
-/// Why an action couldn't be taken, in a few words that name the form or control; empty if it was taken, or dropped because
-/// a handler of the form is inside a turn of the event loop.
+/// Why an action couldn't be taken, in a few words that name the form or control; empty if it was taken, or dropped or
+/// kept because a handler of the form is inside a turn of the event loop.
 using Refusal = std::string;
 
 enum class BarStep { Less, More, PageLess, PageMore };
@@ -89,8 +90,11 @@ template <class Action> Refusal Input::Act(Form& form, Action action)
 {
     if (auto refusal = Blocked(form); !refusal.empty())
         return refusal;
-    if (form.IsBusy())
+    if (form.IsBusy()) {
+        if (form.keepsActions)
+            form.Keep([this, &form, action] { Act(form, action); });
         return {};
+    }
     m_screen.Activate(form);
     m_screen.EnterHandler(form);
     m_screen.LeaveHandler(form);
@@ -106,7 +110,7 @@ template <class Action> Refusal Input::Act(Control& control, bool focusFirst, Ac
 {
     if (auto refusal = Blocked(control); !refusal.empty())
         return refusal;
-    return Act(control.OwnForm(), [&] {
+    return Act(control.OwnForm(), [this, &control, focusFirst, action] {
         if (focusFirst)
             control.SetFocus();
         if (Blocked(control).empty())

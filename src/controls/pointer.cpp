@@ -31,10 +31,10 @@ Refusal Input::Mouse(Control& control, MouseAction action, float x, float y)
     m_reportedX = x;
     m_reportedY = y;
     bool const isDown = action == MouseAction::Down;
-    auto const& handler = isDown ? control.MouseDown
-        : action == MouseAction::Move ? control.MouseMove
-                                      : control.MouseUp;
-    return Act(control, isDown && control.TakesFocusByClick(), [&] { control.Raise(handler, x, y); });
+    auto const* const handler = isDown ? &control.MouseDown
+        : action == MouseAction::Move  ? &control.MouseMove
+                                       : &control.MouseUp;
+    return Act(control, isDown && control.TakesFocusByClick(), [&control, handler, x, y] { control.Raise(*handler, x, y); });
 }
 
 Refusal Input::Fire(Timer& timer)

@@ -38,6 +38,7 @@ void Screen::LeaveHandler(Form& form)
     --m_depth;
     if (m_depth == 0)
         m_host.HandlersEnded();
+    form.RunKept();
 }
 
 void Screen::KeepDesigns()
@@ -134,6 +135,8 @@ void Screen::Unload(Form& form)
     form.Form_Unload();
     form.m_loaded = false;
     form.m_unloading = false;
+    form.m_kept.clear();
+    form.m_wishedToClose = false;
     form.Visible.Keep(false);
     Remove(m_loaded, form);
     Remove(m_order, form);

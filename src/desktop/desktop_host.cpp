@@ -208,7 +208,12 @@ void DesktopHost::TurnDue()
     if (std::chrono::steady_clock::now() - m_served < pause)
         return;
     Mirror();
-    QCoreApplication::processEvents();
+    // What a busy form wants kept stays in the event queue.
+    auto const& forms = m_desk.screen->Loaded();
+    bool const isKept = std::any_of(forms.begin(), forms.end(),
+        [](Form const* form) { return form->keepsActions && form->IsBusy(); });
+    QCoreApplication::processEvents(
+        isKept ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
     m_served = std::chrono::steady_clock::now();
 }
 

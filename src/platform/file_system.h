@@ -45,6 +45,12 @@ public:
     /// survives a power cut.
     virtual Outcome<Done> Write(TextView path, std::string_view bytes) = 0;
 
+    /// The same for a file that needn't outlive the program: quicker, and not flushed to the disk.
+    virtual Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) = 0;
+
+    /// Gives a file, or whatever else stands at the path, a free name beside it.
+    virtual Outcome<Done> SetAside(TextView path) = 0;
+
     /// Creates one level of folder. A folder that exists already is no failure.
     virtual Outcome<Done> CreateFolder(TextView path) = 0;
 

@@ -1,6 +1,6 @@
 #include "shell/frmWelcome.h"
 
-#include "shell/settings.h"
+#include "platform/settings.h"
 
 frmWelcome::frmWelcome(Screen& screen, SettingsStore& settings)
     : Form(screen, "frmWelcome", u"Welcome", 7545, 1860)

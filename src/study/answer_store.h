@@ -2,7 +2,7 @@
 // The user's answers and the page where he stopped, kept in the settings store under the study key
 // of the lesson. No answer is lost when the store fails: what can't be stored is kept here and
 // tried again, and what couldn't be read is never overwritten unseen. The keys stand in
-// docs/formats/answers.md. The program's other settings are shell/settings.h's work.
+// docs/formats/answers.md. The program's other settings are platform/settings.h's work.
 
 #include "base/failure.h"
 #include "base/text.h"

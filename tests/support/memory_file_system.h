@@ -54,6 +54,17 @@ public:
         Put(path, std::string(bytes));
         return Done {};
     }
+    Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) override { return Write(path, bytes); }
+    Outcome<Done> SetAside(TextView path) override
+    {
+        auto const found = m_files.find(ToLowerLatin(path));
+        if (Fails() || found == m_files.end())
+            return Failure { Text(path), 0, u"it can't be renamed" };
+        Put(Text(path) + u".aside", found->second.bytes);
+        Remove(path);
+        m_unreadable.erase(ToLowerLatin(path));
+        return Done {};
+    }
     Outcome<Done> CreateFolder(TextView path) override
     {
         if (Fails())

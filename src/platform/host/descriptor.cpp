@@ -53,7 +53,7 @@ Failure SystemFailure(TextView path)
     return SystemFailure(path, errno);
 }
 
-static bool WriteWhole(int file, std::string_view bytes)
+static bool WriteWhole(int file, std::string_view bytes, Lasting lasting)
 {
     while (!bytes.empty()) {
         auto const written = ::write(file, bytes.data(), bytes.size());
@@ -62,7 +62,7 @@ static bool WriteWhole(int file, std::string_view bytes)
         if (written > 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
     }
-    return ::fsync(file) == 0;
+    return lasting == Lasting::No || ::fsync(file) == 0;
 }
 
 /// A file system that keeps no folders to flush says EINVAL or ENOTSUP.
@@ -78,8 +78,8 @@ static Failure FolderFailure(TextView path)
     return SystemFailure(path);
 }
 
-Outcome<Done> ReplaceFile(
-    std::string const& folder, std::string const& name, std::string_view bytes, TextView path)
+Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes,
+    TextView path, Lasting lasting)
 {
     Descriptor const directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!directory)
@@ -88,9 +88,9 @@ Outcome<Done> ReplaceFile(
     Descriptor file(::mkostemp(fresh.data(), O_CLOEXEC));
     if (!file)
         return FolderFailure(path);
-    if (WriteWhole(file.Number(), bytes) && file.Close()
+    if (WriteWhole(file.Number(), bytes, lasting) && file.Close()
         && std::rename(fresh.c_str(), (folder + "/" + name).c_str()) == 0)
-        return Flush(directory) ? Outcome<Done>(Done {}) : SystemFailure(path);
+        return lasting == Lasting::No || Flush(directory) ? Outcome<Done>(Done {}) : SystemFailure(path);
     auto const failure = SystemFailure(path);
     ::unlink(fresh.c_str());
     return failure;

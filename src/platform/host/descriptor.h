@@ -37,10 +37,13 @@ private:
 Failure SystemFailure(TextView path);
 Failure SystemFailure(TextView path, int number);
 
-/// Replaces the file `name` in a folder whole, or not at all; what is reported as done survives a
-/// power cut. The new file is readable by its owner alone. `path` stands in failures.
-Outcome<Done> ReplaceFile(
-    std::string const& folder, std::string const& name, std::string_view bytes, TextView path);
+/// Whether what is written has to survive a power cut.
+enum class Lasting { No, Yes };
+
+/// Replaces the file `name` in a folder whole, or not at all. The new file is readable by its owner alone. `path`
+/// stands in failures.
+Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes,
+    TextView path, Lasting lasting = Lasting::Yes);
 
 /// Makes a folder, private to its owner, in a parent that exists. One that stands there already is
 /// no failure.

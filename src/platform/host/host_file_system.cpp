@@ -165,12 +165,38 @@ Outcome<std::string> HostFileSystem::ReadAll(TextView path) const
 
 Outcome<Done> HostFileSystem::Write(TextView path, std::string_view bytes)
 {
+    return Replace(path, bytes, Lasting::Yes);
+}
+
+Outcome<Done> HostFileSystem::WriteTemporary(TextView path, std::string_view bytes)
+{
+    return Replace(path, bytes, Lasting::No);
+}
+
+Outcome<Done> HostFileSystem::Replace(TextView path, std::string_view bytes, Lasting lasting)
+{
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place || !place->has_filename())
         return NoSuchPlace(path);
     auto const folder = place->parent_path();
     return ReplaceFile(
-        folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
+        folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path, lasting);
+}
+
+Outcome<Done> HostFileSystem::SetAside(TextView path)
+{
+    auto const place = PlaceOf(path, m_folders.drive);
+    if (!place || !place->has_filename())
+        return NoSuchPlace(path);
+    std::error_code ignored;
+    fs::path aside;
+    int number = 0;
+    do
+        aside = place->string() + ".old-" + std::to_string(++number);
+    while (fs::exists(fs::symlink_status(aside, ignored)));
+    if (::rename(place->c_str(), aside.c_str()) != 0)
+        return SystemFailure(path);
+    return Done {};
 }
 
 Outcome<Done> HostFileSystem::CreateFolder(TextView path)

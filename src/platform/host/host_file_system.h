@@ -2,6 +2,7 @@
 // The machine's files behind the paths in Windows form that the program speaks (path_rules.h).
 
 #include "platform/file_system.h"
+#include "platform/host/descriptor.h"
 
 #include <filesystem>
 
@@ -22,6 +23,8 @@ public:
     Outcome<std::unique_ptr<InputFile>> Open(TextView path) const override;
     Outcome<std::string> ReadAll(TextView path) const override;
     Outcome<Done> Write(TextView path, std::string_view bytes) override;
+    Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) override;
+    Outcome<Done> SetAside(TextView path) override;
     Outcome<Done> CreateFolder(TextView path) override;
     Outcome<Done> Delete(TextView path) override;
     std::vector<Text> List(TextView pattern) const override;
@@ -30,5 +33,7 @@ public:
     Text TemporaryName() override;
 
 private:
+    Outcome<Done> Replace(TextView path, std::string_view bytes, Lasting lasting);
+
     Folders m_folders;
 };

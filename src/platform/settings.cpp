@@ -1,4 +1,4 @@
-#include "shell/settings.h"
+#include "platform/settings.h"
 
 Text ReadSetting(SettingsStore const& settings, TextView section, TextView key, TextView fallback)
 {

@@ -1,0 +1,97 @@
+#include "bible/reference.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+
+static bool EndsInDigit(TextView text)
+{
+    return !text.empty() && text.back() >= u'0' && text.back() <= u'9';
+}
+
+/// Without the blanks around the marks of a list of verses: what stands behind the last colon.
+static void CloseUpVerses(Text& reference)
+{
+    auto const colon = reference.rfind(u':');
+    if (colon == Text::npos)
+        return;
+    Text verses = reference.substr(colon);
+    for (TextView const mark : { u",", u"-" }) {
+        ReplaceAll(verses, u" " + Text(mark), mark);
+        ReplaceAll(verses, Text(mark) + u" ", mark);
+    }
+    reference.replace(colon, Text::npos, verses);
+}
+
+Text CleanReference(TextView reference)
+{
+    Text clean(Trim(reference));
+    ReplaceAll(clean, u"  ", u" ");
+    ReplaceAll(clean, u": ", u":");
+    ReplaceAll(clean, u" :", u":");
+    CloseUpVerses(clean);
+    return clean;
+}
+
+Text GetBookName(TextView reference)
+{
+    Text const clean = CleanReference(reference);
+    auto const blank = clean.rfind(u' ');
+    return blank != Text::npos && EndsInDigit(clean) ? clean.substr(0, blank) : clean;
+}
+
+static std::optional<int> Number(TextView digits)
+{
+    auto const number = ToInteger(digits);
+    if (!number || *number < INT16_MIN || *number > INT16_MAX)
+        return std::nullopt;
+    return static_cast<int>(*number);
+}
+
+/// "16-18,20" as pairs of numbers; nothing if it is anything else.
+static std::optional<std::vector<std::pair<int, int>>> ReadRanges(TextView text)
+{
+    std::vector<std::pair<int, int>> ranges;
+    for (TextView const range : Split(text, u',')) {
+        auto const dash = range.find(u'-', 1); // one at the front is a sign
+        auto const from = Number(range.substr(0, dash));
+        auto const to = dash == TextView::npos ? from : Number(range.substr(dash + 1));
+        if (!from || !to)
+            return std::nullopt;
+        ranges.emplace_back(*from, *to);
+    }
+    return ranges;
+}
+
+WantedVerses ReadWantedVerses(TextView reference)
+{
+    WantedVerses wanted;
+    Text const clean = CleanReference(reference);
+    auto const blank = clean.rfind(u' ');
+    if (blank == Text::npos || !EndsInDigit(clean))
+        return wanted;
+    auto const fields = Split(TextView(clean).substr(blank + 1), u':');
+    wanted.chapter = fields[0];
+    if (fields.size() > 1)
+        wanted.verse = fields[1];
+    if (!wanted.chapter.empty()) {
+        auto const number = Number(wanted.chapter);
+        wanted.isReadable = number.has_value();
+        wanted.chapterNumber = number.value_or(0);
+    }
+    if (!wanted.verse.empty()) {
+        auto ranges = ReadRanges(wanted.verse);
+        wanted.isReadable = wanted.isReadable && ranges;
+        wanted.verses = std::move(ranges).value_or(std::vector<std::pair<int, int>>());
+    }
+    return wanted;
+}
+
+bool VerseWanted(WantedVerses const& wanted, int thisChapter, int thisVerse)
+{
+    if (!wanted.isReadable || (!wanted.chapter.empty() && wanted.chapterNumber != thisChapter))
+        return false;
+    return wanted.verses.empty() || std::any_of(wanted.verses.begin(), wanted.verses.end(), [=](auto const& range) {
+        return range.first <= thisVerse && thisVerse <= range.second;
+    });
+}
