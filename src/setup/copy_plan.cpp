@@ -4,7 +4,6 @@
 #include "setup/places.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <optional>
 
 namespace fs = std::filesystem;
@@ -37,7 +36,8 @@ public:
         m_program
             = fs::is_regular_file(m_disc / discProgram, error) ? discProgram : installedProgram;
         if (!fs::is_regular_file(m_disc / m_program, error))
-            return SystemFailure(FromUtf8((m_disc / discProgram).string()), ENOENT);
+            return Failure { FromUtf8((m_disc / discProgram).string()), 0,
+                u"the program isn't there; Setup.exe has to lie beside it, as on the disc" };
         if (auto const failure = Folder({}))
             return *failure;
         return std::move(m_plan);

@@ -49,7 +49,10 @@ TEST_F(CopyPlanTest, TakesFilesAndFoldersOfTheDiscAndNothingElse)
 TEST_F(CopyPlanTest, FailsOnWhatIsNoDiscOrCantBeRead)
 {
     EXPECT_EQ(Dump(PlanCopy(folder / "data"), disc),
-        (folder / "data/sparrowfield: the file doesn't exist.").string());
+        (folder
+            / "data/sparrowfield: the program isn't there; Setup.exe has to lie beside it, as on "
+              "the disc.")
+            .string());
     fs::permissions(disc / "kjv", fs::perms { 0 });
     EXPECT_TRUE(AsPlainUser([&] {
         return Dump(PlanCopy(disc), disc)

@@ -15,6 +15,7 @@ static QString Message(Failure const& failure)
 
 SetupWindow::SetupWindow(SetupPlaces places)
     : m_places(std::move(places))
+    , m_runsFromCopy(RunsFromCopy(m_places))
     , m_plan(PlanCopy(m_places.disc))
     , m_worker({ [this](int permille, QString const& file) {
                     m_bar->setValue(permille);
@@ -24,7 +25,7 @@ SetupWindow::SetupWindow(SetupPlaces places)
 {
     Build();
     ShowState();
-    if (RunsFromCopy(m_places))
+    if (m_runsFromCopy)
         Say(tr("This is the installed copy. To repair it, start Setup.exe on the disc."), false);
     else if (!m_plan)
         Say(Message(m_plan.failure()), true);

@@ -9,6 +9,7 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QStackedWidget;
 
 class SetupWindow final : public QDialog {
 public:
@@ -28,6 +29,7 @@ protected:
 
 private:
     void Build();
+    QWidget* BuildProgress();
     QLayout* BuildHead();
     QLayout* BuildFacts();
     QLayout* BuildButtons();
@@ -44,13 +46,15 @@ private:
     void Say(QString const& text, bool isFault);
 
     SetupPlaces m_places;
+    bool const m_runsFromCopy; ///< even when it is removed by then
     Outcome<CopyPlan> m_plan;
     Task m_task = Task::Ask; ///< the latest one begun
     bool m_isInstalledNow = false; ///< by this window, so that the program can be started
     bool m_hasSucceeded = true;
     bool m_isEnding = false;
-    QLabel *m_copy, *m_folder, *m_size, *m_file, *m_message;
+    QLabel *m_copy, *m_size, *m_file, *m_message;
     QProgressBar* m_bar;
+    QStackedWidget* m_stage; ///< the message, or the progress
     QPushButton *m_uninstall, *m_install, *m_start, *m_cancel, *m_close;
     Worker m_worker;
 };

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 static QString PlaceText(std::filesystem::path const& place)
@@ -26,42 +27,43 @@ static QLabel* WrappedLabel()
     return label;
 }
 
-/// A path may be longer than the window is wide; it may break behind each separator.
-static QString Breakable(QString path)
-{
-    return path.replace(u'/', QStringLiteral("/\u200B"));
-}
-
 void SetupWindow::Build()
 {
     setWindowTitle(tr("Sparrowfield Setup"));
-    setMinimumWidth(fontMetrics().averageCharWidth() * 84);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 92);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(20, 18, 20, 16);
     column->setSpacing(14);
     column->addLayout(BuildHead());
     column->addLayout(BuildFacts());
 
-    m_bar = new QProgressBar;
-    m_bar->setTextVisible(false);
-    m_file = new QLabel;
-    m_file->setTextFormat(Qt::PlainText);
-    m_message = WrappedLabel();
+    m_stage = new QStackedWidget;
+    m_stage->addWidget(m_message = WrappedLabel());
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_message->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    m_message->setMinimumHeight(fontMetrics().lineSpacing() * 2); // or the window would jump
-    for (QWidget* const widget : { static_cast<QWidget*>(m_bar), static_cast<QWidget*>(m_file) }) {
-        auto policy = widget->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        widget->setSizePolicy(policy);
-        column->addWidget(widget);
-    }
-    column->addWidget(m_message, 1);
+    m_stage->addWidget(BuildProgress());
+    column->addWidget(m_stage, 1);
 
     auto* const line = new QFrame;
     line->setFrameStyle(int(QFrame::HLine) | int(QFrame::Sunken));
     column->addWidget(line);
     column->addLayout(BuildButtons());
+}
+
+QWidget* SetupWindow::BuildProgress()
+{
+    auto* const page = new QWidget;
+    auto* const column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    m_bar = new QProgressBar;
+    m_bar->setTextVisible(false);
+    m_file = new QLabel;
+    m_file->setTextFormat(Qt::PlainText);
+    m_file->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // A long name is cut off.
+    column->addWidget(m_bar);
+    column->addWidget(m_file);
+    column->addStretch(1);
+    return page;
 }
 
 QLayout* SetupWindow::BuildHead()
@@ -87,7 +89,7 @@ QLayout* SetupWindow::BuildHead()
     auto* const purpose = WrappedLabel();
     purpose->setText(
         tr("Setup copies the disc to this computer, for you alone, so that the program "
-           "runs without it, and adds the program to your application menu."));
+           "runs without it, and adds it to your application menu."));
     texts->addWidget(title);
     texts->addWidget(purpose);
     row->addLayout(texts, 1);
@@ -100,16 +102,21 @@ QLayout* SetupWindow::BuildFacts()
     form->setLabelAlignment(Qt::AlignLeft);
     form->setHorizontalSpacing(16);
     form->setVerticalSpacing(6);
-    auto* const disc = WrappedLabel();
-    disc->setText(Breakable(PlaceText(m_places.disc)));
-    m_folder = WrappedLabel();
-    m_folder->setText(Breakable(PlaceText(m_places.target)));
+    auto* const folder = WrappedLabel();
+    folder->setText(PlaceText(m_places.target));
     m_size = WrappedLabel();
     m_copy = WrappedLabel();
-    form->addRow(tr("From:"), disc);
-    form->addRow(tr("To:"), m_folder);
+    if (!m_runsFromCopy) {
+        auto* const disc = WrappedLabel();
+        disc->setText(PlaceText(m_places.disc));
+        form->addRow(tr("From:"), disc);
+    }
+    form->addRow(m_runsFromCopy ? tr("Folder:") : tr("To:"), folder);
     form->addRow(tr("Space:"), m_size);
     form->addRow(tr("Now:"), m_copy);
+    for (int row = 0; row < form->rowCount(); ++row)
+        static_cast<QLabel*>(form->itemAt(row, QFormLayout::LabelRole)->widget())
+            ->setAlignment(Qt::AlignTop);
     return form;
 }
 
@@ -141,17 +148,16 @@ void SetupWindow::ShowState()
     auto const size
         = [](std::uint64_t bytes) { return QString::fromStdU16String(SizeText(bytes)); };
     auto const free = size(FreeSpace(m_places.target));
-    m_size->setText(m_plan ? tr("%1 for %2 files, %3 are free")
-                                 .arg(size(m_plan->bytes))
-                                 .arg(m_plan->files.size())
-                                 .arg(free)
-                           : tr("%1 are free").arg(free));
+    m_size->setText(m_plan && !m_runsFromCopy ? tr("%1 for %2 files, %3 are free")
+                                                    .arg(size(m_plan->bytes))
+                                                    .arg(m_plan->files.size())
+                                                    .arg(free)
+                                              : tr("%1 are free").arg(free));
     m_copy->setText(isInstalled ? tr("A copy is installed.") : tr("Not installed."));
-    m_bar->setVisible(isBusy);
-    m_file->setVisible(isBusy);
+    m_stage->setCurrentIndex(isBusy ? 1 : 0);
     m_uninstall->setVisible(isInstalled && !isBusy && !m_isInstalledNow);
     m_install->setText(isInstalled ? tr("&Repair") : tr("&Install"));
-    m_install->setVisible(m_plan && !RunsFromCopy(m_places) && !isBusy && !m_isInstalledNow);
+    m_install->setVisible(m_plan && !m_runsFromCopy && !isBusy && !m_isInstalledNow);
     m_start->setVisible(m_isInstalledNow && !isBusy);
     m_cancel->setVisible(isBusy);
     m_cancel->setEnabled(m_task == Task::Install);
@@ -167,4 +173,8 @@ void SetupWindow::Say(QString const& text, bool isFault)
 {
     m_message->setText(text);
     m_message->setStyleSheet(isFault ? QStringLiteral("color: #a01010") : QString());
+    m_stage->updateGeometry(); // or its height is the one of the text before
+    // The layout alone would squeeze the texts above a long one.
+    if (int const needed = layout()->totalHeightForWidth(width()); needed > height())
+        resize(width(), needed);
 }
