@@ -3,7 +3,14 @@
 #include "setup/house_folder.h"
 #include "setup/setup_bench.h"
 
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
 
 namespace fs = std::filesystem;
 
@@ -41,6 +48,32 @@ TEST_F(InstallTest, ALinkInTheCopysPlaceIsReplacedAndItsFolderLeftAlone)
     EXPECT_EQ(Told(InstallAll()), "installed");
     EXPECT_EQ(Tree(places.target), WholeCopy());
     EXPECT_EQ(Names(folder / "precious"), "letter ");
+}
+
+/// From now on the system can't let two files change places, as on an old file system.
+static bool ForbidExchange()
+{
+    sock_filter filter[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[4])),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, RENAME_EXCHANGE, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    sock_fprog const program { std::size(filter), filter };
+    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0
+        && prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+TEST_F(InstallTest, ReplacesACopyWhereFoldersCantChangePlacesInOneStep)
+{
+    if (!Apart(ForbidExchange))
+        GTEST_SKIP() << "calls of the system can't be forbidden here";
+    PutOldCopy();
+    EXPECT_TRUE(Apart([&] { return ForbidExchange() && Told(InstallAll()) == "installed"; }));
+    EXPECT_EQ(Tree(places.target), WholeCopy());
+    EXPECT_EQ(Names(house), "Sparrowfield Interactive Software ");
 }
 
 /// Cancels at every call of the watcher in turn; what was there stays, to the byte.
