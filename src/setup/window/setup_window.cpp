@@ -42,6 +42,8 @@ void SetupWindow::Begin(Task task)
 void SetupWindow::End()
 {
     m_isEnding = true;
+    if (auto* const question = findChild<QMessageBox*>())
+        question->reject();
     m_worker.Cancel();
     if (!m_worker.IsBusy())
         done(0);
