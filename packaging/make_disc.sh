@@ -65,3 +65,4 @@ Bring artwork/pictures/icon.svg icons/sparrowfield.svg
 for program in sparrowfield sparrowfield-drive sparrowfield-kit; do
     if [ -x "$programs/$program" ]; then Bring "$programs/$program" "$program"; fi
 done
+if [ -x "$programs/sparrowfield-setup" ]; then Bring "$programs/sparrowfield-setup" Setup.exe; fi

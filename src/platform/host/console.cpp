@@ -1,5 +1,6 @@
 #include "platform/host/console.h"
 
+#include <cstdlib>
 #include <initializer_list>
 #include <unistd.h>
 
@@ -8,11 +9,21 @@ bool IsErrorTerminal()
     return isatty(STDERR_FILENO) != 0;
 }
 
+bool HasDisplay()
+{
+    for (char const* const name : { "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM" })
+        if (char const* const value = std::getenv(name); value && *value)
+            return true;
+    return false;
+}
+
+static constexpr int endSignals[] = { SIGINT, SIGTERM, SIGHUP };
+
 EndHeldBack::EndHeldBack()
 {
     sigset_t held;
     sigemptyset(&held);
-    for (int const signal : { SIGINT, SIGTERM, SIGHUP })
+    for (int const signal : endSignals)
         sigaddset(&held, signal);
     pthread_sigmask(SIG_BLOCK, &held, &m_before);
 }
@@ -20,4 +31,14 @@ EndHeldBack::EndHeldBack()
 EndHeldBack::~EndHeldBack()
 {
     pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+}
+
+bool EndHeldBack::IsWished() const
+{
+    sigset_t waiting;
+    sigpending(&waiting);
+    for (int const signal : endSignals)
+        if (sigismember(&waiting, signal) == 1)
+            return true;
+    return false;
 }

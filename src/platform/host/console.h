@@ -3,14 +3,21 @@
 
 #include <csignal>
 
-/// True if what is written to standard error appears on a terminal, where a line can be written over.
+/// True if what is written to standard error appears on a terminal, where a line can be written
+/// over.
 bool IsErrorTerminal();
 
-/// While an object of this kind lives, the wish to end the program (SIGINT, SIGTERM, SIGHUP) waits. For one thread.
+/// True if the user's session names a screen on which windows can be shown.
+bool HasDisplay();
+
+/// While an object of this kind lives, the wish to end the program (SIGINT, SIGTERM, SIGHUP) waits.
+/// For one thread.
 class EndHeldBack {
 public:
     EndHeldBack();
     ~EndHeldBack();
+    /// True if a wish to end the program is waiting.
+    bool IsWished() const;
     EndHeldBack(EndHeldBack const&) = delete;
     EndHeldBack& operator=(EndHeldBack const&) = delete;
 

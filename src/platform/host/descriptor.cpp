@@ -53,22 +53,28 @@ Failure SystemFailure(TextView path)
     return SystemFailure(path, errno);
 }
 
-static bool WriteWhole(int file, std::string_view bytes, Lasting lasting)
+bool WriteAll(Descriptor const& file, std::string_view bytes)
 {
     while (!bytes.empty()) {
-        auto const written = ::write(file, bytes.data(), bytes.size());
+        auto const written = ::write(file.Number(), bytes.data(), bytes.size());
         if (written < 0 && errno != EINTR)
             return false;
         if (written > 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
     }
-    return lasting == Lasting::No || ::fsync(file) == 0;
+    return true;
 }
 
 /// A file system that keeps no folders to flush says EINVAL or ENOTSUP.
 static bool Flush(Descriptor const& folder)
 {
     return ::fsync(folder.Number()) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+Outcome<Done> FlushFolder(std::string const& folder)
+{
+    Descriptor const directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return directory && Flush(directory) ? Outcome<Done>(Done {}) : SystemFailure(FromUtf8(folder));
 }
 
 static Failure FolderFailure(TextView path)
@@ -88,7 +94,7 @@ Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, st
     Descriptor file(::mkostemp(fresh.data(), O_CLOEXEC));
     if (!file)
         return FolderFailure(path);
-    if (WriteWhole(file.Number(), bytes, lasting) && file.Close()
+    if (WriteAll(file, bytes) && (lasting == Lasting::No || ::fsync(file.Number()) == 0) && file.Close()
         && std::rename(fresh.c_str(), (folder + "/" + name).c_str()) == 0)
         return lasting == Lasting::No || Flush(directory) ? Outcome<Done>(Done {}) : SystemFailure(path);
     auto const failure = SystemFailure(path);

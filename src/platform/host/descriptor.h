@@ -37,6 +37,12 @@ private:
 Failure SystemFailure(TextView path);
 Failure SystemFailure(TextView path, int number);
 
+/// Writes all the bytes; false, with the reason in the system's last error number, if it can't.
+bool WriteAll(Descriptor const& file, std::string_view bytes);
+
+/// Brings the names in a folder to the disk, where its file system keeps any to bring there.
+Outcome<Done> FlushFolder(std::string const& folder);
+
 /// Whether what is written has to survive a power cut.
 enum class Lasting { No, Yes };
 

@@ -1,5 +1,6 @@
 #include "platform/host/host_shell.h"
 
+#include "platform/host/console.h"
 #include "platform/host/host_test.h"
 #include "platform/host/user_folders.h"
 
@@ -13,6 +14,12 @@ class HostShellTest : public HostTest {
 protected:
     HostShellTest() { setenv("PATH", (folder / "bin").c_str(), 1); }
 
+    static void AwaitTold()
+    {
+        for (int i = 0; i < 500 && !fs::exists("told"); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+
     HostShell shell;
 };
 
@@ -24,8 +31,7 @@ TEST_F(HostShellTest, AFileIsHandedToTheSystemWithItsWholePath)
     fs::permissions(opener, fs::perms { 0700 });
     Put("$(exit) 'Setup'.EXE", "");
     EXPECT_TRUE(shell.Execute(u"open", u"$(exit) 'setup'.exe"));
-    for (int i = 0; i < 500 && !fs::exists("told"); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    AwaitTold();
     EXPECT_EQ(Bytes("told"), "1|" + (folder / "data" / "$(exit) 'Setup'.EXE|").string());
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
     EXPECT_EQ(errno, ECHILD) << "nothing to wait for is left";
@@ -36,6 +42,36 @@ TEST_F(HostShellTest, AFileIsHandedToTheSystemWithItsWholePath)
         { u"absent.exe", u"folder", u"..\\outside", u"C:\\$(exit) 'Setup'.EXE", u"" })
         EXPECT_FALSE(shell.Execute(u"open", file)) << ToUtf8(file);
     EXPECT_FALSE(shell.Execute(u"print", u"$(exit) 'Setup'.EXE"));
+}
+
+TEST_F(HostShellTest, AProgramIsStartedInTheCurrentFolderWithoutTheSignalsHeldBackHere)
+{
+    fs::create_directory("folder");
+    Put("folder/setup.EXE",
+        "#!/bin/sh\nprintf '%s|%s|%s|' \"$#\" \"$0\" \"$PWD\" >told.new\n"
+        "grep SigBlk /proc/self/status >>told.new\n/bin/mv told.new told\n");
+    fs::permissions("folder/setup.EXE", fs::perms { 0700 });
+    setenv("PATH", "/usr/bin:/bin", 1);
+    EXPECT_TRUE(Apart([this] {
+        EndHeldBack const held;
+        return shell.Execute(u"open", u"folder\\Setup.exe");
+    }));
+    AwaitTold();
+    auto const here = (folder / "data").string();
+    EXPECT_EQ(
+        Bytes("told"), "0|" + here + "/folder/setup.EXE|" + here + "|SigBlk:\t0000000000000000\n");
+}
+
+TEST_F(HostShellTest, ADocumentThatMayBeExecutedIsStillADocument)
+{
+    fs::create_directory(folder / "bin");
+    Put(folder / "bin/xdg-open", "#!/bin/sh\n/bin/mv \"$1\" told\n");
+    Put("README.txt", ": >executed\n");
+    for (auto const& file : { folder / "bin/xdg-open", fs::path("README.txt") })
+        fs::permissions(file, fs::perms { 0700 });
+    EXPECT_TRUE(shell.Execute(u"open", u"README.txt"));
+    AwaitTold();
+    EXPECT_EQ(Names("."), "told ");
 }
 
 TEST_F(HostShellTest, WithoutAnOpenerNothingIsHandedOver)

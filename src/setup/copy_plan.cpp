@@ -1,0 +1,127 @@
+#include "setup/copy_plan.h"
+
+#include "platform/host/descriptor.h"
+#include "setup/places.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A file takes whole blocks of the disk.
+constexpr std::uint64_t block = 4096;
+/// What the user's other work needs meanwhile, and the disk for its own records.
+constexpr std::uint64_t reserve = 16 << 20;
+
+constexpr char const* discProgram = "sparrowfield";
+
+bool LiesBelow(fs::path const& place, fs::path const& folder)
+{
+    auto const below = place.lexically_relative(folder);
+    return !below.empty() && *below.begin() != "..";
+}
+
+class Planner {
+public:
+    explicit Planner(fs::path disc)
+        : m_disc(std::move(disc))
+    {
+    }
+
+    Outcome<CopyPlan> Plan()
+    {
+        std::error_code error;
+        m_program
+            = fs::is_regular_file(m_disc / discProgram, error) ? discProgram : installedProgram;
+        if (!fs::is_regular_file(m_disc / m_program, error))
+            return Failure { FromUtf8((m_disc / discProgram).string()), 0,
+                u"the program isn't there; Setup.exe has to lie beside it, as on the disc" };
+        if (auto const failure = Folder({}))
+            return *failure;
+        return std::move(m_plan);
+    }
+
+private:
+    std::optional<Failure> Folder(fs::path const& below)
+    {
+        std::error_code error;
+        std::vector<fs::path> names;
+        fs::directory_iterator entries(m_disc / below, error);
+        for (; !error && entries != fs::directory_iterator(); entries.increment(error))
+            names.push_back(entries->path().filename());
+        if (error)
+            return SystemFailure(FromUtf8((m_disc / below).string()), error.value());
+        std::sort(names.begin(), names.end());
+        for (auto const& name : names)
+            if (!name.string().starts_with(".new-"))
+                if (auto failure = Entry(below / name))
+                    return failure;
+        return std::nullopt;
+    }
+
+    std::optional<Failure> Entry(fs::path const& below)
+    {
+        std::error_code error;
+        fs::path const place = m_disc / below;
+        if (fs::symlink_status(place, error).type() == fs::file_type::directory) {
+            m_plan.folders.push_back(below);
+            return Folder(below);
+        }
+        // A link whose file can't be reached leads off the disc for all that can be told.
+        auto const whole = fs::canonical(place, error);
+        if (error || !LiesBelow(whole, m_disc) || !fs::is_regular_file(whole, error))
+            return std::nullopt;
+        return File(whole, below);
+    }
+
+    std::optional<Failure> File(fs::path const& place, fs::path const& below)
+    {
+        std::error_code error;
+        auto const size = fs::file_size(place, error);
+        if (error)
+            return SystemFailure(FromUtf8(place.string()), error.value());
+        bool const isTheProgram = below == m_program;
+        if (!isTheProgram && below == installedProgram)
+            return std::nullopt; // Its place is taken.
+        bool const isProgram = isTheProgram
+            || (fs::status(place, error).permissions() & fs::perms::owner_exec) != fs::perms::none;
+        m_plan.files.push_back(
+            { place, isTheProgram ? fs::path(installedProgram) : below, size, isProgram });
+        m_plan.bytes += size;
+        return std::nullopt;
+    }
+
+    fs::path m_disc;
+    fs::path m_program;
+    CopyPlan m_plan;
+};
+
+} // namespace
+
+Outcome<CopyPlan> PlanCopy(fs::path const& disc)
+{
+    std::error_code error;
+    auto whole = fs::canonical(disc, error);
+    if (error)
+        return SystemFailure(FromUtf8(disc.string()), error.value());
+    return Planner(std::move(whole)).Plan();
+}
+
+std::uint64_t NeededSpace(CopyPlan const& plan)
+{
+    std::uint64_t space = reserve + plan.folders.size() * block;
+    for (auto const& file : plan.files)
+        space += (file.size + block - 1) / block * block;
+    return space;
+}
+
+std::uint64_t FreeSpace(fs::path folder)
+{
+    std::error_code error;
+    while (!fs::exists(folder, error) && folder.has_relative_path())
+        folder = folder.parent_path();
+    auto const space = fs::space(folder, error);
+    return error ? 0 : space.available;
+}

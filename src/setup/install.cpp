@@ -1,0 +1,136 @@
+#include "setup/install.h"
+
+#include "setup/house_folder.h"
+#include "setup/menu_entry.h"
+#include "setup/size_text.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <optional>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A folder that goes, with all that is in it, when its owner does.
+class PassingFolder {
+public:
+    explicit PassingFolder(fs::path folder)
+        : m_folder(std::move(folder))
+    {
+    }
+    PassingFolder(PassingFolder const&) = delete;
+    PassingFolder& operator=(PassingFolder const&) = delete;
+    ~PassingFolder()
+    {
+        std::error_code ignored; // What stays is removed by the next run.
+        fs::remove_all(m_folder, ignored);
+    }
+    fs::path const& Path() const { return m_folder; }
+
+private:
+    fs::path m_folder;
+};
+
+Failure At(fs::path const& place, TextView reason)
+{
+    return { FromUtf8(place.string()), 0, Text(reason) };
+}
+
+/// True if a process, as far as the user may see it, runs the installed program. It would lose its
+/// files with the folder that it runs in.
+bool IsCopyRunning(fs::path const& target)
+{
+    std::error_code error;
+    auto const program = fs::canonical(target / installedProgram, error);
+    if (error)
+        return false;
+    fs::directory_iterator entries("/proc", error);
+    for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
+        std::error_code hidden;
+        if (fs::read_symlink(entries->path() / "exe", hidden) == program && !hidden)
+            return true;
+    }
+    return false;
+}
+
+bool Holds(fs::path const& outer, fs::path const& inner)
+{
+    auto const below = inner.lexically_relative(outer);
+    return !below.empty() && *below.begin() != "..";
+}
+
+std::optional<Failure> Hindrance(SetupPlaces const& places)
+{
+    if (IsCopyRunning(places.target))
+        return At(
+            places.target / installedProgram, u"the program is running; please close it first");
+    return std::nullopt;
+}
+
+std::optional<Failure> Hindrance(SetupPlaces const& places, CopyPlan const& plan)
+{
+    if (RunsFromCopy(places))
+        return At(places.disc, u"this is the installed copy; please start Setup.exe on the disc");
+    std::error_code error;
+    auto const disc = fs::weakly_canonical(places.disc, error);
+    auto const target = fs::weakly_canonical(places.target.parent_path(), error);
+    if (Holds(disc, target) || Holds(target, disc))
+        return At(places.target, u"disc and copy would lie one within the other");
+    auto const status = fs::symlink_status(places.target, error);
+    if (fs::exists(status) && !fs::is_directory(status) && !fs::is_symlink(status))
+        return At(places.target, u"something that is no folder stands in its place");
+    auto const needed = NeededSpace(plan), free = FreeSpace(places.target);
+    if (free < needed)
+        return At(places.target,
+            SizeText(needed) + u" are needed, and " + SizeText(free) + u" are free on the disk");
+    return Hindrance(places);
+}
+
+Outcome<Ending> InstallCopy(SetupPlaces const& places, CopyPlan const& plan, Watcher const& goesOn)
+{
+    auto const house = HouseFolder::Hold(places.target.parent_path());
+    if (!house)
+        return house.failure();
+    auto const made = house->MakeAside();
+    if (!made)
+        return made.failure();
+    PassingFolder const fresh(*made); // after the exchange: the old copy
+    auto const copied = CopyFiles(plan, fresh.Path(), goesOn);
+    if (!copied || *copied == Ending::Cancelled)
+        return copied;
+    if (auto const exchanged = house->Exchange(fresh.Path(), places.target); !exchanged)
+        return exchanged.failure();
+    return Ending::Complete;
+}
+
+} // namespace
+
+Outcome<SetupReport> Install(SetupPlaces const& places, CopyPlan const& plan, Watcher const& goesOn)
+{
+    if (auto const hindrance = Hindrance(places, plan))
+        return *hindrance;
+    auto const ending = InstallCopy(places, plan, goesOn);
+    if (!ending)
+        return ending.failure();
+    if (*ending == Ending::Cancelled)
+        return SetupReport { Ending::Cancelled, {} };
+    return SetupReport { Ending::Complete, AddToMenu(places) };
+}
+
+Outcome<SetupReport> Uninstall(SetupPlaces const& places)
+{
+    if (auto const hindrance = Hindrance(places))
+        return *hindrance;
+    auto const parent = places.target.parent_path();
+    std::error_code error;
+    if (fs::exists(parent, error)) {
+        auto const house = HouseFolder::Hold(parent);
+        if (!house)
+            return house.failure();
+        if (IsInstalled(places))
+            if (auto const removed = house->Remove(places.target); !removed)
+                return removed.failure();
+    }
+    return SetupReport { Ending::Complete, RemoveFromMenu(places) };
+}

@@ -1,0 +1,148 @@
+#include "setup/menu_entry.h"
+
+#include "platform/host/descriptor.h"
+#include "setup/folders.h"
+
+#include <cerrno>
+#include <fstream>
+#include <sstream>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char const* entryName = "sparrowfield.desktop";
+
+struct Icon {
+    fs::path from; ///< below the installed copy
+    fs::path folder; ///< below the user's icons
+    std::string name;
+};
+
+std::vector<Icon> Icons()
+{
+    std::vector<Icon> icons { { "icons/sparrowfield.svg", "scalable/apps", "sparrowfield.svg" } };
+    for (char const* size : { "16", "22", "24", "32", "48", "64", "128", "256" })
+        icons.push_back({ std::string("icons/sparrowfield-") + size + ".png",
+            fs::path(std::string(size) + "x" + size) / "apps", "sparrowfield.png" });
+    return icons;
+}
+
+/// A text as the value of a key.
+std::string Value(std::string_view text)
+{
+    std::string value;
+    for (char const character : text)
+        switch (character) {
+        case '\\':
+            value += "\\\\";
+            break;
+        case '\n':
+            value += "\\n";
+            break;
+        case '\r':
+            value += "\\r";
+            break;
+        case '\t':
+            value += "\\t";
+            break;
+        default:
+            value += character;
+        }
+    return value;
+}
+
+/// A word of a command line, quoted.
+std::string Quoted(std::string_view word)
+{
+    std::string quoted = "\"";
+    for (char const character : word) {
+        if (character == '"' || character == '`' || character == '$' || character == '\\')
+            quoted += '\\';
+        quoted += character;
+    }
+    return quoted + '"';
+}
+
+/// The command that starts the program of a folder, in that folder.
+std::string Command(fs::path const& folder)
+{
+    auto const program = (folder / installedProgram).string();
+    // The path of a program can't hold "=", and desktops look in vain for one with "%" in it,
+    // however it is written.
+    if (program.find_first_of("=%") != std::string::npos)
+        return std::string("sh -c \"exec ./") + installedProgram + '"';
+    return Quoted(program);
+}
+
+Outcome<Done> PutFile(fs::path const& folder, std::string const& name, std::string_view bytes)
+{
+    if (auto const made = MakeFolders(folder); !made)
+        return made;
+    return ReplaceFile(folder.string(), name, bytes, FromUtf8((folder / name).string()));
+}
+
+void RemoveFile(fs::path const& file, std::vector<Failure>& faults)
+{
+    if (::unlink(file.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR)
+        faults.push_back(SystemFailure(FromUtf8(file.string())));
+}
+
+/// Desktops look for new icons when the theme's folder has changed.
+void TellOfIcons(fs::path const& icons)
+{
+    std::error_code ignored;
+    fs::last_write_time(icons, fs::file_time_type::clock::now(), ignored);
+}
+
+} // namespace
+
+std::string MenuEntry(fs::path const& folder)
+{
+    return "[Desktop Entry]\n"
+           "Type=Application\n"
+           "Name=Sparrowfield Interactive Bible Study\n"
+           "GenericName=Bible study workbook\n"
+           "Comment=Work through Bible studies, question by question\n"
+           "Exec="
+        + Value(Command(folder)) + "\nPath=" + Value(folder.string())
+        + "\nIcon=sparrowfield\n"
+          "Terminal=false\n"
+          "Categories=Education;\n"
+          "Keywords=bible;study;lesson;\n"
+          "StartupWMClass=Sparrowfield\n";
+}
+
+std::vector<Failure> AddToMenu(SetupPlaces const& places)
+{
+    std::vector<Failure> faults;
+    auto const put
+        = [&faults](fs::path const& folder, std::string const& name, std::string_view bytes) {
+              if (auto const done = PutFile(folder, name, bytes); !done)
+                  faults.push_back(done.failure());
+          };
+    for (auto const& icon : Icons()) {
+        std::ifstream file(places.target / icon.from, std::ios::binary);
+        std::ostringstream bytes;
+        if (file && bytes << file.rdbuf())
+            put(places.icons / icon.folder, icon.name, bytes.str());
+    }
+    TellOfIcons(places.icons);
+    put(places.menu, entryName, MenuEntry(places.target));
+    return faults;
+}
+
+std::vector<Failure> RemoveFromMenu(SetupPlaces const& places)
+{
+    std::vector<Failure> faults;
+    RemoveFile(places.menu / entryName, faults);
+    for (auto const& icon : Icons()) {
+        auto const folder = places.icons / icon.folder;
+        RemoveFile(folder / icon.name, faults);
+        if (::rmdir(folder.c_str()) == 0)
+            ::rmdir(folder.parent_path().c_str());
+    }
+    TellOfIcons(places.icons);
+    return faults;
+}

@@ -1,0 +1,55 @@
+#include "setup/menu_entry.h"
+
+#include "setup/setup_bench.h"
+
+namespace fs = std::filesystem;
+
+static std::string Line(std::string const& text, std::string const& key)
+{
+    auto const start = text.find("\n" + key + "=") + 1;
+    return text.substr(start, text.find('\n', start) - start);
+}
+
+TEST(MenuEntry, QuotesThePathOfTheProgram)
+{
+    struct {
+        char const *folder, *exec, *path;
+    } const rows[] = {
+        { "/home/ann/Program Files", R"(Exec="/home/ann/Program Files/sparrowfield.exe")",
+            "Path=/home/ann/Program Files" },
+        { R"(/a"b)", R"(Exec="/a\\"b/sparrowfield.exe")", R"(Path=/a"b)" },
+        { "/it's", R"(Exec="/it's/sparrowfield.exe")", "Path=/it's" },
+        { "/$HOME/`id`", R"(Exec="/\\$HOME/\\`id\\`/sparrowfield.exe")", "Path=/$HOME/`id`" },
+        { R"(/a\b)", R"(Exec="/a\\\\b/sparrowfield.exe")", R"(Path=/a\\b)" },
+        { "/100%f", R"(Exec=sh -c "exec ./sparrowfield.exe")", "Path=/100%f" },
+        { "/a\nName x\tb", R"(Exec="/a\nName x\tb/sparrowfield.exe")", R"(Path=/a\nName x\tb)" },
+    };
+    for (auto const& row : rows) {
+        auto const entry = MenuEntry(row.folder);
+        EXPECT_EQ(Line(entry, "Exec"), row.exec);
+        EXPECT_EQ(Line(entry, "Path"), row.path);
+        EXPECT_EQ(Line(entry, "Name"), "Name=Sparrowfield Interactive Bible Study");
+    }
+}
+
+using MenuTest = SetupTest;
+
+TEST_F(MenuTest, WithoutAnEntryTheInstallationStandsAndTellsWhy)
+{
+    Put(places.menu, "a file in the folder's place");
+    Put(folder / "data home/icons", "and another");
+    fs::create_directory(disc / "icons");
+    Put(disc / "icons/sparrowfield-32.png", "icon");
+    auto const report = InstallAll();
+    ASSERT_TRUE(report);
+    EXPECT_EQ(Tree(places.target), WholeCopy());
+    ASSERT_EQ(report->menuFaults.size(), 2U);
+    EXPECT_EQ(ToUtf8(report->menuFaults[0].Message()),
+        (folder / "data home/icons: something stands in its place.").string());
+    EXPECT_EQ(ToUtf8(report->menuFaults[1].Message()),
+        places.menu.string() + ": something stands in its place.");
+
+    auto const removed = Uninstall(places);
+    ASSERT_TRUE(removed);
+    EXPECT_TRUE(removed->menuFaults.empty()) << "nothing to remove";
+}

@@ -1,0 +1,124 @@
+#include "setup/install.h"
+#include "setup/options.h"
+
+#include "setup/setup_bench.h"
+
+#include <thread>
+
+namespace fs = std::filesystem;
+
+class UninstallTest : public SetupTest {
+protected:
+    UninstallTest()
+    {
+        Put(user / "settings.db", "answers");
+        fs::create_directories(notes);
+        Put(notes / "John3.dat", "note");
+    }
+    void ExpectOnlyAnswersAndNotes() const
+    {
+        EXPECT_FALSE(fs::exists(fs::symlink_status(house)));
+        EXPECT_EQ(Bytes(user / "settings.db"), "answers");
+        EXPECT_EQ(Names(notes), "John3.dat ");
+    }
+
+    fs::path const notes = user / "drive_c/Program Files/Sparrowfield Interactive Software/notes";
+};
+
+TEST_F(UninstallTest, TakesCopyMenuEntryAndIconsAway)
+{
+    fs::create_directory(disc / "icons");
+    for (auto const* icon : { "sparrowfield.svg", "sparrowfield-16.png", "sparrowfield-256.png" })
+        Put(disc / "icons" / icon, icon);
+    Put(folder / "data home/others", "");
+    auto const before = Tree(folder);
+    ASSERT_TRUE(InstallAll());
+    EXPECT_EQ(Names(places.icons), "16x16 256x256 scalable ");
+    EXPECT_EQ(Bytes(places.icons / "256x256/apps/sparrowfield.png"), "sparrowfield-256.png");
+    EXPECT_EQ(Bytes(places.icons / "scalable/apps/sparrowfield.svg"), "sparrowfield.svg");
+    EXPECT_TRUE(fs::exists(places.menu / "sparrowfield.desktop"));
+
+    Put(places.icons / "16x16/apps/other.png", "");
+    auto const report = Uninstall(places);
+    ASSERT_TRUE(report);
+    EXPECT_TRUE(report->menuFaults.empty());
+    ExpectOnlyAnswersAndNotes();
+    EXPECT_EQ(Names(places.menu), "");
+    EXPECT_EQ(Names(places.icons), "16x16 ");
+    EXPECT_EQ(Names(places.icons / "16x16/apps"), "other.png ");
+
+    EXPECT_TRUE(Uninstall(places)) << "once more";
+    ExpectOnlyAnswersAndNotes();
+}
+
+TEST_F(UninstallTest, OfALinkOnlyTheLinkGoesAndOtherThingsBesideTheCopyStay)
+{
+    fs::create_directories(house);
+    fs::create_directory(folder / "precious");
+    Put(folder / "precious/letter", "dear");
+    fs::create_directory_symlink(folder / "precious", places.target);
+    Put(house / "other", "");
+    EXPECT_TRUE(Uninstall(places));
+    EXPECT_EQ(Names(folder / "precious"), "letter ");
+    EXPECT_EQ(Names(house), "other ");
+
+    fs::remove(house / "other");
+    PutOldCopy();
+    fs::create_directory_symlink(folder / "precious", places.target / "linked");
+    EXPECT_TRUE(Uninstall(places));
+    EXPECT_EQ(Names(folder / "precious"), "letter ");
+    ExpectOnlyAnswersAndNotes();
+}
+
+TEST_F(UninstallTest, ARunningProgramKeepsItsFiles)
+{
+    fs::remove(disc / "sparrowfield");
+    fs::copy_file("/bin/sleep", disc / "sparrowfield");
+    ASSERT_TRUE(InstallAll());
+    auto const before = Tree(folder);
+    pid_t const running = fork();
+    if (running == 0) {
+        execl((places.target / "sparrowfield.exe").c_str(), "sparrowfield", "60", nullptr);
+        _exit(1);
+    }
+    auto const exe = fs::path("/proc") / std::to_string(running) / "exe";
+    std::error_code error;
+    for (int i = 0; i < 500 && fs::read_symlink(exe, error).filename() != "sparrowfield.exe"; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    for (auto const& outcome : { Uninstall(places), InstallAll() }) {
+        ASSERT_FALSE(outcome);
+        EXPECT_EQ(
+            ToUtf8(outcome.failure().reason), "the program is running; please close it first");
+    }
+    kill(running, SIGKILL);
+    waitpid(running, nullptr, 0);
+    EXPECT_EQ(Tree(folder), before);
+    EXPECT_TRUE(Uninstall(places));
+    ExpectOnlyAnswersAndNotes();
+}
+
+TEST(SetupOptions, AreReadOrRefused)
+{
+    struct {
+        std::vector<char const*> words;
+        char const* read; ///< "<task>" and "c" for the console; empty if refused
+    } const rows[] = {
+        { {}, "0" },
+        { { "--console" }, "0c" },
+        { { "--install" }, "1" },
+        { { "--console", "--uninstall" }, "2c" },
+        { { "--help" }, "3" },
+        { { "--install", "--install" }, "1" },
+        { { "--install", "--uninstall" }, "" },
+        { { "--frob" }, "" },
+        { { "disc" }, "" },
+        { { "" }, "" },
+    };
+    for (auto const& row : rows) {
+        auto const options = ReadOptions(row.words);
+        auto const read = options
+            ? std::to_string(static_cast<int>(options->task)) + (options->isConsole ? "c" : "")
+            : "";
+        EXPECT_EQ(read, row.read) << testing::PrintToString(row.words);
+    }
+}
