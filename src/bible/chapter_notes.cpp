@@ -101,16 +101,23 @@ std::optional<Failure> ChapterNotes::Write(Text const& path, TextView text)
     return failure ? failure : Drop(m_files, Next(path));
 }
 
-std::optional<Failure> ChapterNotes::Save(TextView path, TextView text)
+std::optional<Failure> ChapterNotes::Save(TextView path, TextView text, bool tell)
 {
     Text const key(path);
     if (text.empty() && m_unseen.contains(key) && !m_pending.contains(key))
         return std::nullopt;
     m_pending[key] = text;
     auto failure = RetryPending();
-    bool const tell = failure && !m_told;
-    m_told = failure.has_value();
-    return tell ? failure : std::nullopt;
+    bool const isNew = failure && !m_told;
+    m_told = failure && (m_told || tell);
+    return isNew && tell ? failure : std::nullopt;
+}
+
+void ChapterNotes::KeepPlace(TextView path)
+{
+    if (!m_files.FileExists(path) && !m_pending.contains(Text(path)))
+        static_cast<void>(m_files.Write(path, {}));
+    static_cast<void>(RetryPending());
 }
 
 std::optional<Failure> ChapterNotes::RetryPending()

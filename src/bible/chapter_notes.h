@@ -29,7 +29,11 @@ public:
     /// Writes a note, and with it all that waits. A text that the code page lacks stands exactly in a file beside. A
     /// text that can't be written waits here. Gives the failure that the user is to be told: the first one since
     /// nothing waited.
-    std::optional<Failure> Save(TextView path, TextView text);
+    /// Where the user isn't to be told now (`tell` false), he is at the next time.
+    std::optional<Failure> Save(TextView path, TextView text, bool tell);
+
+    /// A note that is as it was: its file is left alone, but made, empty, if there is none. Fails silently.
+    void KeepPlace(TextView path);
 
     /// Tries to write all that waits, for the end of the program. Gives the first failure.
     std::optional<Failure> RetryPending();

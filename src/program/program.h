@@ -1,6 +1,8 @@
 #pragma once
 // The whole program: every form, wired to the others and to what they need of the machine.
 
+#include "bible/chapter_notes.h"
+#include "bible/frmBible.h"
 #include "catalogue/frmContents.h"
 #include "controls/screen.h"
 #include "lesson/frmAnswer.h"
@@ -35,12 +37,14 @@ public:
 private:
     Screen m_screen;
     AnswerStore m_answers;
+    ChapterNotes m_notes;
     class frmVideo frmVideo;
     class frmWelcome frmWelcome;
     class frmGettingStarted frmGettingStarted;
     class frmFinalExam frmFinalExam;
     class frmAbout frmAbout;
     class frmSplash frmSplash;
+    class frmBible frmBible;
     class frmAnswer frmAnswer;
     class frmMain frmMain;
     class frmContents frmContents;

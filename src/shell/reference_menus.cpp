@@ -33,6 +33,7 @@ ReferenceMenus::ReferenceMenus(Form& form, ReferenceScreen screen, ReferenceForm
     Open("mnuHelpAbout", forms.about);
     Open("mnuHelpWelcome", forms.welcome);
     Open("mnuGettingStarted", forms.gettingStarted);
+    Open("mnuBibleReader", forms.bible);
     if (screen == ReferenceScreen::Catalogue)
         Open("mnuHelpVideo", forms.video);
 }

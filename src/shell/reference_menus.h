@@ -18,6 +18,7 @@ struct ReferenceForms {
     Form& welcome;
     Form& gettingStarted;
     Form& video;
+    Form& bible;
 };
 
 class ReferenceMenus {

@@ -1,0 +1,101 @@
+#pragma once
+// The Bible reader: two translations, a tree of books and chapters, the page for a reference, and a note for each chapter.
+// Every way through the Bible puts a reference into txtVerse and looks it up. What a reference means is reference.h's work, the
+// page chapter_page.h's, the files of the notes chapter_notes.h's.
+
+#include "bible/chapter_notes.h"
+#include "bible/reference.h"
+#include "controls/button.h"
+#include "controls/list.h"
+#include "controls/media.h"
+#include "controls/menu.h"
+#include "controls/scroll_bar.h"
+#include "controls/text_box.h"
+#include "controls/tree_view.h"
+#include "controls/xp_container.h"
+#include "platform/file_system.h"
+#include "platform/settings_store.h"
+
+#include <functional>
+#include <optional>
+
+class frmBible final : public Form {
+public:
+    /// All outlive the form.
+    frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, ChapterNotes& notes);
+
+    /// The number of the first book whose name begins with `book`, in any letter case, which becomes its name; 0 if none does,
+    /// then `book` is left in small letters.
+    int FindBook(Text& book);
+    /// Fills the tree with the books of the translation.
+    void LoadBooks();
+
+private:
+    void Form_Load() override;
+    void Form_Resize() override; // in frmBible_layout.cpp
+    void Form_Unload() override;
+    void PlaceNavigation();
+    void PlaceContents();
+
+    // The ways to a reference, in frmBible.cpp.
+    void TreeView1_NodeClick(Node& node);
+    void cboVersion_Click();
+    void cmdPrev_Click();
+    void cmdNext_Click();
+    void mnuFileExit_Click();
+    void ForEachIndexLine(std::function<void(TextView line)> const& take);
+    void ExpandBookNode(TextView name);
+    void SetTranslation(TextView identifier);
+    void UpdateChapterButtons();
+    std::string ReadData(TextView path);
+
+    // The lookup, the page and the notes, in frmBible_lookup.cpp.
+    void cmdOkay_Click(); // "Find Verse"
+    void NormaliseBox();
+    bool BuildChapterPage(int bookNumber, WantedVerses const& wanted);
+    void ShowPage(TextView html);
+    bool IsToGoOn() const;
+    void EnsureFolder(TextView path);
+    Text NotesFolder() const;
+    void SaveNotes(bool tell);
+    void LoadNotes();
+    bool HasNote() const;
+    void txtNotes_Change();
+    void cmdPrint_Click();
+    void PrintNotes();
+
+    FileSystem& m_files;
+    SettingsStore& m_settings;
+    ChapterNotes& m_notes;
+
+    Text translation; // "kjv" or "nasb"
+    Text pagePath; // of the temporary page, for one opening of the form
+    Text driveLetter; // of the notes folder
+    Text bookName; // of the last reference found, as the index spells it
+    Text chapter; // of that reference as typed, empty for a whole book
+    Text verse; // of that reference as typed, empty for a whole chapter
+    Text chapterCount; // of the current book, as in the index
+    std::optional<Text> m_noteFile; // of the note in the box; nothing if no note has been loaded
+    Text m_keptNote; // that note as it was loaded or last saved
+
+    Menu mnuFile { *this, "mnuFile", u"&File" };
+    MenuEntry mnuFileExit { *this, mnuFile, "mnuFileExit", u"E&xit" };
+    StatusBar StatusBar1 { *this, "StatusBar1", { 0, 7725, 8925, 375 } };
+    ProgressBar ProgressBar1 { *this, *this, "ProgressBar1", { 1560, 7800, 6975, 255 } }; // lines of the book file
+    XPContainer XPContainer3 { *this, *this, "XPContainer3", { 120, 120, 8655, 855 }, u"Navigation" };
+    TextBox txtVerse { *this, XPContainer3, "txtVerse", { 2520, 465, 1695, 285 } }; // the reference
+    CommandButton cmdOkay { *this, XPContainer3, "cmdOkay", { 4305, 495, 1095, 255 }, u"Find Verse" };
+    XPContainer XPContainer1 { *this, *this, "XPContainer1", { 120, 1200, 2415, 6375 }, u"Index" };
+    TreeView TreeView1 { *this, XPContainer1, "TreeView1", { 120, 480, 2175, 5775 } };
+    XPContainer XPContainer2 { *this, *this, "XPContainer2", { 2640, 1200, 3495, 6375 }, u"Scripture Text" };
+    WebBrowser Text1 { *this, XPContainer2, "Text1", { 120, 480, 3255, 5775 } }; // the page
+    XPContainer XPContainer4 { *this, *this, "XPContainer4", { 6240, 1200, 2535, 6375 }, u"Notes" };
+    TextBox txtNotes { *this, XPContainer4, "txtNotes", { 120, 480, 2295, 5775 } };
+    CommandButton cmdPrev { *this, XPContainer3, "cmdPrev", { 5640, 480, 1455, 255 }, u"Previous chapter" };
+    CommandButton cmdNext { *this, XPContainer3, "cmdNext", { 7320, 480, 1215, 255 }, u"Next chapter" };
+    ComboBox cboVersion { *this, XPContainer3, "cboVersion", { 165, 420, 2175, 315 },
+        { u"King James Version", u"New American Standard" } };
+    CommandButton cmdPrint { *this, XPContainer4, "cmdPrint", { 1680, 120, 615, 255 }, u"Print" };
+    ImageList ImageList1 { *this, "ImageList1",
+        { { "folder", ":folder" }, { "openfolder", ":openfolder" }, { "book", ":book" } } };
+};
