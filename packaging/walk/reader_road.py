@@ -1,0 +1,92 @@
+#!/usr/bin/python3
+"""The Bible reader: lookup by typing, buttons, tree, translation, a note that is printed and is there again when the reader is reopened."""
+
+import glob
+import os
+import subprocess
+import time
+
+import person
+from person import *  # noqa: F403
+
+
+def page():
+    return text_of("frmBible", "Text1")
+
+
+def open_reader():
+    keys("alt+b")
+    keys("r")
+    wait(lambda: is_open("frmBible"), "the Bible reader")
+    wait(lambda: len(page()) > 10, "its page")
+
+
+def look_up(reference):
+    click(control("frmBible", "txtVerse"))
+    keys("ctrl+a")
+    type_text(reference)
+    keys("Return")
+    time.sleep(0.3)
+
+
+def note_caption():
+    return control("frmBible", "XPContainer4").get_name()
+
+
+def walk():
+    start()
+    keys("Return")
+    wait(lambda: is_open("frmContents"), "the catalogue")
+    open_reader()
+    shot("d-reader")
+    expect("For God so loved the world" in page(), "the reader opens with John 3:16")
+    look_up("psalm 23")
+    expect("The LORD is my shepherd" in page() and "Chapter 23" in page(), "a reference that was typed comes up")
+    click(control("frmBible", "cmdNext"))
+    wait(lambda: "The earth is the LORD" in page(), "Psalm 24")
+    click(control("frmBible", "cmdPrev"))
+    wait(lambda: "The LORD is my shepherd" in page(), "Psalm 23 again")
+    click(control("frmBible", "txtNotes"))
+    type_text("He leads me, too. A note of several words, long enough to be broken into lines on the paper.")
+    shot("d-note")
+    click(control("frmBible", "cmdPrint"))
+    time.sleep(1)
+    keys("Return")
+    files = wait(lambda: glob.glob(os.path.join(documents, "*.pdf")), "the printed note")
+    printed = subprocess.run(["pdftotext", "-layout", files[0], "-"], capture_output=True, text=True, check=True).stdout
+    expect("He leads me, too." in printed and len(printed.split("\n")) > 2, "without a printer the note is in a PDF file")
+    look_up("Jude")
+    expect("Chapter 1" in page() and note_caption() == "Notes for Jude", "a book of its own")
+    expect("He leads me" not in text_of("frmBible", "txtNotes"), "its note is another")
+    shot("d-book")
+    look_up("Psalms 23")
+    version = control("frmBible", "cboVersion")
+    version.get_component_iface().grab_focus()
+    click(version)
+    keys("Down", "Return")
+    wait(lambda: "Yahweh is my shepherd" in page(), "the other translation")
+    expect("He leads me, too." in text_of("frmBible", "txtNotes"), "the note is that of the chapter in both translations")
+    shot("d-translation")
+    look_up("Nowhere 3")
+    expect(text_of("frmBible", "txtVerse") == "" and "Yahweh is my shepherd" in page(), "an unknown book empties the box, no more")
+    keys("alt+F4")
+    wait(lambda: not is_open("frmBible"), "the reader to close")
+    open_reader()
+    expect("Yahweh is my shepherd" in page(), "the reader opens as it was left")
+    expect("He leads me, too." in text_of("frmBible", "txtNotes"), "and so does the note")
+    keys("alt+f", "x")
+    wait(lambda: not is_open("frmBible"), "the reader to close by its menu")
+    keys("alt+f", "x")
+    expect(wait_for_end() == 0, "the program ends by its menu")
+
+
+documents = os.path.join(user.name, "documents")
+os.makedirs(documents)
+os.makedirs(os.path.join(user.name, "config"))
+with open(os.path.join(user.name, "config", "user-dirs.dirs"), "w", encoding="utf-8") as dirs:
+    dirs.write(f'XDG_DOCUMENTS_DIR="{documents}"\n')
+environment["XDG_CONFIG_HOME"] = os.path.join(user.name, "config")
+try:
+    walk()
+finally:
+    person.end_of_walk()
