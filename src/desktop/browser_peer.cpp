@@ -3,7 +3,13 @@
 #include "base/code_page.h"
 #include "desktop/convert.h"
 
+#include <QKeyEvent>
+#include <QScrollBar>
 #include <QTextBrowser>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
 
 /// The path that a file address names, as the program writes paths.
 static Text PathOf(TextView url)
@@ -20,7 +26,7 @@ public:
     {
         setOpenLinks(false);
         setContextMenuPolicy(Qt::NoContextMenu);
-        document()->setDefaultFont(ToQFont({ u"Times New Roman", 12, false }));
+        ApplyZoom();
     }
 
     QVariant loadResource(int type, QUrl const& name) override
@@ -35,7 +41,48 @@ public:
         return path == picture ? QVariant(m_desk.pictures.Find(asWritten)) : QVariant();
     }
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        bool const isPlain = event->modifiers().testFlag(Qt::ControlModifier)
+            && !event->modifiers().testAnyFlags(Qt::AltModifier | Qt::MetaModifier);
+        if (isPlain && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal))
+            Zoom(m_desk.pageZoom + 1);
+        else if (isPlain && event->key() == Qt::Key_Minus)
+            Zoom(m_desk.pageZoom - 1);
+        else if (isPlain && event->key() == Qt::Key_0)
+            Zoom(0);
+        else
+            QTextBrowser::keyPressEvent(event);
+    }
+
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (!event->modifiers().testFlag(Qt::ControlModifier))
+            QTextBrowser::wheelEvent(event);
+        else if (int const turn = event->angleDelta().y(); turn != 0)
+            Zoom(m_desk.pageZoom + (turn > 0 ? 1 : -1));
+    }
+
 private:
+    static constexpr int mostZoom = 10;
+
+    /// In steps of a tenth more or less. The place in the text stays, as near as the lines allow.
+    void Zoom(int step)
+    {
+        auto* const bar = verticalScrollBar();
+        double const place = bar->maximum() > 0 ? double(bar->value()) / bar->maximum() : 0;
+        m_desk.pageZoom = std::clamp(step, -mostZoom / 2, mostZoom);
+        ApplyZoom();
+        bar->setValue(qRound(place * bar->maximum()));
+    }
+
+    void ApplyZoom()
+    {
+        auto const size = static_cast<float>(12 * std::pow(1.1, m_desk.pageZoom));
+        document()->setDefaultFont(ToQFont({ u"Times New Roman", size, false }));
+    }
+
     Desk& m_desk;
 };
 
