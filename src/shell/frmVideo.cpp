@@ -28,3 +28,8 @@ void frmVideo::Form_Click()
 {
     WindowsMediaPlayer1.Play();
 }
+
+void frmVideo::Form_Unload()
+{
+    WindowsMediaPlayer1.playing = false;
+}

@@ -12,6 +12,7 @@ private:
     void Form_Load() override;
     void Form_Resize() override;
     void Form_Click() override;
+    void Form_Unload() override;
 
     WindowsMediaPlayer WindowsMediaPlayer1 { *this, *this, "WindowsMediaPlayer1", { 0, 0, 7035, 5325 } };
 };
