@@ -8,8 +8,12 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMediaDevices>
+#include <QMediaMetaData>
 #include <QMediaPlayer>
 #include <QUrl>
+
+#include <algorithm>
+#include <cmath>
 
 PlayerPeer::PlayerPeer(Desk& desk, WindowsMediaPlayer& control, QWidget& ground)
     : Peer(desk, control, new QWidget(&ground))
@@ -113,6 +117,16 @@ void PlayerPeer::Noted(PropertyBase const& property)
     m_seekWanted |= &property == &m_control.currentPosition;
 }
 
+/// False for a damaged file with a picture of no frame rate: the player's back end (Qt 6.4) divides by it.
+static bool HasFrameRates(QMediaPlayer const& player)
+{
+    auto const tracks = player.videoTracks();
+    return std::all_of(tracks.begin(), tracks.end(), [](QMediaMetaData const& track) {
+        double const rate = track.value(QMediaMetaData::VideoFrameRate).toDouble();
+        return std::isfinite(rate) && rate > 0;
+    });
+}
+
 void PlayerPeer::Open()
 {
     m_opened = m_control.URL;
@@ -121,6 +135,10 @@ void PlayerPeer::Open()
     m_present = QFileInfo(ToQString(place)).isFile();
     m_player.setSource(
         m_present ? QUrl::fromLocalFile(QFileInfo(ToQString(place)).absoluteFilePath()) : QUrl());
+    if (!HasFrameRates(m_player)) {
+        m_present = false;
+        m_player.setSource({});
+    }
     m_playWanted |= m_control.autoStart;
 }
 
