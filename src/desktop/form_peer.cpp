@@ -156,6 +156,7 @@ void FormPeer::MirrorShown(QWidget* owner)
         window.move(room.topLeft()
             + QPoint(std::max(0, room.width() - normal.width()) / 2,
                 std::max(0, room.height() - normal.height()) / 2));
+        m_sinceShown.start();
         window.showMaximized();
     } else if (m_state == WindowState::Minimised) {
         window.showMinimized();

@@ -4,6 +4,7 @@
 #include "controls/form.h"
 #include "desktop/peer.h"
 
+#include <QElapsedTimer>
 #include <QMargins>
 #include <QSize>
 
@@ -43,6 +44,7 @@ protected:
 private:
     void Arrange();
     void Place();
+    bool IsSettling() const;
     void QueueReport();
     void ReportSize();
     void ReportActivation();
@@ -55,6 +57,7 @@ private:
     QMargins m_frame;
     Size m_agreed; // the outer size on which window and form agree, in twips
     WindowState m_state = WindowState::Normal;
+    QElapsedTimer m_sinceShown; // of a window that comes up maximised
     bool m_pictureIsStale = true;
     bool m_moveWanted = false;
     bool m_reportQueued = false;

@@ -72,6 +72,15 @@ void FormPeer::QueueReport()
     });
 }
 
+/// True while the window manager may still be on its way to the state in which the window was to come up: some tell of
+/// their steps one by one, and a window that was taken for a normal one would stay one.
+bool FormPeer::IsSettling() const
+{
+    constexpr int settlingTime = 1500; // milliseconds
+    return m_state == WindowState::Maximised && !Widget()->isMaximized() && !Widget()->isMinimized()
+        && m_sinceShown.isValid() && m_sinceShown.elapsed() < settlingTime;
+}
+
 void FormPeer::ReportSize()
 {
     auto& window = *Widget();
@@ -80,6 +89,11 @@ void FormPeer::ReportSize()
     m_sizeMissed = m_form.IsBusy();
     if (m_sizeMissed)
         return;
+    if (IsSettling()) {
+        constexpr int pause = 50; // milliseconds
+        QTimer::singleShot(pause, this, [this] { QueueReport(); });
+        return;
+    }
     if (window.isMinimized()) {
         m_state = WindowState::Minimised;
         Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
