@@ -130,7 +130,7 @@ TEST_F(BibleTest, TooShortAReferenceDoesNothingAtAll)
     for (TextView const reference : { u"", u"J", u" " }) {
         LookUp(reference);
         EXPECT_EQ(State(), ToUtf8(reference) + " | " + before);
-        EXPECT_EQ(Stored(u"John3"), "");
+        EXPECT_EQ(Stored(u"John3"), "(none)");
     }
 }
 
