@@ -133,5 +133,6 @@ std::optional<Failure> ChapterNotes::RetryPending()
             first = std::move(failure);
         ++each;
     }
+    m_told = m_told && !m_pending.empty();
     return first;
 }

@@ -22,6 +22,7 @@ void frmBible::cmdOkay_Click()
     if (txtVerse.Text().size() < 2)
         return;
     SaveNotes(true);
+    txtNotes.Locked = true; // What is typed until the next note is loaded would get into that one.
     NormaliseBox();
     auto const wanted = ReadWantedVerses(txtVerse.Text());
     // A number that can't be read is no reference to any book.
@@ -32,6 +33,7 @@ void frmBible::cmdOkay_Click()
     ExpandBookNode(book);
     if (bookNumber == 0) {
         txtVerse.Text = u"";
+        txtNotes.Locked = !m_noteFile;
         return;
     }
     bookName = book;

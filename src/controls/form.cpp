@@ -180,9 +180,14 @@ void Form::WishToClose()
 
 void Form::RunKept()
 {
+    // Handlers end within an action too: what was kept behind it has to wait for the whole of it.
+    if (m_runningKept)
+        return;
+    m_runningKept = true;
     while (m_loaded && !IsBusy() && !m_kept.empty()) {
         auto const action = std::move(m_kept.front());
         m_kept.pop_front();
         action();
     }
+    m_runningKept = false;
 }

@@ -123,6 +123,7 @@ private:
     bool m_resizing = false; // Form_Resize is running
     int m_handlers = 0;
     std::deque<std::function<void()>> m_kept;
+    bool m_runningKept = false;
     bool m_wishedToClose = false;
 };
 

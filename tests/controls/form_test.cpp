@@ -83,6 +83,40 @@ TEST_F(FormsTest, ActionsOnAFormInATurnOfItsOwnHandlerAreDropped)
     EXPECT_TRUE(a.IsLoaded());
 }
 
+TEST_F(FormsTest, AFormThatKeepsActionsRunsThemInTheirOrder)
+{
+    a.keepsActions = true;
+    a.Show();
+    bool closes = false;
+    host.onTurn = [&] {
+        EXPECT_EQ(input.Edit(a.second, u"typed", 5, 0), "");
+        EXPECT_EQ(input.Click(a.button), "");
+        EXPECT_EQ(input.Edit(a.first, u"typed", 5, 0), "");
+        if (closes) {
+            EXPECT_EQ(input.Close(a), "");
+            EXPECT_TRUE(a.IsWishedToClose());
+        }
+        EXPECT_EQ(a.first.Text(), u"");
+    };
+    a.onClick = [this] {
+        if (a.Focus() == &a.first) {
+            host.turns.Arm(1);
+            host.turns.Give();
+        }
+        a.Write("goes on");
+    };
+    TakeLog();
+    input.Click(a.label);
+    EXPECT_THAT(TakeLog(),
+        ElementsAre("a.label click", "a.goes on", "a.first lost", "a.second got", "a.second lost", "a.button got", "a.button click",
+            "a.goes on", "a.button lost", "a.first got", "a.first change"));
+    a.first.Text = u"";
+    closes = true;
+    TakeLog();
+    input.Click(a.label);
+    EXPECT_THAT(TakeLog(), ElementsAre("a.label click", "a.goes on", "a.first lost", "a.unload"));
+}
+
 TEST_F(FormsTest, WhatCannotBeSeenOrUsedCannotBeActedOn)
 {
     struct {

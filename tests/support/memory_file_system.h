@@ -9,7 +9,7 @@
 #include <set>
 
 /// Files by their names, which match ignoring case. Every call that can fail is counted; the one that FailAt names, and those on
-/// files that are marked unreadable, fail.
+/// files that are marked unreadable or lie below a path that is marked unwritable, fail.
 class MemoryFileSystem final : public FileSystem {
 public:
     void Put(TextView path, std::string bytes) { m_files[ToLowerLatin(path)] = { Text(path), std::move(bytes) }; }
@@ -20,6 +20,10 @@ public:
     {
         m_failAt = call == 0 ? 0 : m_calls + call;
     }
+    /// While set, every call that can fail does.
+    bool failing = false;
+    /// While set, nothing whose path begins with it can be written, renamed, made or deleted.
+    Text unwritable;
     int Calls() const { return m_calls; }
     /// The bytes of a file; empty if there is none.
     std::string Bytes(TextView path) const
@@ -49,7 +53,7 @@ public:
     }
     Outcome<Done> Write(TextView path, std::string_view bytes) override
     {
-        if (Fails())
+        if (FailsAt(path))
             return Failure { Text(path), 0, u"it can't be written" };
         Put(path, std::string(bytes));
         return Done {};
@@ -58,7 +62,7 @@ public:
     Outcome<Done> SetAside(TextView path) override
     {
         auto const found = m_files.find(ToLowerLatin(path));
-        if (Fails() || found == m_files.end())
+        if (FailsAt(path) || found == m_files.end())
             return Failure { Text(path), 0, u"it can't be renamed" };
         Put(Text(path) + u".aside", found->second.bytes);
         Remove(path);
@@ -67,14 +71,14 @@ public:
     }
     Outcome<Done> CreateFolder(TextView path) override
     {
-        if (Fails())
+        if (FailsAt(path))
             return Failure { Text(path), 0, u"it can't be made" };
         m_folders.insert(ToLowerLatin(path));
         return Done {};
     }
     Outcome<Done> Delete(TextView path) override
     {
-        if (Fails() || !FileExists(path))
+        if (FailsAt(path) || !FileExists(path))
             return Failure { Text(path), 0, u"it can't be deleted" };
         Remove(path);
         return Done {};
@@ -123,7 +127,8 @@ private:
         std::size_t m_at = 0;
     };
 
-    bool Fails() const { return ++m_calls == m_failAt; }
+    bool Fails() const { return ++m_calls == m_failAt || failing; }
+    bool FailsAt(TextView path) const { return Fails() || (!unwritable.empty() && path.starts_with(unwritable)); }
 
     Outcome<File const*> Find(TextView path) const
     {
