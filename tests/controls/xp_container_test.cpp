@@ -1,7 +1,7 @@
 // The panel's pixels and its themes.
 
-#include "controls/xp_container.h"
 #include "controls/log_form.h"
+#include "controls/xp_container.h"
 
 using testing::ElementsAre;
 
@@ -16,7 +16,8 @@ protected:
         panel.BorderColor = border;
     }
 
-    static constexpr Colour red = Rgb(220, 0, 0), darkRed = Rgb(0, 0, 0), border = Rgb(1, 2, 3), white = Rgb(255, 255, 255);
+    static constexpr Colour red = Rgb(220, 0, 0), darkRed = Rgb(0, 0, 0), border = Rgb(1, 2, 3),
+                            white = Rgb(255, 255, 255);
 
     /// The panel at this size, in pixels.
     Canvas Painted(int width, int height)
@@ -41,7 +42,7 @@ protected:
     XPContainer panel { a, a, "panel", { 0, 0, 2475, 1920 }, u"Panel" };
 };
 
-}
+} // namespace
 
 TEST_F(PanelTest, StripAndBodyStandWithinTheBorder)
 {
@@ -79,7 +80,8 @@ TEST_F(PanelTest, AnyOtherStyleHasOneGradientOverAll)
     for (int const style : { 1, 2, -1 }) {
         panel.Style = style;
         auto const surface = Painted(6, 11);
-        EXPECT_EQ(At(surface, 3, 1), Rgb(20, 100, 180)) << "the gradient starts in row 0, under the border";
+        EXPECT_EQ(At(surface, 3, 1), Rgb(20, 100, 180))
+            << "the gradient starts in row 0, under the border";
         EXPECT_EQ(At(surface, 4, 5), Rgb(100, 100, 100)) << "up to the border";
         EXPECT_EQ(At(surface, 3, 9), Rgb(180, 100, 20));
         EXPECT_EQ(At(surface, 3, 10), border);
@@ -148,15 +150,16 @@ TEST_F(PanelTest, AThemeSetsSixColoursOneByOne)
     };
     panel.Theme = 11;
     EXPECT_THAT(assigned,
-        ElementsAre("Theme", "HeaderLightColor", "HeaderDarkColor", "BackLightColor", "BackDarkColor", "BorderColor", "TextColor"));
+        ElementsAre("Theme", "HeaderLightColor", "HeaderDarkColor", "BackLightColor",
+            "BackDarkColor", "BorderColor", "TextColor"));
     auto const colours = [&] {
-        return std::vector<Colour> { panel.HeaderLightColor, panel.HeaderDarkColor, panel.BackLightColor, panel.BackDarkColor,
-            panel.BorderColor, panel.TextColor };
+        return std::vector<Colour> { panel.HeaderLightColor, panel.HeaderDarkColor,
+            panel.BackLightColor, panel.BackDarkColor, panel.BorderColor, panel.TextColor };
     };
     auto const eleven = colours();
     EXPECT_THAT(eleven,
-        ElementsAre(Rgb(0xFC, 0xFA, 0xE4), Rgb(0xF4, 0xEE, 0xB9), Rgb(0xFD, 0xFC, 0xEE), Rgb(0xFA, 0xF7, 0xDC),
-            Rgb(0xEA, 0xE1, 0x95), Rgb(0xE1, 0xD5, 0x66)));
+        ElementsAre(Rgb(0xFC, 0xFA, 0xE4), Rgb(0xF4, 0xEE, 0xB9), Rgb(0xFD, 0xFC, 0xEE),
+            Rgb(0xFA, 0xF7, 0xDC), Rgb(0xEA, 0xE1, 0x95), Rgb(0xE1, 0xD5, 0x66)));
     for (int const none : { 12, 1000, -1 }) {
         panel.Theme = none;
         EXPECT_EQ(panel.Theme, none);
@@ -167,5 +170,6 @@ TEST_F(PanelTest, AThemeSetsSixColoursOneByOne)
     EXPECT_EQ(panel.Theme, 6) << "a colour of its own leaves the theme as it is";
     EXPECT_EQ(panel.BorderColor, Rgb(0xFA, 0xC0, 0x9F));
     panel.Theme = 6;
-    EXPECT_EQ(panel.TextColor, Rgb(0x6D, 0x36, 0x16)) << "set again, the theme sets its colours again";
+    EXPECT_EQ(panel.TextColor, Rgb(0x6D, 0x36, 0x16))
+        << "set again, the theme sets its colours again";
 }

@@ -1,4 +1,5 @@
-// What the disc's pictures and the welcome video may be like: the screens stay usable, and no message comes.
+// What the disc's pictures and the welcome video may be like: the screens stay usable, and no
+// message comes.
 
 #include "desktop/desktop_bench.h"
 #include "program/program.h"
@@ -23,7 +24,8 @@ public:
     int count = 0;
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        auto* const box = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
+        auto* const box
+            = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
         if (box) {
             ++count;
             QTimer::singleShot(0, box, &QMessageBox::accept);
@@ -64,10 +66,12 @@ std::vector<BadPicture> BadPictures()
     auto const png = Encoded("PNG");
     return { { "empty", "" }, { "one byte", "\xFF" }, { "a text", "This is no picture.\r\n" },
         { "NULs", std::string(5000, '\0') }, { "the head of a JPEG", jpeg.substr(0, 20) },
-        { "half a JPEG", jpeg.substr(0, jpeg.size() / 2) }, { "half a PNG", png.substr(0, png.size() / 2) },
+        { "half a JPEG", jpeg.substr(0, jpeg.size() / 2) },
+        { "half a PNG", png.substr(0, png.size() / 2) },
         { "more than can be held", Claiming(100000) }, { "more than there is", Claiming(2000) },
         { "an overflowing size", Claiming(0x7FFFFFFF) }, { "a negative size", Claiming(-5) },
-        { "a bitmap's head alone", "BM" + std::string(52, '\x7F') }, { "a GIF's head alone", "GIF89a\x28\x00\x1E\x00" } };
+        { "a bitmap's head alone", "BM" + std::string(52, '\x7F') },
+        { "a GIF's head alone", "GIF89a\x28\x00\x1E\x00" } };
 }
 
 class frmPictures final : public Form {
@@ -126,7 +130,7 @@ QByteArray WelcomeVideo()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-}
+} // namespace
 
 TEST_F(DesktopTest, BadPicturesLeaveAScreenUsable)
 {
@@ -135,7 +139,8 @@ TEST_F(DesktopTest, BadPicturesLeaveAScreenUsable)
     pictures.map.AutoSize = true;
     pictures.Picture = u"bad.jpg";
     files.Put(u"C:\\Temp\\p.htm",
-        "<html><body background=\"file://" + ToUtf8(files.ApplicationFolder()) + "\\bg.jpg\">In the beginning</body></html>");
+        "<html><body background=\"file://" + ToUtf8(files.ApplicationFolder())
+            + "\\bg.jpg\">In the beginning</body></html>");
     auto const expectUsable = [&](char const* about) {
         SCOPED_TRACE(about);
         pictures.Show();
@@ -168,22 +173,27 @@ TEST_F(ProgramOnDesktop, ABadVideoHoldsNobodyUp)
     struct Row {
         char const* about;
         QByteArray bytes;
-    } const rows[] = { { "empty", "" }, { "a text", "This is no video." }, { "NULs", QByteArray(20000, '\0') },
-        { "cut in its head", WelcomeVideo().left(300) }, { "cut behind its head", WelcomeVideo().left(20000) } };
+    } const rows[] = { { "empty", "" }, { "a text", "This is no video." },
+        { "NULs", QByteArray(20000, '\0') }, { "cut in its head", WelcomeVideo().left(300) },
+        { "cut behind its head", WelcomeVideo().left(20000) } };
     program.Start({});
     auto const watch = [&](char const* about) {
         SCOPED_TRACE(about);
         bool seen = false;
-        QTimer::singleShot(150, &host, [&] {
+        QTimer act;
+        act.setSingleShot(true);
+        QObject::connect(&act, &QTimer::timeout, [&] {
             QWidget* const video = Window("frmVideo");
             seen = video;
             if (!video)
                 return;
             video->grab();
             video->resize(500, 400);
-            QTest::keyClick(video->findChild<QWidget*>(QStringLiteral("WindowsMediaPlayer1")), Qt::Key_Space);
+            QTest::keyClick(
+                video->findChild<QWidget*>(QStringLiteral("WindowsMediaPlayer1")), Qt::Key_Space);
             video->close();
         });
+        act.start(150);
         ClickOn("frmSplash", "lblWelcomeVideo");
         Settle();
         EXPECT_TRUE(seen);
@@ -207,7 +217,9 @@ TEST_F(ProgramOnDesktop, ClosingTheVideoEndsItsPlayback)
     program.OwnScreen().Find("frmVideo")->Show();
     QPointer<QMediaPlayer> const player = Window("frmVideo")->findChild<QMediaPlayer*>();
     ASSERT_TRUE(player);
-    if (!QTest::qWaitFor([&] { return player->playbackState() == QMediaPlayer::PlayingState && player->position() > 0; }))
+    if (!QTest::qWaitFor([&] {
+            return player->playbackState() == QMediaPlayer::PlayingState && player->position() > 0;
+        }))
         GTEST_SKIP() << "no player for this video here: " << player->errorString().toStdString();
     Window("frmVideo")->close();
     Settle();

@@ -16,7 +16,7 @@ protected:
     void Store(TextView value) { ASSERT_TRUE(settings.Write(u"Parameters", u"showhelp", value)); }
 };
 
-}
+} // namespace
 
 TEST_F(HelpWindowsTest, TheWelcomeBoxShowsTheStoredChoiceAndItsLabelTurnsItOver)
 {
@@ -88,7 +88,8 @@ TEST_F(HelpWindowsTest, EnterAndEscapeCloseTheAboutBox)
 TEST_F(HelpWindowsTest, TheLongTextsScrollAndBeginAtTheirStartEachTime)
 {
     for (std::string const form : { "frmGettingStarted", "frmFinalExam" }) {
-        auto const* const entry = form == "frmFinalExam" ? "frmContents.mnuOptionFinal" : "frmContents.mnuGettingStarted";
+        auto const* const entry = form == "frmFinalExam" ? "frmContents.mnuOptionFinal"
+                                                         : "frmContents.mnuGettingStarted";
         Click(entry);
         auto& box = Get<RichTextBox>(form + ".RichTextBox1");
         EXPECT_EQ(input.Select(box, box.Length() / 2, 20), "") << "a passage can be selected";
