@@ -2,7 +2,6 @@
 
 #include "controls/list.h"
 #include "controls/log_form.h"
-#include "controls/xp_container.h"
 
 using testing::ElementsAre;
 
@@ -129,38 +128,4 @@ TEST_F(KindsTest, AStatusBarKeepsToTheBottom)
     input.ChangeState(a, WindowState::Maximised);
     EXPECT_EQ(status.Width, a.ScaleWidth);
     EXPECT_EQ(status.Top, a.ScaleHeight - 300);
-}
-
-TEST_F(KindsTest, APanelPaintsBorderStripAndBody)
-{
-    XPContainer panel { a, a, "panel", { 0, 0, 10 * 15, 40 * 15 }, u"Panel" };
-    panel.BorderColor = Rgb(1, 2, 3);
-    auto const surface = panel.Surface();
-    ASSERT_EQ(surface.Width(), 10);
-    ASSERT_EQ(surface.Height(), 40);
-    auto const at = [&](int x, int y) { return surface.Pixels()[static_cast<std::size_t>(y * 10 + x)]; };
-    for (int i = 0; i < 40; ++i)
-        EXPECT_EQ(at(9, i), Rgb(1, 2, 3)) << "right edge, row " << i;
-    EXPECT_EQ(at(0, 39), Rgb(1, 2, 3));
-    EXPECT_EQ(at(5, 1), panel.HeaderLightColor) << "the strip's first row";
-    EXPECT_EQ(at(5, 23), panel.HeaderDarkColor) << "its last";
-    EXPECT_EQ(at(5, 24), panel.BackLightColor) << "the body's first row";
-    EXPECT_EQ(at(5, 38), panel.BackDarkColor) << "two rows before the gradient's end";
-    panel.Theme = 9;
-    EXPECT_EQ(panel.BorderColor, Rgb(0xF7, 0x9E, 0xA7));
-    panel.Theme = 12;
-    EXPECT_EQ(panel.BorderColor, Rgb(0xF7, 0x9E, 0xA7));
-    panel.Height = 26 * 15; // A body of a single row has no gradient.
-    EXPECT_EQ(panel.Surface().Pixels()[25 * 10], panel.BorderColor);
-    panel.Height = 24 * 15; // As low as the strip, which lies above the border.
-    EXPECT_EQ(panel.Surface().Pixels()[23 * 10 + 5], panel.HeaderDarkColor);
-    panel.Style = 1;
-    panel.Height = 5 * 15;
-    EXPECT_EQ(panel.Surface().Pixels()[1 * 10 + 5], Rgb(254, 234, 236)) << "a fourth of the way from BackLightColor down";
-    EXPECT_EQ(panel.Surface().Pixels()[4 * 10 + 5], panel.BorderColor);
-    panel.BackLightColor = 0x80000005; // the system's window ground
-    panel.BackDarkColor = 0x80000005;
-    EXPECT_EQ(panel.Surface().Pixels()[2 * 10 + 5], Rgb(255, 255, 255));
-    panel.Width = 0;
-    EXPECT_EQ(panel.Surface().Width(), 0);
 }

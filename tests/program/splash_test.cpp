@@ -78,6 +78,27 @@ TEST_F(SplashTest, WithAnInstalledCopyThereIsNothingToInstall)
     ExpectCatalogue("a click on Install to Disk");
 }
 
+TEST_F(SplashTest, AnInstalledCopyOffersNothingButToEnter)
+{
+    struct {
+        char const* label;
+        bool runs;
+    } const rows[] = { { "lblEnter", true }, { "lblInstallToDisk", false }, { "lblRunFromCD", false } };
+    for (auto const& row : rows) {
+        ProgramBench run;
+        run.files.applicationFolder = u"D:\\Programs\\Workbook";
+        run.program.Start({});
+        for (char const* const cover : { "Shape1", "Shape3" })
+            EXPECT_TRUE(run.Get(std::string("frmSplash.") + cover).Visible) << cover;
+        EXPECT_FALSE(run.Get("frmSplash.Shape2").Visible);
+        auto const label = std::string("frmSplash.") + row.label;
+        EXPECT_EQ(run.Get(label).Enabled, row.runs) << row.label;
+        run.Click(label); // on a choice that isn't offered it counts as one on the form
+        EXPECT_TRUE(run.IsOpen("frmContents")) << row.label;
+        EXPECT_THAT(run.shell.opened, IsEmpty());
+    }
+}
+
 TEST_F(SplashTest, TheVideoHoldsTheStartUpScreenAndLeavesItAsItWas)
 {
     PutVideo();

@@ -12,6 +12,8 @@
 /// files that are marked unreadable or lie below a path that is marked unwritable, fail.
 class MemoryFileSystem final : public FileSystem {
 public:
+    Text applicationFolder = u"/app";
+
     void Put(TextView path, std::string bytes) { m_files[ToLowerLatin(path)] = { Text(path), std::move(bytes) }; }
     void Remove(TextView path) { m_files.erase(ToLowerLatin(path)); }
     void MakeUnreadable(TextView path) { m_unreadable.insert(ToLowerLatin(path)); }
@@ -91,7 +93,7 @@ public:
                 names.push_back(file.name);
         return names;
     }
-    Text ApplicationFolder() const override { return u"/app"; }
+    Text ApplicationFolder() const override { return applicationFolder; }
     Text TemporaryFolder() const override { return u"C:\\Temp"; }
     Text TemporaryName() override { return u"tmp" + FromNumber(++m_names); }
 

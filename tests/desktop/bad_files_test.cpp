@@ -1,0 +1,227 @@
+// What the disc's pictures and the welcome video may be like: the screens stay usable, and no
+// message comes.
+
+#include "desktop/desktop_bench.h"
+#include "program/program.h"
+#include "support/memory_settings_store.h"
+#include "support/memory_shell.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QMediaPlayer>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QTimer>
+
+namespace {
+
+/// Counts the message boxes that come up, and answers them.
+class MessageWatch final : public QObject {
+public:
+    MessageWatch() { qApp->installEventFilter(this); }
+    int count = 0;
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* const box
+            = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
+        if (box) {
+            ++count;
+            QTimer::singleShot(0, box, &QMessageBox::accept);
+        }
+        return false;
+    }
+};
+
+std::string Encoded(char const* format)
+{
+    QImage image(40, 30, QImage::Format_RGB32);
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 40; ++x)
+            image.setPixel(x, y, static_cast<unsigned>(x * y * 7919));
+    QBuffer buffer;
+    image.save(&buffer, format);
+    return buffer.data().toStdString();
+}
+
+/// A bitmap whose head claims this many pixels each way, over the body of a small one.
+std::string Claiming(int size)
+{
+    auto bytes = Encoded("BMP");
+    for (std::size_t const at : { 18, 22 }) // width and height, the low byte first
+        for (std::size_t i = 0; i < 4; ++i)
+            bytes[at + i] = static_cast<char>(size >> (8 * i));
+    return bytes;
+}
+
+struct BadPicture {
+    char const* about;
+    std::string bytes;
+};
+
+std::vector<BadPicture> BadPictures()
+{
+    auto const jpeg = Encoded("JPG");
+    auto const png = Encoded("PNG");
+    return { { "empty", "" }, { "one byte", "\xFF" }, { "a text", "This is no picture.\r\n" },
+        { "NULs", std::string(5000, '\0') }, { "the head of a JPEG", jpeg.substr(0, 20) },
+        { "half a JPEG", jpeg.substr(0, jpeg.size() / 2) },
+        { "half a PNG", png.substr(0, png.size() / 2) },
+        { "more than can be held", Claiming(100000) }, { "more than there is", Claiming(2000) },
+        { "an overflowing size", Claiming(0x7FFFFFFF) }, { "a negative size", Claiming(-5) },
+        { "a bitmap's head alone", "BM" + std::string(52, '\x7F') },
+        { "a GIF's head alone", "GIF89a\x28\x00\x1E\x00" } };
+}
+
+class frmPictures final : public Form {
+public:
+    explicit frmPictures(Screen& screen)
+        : Form(screen, "frmPictures", u"Pictures", 6000, 4000)
+    {
+        ok.Click = [this] { ++clicks; };
+    }
+    int clicks = 0;
+    Image image { *this, *this, "Image1", { 0, 0, 600, 600 }, u"bad.jpg" };
+    PictureBox map { *this, *this, "picMap", { 0, 600, 600, 600 } };
+    WebBrowser page { *this, *this, "Text1", { 2000, 0, 4000, 3000 } };
+    CommandButton ok { *this, *this, "Command1", { 0, 3000, 900, 300 }, u"OK" };
+};
+
+/// The whole program, its video in a folder of its own.
+class ProgramOnDesktop : public testing::Test {
+protected:
+    ~ProgramOnDesktop() override { program.Finish(); }
+
+    static void Settle() { QTest::qWait(20); }
+    static QWidget* Window(char const* form)
+    {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == QString::fromUtf8(form) && window->isVisible())
+                return window;
+        return nullptr;
+    }
+    static void ClickOn(char const* form, char const* control)
+    {
+        auto* const widget = Window(form)->findChild<QWidget*>(QString::fromUtf8(control));
+        QTest::mouseClick(Window(form)->windowHandle(), Qt::LeftButton, {},
+            widget->mapTo(Window(form), widget->rect().center()));
+    }
+    void WriteVideo(QByteArray const& bytes) const
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    QTemporaryDir folder;
+    QString const path = folder.filePath(QStringLiteral("sparrowfield.wmv"));
+    MessageWatch messages;
+    MemoryFileSystem files;
+    MemorySettingsStore settings;
+    MemoryShell shell;
+    DesktopHost host { files, [this](TextView) { return path.toStdU16String(); } };
+    Program program { host, files, settings, shell };
+};
+
+QByteArray WelcomeVideo()
+{
+    QFile file(QStringLiteral(SPARROWFIELD_SOURCE_DIR "/data/disc/sparrowfield.wmv"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+TEST_F(DesktopTest, BadPicturesLeaveAScreenUsable)
+{
+    MessageWatch messages;
+    frmPictures pictures(screen);
+    pictures.map.AutoSize = true;
+    pictures.Picture = u"bad.jpg";
+    files.Put(u"C:\\Temp\\p.htm",
+        "<html><body background=\"file://" + ToUtf8(files.ApplicationFolder())
+            + "\\bg.jpg\">In the beginning</body></html>");
+    auto const expectUsable = [&](char const* about) {
+        SCOPED_TRACE(about);
+        pictures.Show();
+        pictures.map.Picture = u"bad.jpg";
+        pictures.page.Navigate(u"file://C:\\Temp\\p.htm");
+        Settle();
+        Shown(pictures).grab();
+        EXPECT_EQ(Shown<QTextBrowser>(pictures.page).toPlainText(), "In the beginning");
+        pictures.clicks = 0;
+        ClickByWindow(pictures.ok);
+        EXPECT_EQ(pictures.clicks, 1);
+        Unload(pictures);
+        Settle();
+    };
+    expectUsable("missing");
+    EXPECT_EQ(pictures.map.Width, 0);
+    for (auto const& bad : BadPictures()) {
+        files.Put(u"bad.jpg", bad.bytes);
+        files.Put(files.ApplicationFolder() + u"\\bg.jpg", bad.bytes);
+        expectUsable(bad.about);
+    }
+    files.MakeUnreadable(u"bad.jpg");
+    expectUsable("unreadable");
+    EXPECT_EQ(messages.count, 0);
+}
+
+TEST_F(ProgramOnDesktop, ABadVideoHoldsNobodyUp)
+{
+    files.Put(files.ApplicationFolder() + u"\\sparrowfield.wmv", "stands in the folder");
+    struct Row {
+        char const* about;
+        QByteArray bytes;
+    } const rows[] = { { "empty", "" }, { "a text", "This is no video." },
+        { "NULs", QByteArray(20000, '\0') }, { "cut in its head", WelcomeVideo().left(300) },
+        { "cut behind its head", WelcomeVideo().left(20000) } };
+    program.Start({});
+    auto const watch = [&](char const* about) {
+        SCOPED_TRACE(about);
+        bool seen = false;
+        QTimer act;
+        act.setSingleShot(true);
+        QObject::connect(&act, &QTimer::timeout, [&] {
+            QWidget* const video = Window("frmVideo");
+            seen = video;
+            if (!video)
+                return;
+            video->grab();
+            video->resize(500, 400);
+            QTest::keyClick(
+                video->findChild<QWidget*>(QStringLiteral("WindowsMediaPlayer1")), Qt::Key_Space);
+            video->close();
+        });
+        act.start(150);
+        ClickOn("frmSplash", "lblWelcomeVideo");
+        Settle();
+        EXPECT_TRUE(seen);
+        EXPECT_FALSE(Window("frmVideo"));
+        EXPECT_TRUE(Window("frmSplash"));
+    };
+    watch("missing");
+    for (auto const& row : rows) {
+        WriteVideo(row.bytes);
+        watch(row.about);
+    }
+    ClickOn("frmSplash", "lblRunFromCD");
+    Settle();
+    EXPECT_TRUE(Window("frmContents"));
+    EXPECT_EQ(messages.count, 0);
+}
+
+TEST_F(ProgramOnDesktop, ClosingTheVideoEndsItsPlayback)
+{
+    WriteVideo(WelcomeVideo());
+    program.OwnScreen().Find("frmVideo")->Show();
+    QPointer<QMediaPlayer> const player = Window("frmVideo")->findChild<QMediaPlayer*>();
+    ASSERT_TRUE(player);
+    if (!QTest::qWaitFor([&] {
+            return player->playbackState() == QMediaPlayer::PlayingState && player->position() > 0;
+        }))
+        GTEST_SKIP() << "no player for this video here: " << player->errorString().toStdString();
+    Window("frmVideo")->close();
+    Settle();
+    EXPECT_FALSE(player) << "a player that is left would be heard on";
+}
