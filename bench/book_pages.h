@@ -1,10 +1,12 @@
 #pragma once
 // The two pages that the benchmarks of the Bible are about, built from the book files of a disc folder.
 
+#include "base/turns.h"
 #include "bible/chapter_page.h"
 #include "platform/host/host_file_system.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -43,11 +45,18 @@ public:
         return bytes ? std::move(*bytes) : std::string();
     }
 
-    /// From the book file on the disk to the page's text.
+    /// From the book file on the disk to the page's text, with a listener that follows it as the reader does.
     Text Page(Passage const& passage) const
     {
         PageRequest const request { m_files.ApplicationFolder(), false, ReadWantedVerses(passage.reference) };
-        return *BuildChapterPage(ReadBook(passage), request);
+        int progress = 0;
+        Turns turns;
+        PageListener const listener { [&](int) { progress = 0; }, [&](int line) { progress = line; },
+            [&] {
+                turns.Give();
+                return progress >= 0;
+            } };
+        return *BuildChapterPage(ReadBook(passage), request, listener);
     }
 
 private:
