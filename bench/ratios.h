@@ -60,6 +60,15 @@ public:
             ratio <= atMost ? "met" : "MISSED");
     }
 
+    /// Says how many times as fast the benchmark is as another way to the same.
+    void PrintGain(std::string const& name, std::string const& other, double atLeast) const
+    {
+        if (!m_times.contains(name) || !m_times.contains(other))
+            return;
+        auto const gain = m_times.at(other) / m_times.at(name);
+        std::printf("%-40s %6.2f times as fast, at least %g: %s\n", name.c_str(), gain, atLeast, gain >= atLeast ? "met" : "MISSED");
+    }
+
     /// Says how long the benchmark takes, in milliseconds.
     void PrintTime(std::string const& name, double atMost) const
     {

@@ -1,6 +1,8 @@
 #include "base/code_page.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 char16_t const codePageCharacters[256] = {
 #define ROW(base)                                                                                    \
@@ -22,12 +24,33 @@ Text FromCodePage(std::string_view bytes)
     return text;
 }
 
+static constexpr std::size_t blockSize = 16;
+
+static bool IsAscii(char const* block)
+{
+    std::uint64_t words[blockSize / 8];
+    std::memcpy(words, block, blockSize);
+    return ((words[0] | words[1]) & 0x8080808080808080) == 0;
+}
+
+static void ConvertEach(std::string_view bytes, char16_t* to)
+{
+    std::transform(bytes.begin(), bytes.end(), to,
+        [](char byte) { return codePageCharacters[static_cast<unsigned char>(byte)]; });
+}
+
 void AppendFromCodePage(Text& text, std::string_view bytes)
 {
     auto const start = text.size();
     text.resize(start + bytes.size());
-    std::transform(bytes.begin(), bytes.end(), text.begin() + static_cast<std::ptrdiff_t>(start),
-        [](char byte) { return codePageCharacters[static_cast<unsigned char>(byte)]; });
+    char16_t* to = text.data() + start;
+    // Blocks of a fixed size are converted several bytes at once; in nearly all of them each byte is its own character.
+    for (; bytes.size() >= blockSize; bytes.remove_prefix(blockSize), to += blockSize)
+        if (IsAscii(bytes.data()))
+            std::copy_n(bytes.data(), blockSize, to);
+        else
+            ConvertEach(bytes.substr(0, blockSize), to);
+    ConvertEach(bytes, to);
 }
 
 std::optional<unsigned char> CodePageByte(char16_t character)

@@ -11,12 +11,21 @@ namespace {
 /// The text from the ninth column on; empty where the line is shorter.
 constexpr std::size_t textColumn = 8;
 
+/// A search for each is several times as fast as a look at each byte, with lines of some length.
+int CountLineFeeds(std::string_view bytes)
+{
+    int count = 0;
+    for (auto at = bytes.find('\n'); at != bytes.npos; at = bytes.find('\n', at + 1))
+        ++count;
+    return count;
+}
+
 /// The lines of a file, split at every line feed, without their carriage returns.
 class Lines {
 public:
     explicit Lines(std::string_view bytes)
         : m_rest(bytes)
-        , m_last(static_cast<int>(std::count(bytes.begin(), bytes.end(), '\n')))
+        , m_last(CountLineFeeds(bytes))
     {
     }
 

@@ -3,24 +3,26 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <utility>
 
 static constexpr std::int64_t mostBytes = std::numeric_limits<std::int32_t>::max();
 
-static std::unique_ptr<std::byte[]> MakeBytes(std::int32_t size)
-{
-    return std::make_unique<std::byte[]>(static_cast<std::size_t>(size));
-}
-
-/// The buffer is overwritten before it is read, so it needn't be cleared.
-static std::unique_ptr<std::byte[]> MakeRawBytes(std::int32_t size)
-{
-    return std::make_unique_for_overwrite<std::byte[]>(static_cast<std::size_t>(size));
-}
-
 static std::size_t Size(std::int64_t bytes)
 {
     return static_cast<std::size_t>(bytes);
+}
+
+/// Cleared bytes; the old ones are kept as far as they go, and aren't moved where the machine can spare that.
+void CStringBuilder::Resize(Bytes& bytes, std::int32_t oldSize, std::int32_t size)
+{
+    auto* const resized = static_cast<std::byte*>(std::realloc(bytes.get(), Size(size)));
+    if (!resized)
+        throw std::bad_alloc();
+    static_cast<void>(bytes.release());
+    bytes.reset(resized);
+    if (size > oldSize)
+        std::memset(resized + oldSize, 0, Size(size - oldSize));
 }
 
 /// Whole characters: even, at least 2.
@@ -30,8 +32,8 @@ static std::int32_t EvenUnit(std::int32_t unit)
 }
 
 CStringBuilder::CStringBuilder()
-    : m_buffer(MakeBytes(m_capacity))
 {
+    Resize(m_buffer, 0, m_capacity);
 }
 
 std::int32_t CStringBuilder::BufferBump() const
@@ -56,13 +58,9 @@ void CStringBuilder::SetCapacity(std::int32_t value)
     if (rounded > mostBytes)
         throw std::length_error("CStringBuilder.Capacity");
     auto const capacity = static_cast<std::int32_t>(rounded);
-    auto grown = MakeRawBytes(capacity);
-    auto const kept = std::min(capacity, m_capacity);
-    std::memcpy(grown.get(), m_buffer.get(), Size(kept));
-    std::memset(grown.get() + kept, 0, Size(capacity - kept));
+    Resize(m_buffer, m_capacity, capacity);
     m_bufferBump = unit;
     m_used = std::min(m_used, capacity);
-    m_buffer = std::move(grown);
     m_scratch.reset();
     m_capacity = capacity;
 }
@@ -139,7 +137,7 @@ CStringBuilder& CStringBuilder::Insert(std::int32_t startIndex, TextView text)
     auto const size = static_cast<std::int64_t>(text.size()) * 2;
     Grow(m_used + size);
     if (!m_scratch)
-        m_scratch = MakeBytes(m_capacity);
+        Resize(m_scratch, 0, m_capacity);
     std::memcpy(m_scratch.get(), m_buffer.get(), Size(start));
     std::memcpy(m_scratch.get() + start, text.data(), Size(size));
     std::memcpy(m_scratch.get() + start + size, m_buffer.get() + start, Size(m_used - start));
@@ -161,7 +159,6 @@ CStringBuilder& CStringBuilder::Remove(std::int32_t startIndex, std::int32_t len
 
 Text CStringBuilder::ToString() const
 {
-    Text text(Size(m_used) / 2, u'\0');
-    std::memcpy(text.data(), m_buffer.get(), Size(m_used));
-    return text;
+    // Nothing but characters has been copied into the buffer.
+    return Text(reinterpret_cast<char16_t const*>(m_buffer.get()), Size(m_used) / 2);
 }

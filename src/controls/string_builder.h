@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -64,8 +65,12 @@ public:
     Text ToString() const;
 
 private:
-    using Bytes = std::unique_ptr<std::byte[]>;
+    struct Free {
+        void operator()(std::byte* bytes) const { std::free(bytes); }
+    };
+    using Bytes = std::unique_ptr<std::byte[], Free>;
 
+    static void Resize(Bytes& bytes, std::int32_t oldSize, std::int32_t size);
     void Grow(std::int64_t bytes);
 
     std::int32_t m_bufferBump = 2048;
