@@ -26,6 +26,7 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -148,6 +149,8 @@ void MeasureResize(Form& form)
             window = each;
     if (!window)
         std::abort();
+    // A window that has just come up maximised settles first.
+    std::this_thread::sleep_for(std::chrono::seconds(2));
     window->showNormal();
     ServeAll();
     std::vector<double> times;

@@ -6,7 +6,7 @@
 
 static constexpr float twipsPerPixel = 15;
 
-Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth, float clientHeight)
+Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth, float clientHeight, ScaleMode scaleMode)
     : Control(name, {})
     , Caption(*this, "Caption", ::Text(caption))
     , BackColor(*this, "BackColor", Rgb(240, 240, 240))
@@ -26,8 +26,9 @@ Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth
               auto const frame = form.m_screen.OwnHost().FrameSize(form);
               return std::max(0.0F, form.Height - frame.height) / form.TwipsPerUnit();
           })
+    , scale(scaleMode)
     , m_screen(screen)
-    , m_designClient { clientWidth, clientHeight }
+    , m_designClient { clientWidth * TwipsPerUnit(), clientHeight * TwipsPerUnit() }
 {
     m_form = this;
     Visible.Keep(false);

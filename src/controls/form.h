@@ -15,12 +15,13 @@ class Screen;
 enum class WindowState : int { Normal = 0, Minimised = 1, Maximised = 2 };
 enum class BorderStyle : int { None = 0, Fixed = 1, Sizable = 2, Dialog = 3 };
 enum class ScaleMode : int { Twips = 1, Pixels = 3 };
-enum MousePointer : int { pointerDefault = 0, pointerHourglass = 11, pointerHand = 98, pointerCustom = 99 };
+enum MousePointer : int { pointerDefault = 0, pointerSizeDiagonal = 8, pointerHourglass = 11, pointerHand = 98, pointerCustom = 99 };
 
 class Form : public Control {
 public:
-    /// The size is that of the client area in its normal state, in twips. `screen` and `name` outlive the form.
-    Form(Screen& screen, char const* name, TextView caption, float clientWidth, float clientHeight);
+    /// The size is that of the client area in its normal state, in the form's scale. `screen` and `name` outlive the form.
+    Form(Screen& screen, char const* name, TextView caption, float clientWidth, float clientHeight,
+        ScaleMode scale = ScaleMode::Twips);
 
     char const* Kind() const override { return "Form"; }
     Screen& OwnScreen() const { return m_screen; }
@@ -93,7 +94,8 @@ public:
     bool inTaskbar = true;
     bool centred = false;
     ::WindowState opensAs = ::WindowState::Normal;
-    ScaleMode scale = ScaleMode::Twips;
+    ScaleMode scale; ///< of the places of its controls
+    char const* icon = "icon"; ///< of the program's own pictures
     bool keepsActions = false; ///< what the user does while a handler is inside a turn waits for the handler's end; else it is dropped
     Size smallest; ///< outer, in twips, below which the user can't drag a window that isn't maximised; 0 for no limit
 

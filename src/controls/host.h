@@ -54,7 +54,7 @@ public:
     /// What border, title and menu bar add to a form's client area, in twips.
     virtual Size FrameSize(Form const& form) const = 0;
     /// The size in pixels of a picture file or of a picture of the program's own; nothing if it is none.
-    virtual std::optional<Size> PictureSize(TextView picture) const = 0;
+    virtual std::optional<Size> PictureSize(TextView picture) = 0;
     virtual Printer& DefaultPrinter() = 0;
     /// Loads and shows the page at a file address.
     virtual void Navigate(WebBrowser& browser, TextView url) = 0;

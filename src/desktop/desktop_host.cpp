@@ -184,7 +184,9 @@ void DesktopHost::MirrorWindows()
     }
     if (m_toActivate && m_toActivate->Widget()->isVisible()) {
         m_toActivate->Widget()->raise();
-        m_toActivate->Widget()->activateWindow();
+        // Asked for again, two windows whose reports cross would call each other up for ever.
+        if (QApplication::activeWindow() != m_toActivate->Widget())
+            m_toActivate->Widget()->activateWindow();
         m_toActivate = nullptr;
     }
     for (FormPeer* window : m_windows)

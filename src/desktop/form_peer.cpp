@@ -42,7 +42,7 @@ FormPeer::FormPeer(Desk& desk, Form& form)
     if (m_menuBar)
         m_menuBar->setNativeMenuBar(false);
     m_client.installEventFilter(this);
-    Widget()->setWindowIcon(m_desk.pictures.ProgramIcon());
+    Widget()->setWindowIcon(m_desk.pictures.Icon(form.icon));
 }
 
 QWidget* FormPeer::Ground() const

@@ -86,7 +86,7 @@ Size DesktopHost::FrameSize(Form const& form) const
     return peer ? static_cast<FormPeer*>(peer)->FrameSize() : FormPeer::GuessFrameSize(form);
 }
 
-std::optional<Size> DesktopHost::PictureSize(TextView picture) const
+std::optional<Size> DesktopHost::PictureSize(TextView picture)
 {
     return m_desk.pictures.SizeOf(picture);
 }

@@ -64,6 +64,8 @@ void Peer::NameForAccess()
          each = each->Container())
         if (auto const* const panel = dynamic_cast<XPContainer*>(each))
             name = panel->Caption;
+    if (name.empty() && m_control.CanFocus())
+        name = m_control.OwnForm().Caption;
     m_widget->setAccessibleName(ToQString(name));
 }
 

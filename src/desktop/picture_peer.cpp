@@ -72,6 +72,7 @@ PictureBoxPeer::PictureBoxPeer(Desk& desk, PictureBox& control, QWidget& ground)
     : SurfacePeer(desk, control, new PictureWidget(&ground))
     , m_box(control)
 {
+    Widget()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void PictureBoxPeer::Mirror()

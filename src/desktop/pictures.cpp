@@ -54,14 +54,24 @@ static bool IsBearable(QSize size)
         && std::int64_t { size.width() } * size.height() * 4 <= Pictures::largestBytes;
 }
 
-std::optional<Size> Pictures::SizeOf(TextView name) const
+/// A JPEG whose closing marker (0xFFD9) is missing behind the last start of picture data (0xFFDA).
+/// The decoder would show what there is and fill the rest with grey.
+static bool IsCutOff(QByteArray const& file)
 {
-    QBuffer buffer;
-    if (!Open(buffer, m_files, name))
+    return file.startsWith("\xFF\xD8")
+        && file.lastIndexOf("\xFF\xD9") <= file.lastIndexOf("\xFF\xDA");
+}
+
+std::optional<Size> Pictures::SizeOf(TextView name)
+{
+    auto picture = name.starts_with(u':') ? Find(name) : Load(name);
+    if (picture.isNull())
         return std::nullopt;
-    auto const size = QImageReader(&buffer).size();
-    if (!IsBearable(size))
-        return std::nullopt;
+    auto const size = picture.deviceIndependentSize();
+    if (!name.starts_with(u':')) {
+        m_heldName = name;
+        m_held = std::move(picture);
+    }
     return Size { static_cast<float>(size.width()), static_cast<float>(size.height()) };
 }
 
@@ -78,7 +88,7 @@ QPixmap Pictures::Load(TextView name) const
         return pixmap;
     }
     QBuffer buffer;
-    if (!Open(buffer, m_files, name))
+    if (!Open(buffer, m_files, name) || IsCutOff(buffer.data()))
         return {};
     QImageReader reader(&buffer);
     return IsBearable(reader.size()) ? QPixmap::fromImageReader(&reader) : QPixmap();
@@ -86,6 +96,8 @@ QPixmap Pictures::Load(TextView name) const
 
 QPixmap Pictures::Find(TextView name)
 {
+    if (auto held = std::exchange(m_held, {}); !held.isNull() && m_heldName == name)
+        return held;
     if (!name.starts_with(u':'))
         return Load(name);
     auto const found = m_own.find(name);
@@ -93,10 +105,10 @@ QPixmap Pictures::Find(TextView name)
                                 : m_own.emplace(Text(name), Load(name)).first->second;
 }
 
-QIcon const& Pictures::ProgramIcon()
+QIcon Pictures::Icon(char const* name) const
 {
-    if (m_programIcon.isNull())
-        for (int const size : { 16, 22, 24, 32, 48, 64, 128, 256 })
-            m_programIcon.addFile(QStringLiteral(":/artwork/icon-%1.png").arg(size));
-    return m_programIcon;
+    QIcon icon;
+    for (int const size : { 16, 22, 24, 32, 48, 64, 128, 256 })
+        icon.addFile(QStringLiteral(":/artwork/%1-%2.png").arg(QLatin1String(name)).arg(size));
+    return icon;
 }

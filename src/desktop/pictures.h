@@ -18,11 +18,12 @@ public:
     /// Empty if there is no such picture or it can't be decoded. The program's own come in the
     /// resolution that the finest screen can show and are kept; a file is read at each call.
     QPixmap Find(TextView name);
-    /// The program's icon in all its sizes.
-    QIcon const& ProgramIcon();
-    /// In pixels, from the picture's head alone; nothing for what is no picture, and for one that
-    /// claims to need more than `largestBytes` of memory.
-    std::optional<Size> SizeOf(TextView name) const;
+    /// An icon of the program's own, such as "icon", in all its sizes.
+    QIcon Icon(char const* name) const;
+    /// In pixels; nothing for what can't be decoded, and for a picture whose head claims to need
+    /// more than `largestBytes` of memory. The picture of a file is held for the next call of
+    /// `Find`.
+    std::optional<Size> SizeOf(TextView name);
 
     static constexpr std::int64_t largestBytes = std::int64_t { 512 } << 20;
 
@@ -31,7 +32,8 @@ private:
 
     FileSystem const& m_files;
     std::map<Text, QPixmap, std::less<>> m_own;
-    QIcon m_programIcon;
+    Text m_heldName;
+    QPixmap m_held; // the file that was decoded for its size
 };
 
 /// Where the program's own picture ":name" lies among the resources; empty for any other name.

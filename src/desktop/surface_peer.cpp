@@ -30,6 +30,8 @@ QCursor CursorOf(Pictures& pictures, int pointer, TextView icon)
 {
     if (pointer == pointerHourglass)
         return Qt::WaitCursor;
+    if (pointer == pointerSizeDiagonal)
+        return Qt::SizeFDiagCursor;
     if (pointer == pointerHand) {
         auto const hand = PointerPicture(pictures, u":hand");
         return hand.isNull() ? QCursor(Qt::PointingHandCursor) : QCursor(hand, 5, 0);

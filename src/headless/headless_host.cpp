@@ -51,7 +51,7 @@ Size HeadlessHost::FrameSize(Form const& form) const
     return { 120, 405 + menuBar };
 }
 
-std::optional<Size> HeadlessHost::PictureSize(TextView picture) const
+std::optional<Size> HeadlessHost::PictureSize(TextView picture)
 {
     auto const file = m_files.ReadAll(picture);
     return file ? PictureSizeOf(*file) : std::nullopt;

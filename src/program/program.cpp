@@ -11,11 +11,12 @@ Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Shell& 
     , frmAbout(m_screen)
     , frmSplash(m_screen, files, shell, frmVideo)
     , frmBible(m_screen, files, settings, m_notes)
+    , frmMap(m_screen, files)
     , frmAnswer(m_screen)
     , frmMain(m_screen, files, m_answers, frmAnswer,
-          { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo, frmBible })
+          { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo, frmBible, frmMap })
     , frmContents(m_screen, files, settings, frmMain,
-          { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo, frmBible })
+          { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo, frmBible, frmMap })
 {
     frmMain.ReturnTo(frmContents);
     frmSplash.LeadTo(frmContents);

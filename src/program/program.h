@@ -7,6 +7,7 @@
 #include "controls/screen.h"
 #include "lesson/frmAnswer.h"
 #include "lesson/frmMain.h"
+#include "maps/frmMap.h"
 #include "platform/file_system.h"
 #include "platform/settings_store.h"
 #include "platform/shell.h"
@@ -45,6 +46,7 @@ private:
     class frmAbout frmAbout;
     class frmSplash frmSplash;
     class frmBible frmBible;
+    class frmMap frmMap;
     class frmAnswer frmAnswer;
     class frmMain frmMain;
     class frmContents frmContents;

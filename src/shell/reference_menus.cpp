@@ -2,23 +2,15 @@
 
 ReferenceMenus::ReferenceMenus(Form& form, ReferenceScreen screen, ReferenceForms const& forms)
     : m_form(form)
+    , frmMap(forms.map)
 {
-    AddEntries(AddMenu("mnuMaps", u"&Maps"),
-        {
-            { "mnuOptionsMapOne", u"&1 The Biblical World of the Patriarchs" },
-            { "mnuOptionsMapTwo", u"&2 The Exodus Route and Conquest of Canaan" },
-            { "mnuOptionsMapThree", u"&3 The Twelve Tribes of Israel" },
-            { "mnuOptionsMapFour", u"&4 The Divided Kingdoms of Israel and Judah" },
-            { "mnuOptionsMapFive", u"&5 Palestine in the Time of Christ" },
-            { "mnuOptionsMapSix", u"&6 Old Testament Jerusalem" },
-            { "mnuOptionsMapSeven", u"&7 New Testament Jerusalem" },
-            { "mnuOptionsMapEight", u"&8 The Ministry of Jesus" },
-            { "mnuOptionsMapNine", u"&9 The Missionary Journeys of Paul" },
-        });
+    AddMaps();
     AddEntries(AddMenu("mnuBible", u"&Bible"), { { "mnuBibleReader", u"Bible &Reader" } });
     Menu& options = AddMenu("mnuOptions", u"&Options");
     if (screen == ReferenceScreen::Catalogue)
-        AddEntries(options, { { "mnuDeleteAnswers", u"&Delete Answers For This Study" }, { "mnuOptionSeparator2", u"-" } });
+        AddEntries(options,
+            { { "mnuDeleteAnswers", u"&Delete Answers For This Study" },
+                { "mnuOptionSeparator2", u"-" } });
     AddEntries(options, { { "mnuOptionFinal", u"The &Final Exam..." } });
     Menu& help = AddMenu("mnuHelp", u"&Help");
     if (screen == ReferenceScreen::Lesson)
@@ -27,8 +19,9 @@ ReferenceMenus::ReferenceMenus(Form& form, ReferenceScreen screen, ReferenceForm
                 { "mnuGettingStarted", u"&Getting Started..." } });
     else
         AddEntries(help,
-            { { "mnuGettingStarted", u"&Getting Started..." }, { "mnuHelpVideo", u"Welcome &Video..." },
-                { "mnuHelpWelcome", u"&Welcome..." }, { "mnuHelpAbout", u"&About..." } });
+            { { "mnuGettingStarted", u"&Getting Started..." },
+                { "mnuHelpVideo", u"Welcome &Video..." }, { "mnuHelpWelcome", u"&Welcome..." },
+                { "mnuHelpAbout", u"&About..." } });
     Open("mnuOptionFinal", forms.finalExam);
     Open("mnuHelpAbout", forms.about);
     Open("mnuHelpWelcome", forms.welcome);
@@ -46,7 +39,8 @@ Menu& ReferenceMenus::AddMenu(char const* name, TextView caption)
 void ReferenceMenus::AddEntries(Menu& menu, std::initializer_list<Row> rows)
 {
     for (Row const& row : rows) {
-        auto& entry = m_entries.emplace_back(std::make_unique<MenuEntry>(m_form, menu, row.name, row.caption));
+        auto& entry = m_entries.emplace_back(
+            std::make_unique<MenuEntry>(m_form, menu, row.name, row.caption));
         entry->Enabled = entry->IsSeparator();
     }
 }
@@ -56,4 +50,23 @@ void ReferenceMenus::Open(std::string_view entry, Form& target)
     Control* const found = m_form.FindControl(entry);
     found->Enabled = true;
     found->Click = [&target] { target.Show(); };
+}
+
+void ReferenceMenus::AddMaps()
+{
+    Menu& menu = AddMenu("mnuMaps", u"&Maps");
+    for (BibleMap const& map : bibleMaps) {
+        auto const caption = u"&" + FromNumber(map.number) + u" " + Text(map.title);
+        auto& entry = m_entries.emplace_back(
+            std::make_unique<MenuEntry>(m_form, menu, map.menuEntry, caption));
+        entry->Click = [this, &map] { ShowMap(static_cast<std::int16_t>(map.number), map.title); };
+    }
+}
+
+void ReferenceMenus::ShowMap(std::int16_t n, TextView title)
+{
+    Load(frmMap);
+    frmMap.Caption = Text(title);
+    frmMap.LoadMyPicture(MapFile(n));
+    frmMap.Show();
 }

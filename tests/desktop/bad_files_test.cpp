@@ -1,38 +1,16 @@
 // What the disc's pictures and the welcome video may be like: the screens stay usable, and no
 // message comes.
 
-#include "desktop/desktop_bench.h"
-#include "program/program.h"
-#include "support/memory_settings_store.h"
-#include "support/memory_shell.h"
+#include "desktop/program_bench.h"
 
 #include <QBuffer>
 #include <QFile>
 #include <QMediaPlayer>
-#include <QMessageBox>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTimer>
 
 namespace {
-
-/// Counts the message boxes that come up, and answers them.
-class MessageWatch final : public QObject {
-public:
-    MessageWatch() { qApp->installEventFilter(this); }
-    int count = 0;
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        auto* const box
-            = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
-        if (box) {
-            ++count;
-            QTimer::singleShot(0, box, &QMessageBox::accept);
-        }
-        return false;
-    }
-};
 
 std::string Encoded(char const* format)
 {
@@ -86,42 +64,6 @@ public:
     PictureBox map { *this, *this, "picMap", { 0, 600, 600, 600 } };
     WebBrowser page { *this, *this, "Text1", { 2000, 0, 4000, 3000 } };
     CommandButton ok { *this, *this, "Command1", { 0, 3000, 900, 300 }, u"OK" };
-};
-
-/// The whole program, its video in a folder of its own.
-class ProgramOnDesktop : public testing::Test {
-protected:
-    ~ProgramOnDesktop() override { program.Finish(); }
-
-    static void Settle() { QTest::qWait(20); }
-    static QWidget* Window(char const* form)
-    {
-        for (QWidget* window : QApplication::topLevelWidgets())
-            if (window->objectName() == QString::fromUtf8(form) && window->isVisible())
-                return window;
-        return nullptr;
-    }
-    static void ClickOn(char const* form, char const* control)
-    {
-        auto* const widget = Window(form)->findChild<QWidget*>(QString::fromUtf8(control));
-        QTest::mouseClick(Window(form)->windowHandle(), Qt::LeftButton, {},
-            widget->mapTo(Window(form), widget->rect().center()));
-    }
-    void WriteVideo(QByteArray const& bytes) const
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
-    QTemporaryDir folder;
-    QString const path = folder.filePath(QStringLiteral("sparrowfield.wmv"));
-    MessageWatch messages;
-    MemoryFileSystem files;
-    MemorySettingsStore settings;
-    MemoryShell shell;
-    DesktopHost host { files, [this](TextView) { return path.toStdU16String(); } };
-    Program program { host, files, settings, shell };
 };
 
 QByteArray WelcomeVideo()

@@ -1,0 +1,47 @@
+#pragma once
+// The viewer of the maps: one picture at its natural size in a viewport with scroll bars, which are
+// the one truth of where the map stands. The map is moved by the bars, by the keys and by the hand.
+// Lengths are pixels. How all is laid out is map_view.h's work.
+
+#include "controls/picture.h"
+#include "controls/scroll_bar.h"
+#include "controls/timer.h"
+#include "maps/map_view.h"
+#include "platform/file_system.h"
+
+class frmMap final : public Form {
+public:
+    frmMap(Screen& screen, FileSystem const& files); // both outlive the form
+
+    /// Shows the picture of this name from its top left corner. Without a picture that can be shown
+    /// the viewer is empty, and a message tells why.
+    void LoadMyPicture(TextView filename);
+
+private:
+    void Form_Load() override;
+    void Form_Resize() override;
+    void ArrangeMapView();
+    static void ArrangeBar(ScrollBar& bar, Property<float>& length, MapBar const& arranged);
+    void TellWhyEmpty(TextView filename) const;
+    void HandleMapKey(int keyCode);
+    void Picture2_MouseDown(float x, float y);
+    void Picture2_MouseMove(float x, float y);
+    void Picture2_MouseUp();
+    void Timer1_Timer();
+    void BringBack(ScrollBar& bar, float strayed);
+
+    FileSystem const& m_files;
+
+    bool isDragging = false; // from a press on the map to its release
+    float dragAnchorX = 0,
+          dragAnchorY = 0; // where the map was grabbed, from its own top left corner
+    float dragPointerX = 0, dragPointerY = 0; // where the pointer was last, measured alike
+
+    PictureBox Picture1 { *this, *this, "Picture1", { 0, 0, 557, 493 } }; // the viewport
+    PictureBox Picture2 { *this, Picture1, "Picture2", { 0, 0, 0, 0 } }; // the map
+    PictureBox Picture3 { *this, *this, "Picture3", { 559, 494, 14, 15 },
+        u":grip" }; // the corner between the bars
+    HScrollBar HScroll1 { *this, *this, "HScroll1", { 0, 493, 557, mapBarThickness } };
+    VScrollBar VScroll1 { *this, *this, "VScroll1", { 557, 0, mapBarThickness, 493 } };
+    Timer Timer1 { *this, "Timer1", 20 }; // the steps of a drag
+};
