@@ -2,6 +2,8 @@
 // welcome video.
 
 #include "film.h"
+#include "map_table.h"
+#include "maps.h"
 #include "pictures.h"
 
 #include <QDir>
@@ -58,7 +60,17 @@ int main(int argc, char** argv)
         return WriteFilm(QDir(words[2]), QDir(words[3]))
             ? 0
             : GiveUp(QStringLiteral("a frame can't be read or written"));
+    if ((words.size() == 5 || words.size() == 6) && words[1] == QStringLiteral("maps")) {
+        try {
+            DrawMaps(QDir(words[2]), QDir(words[3]), QDir(words[4]), words.value(5).toInt());
+        } catch (TableMistake const& mistake) {
+            return GiveUp(QString::fromUtf8(mistake.what()));
+        }
+        return 0;
+    }
     std::fprintf(stderr,
+        "sparrowfield-artwork maps TABLE_FOLDER SHORE_FOLDER DISC_FOLDER [NUMBER]   draws the "
+        "maps, or one\n"
         "sparrowfield-artwork pictures PROGRAM_FOLDER DISC_FOLDER   draws all pictures\n"
         "sparrowfield-artwork film SCREENSHOT_FOLDER FRAME_FOLDER   draws the frames of the "
         "welcome video\n");
