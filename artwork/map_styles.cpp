@@ -1,5 +1,6 @@
 #include "map_styles.h"
 
+#include "brushes.h"
 #include "map_ground.h"
 #include "palette.h"
 
@@ -34,22 +35,22 @@ static LineStyle const lineStyles[] = {
 };
 
 static AreaStyle const areaStyles[] = {
-    { "rose", { 214, 92, 110 }, {}, true },
-    { "sky", { 84, 140, 214 }, {}, true },
-    { "leaf", { 104, 168, 84 }, {}, true },
-    { "sand", { 222, 180, 70 }, {}, true },
-    { "lilac", { 150, 110, 190 }, {}, true },
-    { "mint", { 70, 176, 160 }, {}, true },
-    { "peach", { 236, 140, 70 }, {}, true },
-    { "grey", { 130, 130, 140 }, {}, true },
-    { "city-older", { 214, 160, 90, 105 }, {}, false },
-    { "city", { 236, 214, 160, 150 }, {}, false },
-    { "city-later", { 236, 222, 190, 110 }, {}, false },
-    { "court", { 250, 240, 214 }, { 110, 82, 56 }, false },
-    { "building", { 190, 124, 82 }, { 92, 54, 34 }, false },
-    { "temple", { 240, 198, 92 }, { 132, 88, 20 }, false },
-    { "pool", { 150, 194, 238 }, { 34, 78, 150 }, false },
-    { "garden", { 150, 186, 112, 190 }, {}, true },
+    { "rose", { 214, 92, 110 }, {}, true, false },
+    { "sky", { 84, 140, 214 }, {}, true, false },
+    { "leaf", { 104, 168, 84 }, {}, true, false },
+    { "sand", { 222, 180, 70 }, {}, true, false },
+    { "lilac", { 150, 110, 190 }, {}, true, false },
+    { "mint", { 70, 176, 160 }, {}, true, false },
+    { "peach", { 236, 140, 70 }, {}, true, false },
+    { "grey", { 130, 130, 140 }, {}, true, false },
+    { "city-older", { 214, 160, 90, 105 }, {}, false, true },
+    { "city", { 236, 214, 160, 150 }, {}, false, true },
+    { "city-later", { 236, 222, 190, 110 }, {}, false, true },
+    { "court", { 250, 240, 214 }, { 110, 82, 56 }, false, false },
+    { "building", { 190, 124, 82 }, { 92, 54, 34 }, false, false },
+    { "temple", { 240, 198, 92 }, { 132, 88, 20 }, false, false },
+    { "pool", { 150, 194, 238 }, { 34, 78, 150 }, false, false },
+    { "garden", { 150, 186, 112, 190 }, {}, true, false },
 };
 
 static Lettering Letters(qreal size, QColor colour, bool bold = false, bool italic = false,
@@ -229,10 +230,33 @@ void PaintLine(QPainter& painter, LineStyle const& style, std::vector<QPointF> c
         PaintArrows(painter, path, style);
 }
 
+/// Roofs in uneven rows.
+static void PaintHouses(QPainter& painter, QPainterPath const& quarter)
+{
+    constexpr qreal apart = 17; // pixels
+    Chance chance(70);
+    auto const area = quarter.boundingRect();
+    painter.save();
+    for (qreal y = area.top(); y < area.bottom(); y += apart)
+        for (qreal x = area.left(); x < area.right(); x += apart) {
+            QSizeF const size(chance.Between(7, 13), chance.Between(7, 12));
+            QRectF const house(QPointF(x + chance.Between(0, 6), y + chance.Between(0, 6)), size);
+            if (chance.Between(0, 1) < 0.2 || !quarter.contains(house))
+                continue;
+            painter.fillRect(house.translated(2, 2), QColor(90, 60, 30, 40));
+            painter.fillRect(house, QColor(246, 234, 206, 150));
+            painter.setPen(QPen(QColor(120, 84, 50, 80), 1));
+            painter.drawRect(house);
+        }
+    painter.restore();
+}
+
 void PaintArea(QPainter& painter, AreaStyle const& style, std::vector<QPointF> const& points)
 {
     auto const path = PathOf(points, style.isSmooth, true);
     painter.fillPath(path, style.fill);
+    if (style.hasHouses)
+        PaintHouses(painter, path);
     if (!style.edge.isValid())
         return;
     QPen pen(Faint(style.edge, style.isSmooth ? 0.75 : 1), style.isSmooth ? 2.2 : 1.4);

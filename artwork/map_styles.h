@@ -16,7 +16,7 @@ struct LineStyle {
 struct AreaStyle {
     char const* name;
     QColor fill, edge; ///< an edge that isn't valid is none
-    bool isSmooth;
+    bool isSmooth, hasHouses;
 };
 
 struct WordStyle {

@@ -86,7 +86,8 @@ TableRow MapSheet::One(QString const& keyword) const
     return rows[0];
 }
 
-/// Rows of name, metres and spots. Between the spots of a row the land keeps the height.
+/// Rows of name, metres and spots. Between the spots of a row the land keeps the height. A plan of
+/// a town counts from its lowest ground and stretches what there is.
 std::vector<Height> MapSheet::Heights() const
 {
     auto const relief = One(QStringLiteral("relief"));
@@ -103,7 +104,8 @@ std::vector<Height> MapSheet::Heights() const
             for (int piece = 0; piece < pieces; ++piece) {
                 auto const at = points[i] + (next - points[i]) * piece / pieces;
                 if (near.contains(at))
-                    heights.push_back({ m_projection->SpotAt(at), row.Number(1) });
+                    heights.push_back({ m_projection->SpotAt(at),
+                        (row.Number(1) - relief.Number(4)) * relief.Number(5) });
             }
         }
     }

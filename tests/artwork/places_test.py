@@ -1,0 +1,94 @@
+#!/usr/bin/env python3
+"""Holds the tables of the maps against distances and bearings that are known from elsewhere, and the drawn maps against what the viewer
+and the disc can bear.  places_test.py SOURCE_FOLDER"""
+
+import math
+import pathlib
+import struct
+import sys
+
+source = pathlib.Path(sys.argv[1])
+tables = source / "artwork" / "maps"
+faults = []
+
+
+def rows(name):
+    for number, line in enumerate((tables / name).read_text(encoding="utf-8").splitlines(), 1):
+        if line.strip() and not line.startswith("#"):
+            yield f"{name}, line {number}", [field.strip() for field in line.split("|")]
+
+
+places = {fields[0]: (float(fields[1]), float(fields[2])) for _, fields in rows("places.txt")}
+maps_of = {fields[0]: fields[4] for _, fields in rows("places.txt")}
+
+
+def distance_and_bearing(start, end):
+    """Great circle in km, and the first bearing in degrees from north over east."""
+    (a, b), (c, d) = (map(math.radians, places[name]) for name in (start, end))
+    haversine = math.sin((c - a) / 2) ** 2 + math.cos(a) * math.cos(c) * math.sin((d - b) / 2) ** 2
+    bearing = math.atan2(math.sin(d - b) * math.cos(c), math.cos(a) * math.sin(c) - math.sin(a) * math.cos(c) * math.cos(d - b))
+    return 2 * 6371 * math.asin(math.sqrt(haversine)), math.degrees(bearing) % 360
+
+
+def check(condition, fault):
+    if not condition:
+        faults.append(fault)
+
+
+# Distances as handbooks give them, in km with what they may be off, and rough bearings.
+KNOWN = [
+    ("Jerusalem", "Bethlehem", 8.5, 0.6, 200), ("Jerusalem", "Hebron", 30.5, 1.5, 203), ("Jerusalem", "Jericho", 22.5, 1.5, 62),
+    ("Jerusalem", "Joppa", 55, 2, 304), ("Jerusalem", "Damascus", 218, 4, 27), ("Dan", "Beersheba", 235, 5, 199),
+    ("Jerusalem", "Nazareth", 103, 3, 3), ("Nazareth", "Capernaum", 33, 2, 52), ("Tyre", "Sidon", 36, 2, 27),
+    ("Jerusalem", "Ezion-geber", 249, 5, 186), ("Jerusalem/9", "Rome", 2305, 25, 307), ("Athens", "Rome", 1052, 15, 294),
+    ("Athens", "Corinth", 75, 3, 264), ("Ephesus", "Athens", 318, 8, 272), ("Antioch", "Tarsus/9", 139, 5, 305),
+    ("Babylon", "Ur", 237, 6, 137), ("Babylon", "Nineveh", 440, 12, 345), ("Haran", "Carchemish", 91, 5, 268),
+    ("Memphis", "On", 31.5, 2, 9), ("Kadesh-barnea", "Beersheba", 77, 4, 31),
+    # Within Jerusalem, where the sites are sure.
+    ("Gihon Spring", "Pool of Siloam", 0.385, 0.05, 198), ("Golgotha", "Golden Gate", 0.72, 0.04, 83),
+    ("Golden Gate", "Gethsemane", 0.225, 0.04, 90), ("Gihon Spring", "En-rogel", 0.69, 0.05, 185),
+]
+for start, end, km, tolerance, bearing in KNOWN:
+    real_km, real_bearing = distance_and_bearing(start, end)
+    check(abs(real_km - km) <= tolerance, f"{start} to {end}: {real_km:.2f} km, not {km}")
+    turned = abs((real_bearing - bearing + 180) % 360 - 180)
+    check(turned <= 7, f"{start} to {end}: towards {real_bearing:.0f} degrees, not {bearing}")
+
+
+def jpeg_size(data):
+    at = 2
+    while data[at] == 0xFF:
+        marker, length = data[at + 1], struct.unpack(">H", data[at + 2:at + 4])[0]
+        if 0xC0 <= marker <= 0xCF and marker not in (0xC4, 0xC8, 0xCC):
+            height, width = struct.unpack(">HH", data[at + 5:at + 9])
+            return width, height
+        at += 2 + length
+    raise ValueError("no frame header")
+
+
+for number in range(1, 10):
+    sheet = None
+    for where, fields in rows(f"map{number}.txt"):
+        if fields[0] == "sheet":
+            sheet = fields
+        for field in fields:
+            for part in field.split(";"):
+                if part.strip().startswith("@"):
+                    check(part.strip()[1:] in places, f"{where}: no place {part.strip()}")
+    west, south, east, north = map(float, sheet[2:6])
+    here = [name for name, maps in maps_of.items() if str(number) in maps]
+    check(len(here) >= 24, f"map{number} has {len(here)} places alone")
+    for name in here:
+        latitude, longitude = places[name]
+        check(south < latitude < north and west < longitude < east, f"{name} lies outside map{number}")
+    data = (source / "data" / "disc" / f"map{number}.jpg").read_bytes()
+    width, height = jpeg_size(data)
+    check(1600 <= width <= 2600, f"map{number} is {width} pixels wide")
+    check(len(data) <= 600_000, f"map{number} has {len(data)} bytes")
+    check(width == int(sheet[1]), f"map{number} is older than its table")
+    ratio = (north - south) / (east - west) / math.cos(math.radians((north + south) / 2))
+    check(abs(height - width * ratio) < 2, f"map{number} isn't as high as its degrees")
+
+print(*faults, sep="\n")
+print(f"{len(KNOWN)} distances and {len(places)} places checked, {len(faults)} faults")
+sys.exit(1 if faults else 0)
