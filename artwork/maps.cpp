@@ -49,7 +49,9 @@ private:
     void PaintRivers(QPainter& painter) const;
     QRectF PaintTitle(QPainter& painter) const;
     void PaintWords(QPainter& painter, Labels& labels);
-    void PaintPlaces(QPainter& painter, Labels& labels);
+    std::vector<std::pair<MapPlace const*, PlaceStyle const*>> OwnPlaces() const;
+    void PaintSigns(QPainter& painter, Labels& labels);
+    void PaintLabels(QPainter& painter, Labels& labels);
     QString Note(QString const& place) const;
 
     int m_number;
@@ -222,7 +224,8 @@ QString MapSheet::Note(QString const& place) const
     return {};
 }
 
-void MapSheet::PaintPlaces(QPainter& painter, Labels& labels)
+/// The places of this map, what is fixed and what is great first.
+std::vector<std::pair<MapPlace const*, PlaceStyle const*>> MapSheet::OwnPlaces() const
 {
     std::vector<std::pair<MapPlace const*, PlaceStyle const*>> places;
     for (auto const& [name, place] : m_places) {
@@ -234,18 +237,25 @@ void MapSheet::PaintPlaces(QPainter& painter, Labels& labels)
                 QStringLiteral("places.txt: \"%1\" is of no known kind").arg(name).toStdString());
         places.emplace_back(&place, style);
     }
-    // What is fixed and what is great first.
     std::stable_sort(places.begin(), places.end(), [](auto const& a, auto const& b) {
         return std::pair(a.first->side.isEmpty(), -a.second->lettering.size)
             < std::pair(b.first->side.isEmpty(), -b.second->lettering.size);
     });
-    for (auto const& [place, style] : places) {
+    return places;
+}
+
+void MapSheet::PaintSigns(QPainter& painter, Labels& labels)
+{
+    for (auto const& [place, style] : OwnPlaces()) {
         auto const at = m_projection->At(place->spot);
         style->paint(painter, at, style->radius);
-        labels.Take(QRectF(
-            at - QPointF(style->radius, style->radius), QSizeF(style->radius, style->radius) * 2));
+        labels.Take(QRectF(at - QPointF(style->radius, style->radius), QSizeF(style->radius, style->radius) * 2));
     }
-    for (auto const& [place, style] : places)
+}
+
+void MapSheet::PaintLabels(QPainter& painter, Labels& labels)
+{
+    for (auto const& [place, style] : OwnPlaces())
         if (!labels.WriteBeside(painter, place->Label() + Note(place->name), style->lettering,
                 m_projection->At(place->spot), style->radius, place->side))
             m_complaints.append(QStringLiteral("map%1: there is no room for \"%2\"")
@@ -267,9 +277,9 @@ QImage MapSheet::Draw()
     Labels labels(QRectF({ 0, 0 }, image.size())
                       .adjusted(frameWidth + 4, frameWidth + 4, -frameWidth - 4, -frameWidth - 4));
     labels.Take(PaintTitle(painter));
-    // Signs are drawn and taken before the words, labels behind them.
+    PaintSigns(painter, labels);
     PaintWords(painter, labels);
-    PaintPlaces(painter, labels);
+    PaintLabels(painter, labels);
     return image;
 }
 
