@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Walks through the desktop program on a screen in memory, with real keys and clicks, once on a small and once on a large
-# screen: the main road, all windows, the Bible reader. Says what it saw, leaves pictures of each screen in build/walk/, and fails where the program doesn't do what
+# screen: the main road, all windows, the Bible reader, the maps. Says what it saw, leaves pictures of each screen in build/walk/, and fails where the program doesn't do what
 # a person expects.
 #   packaging/walk/walk.sh DISC_FOLDER [PICTURE_FOLDER]
 set -euo pipefail
@@ -18,7 +18,7 @@ WalkAt() {
             openbox >/dev/null 2>&1 &
             trap "kill %1" EXIT
             cd "$0"
-            for road in lesson_road windows_road reader_road; do
+            for road in lesson_road windows_road reader_road maps_road; do
                 /usr/bin/python3 -B "$road.py" "$@" || exit
             done' "$here" "$disc" "$pictures" "$1"
 }

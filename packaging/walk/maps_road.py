@@ -1,0 +1,111 @@
+#!/usr/bin/python3
+"""The maps: each of the nine from both screens, moved by hand, keys and bars; closed during a drag."""
+
+import os
+import subprocess
+import time
+
+import person
+from person import *  # noqa: F403
+
+
+def open_map(number):
+    keys("alt+m")
+    keys(str(number))
+    wait(lambda: is_open("frmMap"), f"map {number}")
+    time.sleep(0.4)
+
+
+def box(name):
+    return control("frmMap", name).get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+
+
+def map_place():
+    """Where the map's corner lies in the viewport."""
+    view, shown = box("Picture1"), box("Picture2")
+    return shown.x - view.x, shown.y - view.y
+
+
+def go_to(x, y):
+    run("xdotool", "mousemove", "--sync", int(x), int(y))
+    time.sleep(0.15)
+
+
+def patch(x, y):
+    """The picture of what lies about a point of the screen."""
+    file = os.path.join(user.name, f"patch-{time.monotonic_ns()}.png")
+    run("import", "-window", "root", "-crop", f"60x60+{int(x) - 30}+{int(y) - 30}", "+repage", file)
+    return file
+
+
+def are_alike(one, other):
+    return subprocess.run(["compare", "-metric", "AE", one, other, "null:"], capture_output=True, text=True).stderr.strip() == "0"
+
+
+def drag_by_hand():
+    x, y = (scale * edge for edge in (box("Picture1").x + 500, box("Picture1").y + 450))
+    go_to(x, y)
+    before = patch(x, y)
+    run("xdotool", "mousedown", 1)
+    for dx, dy in ((-100, -60), (-230, -140), (-300, -200)):
+        go_to(x + dx, y + dy)
+    expect(are_alike(before, patch(x - 300, y - 200)), "what was grabbed stays under the pointer")
+    shot("e-dragged")
+    time.sleep(0.3)
+    expect(map_place() == (-300 / scale, -200 / scale), "the map rests with the pointer")
+    go_to(x + 450, y - 250)
+    expect(map_place()[0] == 0 and map_place()[1] == -250 / scale, "an edge stops one axis and leaves the other")
+    run("xdotool", "mousemove", "--sync", 2, 2)
+    run("xdotool", "mouseup", 1)
+    time.sleep(0.2)
+    rests = map_place()
+    go_to(x, y)
+    expect(map_place() == rests, "a release outside the map ends the drag")
+
+
+def by_keys_and_bars():
+    for _ in range(12):
+        keys("Right", "Down")
+    view, shown = box("Picture1"), box("Picture2")
+    last = map_place()
+    expect(abs(view.width - 1 - shown.width - last[0]) <= 1 and abs(view.height - 1 - shown.height - last[1]) <= 1,
+           "arrow keys lead to the far corner")
+    shot("e-corner")
+    bar = box("VScroll1")
+    click_at(scale * (bar.x + bar.width / 2), scale * (bar.y + 8))
+    expect(map_place()[1] == last[1] + 20, "a bar's arrow moves the map by 20 pixels")
+    keys("Up")
+    expect(map_place()[1] > last[1] + 21, "and the keyboard still works")
+
+
+def walk():
+    start()
+    keys("Return")
+    wait(lambda: is_open("frmContents"), "the catalogue")
+    for number in range(1, 10):
+        open_map(number)
+        shot(f"e-map{number}")
+        expect(control("frmMap", "Picture2").get_name() != "", f"map {number} comes up")
+        if number < 9:
+            keys("Escape")
+            wait(lambda: not is_open("frmMap"), "the viewer to close")
+    drag_by_hand()
+    by_keys_and_bars()
+    view = box("Picture1")
+    go_to(scale * (view.x + 300), scale * (view.y + 300))
+    run("xdotool", "mousedown", 1)
+    go_to(scale * (view.x + 350), scale * (view.y + 350))
+    keys("Escape")
+    run("xdotool", "mouseup", 1)
+    wait(lambda: not is_open("frmMap"), "Escape to close the viewer during a drag")
+    open_map(3)
+    keys("alt+F4")
+    wait(lambda: not is_open("frmMap"), "the close box to close the viewer")
+    keys("alt+f", "x")
+    expect(wait_for_end() == 0, "the program ends by its menu")
+
+
+try:
+    walk()
+finally:
+    person.end_of_walk()
