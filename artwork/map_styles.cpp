@@ -17,7 +17,7 @@ static constexpr QColor ink { 38, 30, 24 }, brown { 110, 70, 34 }, water { 34, 7
 static LineStyle const lineStyles[] = {
     { "river", { 84, 130, 198 }, 2.6, {}, true, false, false },
     { "stream", { 96, 142, 204 }, 1.5, {}, true, false, false },
-    { "border", wine, 2.4, { 5, 2.2, 1, 2.2 }, true, false, true },
+    { "border", wine, 2.4, {}, true, false, false },
     { "road", { 138, 88, 48 }, 2.4, { 4, 1.6 }, true, false, true },
     { "red", { 190, 30, 36 }, 4.4, {}, true, true, true },
     { "blue", { 24, 72, 190 }, 4.4, {}, true, true, true },

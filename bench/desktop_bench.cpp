@@ -3,26 +3,14 @@
 // the memory in use. Starts itself for the times of whole processes.
 
 #include "controls/button.h"
-#include "controls/input.h"
 #include "controls/rich_text_box.h"
-#include "desktop/desktop_host.h"
-#include "desktop/look.h"
-#include "platform/host/host_file_system.h"
-#include "platform/host/host_shell.h"
-#include "platform/host/path_rules.h"
-#include "platform/host/sqlite_settings_store.h"
-#include "program/program.h"
+#include "desktop.h"
 
-#include <QAbstractEventDispatcher>
-#include <QApplication>
 #include <QWidget>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -30,33 +18,10 @@
 #include <unistd.h>
 #include <vector>
 
-namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
-
 static constexpr int verses = 3000, pages = 30, starts = 9;
 static constexpr int demonstrationVerses = 160; // the longest lesson of the demonstration disc has that many lines of verses
 
 namespace {
-
-double MillisecondsSince(Clock::time_point start)
-{
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double Median(std::vector<double> times)
-{
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
-/// Serves the event loop until nothing is left to do: all is laid out and painted then.
-void ServeAll()
-{
-    auto* const dispatcher = QAbstractEventDispatcher::instance();
-    do
-        QCoreApplication::sendPostedEvents();
-    while (dispatcher->processEvents(QEventLoop::AllEvents));
-}
 
 /// A study of one lesson; `name` without "-1.dat", the passages in "V-<name>".
 void WriteStudy(std::string const& name, int verseCount)
@@ -81,20 +46,6 @@ void WriteDisc()
     WriteStudy("usual", demonstrationVerses);
     std::ofstream("V-short", std::ios::binary) << ">1\r\nJohn 3:16\r\n16 For God so loved the world.\r\n";
 }
-
-struct Bench {
-    HostFileSystem files { { "/", fs::absolute("user/drive_c") } };
-    SqliteSettingsStore settings { fs::absolute("user/settings.db") };
-    HostShell shell;
-    DesktopHost host { files, [](TextView path) { return Text(path); } };
-    Program program { host, files, settings, shell };
-    Input input { program.OwnScreen() };
-
-    template <class Kind> Kind& Get(char const* form, char const* control)
-    {
-        return dynamic_cast<Kind&>(*program.OwnScreen().Find(form)->FindControl(control));
-    }
-};
 
 /// A process of its own: shows its window and tells when it is painted.
 int Start(bool empty)
@@ -126,20 +77,6 @@ double TimeOfStart(char const* role)
     return time;
 }
 
-double ResidentMegabytes()
-{
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.starts_with("VmRSS:"))
-            return std::stod(line.substr(6)) / 1024;
-    return 0;
-}
-
-void Print(char const* about, double value, char const* unit, double atMost)
-{
-    std::printf("%-52s %7.1f %s, at most %g: %s\n", about, value, unit, atMost, value <= atMost ? "met" : "MISSED");
-}
-
 /// A person drags the border: each step is a size of the window, and the layout and the panels follow.
 void MeasureResize(Form& form)
 {
@@ -163,17 +100,6 @@ void MeasureResize(Form& form)
     if (form.Width < 25000)
         std::abort();
     Print("a resize step of the lesson screen, median", Median(times), "ms", 16);
-}
-
-void GoToCatalogue(Bench& bench)
-{
-    static_cast<void>(bench.settings.Write(u"Parameters", u"showhelp", u"false"));
-    bench.program.Start({});
-    ServeAll();
-    auto const leaving = Clock::now();
-    bench.input.KeyPress(*bench.program.OwnScreen().Find("frmSplash"), u' ');
-    ServeAll();
-    Print("from the start-up screen to the catalogue", MillisecondsSince(leaving), "ms", 150);
 }
 
 int MeasureUsualLesson()

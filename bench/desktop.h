@@ -1,0 +1,87 @@
+#pragma once
+// What the benchmarks of the desktop program share: the program on Qt's offscreen platform in a folder of its own, and figures held
+// against what is asked for.
+
+#include "controls/input.h"
+#include "desktop/desktop_host.h"
+#include "desktop/look.h"
+#include "platform/host/host_file_system.h"
+#include "platform/host/host_shell.h"
+#include "platform/host/path_rules.h"
+#include "platform/host/sqlite_settings_store.h"
+#include "program/program.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+inline double MillisecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+inline double Median(std::vector<double> times)
+{
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+/// Serves the event loop until nothing is left to do: all is laid out and painted then.
+inline void ServeAll()
+{
+    auto* const dispatcher = QAbstractEventDispatcher::instance();
+    do
+        QCoreApplication::sendPostedEvents();
+    while (dispatcher->processEvents(QEventLoop::AllEvents));
+    // Windows that were closed go when an event loop is run, which there is none of here.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+struct Bench {
+    HostFileSystem files { { fs::current_path(), fs::absolute("user/drive_c") } };
+    SqliteSettingsStore settings { fs::absolute("user/settings.db") };
+    HostShell shell;
+    DesktopHost host { files, [](TextView path) { return Text(path); } };
+    Program program { host, files, settings, shell };
+    Input input { program.OwnScreen() };
+
+    template <class Kind> Kind& Get(char const* form, char const* control)
+    {
+        return dynamic_cast<Kind&>(*program.OwnScreen().Find(form)->FindControl(control));
+    }
+};
+
+inline double ResidentMegabytes()
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+        if (line.starts_with("VmRSS:"))
+            return std::stod(line.substr(6)) / 1024;
+    return 0;
+}
+
+inline void Print(char const* about, double value, char const* unit, double atMost)
+{
+    std::printf("%-52s %7.1f %s, at most %g: %s\n", about, value, unit, atMost, value <= atMost ? "met" : "MISSED");
+}
+
+inline void GoToCatalogue(Bench& bench)
+{
+    static_cast<void>(bench.settings.Write(u"Parameters", u"showhelp", u"false"));
+    bench.program.Start({});
+    ServeAll();
+    auto const leaving = Clock::now();
+    bench.input.KeyPress(*bench.program.OwnScreen().Find("frmSplash"), u' ');
+    ServeAll();
+    Print("from the start-up screen to the catalogue", MillisecondsSince(leaving), "ms", 150);
+}
