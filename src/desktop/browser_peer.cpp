@@ -26,6 +26,8 @@ public:
     {
         setOpenLinks(false);
         setContextMenuPolicy(Qt::NoContextMenu);
+        // A bar that came up with a long page would have the page laid out twice.
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         ApplyZoom();
     }
 

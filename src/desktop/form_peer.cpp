@@ -79,10 +79,12 @@ void FormPeer::Mirror()
 {
     auto& window = *Widget();
     window.setWindowTitle(ToQString(m_form.Caption));
-    m_client.ground = ToQColor(m_form.BackColor);
+    auto const ground = ToQColor(m_form.BackColor);
+    if (m_pictureIsStale || m_client.ground != ground)
+        m_client.update();
+    m_client.ground = ground;
     if (std::exchange(m_pictureIsStale, false))
         m_client.picture = m_desk.pictures.Find(m_form.Picture);
-    m_client.update();
     if (m_form.MousePointer == pointerDefault)
         window.unsetCursor();
     else
