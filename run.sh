@@ -37,4 +37,4 @@ if [ -n "$display" ]; then
 fi
 Say "There is no display: walking through the program on a screen in memory"
 packaging/walk/walk.sh build/disc || GiveUp "The walk failed."
-echo "The pictures lie in build/walk/."
+echo "build/walk/index.html shows the pictures."

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Walks through the desktop program on a screen in memory, with real keys and clicks, once on a small and once on a large
-# screen: the main road, all windows, the Bible reader, the maps. Says what it saw, leaves pictures of each screen in build/walk/, and fails where the program doesn't do what
-# a person expects.
+# screen: the main road, all windows, the Bible reader, the maps. Says what it saw, leaves pictures of each screen in build/walk/ with a
+# page index.html that shows them in order, and fails where the program doesn't do what a person expects.
 #   packaging/walk/walk.sh DISC_FOLDER [PICTURE_FOLDER]
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -9,7 +9,7 @@ disc=$(realpath "$1")
 pictures=${2:-$here/../../build/walk}
 mkdir -p "$pictures"
 pictures=$(realpath "$pictures")
-rm -f "$pictures"/*.png
+rm -f "$pictures"/*.png "$pictures"/index.html
 
 WalkAt() {
     echo "-- on a screen of $1"
@@ -25,3 +25,4 @@ WalkAt() {
 
 WalkAt 1024x768
 WalkAt 1920x1080
+/usr/bin/python3 -B "$here/album.py" "$pictures" 1024x768 1920x1080
