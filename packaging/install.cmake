@@ -26,7 +26,8 @@ install(FILES packaging/debian/house.sparrowfield.Sparrowfield.metainfo.xml DEST
 install(FILES docs/man/sparrowfield.1 docs/man/sparrowfield-kit.1 docs/man/sparrowfield-drive.1 docs/man/sparrowfield-setup.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES packaging/debian/copyright README.md CHANGELOG.md THIRD_PARTY.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield)
-install(DIRECTORY docs/formats docs/kit.md docs/drive.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield/docs)
+install(FILES docs/kit.md docs/drive.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield/docs)
+install(DIRECTORY docs/formats DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield/docs)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME sparrowfield)
