@@ -25,6 +25,18 @@ int RunTextMake(MakeArguments const& arguments);
 
 int RunStudyCheck(std::vector<std::filesystem::path> const& files);
 
+struct AnswersArguments {
+    std::filesystem::path user; ///< the user's folder; empty for that of this user
+    std::filesystem::path file; ///< the backup, or the folder of an export
+    std::filesystem::path disc = "."; ///< of an export, as the next two
+    std::string format = "html"; ///< "html", "markdown" or "json"
+    bool withPublisher = false;
+    bool replaces = false; ///< a file that is there, or texts that differ
+};
+int RunAnswersExport(AnswersArguments const& arguments);
+int RunAnswersBackup(AnswersArguments const& arguments);
+int RunAnswersRestore(AnswersArguments const& arguments);
+
 /// Filters from standard input to standard output. Without a letter it changes from line to line.
 int RunTextScramble(std::optional<char> shiftLetter);
 int RunTextDecode();

@@ -24,6 +24,7 @@ public:
         AddBible(*AddGroup(m_app, "bible", "Bible texts"));
         AddStudy(*AddGroup(m_app, "study", "Studies"));
         AddText(*AddGroup(m_app, "text", "General texts and scrambled lines"));
+        AddAnswers(*AddGroup(m_app, "answers", "A user's own answers and notes"));
     }
 
     int Run(int count, char** words)
@@ -95,6 +96,36 @@ private:
         });
     }
 
+    void AddAnswers(CLI::App& group)
+    {
+        auto* const write = group.add_subcommand("export", "Writes answers and notes as documents, one for each study");
+        write->add_option("--to", m_answers.file, "the folder for the documents")->required();
+        write->add_option("--disc", m_answers.disc, "the folder of the studies")->capture_default_str();
+        write->add_option("--format", m_answers.format, "html, markdown or json")
+            ->capture_default_str()
+            ->check(CLI::IsMember({ "html", "markdown", "json" }));
+        write->add_flag("--with-publisher", m_answers.withPublisher, "add the publisher's answers");
+        AddUser(*write);
+        write->callback([this] { m_run = [this] { return RunAnswersExport(m_answers); }; });
+
+        auto* const backup = group.add_subcommand("backup", "Puts all answers, notes and settings into one file");
+        backup->add_option("FILE", m_answers.file, "the backup")->required();
+        backup->add_flag("--replace", m_answers.replaces, "overwrite the file if it is there");
+        AddUser(*backup);
+        backup->callback([this] { m_run = [this] { return RunAnswersBackup(m_answers); }; });
+
+        auto* const restore = group.add_subcommand("restore", "Brings back what a backup holds");
+        restore->add_option("FILE", m_answers.file, "the backup")->required();
+        restore->add_flag("--replace", m_answers.replaces, "also where another text is there now; that is kept in a backup of its own");
+        AddUser(*restore);
+        restore->callback([this] { m_run = [this] { return RunAnswersRestore(m_answers); }; });
+    }
+
+    void AddUser(CLI::App& command)
+    {
+        command.add_option("--user", m_answers.user, "the user's folder (left out: yours)");
+    }
+
     void AddTarget(CLI::App& command)
     {
         command.add_option("--to", m_make.to, "the folder for the files")->required();
@@ -104,6 +135,7 @@ private:
     CLI::App m_app { "For those who write studies and put discs together." };
     BibleImportArguments m_import;
     MakeArguments m_make;
+    AnswersArguments m_answers;
     std::vector<std::filesystem::path> m_files;
     std::string m_shiftLetter;
     std::function<int()> m_run;

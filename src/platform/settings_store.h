@@ -26,4 +26,8 @@ public:
     };
     /// Everything stored, ordered by section, then key.
     virtual Outcome<std::vector<Entry>> All() const = 0;
+
+    enum class Existing { Stays, Goes };
+    /// Writes all of them or none. Where `Stays` is asked for, a value that is there and not empty isn't touched.
+    virtual Outcome<Done> WriteAll(std::vector<Entry> const& entries, Existing existing) = 0;
 };

@@ -5,7 +5,8 @@
 #include "controls/tree_view.h"
 #include "support/program_bench.h"
 
-#include <regex>
+#include <algorithm>
+#include <cctype>
 
 /// Each chapter has the verses 1 and 16, of two lines each, which name themselves: "k-John-3:16" in
 /// the first translation, "n-..." in the second. The books of the second are others, and so are
@@ -77,10 +78,32 @@ public:
     {
         auto const page = ToUtf8(host.Html(Get<WebBrowser>("frmBible.Text1")));
         std::string verses;
-        static std::regex const verse("[kn]-\\w+-\\d+:\\d+");
-        for (std::sregex_iterator each(page.begin(), page.end(), verse), end; each != end; ++each)
-            verses += (verses.empty() ? "" : " ") + each->str();
+        for (std::size_t at = 0; at < page.size(); ++at)
+            if (auto const size = VerseAt(page, at); size > 0)
+                verses += (verses.empty() ? "" : " ") + page.substr(at, size);
         return verses;
+    }
+    /// The length of a verse's name at a place, such as "k-John-3:16"; 0 if there is none.
+    static std::size_t VerseAt(std::string const& page, std::size_t at)
+    {
+        if (page[at] != 'k' && page[at] != 'n')
+            return 0;
+        auto const run = [&](std::size_t from, int (*belongs)(int)) {
+            return static_cast<std::size_t>(std::find_if_not(page.begin() + static_cast<std::ptrdiff_t>(from), page.end(),
+                       [belongs](unsigned char c) { return belongs(c) != 0; })
+                - page.begin());
+        };
+        auto const is = [&](std::size_t place, char mark) { return place < page.size() && page[place] == mark; };
+        if (!is(at + 1, '-'))
+            return 0;
+        auto const name = run(at + 2, [](int c) { return std::isalnum(c); });
+        if (name == at + 2 || !is(name, '-'))
+            return 0;
+        auto const chapter = run(name + 1, [](int c) { return std::isdigit(c); });
+        if (chapter == name + 1 || !is(chapter, ':'))
+            return 0;
+        auto const verse = run(chapter + 1, [](int c) { return std::isdigit(c); });
+        return verse == chapter + 1 ? 0 : verse - at;
     }
     /// The tool tip of a chapter button, "-" if the button is disabled.
     std::string Leads(char const* path)

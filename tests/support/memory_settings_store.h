@@ -51,6 +51,18 @@ public:
         return entries;
     }
 
+    Outcome<Done> WriteAll(std::vector<Entry> const& entries, Existing existing) override
+    {
+        if (Fails())
+            return Unusable();
+        for (auto const& entry : entries) {
+            Text& value = m_values[{ entry.section, entry.key }];
+            if (existing == Existing::Goes || value.empty())
+                value = entry.value;
+        }
+        return Done {};
+    }
+
 private:
     static Failure Unusable() { return { u"settings.db", 0, u"the store is locked" }; }
     bool Fails() const { return ++m_calls == m_failAt || failing; }

@@ -62,8 +62,39 @@ public:
     Outcome<Done> Run(
         char const* statement, std::initializer_list<TextView> texts, Row const& row = {})
     {
+        return Try([&] { return RunStatement(statement, texts, row); });
+    }
+
+    /// Runs a statement for each entry, all in one transaction.
+    Outcome<Done> RunForAll(char const* statement, std::vector<Entry> const& entries)
+    {
+        return Try([&] {
+            int code = Execute("begin immediate");
+            for (auto const& entry : entries)
+                if (code == SQLITE_OK || code == SQLITE_DONE)
+                    code = RunStatement(statement, { entry.section, entry.key, entry.value }, {});
+            if (code == SQLITE_OK || code == SQLITE_DONE)
+                code = Execute("commit");
+            if (code != SQLITE_OK)
+                Execute("rollback");
+            return code == SQLITE_OK ? SQLITE_DONE : code;
+        });
+    }
+
+    std::optional<Failure> const& Report() const { return m_report; }
+
+private:
+    /// Opens the file if need be, and runs what gives SQLITE_DONE if it succeeds.
+    Outcome<Done> Try(std::function<int()> const& work)
+    {
         m_deadline = Clock::now() + m_patience;
-        int const code = TryRun(statement, texts, row);
+        if (m_database && HasMoved()) {
+            Close();
+            m_isSeenWhole = false;
+        }
+        int code = Open();
+        if (code == SQLITE_OK)
+            code = work();
         // Who has waited in vain once doesn't keep the user waiting again and again.
         m_patience = code == SQLITE_BUSY ? std::min(shortPatience, m_fullPatience) : m_fullPatience;
         if (code == SQLITE_DONE)
@@ -75,17 +106,8 @@ public:
         return failure;
     }
 
-    std::optional<Failure> const& Report() const { return m_report; }
-
-private:
-    int TryRun(char const* statement, std::initializer_list<TextView> texts, Row const& row)
+    int RunStatement(char const* statement, std::initializer_list<TextView> texts, Row const& row)
     {
-        if (m_database && HasMoved()) {
-            Close();
-            m_isSeenWhole = false;
-        }
-        if (int const code = Open(); code != SQLITE_OK)
-            return code;
         sqlite3_stmt* prepared = nullptr;
         int code = sqlite3_prepare_v2(m_database, statement, -1, &prepared, nullptr);
         int place = 0;
@@ -329,6 +351,16 @@ Outcome<std::vector<SettingsStore::Entry>> SqliteSettingsStore::All() const
                 entries.push_back({ Column(row, 0), Column(row, 1), Column(row, 2) });
             });
     return run ? Outcome<std::vector<Entry>>(std::move(entries)) : run.failure();
+}
+
+Outcome<Done> SqliteSettingsStore::WriteAll(std::vector<Entry> const& entries, Existing existing)
+{
+    return m_connection->RunForAll(existing == Existing::Goes
+            ? "insert into settings values (?, ?, ?)"
+              " on conflict (section, key) do update set value = excluded.value"
+            : "insert into settings values (?, ?, ?)"
+              " on conflict (section, key) do update set value = excluded.value where value = x''",
+        entries);
 }
 
 std::optional<Failure> SqliteSettingsStore::OpeningReport()

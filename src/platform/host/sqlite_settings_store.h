@@ -26,6 +26,7 @@ public:
     Outcome<Done> Write(TextView section, TextView key, TextView value) override;
     Outcome<Done> DeleteSection(TextView section) override;
     Outcome<std::vector<Entry>> All() const override;
+    Outcome<Done> WriteAll(std::vector<Entry> const& entries, Existing existing) override;
 
     /// Opens the file, and looks through it once for damage. What the user is to be told: that his
     /// file had to be set aside.

@@ -1,0 +1,124 @@
+// The subcommands about a user's own work.
+
+#include "kit/answer_documents.h"
+#include "kit/commands.h"
+#include "kit/files.h"
+#include "platform/host/host_file_system.h"
+#include "platform/host/user_folders.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace fs = std::filesystem;
+
+static int Fail(Failure const& failure)
+{
+    std::cerr << ToUtf8(failure.Message()) << '\n';
+    return 1;
+}
+
+static fs::path UserFolder(fs::path const& given)
+{
+    return given.empty() ? UserDataFolder() : fs::absolute(given);
+}
+
+static std::string Counted(UserWork const& work)
+{
+    auto const answers = static_cast<std::size_t>(std::count_if(work.entries.begin(),
+        work.entries.end(),
+        [](auto const& entry) { return entry.key.starts_with(u"Page") && !entry.value.empty(); }));
+    auto const notes = static_cast<std::size_t>(std::count_if(work.notes.begin(), work.notes.end(),
+        [](auto const& note) { return note.first.ends_with(".dat") && !note.second.empty(); }));
+    return std::to_string(answers) + " answers and " + std::to_string(notes) + " notes";
+}
+
+int RunAnswersExport(AnswersArguments const& arguments)
+{
+    auto const user = UserFolder(arguments.user);
+    auto const to = fs::absolute(arguments.file);
+    auto const work = LoadUserWork(user);
+    if (!work)
+        return Fail(work.failure());
+    std::error_code error;
+    fs::current_path(arguments.disc, error); // Study files are found by their bare names.
+    if (error)
+        return Fail({ FromUtf8(arguments.disc.string()), 0, FromUtf8(error.message()) });
+    HostFileSystem files({ fs::current_path(), user / "drive_c" });
+    auto documents = BuildAnswerDocuments(*work, files, arguments.withPublisher);
+    if (auto notes = BuildNotesDocument(*work, files); !notes.lessons.empty())
+        documents.push_back(std::move(notes));
+    auto const format = arguments.format == "json" ? DocumentFormat::Json
+        : arguments.format == "markdown"           ? DocumentFormat::Markdown
+                                                   : DocumentFormat::Html;
+    char const* const ending = format == DocumentFormat::Json ? ".json"
+        : format == DocumentFormat::Markdown                  ? ".md"
+                                                              : ".html";
+    OutputFiles outputs;
+    for (auto const& document : documents)
+        outputs[document.name + ending] = Render(document, format);
+    Faults faults;
+    auto const replaced = ReplaceFiles(to, outputs, faults);
+    for (auto const& fault : faults)
+        std::cerr << ToString(fault) << '\n';
+    if (!replaced)
+        return 1;
+    std::cout << to.string() << ": " << documents.size() << " documents with " << Counted(*work)
+              << ".\n";
+    return 0;
+}
+
+int RunAnswersBackup(AnswersArguments const& arguments)
+{
+    if (!arguments.replaces && fs::exists(fs::symlink_status(arguments.file)))
+        return Fail({ FromUtf8(arguments.file.string()), 0,
+            u"it is there already; --replace overwrites it" });
+    auto const work = LoadUserWork(UserFolder(arguments.user));
+    if (!work)
+        return Fail(work.failure());
+    if (auto const written = WriteBackup(*work, arguments.file); !written)
+        return Fail(written.failure());
+    std::cout << arguments.file.string() << ": " << Counted(*work) << ", "
+              << fs::file_size(arguments.file) << " bytes.\n";
+    return 0;
+}
+
+/// The first name beside the user's work that is free.
+static fs::path SafetyCopy(fs::path const& user)
+{
+    for (int number = 1;; ++number) {
+        auto file = user / ("before-restore-" + std::to_string(number) + ".backup");
+        if (!fs::exists(fs::symlink_status(file)))
+            return file;
+    }
+}
+
+int RunAnswersRestore(AnswersArguments const& arguments)
+{
+    auto const backup = ReadBackup(arguments.file);
+    if (!backup)
+        return Fail(backup.failure());
+    auto const user = UserFolder(arguments.user);
+    auto const present = LoadUserWork(user);
+    if (!present)
+        return Fail(present.failure());
+    auto const plan = PlanRestore(*present, *backup, arguments.replaces);
+    if (!plan.differing.empty() && !arguments.replaces) {
+        for (auto const& name : plan.differing)
+            std::cerr << name << ": there is another text now\n";
+        std::cerr << "Nothing was restored. With --replace the texts of the backup take the place "
+                     "of these "
+                  << plan.differing.size() << ".\n";
+        return 1;
+    }
+    if (!plan.differing.empty()) {
+        auto const copy = SafetyCopy(user);
+        if (auto const written = WriteBackup(*present, copy); !written)
+            return Fail(written.failure());
+        std::cout << "What was there is kept in " << copy.string() << ".\n";
+    }
+    if (auto const restored = Restore(plan, user, arguments.replaces); !restored)
+        return Fail(restored.failure());
+    std::cout << user.string() << ": restored from " << Counted(*backup) << "; " << plan.same
+              << " were there already, " << plan.differing.size() << " were replaced.\n";
+    return 0;
+}

@@ -1,0 +1,47 @@
+#pragma once
+// All that a user has written: the entries of his store and the files of his notes; and the one
+// file in which both are kept (docs/formats/backup.md).
+
+#include "base/failure.h"
+#include "platform/settings_store.h"
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+struct UserWork {
+    std::vector<SettingsStore::Entry> entries; ///< ordered by section, then key
+    std::map<std::string, std::string> notes; ///< bytes by the file's name
+};
+
+/// Where the notes lie in a user's folder.
+std::filesystem::path NotesFolder(std::filesystem::path const& userFolder);
+
+/// The work in a user's folder as it is at this moment; a running program may go on. Empty where
+/// nothing has been written yet.
+Outcome<UserWork> LoadUserWork(std::filesystem::path const& userFolder);
+
+/// Writes the backup, whole or not at all, readable by its owner alone.
+Outcome<Done> WriteBackup(UserWork const& work, std::filesystem::path const& file);
+
+/// Fails for what is no backup, is damaged or cut off, comes from a newer version, or has notes
+/// whose names could lead out of their folder.
+Outcome<UserWork> ReadBackup(std::filesystem::path const& file);
+
+/// What a restore would do to the present work.
+struct RestorePlan {
+    std::vector<SettingsStore::Entry> entries; ///< to be written
+    std::map<std::string, std::string> notes; ///< to be written
+    std::size_t same = 0; ///< answers and notes that are there already
+    std::vector<std::string> differing; ///< answers and notes of which another text is there now
+};
+
+/// An empty text counts as missing. Where the page of a lesson or a setting differs, the present
+/// one stays unless `replaces`.
+RestorePlan PlanRestore(UserWork const& present, UserWork const& backup, bool replaces);
+
+/// Notes first, then the store in one transaction. A failure names what couldn't be written; what
+/// was written before it stays, and the restore can be done again.
+Outcome<Done> Restore(
+    RestorePlan const& plan, std::filesystem::path const& userFolder, bool replaces);

@@ -1,0 +1,81 @@
+#!/usr/bin/env python3
+"""Exports, backs up and restores a user's work while the program is at it: answers.py KIT DRIVE DISC."""
+
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+kit, drive, disc = sys.argv[1:4]
+
+
+def run(*words):
+    done = subprocess.run([kit, "answers", *map(str, words)], capture_output=True, text=True)
+    return done.returncode, done.stdout, done.stderr
+
+
+def expect(found, wanted, about):
+    if found != wanted:
+        sys.exit(f"{about}: {found!r} instead of {wanted!r}")
+
+
+class Program:
+    """The running program, a line at a time."""
+
+    def __init__(self, user):
+        self.process = subprocess.Popen([drive, "--app", disc, "--data", disc, "--user", user], stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, text=True)
+
+    def do(self, *lines):
+        for line in lines:
+            self.process.stdin.write(line + "\n")
+            self.process.stdin.flush()
+            answer = self.process.stdout.readline()
+            if '"error"' in answer:
+                sys.exit(f"{line}: {answer}")
+
+    def end(self):
+        self.process.stdin.close()
+        self.process.wait()
+
+
+with tempfile.TemporaryDirectory() as folder:
+    folder = pathlib.Path(folder)
+    user = folder / "user"
+    program = Program(user)
+    program.do("setting Parameters showhelp false", "press frmSplash 32", "click frmContents.mnuBibleReader", "type frmBible.txtNotes \"A note on this chapter.\"",
+               "close frmBible", "node frmContents.TreeView1 mount-1.dat:1")
+    program.do("type frmMain.Text3 \"My first answer <b>.\"", "click frmMain.Command1")
+    status, out, errors = run("backup", folder / "one.backup", "--user", user)
+    expect((status, errors), (0, ""), "a backup while the program runs")
+    status, out, errors = run("export", "--to", folder / "documents", "--disc", disc, "--user", user, "--with-publisher")
+    expect((status, errors), (0, ""), "an export while the program runs")
+    page = (folder / "documents" / "mount.html").read_text(encoding="utf-8")
+    expect("My first answer &lt;b&gt;." in page and "A crowd has followed him" in page, True, "the document of the study")
+    expect("A note on this chapter." in (folder / "documents" / "chapter-notes.html").read_text(encoding="utf-8"), True, "the notes")
+    program.do("click frmMain.Command2", "type frmMain.Text3 \"Another answer.\"", "click frmMain.Command1")
+    status, out, errors = run("restore", folder / "one.backup", "--user", user)
+    expect((status, out, errors.splitlines()[0]), (1, "", "the answer mount-1.dat:1, Page1: there is another text now"), "newer work")
+    program.end()
+    status, out, errors = run("restore", folder / "one.backup", "--user", folder / "other")
+    expect((status, errors), (0, ""), "a restore into an empty folder")
+    run("backup", folder / "two.backup", "--user", folder / "other")
+    for format in ("json", "markdown"):
+        expect(run("export", "--to", folder / "again", "--disc", disc, "--user", folder / "other", "--format", format)[0], 0, format)
+    expect(sorted(f.name for f in (folder / "again").iterdir()), ["chapter-notes.json", "chapter-notes.md", "mount.json", "mount.md"], "files")
+    status, out, errors = run("restore", folder / "one.backup", "--user", user, "--replace")
+    expect((status, errors, "kept in" in out), (0, "", True), "a restore that was told to replace")
+    kept = user / "before-restore-1.backup"
+    status, out, errors = run("restore", kept, "--user", user)
+    expect((status, "there is another text now" in errors), (1, True), "the text that went is in the backup that was kept")
+    expect(run("backup", folder / "one.backup", "--user", user)[0], 1, "a backup over another")
+    for bad in (folder / "none", folder, "/dev/null", "/dev/full/x"):
+        status, out, errors = run("restore", bad, "--user", user)
+        expect((status, out, bool(errors)), (1, "", True), f"restore from {bad}")
+    for bad in ("/dev/full/x", folder / "none" / "x", "/proc/x"):
+        status, out, errors = run("backup", bad, "--user", user)
+        expect((status, out, bool(errors)), (1, "", True), f"backup to {bad}")
+    (user / "settings.db").write_bytes(b"no store any more")
+    status, out, errors = run("backup", folder / "three.backup", "--user", user)
+    expect((status, bool(errors), (folder / "three.backup").exists()), (1, True, False), "a damaged store")
+print("answers: export, backup and restore as told")
