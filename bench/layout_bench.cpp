@@ -1,5 +1,5 @@
 // The lesson screen without a screen: a resize step with its panels at 1920x1080, and the repaint of all five panels at
-// 3840x2160 beside the filling of the same pixels.
+// 3840x2160 beside the filling of the same pixels. The arrangement of a map in its viewer.
 
 #include "controls/input.h"
 #include "controls/xp_container.h"
@@ -9,6 +9,7 @@
 #include "platform/host/sqlite_settings_store.h"
 #include "program/program.h"
 #include "ratios.h"
+#include "support/pictures.h"
 
 #include <filesystem>
 #include <fstream>
@@ -19,6 +20,7 @@ namespace {
 
 constexpr double repaintAtMost = 3; // times its floor
 constexpr double stepAtMost = 8; // milliseconds
+constexpr double mapAtMost = 0.02; // milliseconds
 
 /// The lesson screen, maximised on a screen of this size, with a lesson of some pages and passages.
 struct Bench {
@@ -82,8 +84,25 @@ void ResizeStep(benchmark::State& state)
     }
 }
 
+void ArrangeMapView(benchmark::State& state)
+{
+    Bench bench({ 1920, 1080 });
+    bench.input.Click(*bench.Lesson().FindControl("mnuOptionsMapOne"));
+    Form& viewer = *bench.screen.Find("frmMap");
+    bench.input.ChangeState(viewer, WindowState::Normal);
+    float step = 0;
+    for (auto _ : state) {
+        step = step > 1500 ? 0 : step + 15;
+        viewer.Resized(1900 * 15 - step, 1000 * 15 + step, WindowState::Normal);
+    }
+    auto const& across = dynamic_cast<HScrollBar&>(*viewer.FindControl("HScroll1"));
+    if (!across.Visible || across.Max < 400)
+        state.SkipWithError("the map isn't there");
+}
+
 void WriteDisc()
 {
+    std::ofstream("map1.jpg") << JpegHead(2300, 1667);
     std::ofstream("bench-1.dat") << "Bench: A study\nA description.\nThe lesson\n-\n>1\nIntroduction\n1. A question\n[Answer]\n- Congratulations\nBench\nBench\n";
     std::ofstream("V-Bench") << ">1\nJohn 3:16\n16 For God so loved the world.\n";
 }
@@ -100,11 +119,13 @@ int main(int count, char** arguments)
     RegisterFew("five panels at 3840x2160", Repaint);
     RegisterFew("five panels at 3840x2160, floor", RepaintFloor);
     RegisterFew("a resize step at 1920x1080", ResizeStep);
+    RegisterFew("a map is arranged", ArrangeMapView);
     benchmark::Initialize(&count, arguments);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.PrintRatio("five panels at 3840x2160", "five panels at 3840x2160, floor", repaintAtMost);
     reporter.PrintTime("a resize step at 1920x1080", stepAtMost);
+    reporter.PrintTime("a map is arranged", mapAtMost);
     fs::current_path("/");
     fs::remove_all(folder);
 }
