@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Tries the Debian package as a new user would, in a fresh system of its own: installs it with what it depends on, walks through the
+# program as it is installed, removes it, and looks for what is left. Needs root and debootstrap.
+#   packaging/check_package.sh [FOLDER]      the folder for the system, removed at the end; left out: a temporary one
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. packaging/packages.sh
+Say() { printf '\n== %s\n' "$*"; }
+GiveUp() {
+    echo "check_package: $*" >&2
+    exit 1
+}
+[ "$(id -u)" -eq 0 ] || GiveUp "this needs root"
+package=$(ls build/package/*.deb 2>/dev/null) || GiveUp "there is no package: run packaging/make_package.sh first"
+InstallMissing debootstrap desktop-file-utils appstream
+
+root=${1:-$(mktemp -d)}
+mkdir -p "$root"
+Leave() {
+    for place in dev/pts dev proc; do mountpoint -q "$root/$place" && umount "$root/$place"; done
+    rm -rf --one-file-system "$root"
+}
+trap Leave EXIT
+In() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive chroot "$root" "$@"; }
+
+Say "A fresh system"
+# From where this machine gets its own packages.
+debootstrap --variant=minbase "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$root" \
+    "$(apt-get indextargets --format '$(SITE)' "Created-By: Packages" | head -n 1)" >"$root.log" 2>&1 || { tail "$root.log" >&2; GiveUp "no system"; }
+rm -f "$root.log"
+cp -r /etc/apt/sources.list* /etc/apt/apt.conf.d "$root/etc/apt/" 2>/dev/null || true
+cp /etc/resolv.conf /etc/hosts "$root/etc/"
+mount -t proc proc "$root/proc"
+mount --bind /dev "$root/dev"
+mount --bind /dev/pts "$root/dev/pts"
+In apt-get update -q >/dev/null
+
+Say "Installing the package"
+cp "$package" "$root/tmp/sparrowfield.deb"
+In apt-get install -y --no-install-recommends /tmp/sparrowfield.deb >"$root/tmp/install.log" 2>&1 || { tail "$root/tmp/install.log" >&2; GiveUp "it can't be installed"; }
+for file in usr/bin/sparrowfield usr/bin/sparrowfield-kit usr/bin/sparrowfield-drive usr/lib/sparrowfield/Program/sparrowfield \
+    usr/lib/sparrowfield/Program/mount-1.dat usr/lib/sparrowfield/Program/map9.jpg usr/lib/sparrowfield/Program/kjv/kjv1 \
+    usr/share/icons/hicolor/scalable/apps/sparrowfield.svg usr/share/man/man1/sparrowfield.1.gz; do
+    [ -e "$root/$file" ] || [ -e "$root/${file%.gz}" ] || GiveUp "$file isn't there"
+done
+In ldd /usr/lib/sparrowfield/Program/sparrowfield | grep "not found" && GiveUp "a library is missing"
+In sparrowfield-kit --help >/dev/null
+printf 'press frmSplash 32\ntree frmContents.TreeView1\n' |
+    In sh -c 'cd /usr/lib/sparrowfield/Program && sparrowfield-drive --app . ' | grep -q "Sermon on the Mount" || GiveUp "the studies aren't found"
+desktop-file-validate "$root"/usr/share/applications/house.sparrowfield.Sparrowfield.desktop
+appstreamcli validate --no-net "$root"/usr/share/metainfo/house.sparrowfield.Sparrowfield.metainfo.xml
+
+Say "Walking through the program as it is installed"
+In apt-get install -y --no-install-recommends python3 "${walkPackages[@]}" >"$root/tmp/walk.log" 2>&1 || { tail "$root/tmp/walk.log" >&2; GiveUp "no walk"; }
+cp -r packaging/walk "$root/tmp/walk"
+In /tmp/walk/walk.sh /usr/lib/sparrowfield/Program /tmp/pictures 2>/tmp/check_package_walk.log || { tail -n 5 /tmp/check_package_walk.log >&2; GiveUp "the walk failed"; }
+mkdir -p build/package/walk
+cp "$root"/tmp/pictures/* build/package/walk/
+
+Say "Removing the package"
+In apt-get purge -y sparrowfield >/dev/null 2>&1
+left=$(find "$root/usr" "$root/etc" "$root/opt" -iname '*sparrowfield*' | head)
+[ -z "$left" ] || GiveUp "left behind: $left"
+echo "The package installs, starts, walks and goes without a trace. Pictures: build/package/walk/index.html"
