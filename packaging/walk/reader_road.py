@@ -47,7 +47,7 @@ def walk():
     click(control("frmBible", "cmdPrev"))
     wait(lambda: "The LORD is my shepherd" in page(), "Psalm 23 again")
     click(control("frmBible", "txtNotes"))
-    type_text("He leads me, too. A note of several words, long enough to be broken into lines on the paper.")
+    type_text("He leads me, too." + " The column on the paper is as wide as the box, so this note is long enough for any screen." * 3)
     shot("d-note")
     click(control("frmBible", "cmdPrint"))
     time.sleep(1)
