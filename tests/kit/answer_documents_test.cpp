@@ -48,7 +48,8 @@ TEST(AnswerDocuments, FollowTheStudiesAndLoseNoAnswer)
             "The Way Home, Part Two | 2 | 2. Who came? | Ruth | Ruth",
             "The Field, Part One | 1 | 1. Where? | In the field | ",
             "gone-1.dat:3 | 2 |  | kept | ", "ruth-1.dat:7 | 1 |  | no such lesson | "));
-    for (auto const& lesson : BuildAnswerDocuments(work, files, false)[0].lessons)
+    auto const plain = BuildAnswerDocuments(work, files, false);
+    for (auto const& lesson : plain[0].lessons)
         for (auto const& each : lesson.questions)
             EXPECT_TRUE(each.publisher.empty()) << "only on request";
 }
