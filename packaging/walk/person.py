@@ -56,7 +56,7 @@ def shot(name):
 def start():
     global process
     process = subprocess.Popen([os.path.join(disc, "sparrowfield")], cwd=disc, env=environment)
-    wait(windows, "the program's first window")
+    wait(lambda: any(w.get_state_set().contains(Atspi.StateType.ACTIVE) for w in windows()), "the program's first window to be active")
 
 
 def application():
