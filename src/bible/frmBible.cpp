@@ -40,6 +40,11 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     txtNotes.FontName = u"MS Sans Serif";
     txtNotes.FontSize = 9.75F;
     TreeView1.Images = &ImageList1;
+    TreeView1.accessibleName = u"Books and chapters";
+    txtVerse.accessibleName = u"Reference";
+    cboVersion.accessibleName = u"Translation";
+    Text1.accessibleName = u"Bible page";
+    ProgressBar1.accessibleName = u"Progress of the page";
     TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
     txtVerse.KeyUp = [this](int keyCode, int) {
         if (keyCode == 13)

@@ -48,6 +48,9 @@ frmContents::frmContents(
     Picture1.Visible = false;
     lblStudy.Visible = false;
     TreeView1.TabIndex = 0;
+    TreeView1.accessibleName = u"Studies and lessons";
+    lblStudy.accessibleName = u"Title of the study";
+    txtDesc.accessibleName = u"Description of the study";
 
     TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };

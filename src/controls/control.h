@@ -93,6 +93,10 @@ public:
     /// The place in the tab order of the form; controls of the same place follow in the order of their making.
     Property<int> TabIndex;
 
+    /// Of the design: what the control is to people who can't see where it stands, such as "Your answer". Where it is empty, the
+    /// control's own caption, its tip or the caption of its panel tells.
+    ::Text accessibleName;
+
     Event Click, GotFocus, LostFocus;
     KeyEvent KeyDown, KeyUp;
     std::function<void(char16_t character)> KeyPress;

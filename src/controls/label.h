@@ -17,7 +17,6 @@ public:
     ::Property<::Alignment> Alignment;
     Property<bool> Transparent, AutoSize, WordWrap;
     Property<int> MousePointer;
-    ::Text accessibleName; ///< of the design: what a label without a caption is to people who can't see it
 
 protected:
     void Assigned(PropertyBase const& property, bool changed) override;

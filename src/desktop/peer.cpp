@@ -57,9 +57,9 @@ void Peer::NameForAccess()
 {
     // A name would hide the text of a control that has one.
     bool const hasText = m_control.FindProperty("Caption");
-    if (hasText)
+    if (hasText && m_control.accessibleName.empty())
         return;
-    auto name = m_control.ToolTipText();
+    auto name = m_control.accessibleName.empty() ? m_control.ToolTipText() : m_control.accessibleName;
     for (Control* each = m_control.Container(); name.empty() && m_control.CanFocus() && each;
          each = each->Container())
         if (auto const* const panel = dynamic_cast<XPContainer*>(each))

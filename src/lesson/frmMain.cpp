@@ -38,6 +38,12 @@ frmMain::frmMain(
     Text4.Border = false;
     Image1.ToolTipText = u"Click here for answers from Sparrowfield";
     Image1.TabStop = true;
+    Text1.accessibleName = u"Scripture passage";
+    Text2.accessibleName = u"Question";
+    Text3.accessibleName = u"Your answer";
+    Text4.accessibleName = u"Lesson and introduction";
+    ctlScrollbar.accessibleName = u"Page";
+    ProgressBar1.accessibleName = u"Progress of the lesson";
     ctlScrollbar.Min = 1;
     ctlScrollbar.Max = 1;
     ctlScrollbar.Value = 1;

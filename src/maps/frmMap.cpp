@@ -28,6 +28,8 @@ frmMap::frmMap(Screen& screen, FileSystem const& files)
     Picture3.Visible = false;
     Picture3.MousePointer = pointerSizeDiagonal;
     Timer1.Enabled = false;
+    HScroll1.accessibleName = u"Move the map across";
+    VScroll1.accessibleName = u"Move the map up and down";
     int place = 0;
     for (PictureBox* const box : { &Picture1, &Picture2, &Picture3 }) {
         box->TabStop = true;

@@ -13,6 +13,7 @@ frmWelcome::frmWelcome(Screen& screen, SettingsStore& settings)
     Label1.WordWrap = true;
     Label1.FontSize = 9.75F;
     Check1.ToolTipText = Label2.Caption();
+    Check1.accessibleName = Label2.Caption();
     Command1.TabIndex = 0;
     Command1.Default = true;
     Label2.Click = [this] { Label2_Click(); };
