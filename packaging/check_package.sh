@@ -36,8 +36,8 @@ mount --bind /dev/pts "$root/dev/pts"
 In apt-get update -q >/dev/null
 
 Say "Installing the package"
-cp "$package" "$root/tmp/sparrowfield.deb"
-In apt-get install -y --no-install-recommends /tmp/sparrowfield.deb >"$root/tmp/install.log" 2>&1 || { tail "$root/tmp/install.log" >&2; GiveUp "it can't be installed"; }
+cp "$package" "$root/srv/sparrowfield.deb"
+In apt-get install -y --no-install-recommends /srv/sparrowfield.deb >"$root/srv/install.log" 2>&1 || { tail "$root/srv/install.log" >&2; GiveUp "it can't be installed"; }
 for file in usr/bin/sparrowfield usr/bin/sparrowfield-kit usr/bin/sparrowfield-drive usr/lib/sparrowfield/Program/sparrowfield \
     usr/lib/sparrowfield/Program/mount-1.dat usr/lib/sparrowfield/Program/map9.jpg usr/lib/sparrowfield/Program/kjv/kjv1 \
     usr/share/icons/hicolor/scalable/apps/sparrowfield.svg usr/share/man/man1/sparrowfield.1.gz; do
@@ -51,11 +51,11 @@ desktop-file-validate "$root"/usr/share/applications/house.sparrowfield.Sparrowf
 appstreamcli validate --no-net "$root"/usr/share/metainfo/house.sparrowfield.Sparrowfield.metainfo.xml
 
 Say "Walking through the program as it is installed"
-In apt-get install -y --no-install-recommends python3 "${walkPackages[@]}" >"$root/tmp/walk.log" 2>&1 || { tail "$root/tmp/walk.log" >&2; GiveUp "no walk"; }
-cp -r packaging/walk "$root/tmp/walk"
-In /tmp/walk/walk.sh /usr/lib/sparrowfield/Program /tmp/pictures 2>/tmp/check_package_walk.log || { tail -n 5 /tmp/check_package_walk.log >&2; GiveUp "the walk failed"; }
+In apt-get install -y --no-install-recommends python3 "${walkPackages[@]}" >"$root/srv/walk.log" 2>&1 || { tail "$root/srv/walk.log" >&2; GiveUp "no walk"; }
+cp -r packaging/walk "$root/srv/walk"
+In /srv/walk/walk.sh /usr/lib/sparrowfield/Program /srv/pictures 2>build/package/walk.log || { tail -n 5 build/package/walk.log >&2; GiveUp "the walk failed"; }
 mkdir -p build/package/walk
-cp "$root"/tmp/pictures/* build/package/walk/
+cp "$root"/srv/pictures/* build/package/walk/
 
 Say "Removing the package"
 In apt-get purge -y sparrowfield >/dev/null 2>&1
