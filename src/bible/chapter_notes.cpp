@@ -77,6 +77,22 @@ static std::optional<Failure> Drop(FileSystem& files, Text const& path)
     return files.FileExists(path) ? FailureOf(files.Delete(path)) : std::nullopt;
 }
 
+/// Where a power cut left the exact form of the present note in the second file alone, it moves to the first before the second is
+/// used again.
+static std::optional<Failure> Promote(FileSystem& files, Text const& path)
+{
+    if (!files.FileExists(Next(path)) || !files.FileExists(path))
+        return std::nullopt;
+    auto const next = files.ReadAll(Next(path));
+    if (!next)
+        return next.failure();
+    auto const bytes = files.ReadAll(path);
+    if (!bytes)
+        return bytes.failure();
+    bool const isPresent = NearestCodePage(FromUtf8(*next)).bytes == *bytes;
+    return isPresent ? FailureOf(files.Write(Exact(path), *next)) : std::nullopt;
+}
+
 std::optional<Failure> ChapterNotes::Write(Text const& path, TextView text)
 {
     if (m_unseen.contains(path)) {
@@ -93,7 +109,9 @@ std::optional<Failure> ChapterNotes::Write(Text const& path, TextView text)
         return failure ? failure : Drop(m_files, Next(path));
     }
     auto const exact = ToUtf8(text);
-    auto failure = FailureOf(m_files.Write(Next(path), exact));
+    auto failure = Promote(m_files, path);
+    if (!failure)
+        failure = FailureOf(m_files.Write(Next(path), exact));
     if (!failure)
         failure = FailureOf(m_files.Write(path, NearestCodePage(text).bytes));
     if (!failure)

@@ -97,6 +97,26 @@ TEST(ChapterNotes, AreOldOrNewAndWholeWhateverWriteFails)
     }
 }
 
+TEST(ChapterNotes, OutliveTwoPowerCutsInARow)
+{
+    // The power failed at some call while one text took another's place, and again at some call while a third did.
+    for (int first = 1; first < 12; ++first)
+        for (int second = 1; second < 16; ++second) {
+            MemoryFileSystem files;
+            ChapterNotes(files).Save(path, hebrew, true);
+            files.FailAt(first);
+            ChapterNotes(files).Save(path, hebrew + u" two", true);
+            files.FailAt(0);
+            auto const present = Fresh(files);
+            EXPECT_TRUE(present == hebrew || present == hebrew + u" two") << first;
+            files.FailAt(second);
+            ChapterNotes(files).Save(path, hebrew + u" three", true);
+            files.FailAt(0);
+            auto const last = Fresh(files);
+            EXPECT_TRUE(last == present || last == hebrew + u" three") << first << ", " << second << ": " << ToUtf8(last);
+        }
+}
+
 TEST(ChapterNotes, ThatCouldNotBeReadAreNeverOverwritten)
 {
     for (auto const& unreadable : { path, exactPath }) {
