@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . packaging/packages.sh
+. packaging/fresh_system.sh
 Say() { printf '\n== %s\n' "$*"; }
 GiveUp() {
     echo "check_package: $*" >&2
@@ -14,26 +15,8 @@ GiveUp() {
 package=$(ls build/package/*.deb 2>/dev/null) || GiveUp "there is no package: run packaging/make_package.sh first"
 InstallMissing debootstrap desktop-file-utils appstream
 
-root=${1:-$(mktemp -d)}
-mkdir -p "$root"
-Leave() {
-    for place in dev/pts dev proc; do mountpoint -q "$root/$place" && umount "$root/$place"; done
-    rm -rf --one-file-system "$root"
-}
-trap Leave EXIT
-In() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive chroot "$root" "$@"; }
-
 Say "A fresh system"
-# From where this machine gets its own packages.
-debootstrap --variant=minbase "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$root" \
-    "$(apt-get indextargets --format '$(SITE)' "Created-By: Packages" | head -n 1)" >"$root.log" 2>&1 || { tail "$root.log" >&2; GiveUp "no system"; }
-rm -f "$root.log"
-cp -r /etc/apt/sources.list* /etc/apt/apt.conf.d "$root/etc/apt/" 2>/dev/null || true
-cp /etc/resolv.conf /etc/hosts "$root/etc/"
-mount -t proc proc "$root/proc"
-mount --bind /dev "$root/dev"
-mount --bind /dev/pts "$root/dev/pts"
-In apt-get update -q >/dev/null
+MakeSystem "${1:-$(mktemp -d)}" || GiveUp "no system"
 
 Say "Installing the package"
 cp "$package" "$root/srv/sparrowfield.deb"
