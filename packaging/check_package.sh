@@ -35,8 +35,10 @@ appstreamcli validate --no-net "$root"/usr/share/metainfo/house.sparrowfield.Spa
 
 Say "Walking through the program as it is installed"
 In apt-get install -y --no-install-recommends python3 "${walkPackages[@]}" >"$root/srv/walk.log" 2>&1 || { tail "$root/srv/walk.log" >&2; GiveUp "no walk"; }
-cp -r packaging/walk "$root/srv/walk"
-In /srv/walk/walk.sh /usr/lib/sparrowfield/Program /srv/pictures 2>build/package/walk.log || { tail -n 5 build/package/walk.log >&2; GiveUp "the walk failed"; }
+mkdir -p "$root/srv/packaging"
+cp -r packaging/walk "$root/srv/packaging/walk"
+cp -r docs "$root/srv/docs"
+In /srv/packaging/walk/walk.sh /usr/lib/sparrowfield/Program /srv/pictures 2>build/package/walk.log || { tail -n 5 build/package/walk.log >&2; GiveUp "the walk failed"; }
 mkdir -p build/package/walk
 cp "$root"/srv/pictures/* build/package/walk/
 

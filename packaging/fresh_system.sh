@@ -24,6 +24,7 @@ In() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 DEBIAN_
 
 RemoveSystem() {
     local place
-    for place in dev/pts dev proc; do ! mountpoint -q "$root/$place" || umount "$root/$place"; done
+    # What the walk left running may still hold them.
+    for place in dev/pts dev proc; do ! mountpoint -q "$root/$place" || umount "$root/$place" 2>/dev/null || umount -l "$root/$place"; done
     rm -rf --one-file-system "$root" "$root.log"
 }

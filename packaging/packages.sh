@@ -6,7 +6,7 @@ runPackages=(libqt6widgets6 libqt6printsupport6 libqt6multimediawidgets6 qt6-qpa
     fonts-liberation2 fonts-dejavu-core)
 discPackages=(libsword-utils sword-text-kjv sword-text-web)
 testPackages=(python3 libgtest-dev libgmock-dev libbenchmark-dev)
-walkPackages=(xvfb xauth openbox xdotool imagemagick poppler-utils dbus at-spi2-core python3-gi gir1.2-atspi-2.0) # a screen that is only a memory, and hands to use it
+walkPackages=(xvfb xauth x11-utils openbox xdotool imagemagick poppler-utils dbus at-spi2-core python3-gi gir1.2-atspi-2.0) # a screen that is only a memory, and hands to use it
 
 # InstallMissing PACKAGE...: installs those that aren't there yet; asks apt-get only then. Says what it does;
 # returns other than 0, with the command to run by hand, if it can't.

@@ -69,7 +69,7 @@ def walk():
     click(last, x=12)
     shot("7-passage")
     bar = control("frmMain", "ctlScrollbar")
-    box = bar.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+    box = Atspi.Component.get_extents(bar, Atspi.CoordType.SCREEN)
     run("xdotool", "mousemove", "--sync", int(box.x + box.width / 2), int(box.y + box.height / 2))
 
     def turn_back():

@@ -1,15 +1,17 @@
 """A person at the desktop program: finds what is on the screen, clicks, types, takes pictures. The walks beside this file are made of it;
 each is started as WALK DISC PICTURES SCREEN.
 
-Controls are found by their names through the accessibility interface, which also tells what a person can read; every action goes through
-the window system. Stops with an error at the first thing that isn't as it should be."""
+Controls are found through the accessibility interface by what a screen reader would call them, which docs/accessibility.md lists; every action
+goes through the window system. Stops with an error at the first thing that isn't as it should be."""
 
 import os
+import re
 import signal
 import subprocess
 import sys
 import tempfile
 import time
+from fnmatch import fnmatchcase
 
 import gi
 
@@ -17,7 +19,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
 disc, pictures, screen = sys.argv[1:4]
-scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))  # the accessibility interface speaks of unscaled pixels
+scale = float(os.environ["WALK_SCALE"])
 user = tempfile.TemporaryDirectory()
 environment = dict(os.environ, XDG_DATA_HOME=user.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1")
 process = None
@@ -104,18 +106,67 @@ def search(node, test):
     return None
 
 
+class Told:
+    """What the page on accessibility tells of a form: its role and title, and of each control its place in the order of Tab (or 0), role and name."""
+
+    def __init__(self, role, title):
+        self.role, self.title, self.controls = role, title, {}
+
+    def read(self, row):
+        tab, name, role, title = (cell.strip() for cell in row.strip().strip("|").split("|"))
+        self.controls[name.strip("`")] = (int(tab or 0), role, title)
+
+
+def read_page():
+    forms, form = {}, None
+    with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../docs/accessibility.md"), encoding="utf-8") as page:
+        for line in page:
+            if line.startswith("## "):
+                form = re.match(r"## `(frm\w+)`", line)
+            elif form and (window := re.match(r'A (dialog|frame) named (?:as the (map)|"(.+?)")', line)):
+                forms[form[1]] = Told(window[1], window[3] or "*")
+            elif form and line.startswith("| ") and "`" in line:
+                forms[form[1]].read(line)
+    return forms
+
+
+told = read_page()
+
+
+def name_of(node):
+    """What a screen reader says: the name of a label that stands for the control, or its own."""
+    for relation in node.get_relation_set():
+        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+            return relation.get_target(0).get_name()
+    return node.get_name()
+
+
+def is_that(node, role, name):
+    return node.get_role_name() == role and fnmatchcase(name_of(node).strip(), name)
+
+
+def window_of(form):
+    """The form's window, if it is open."""
+    this = told[form]
+    others = [other.title for other in told.values() if other.title != "*"]
+    for window in windows():
+        if is_that(window, this.role, this.title) and (this.title != "*" or window.get_name().strip() not in others):
+            return window
+    return None
+
+
 def control(form, name, missing_is_fine=False):
     """The control of this name on the form of that name."""
+    _, role, title = told[form].controls[name]
+
     def get():
-        for window in windows():
-            if window.get_description() == form:
-                return search(window, lambda node: node.get_description() == name)
-        return None
+        window = window_of(form)
+        return window and search(window, lambda node: showing(node) and is_that(node, role, title))
     return get() if missing_is_fine else wait(get, f"{form}.{name}")
 
 
 def is_open(form):
-    return any(window.get_description() == form for window in windows())
+    return window_of(form) is not None
 
 
 def text_of(form, name):
@@ -134,7 +185,7 @@ def click_at(x, y):
 
 
 def click(node, x=None):
-    box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+    box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
     click_at(scale * (box.x + (box.width / 2 if x is None else x)), scale * (box.y + box.height / 2))
 
 

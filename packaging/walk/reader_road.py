@@ -61,7 +61,7 @@ def walk():
     shot("d-book")
     look_up("Psalms 23")
     version = control("frmBible", "cboVersion")
-    version.get_component_iface().grab_focus()
+    Atspi.Component.grab_focus(version)
     click(version)
     keys("Down", "Return")
     wait(lambda: "Yahweh is my shepherd" in page(), "the other translation")

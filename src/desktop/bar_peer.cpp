@@ -1,5 +1,6 @@
 #include "desktop/bar_peer.h"
 
+#include "desktop/access.h"
 #include "desktop/convert.h"
 
 #include <QFrame>
@@ -95,6 +96,7 @@ StatusBarPeer::StatusBarPeer(Desk& desk, StatusBar& control, QWidget& ground)
     , m_second(*new QLabel(Widget()))
 {
     Widget()->setAutoFillBackground(true);
+    SetRole(*Widget(), QAccessible::StatusBar);
     for (QLabel* panel : { &m_first, &m_second }) {
         panel->setTextFormat(Qt::PlainText);
         panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);

@@ -28,6 +28,10 @@ public:
         setContextMenuPolicy(Qt::NoContextMenu);
         // A bar that came up with a long page would have the page laid out twice.
         setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        auto marked = palette();
+        marked.setColor(QPalette::WindowText, marked.color(QPalette::Highlight)); // of the frame
+        setPalette(marked);
+        setLineWidth(frameWidth());
         ApplyZoom();
     }
 
@@ -64,6 +68,18 @@ protected:
             QTextBrowser::wheelEvent(event);
         else if (int const turn = event->angleDelta().y(); turn != 0)
             Zoom(m_desk.pageZoom + (turn > 0 ? 1 : -1));
+    }
+
+    // A page has no caret: its frame shows that the keys scroll it. Both frames are as wide, so nothing is laid out anew.
+    void focusInEvent(QFocusEvent* event) override
+    {
+        QTextBrowser::focusInEvent(event);
+        setFrameStyle(QFrame::Box | QFrame::Plain);
+    }
+    void focusOutEvent(QFocusEvent* event) override
+    {
+        QTextBrowser::focusOutEvent(event);
+        setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     }
 
 private:

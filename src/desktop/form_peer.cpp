@@ -1,6 +1,7 @@
 #include "desktop/form_peer.h"
 
 #include "controls/menu.h"
+#include "desktop/access.h"
 #include "desktop/client_area.h"
 #include "desktop/convert.h"
 #include "desktop/surface_peer.h"
@@ -41,6 +42,10 @@ FormPeer::FormPeer(Desk& desk, Form& form)
 {
     if (m_menuBar)
         m_menuBar->setNativeMenuBar(false);
+    bool const isDialog
+        = form.border == BorderStyle::None || form.border == BorderStyle::Dialog || !form.inTaskbar;
+    SetRole(*Widget(), isDialog ? QAccessible::Dialog : QAccessible::Window);
+    SetRole(m_client, QAccessible::Pane);
     m_client.installEventFilter(this);
     Widget()->setWindowIcon(m_desk.pictures.Icon(form.icon));
 }

@@ -3,12 +3,17 @@
 #include "desktop/convert.h"
 
 #include <QComboBox>
+#include <QLabel>
 
 ComboPeer::ComboPeer(Desk& desk, ComboBox& control, QWidget& ground)
     : Peer(desk, control, new QComboBox(&ground))
     , m_list(control)
     , m_shown(static_cast<QComboBox&>(*Widget()))
 {
+    // To assistive tools the name of a combo box is its value, unless a label names it.
+    auto* const label = new QLabel(ToQString(control.accessibleName), &ground);
+    label->setBuddy(&m_shown);
+    label->hide();
     connect(&m_shown, &QComboBox::activated, this,
         [this](int index) { Act([&](Input& input) { input.Choose(m_list, index); }); });
 }

@@ -1,6 +1,6 @@
 #include "desktop/look.h"
 
-#include "desktop/click_area.h"
+#include "desktop/access.h"
 
 #include <QApplication>
 #include <QFont>
@@ -43,7 +43,7 @@ void SetLook(QApplication& application)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Windows")));
     QApplication::setPalette(LightPalette());
     QToolTip::setPalette(LightPalette());
-    RegisterClickAreas();
+    TellRoles();
     QFont const font(QStringLiteral("Tahoma"), 8);
     QApplication::setFont(font);
     QToolTip::setFont(font);

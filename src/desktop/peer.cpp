@@ -16,7 +16,6 @@ Peer::Peer(Desk& desk, Control& control, QWidget* widget)
     , m_widget(widget)
 {
     widget->setObjectName(QString::fromUtf8(control.Name()));
-    widget->setAccessibleDescription(widget->objectName());
     widget->setAttribute(Qt::WA_NoMousePropagation);
     // Tab is ours, so no widget is one of Qt's own tab stops.
     widget->setFocusPolicy(control.TakesFocusByClick() ? Qt::ClickFocus : Qt::NoFocus);
@@ -119,15 +118,17 @@ bool Peer::MoveFocus(bool backwards)
     Control* const next = m_desk.screen->NextInTabOrder(form, form.Focus(), backwards);
     if (next)
         Act([&](Input& input) { input.Focus(*next); });
-    return true;
+    return next != nullptr;
 }
 
 bool Peer::KeyPressed(QKeyEvent& event)
 {
     bool const isPlain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
     bool const isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
-    if (isTab && isPlain)
-        return MoveFocus(event.key() == Qt::Key_Backtab || (event.modifiers() & Qt::ShiftModifier));
+    // Where there is nothing to go to, Tab is a key like any other.
+    if (isTab && isPlain
+        && MoveFocus(event.key() == Qt::Key_Backtab || (event.modifiers() & Qt::ShiftModifier)))
+        return true;
     int const keyCode = KeyCodeOf(event);
     char16_t const character = CharacterOf(event);
     auto const isGone = [&] { return !m_desk.input->Blocked(m_control).empty(); };

@@ -1,5 +1,6 @@
 #include "desktop/picture_peer.h"
 
+#include "desktop/access.h"
 #include "desktop/convert.h"
 #include "desktop/keys.h"
 
@@ -8,7 +9,7 @@
 #include <QStyleOptionFocusRect>
 
 /// Paints a picture at its top left corner, or stretched, on a ground or on none.
-class PictureWidget final : public QWidget {
+class PictureWidget final : public QWidget, public Pressable {
 public:
     using QWidget::QWidget;
 
@@ -46,6 +47,12 @@ ImagePeer::ImagePeer(Desk& desk, Image& control, QWidget& ground)
     : SurfacePeer(desk, control, new PictureWidget(&ground))
     , m_image(control)
 {
+    bool const isButton = control.Click && control.TabStop;
+    SetRole(*Widget(), isButton ? QAccessible::Button : QAccessible::Graphic);
+    auto& shown = *static_cast<PictureWidget*>(Widget());
+    if (isButton)
+        shown.press = [this] { Act([this](Input& input) { input.Click(m_image); }); };
+    shown.isTabStop = isButton;
 }
 
 void ImagePeer::Mirror()
@@ -73,6 +80,7 @@ PictureBoxPeer::PictureBoxPeer(Desk& desk, PictureBox& control, QWidget& ground)
     , m_box(control)
 {
     Widget()->setAttribute(Qt::WA_OpaquePaintEvent);
+    SetRole(*Widget(), QAccessible::Graphic);
 }
 
 void PictureBoxPeer::Mirror()

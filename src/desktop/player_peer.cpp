@@ -1,5 +1,6 @@
 #include "desktop/player_peer.h"
 
+#include "desktop/access.h"
 #include "desktop/convert.h"
 #include "desktop/player_widgets.h"
 
@@ -22,6 +23,8 @@ PlayerPeer::PlayerPeer(Desk& desk, WindowsMediaPlayer& control, QWidget& ground)
     , m_bar(*new PlayerBar(Widget()))
     , m_player(*new QMediaPlayer(this))
 {
+    SetRole(*Widget(), QAccessible::Grouping);
+    SetRole(m_picture, QAccessible::Animation);
     m_player.setVideoSink(&m_picture.Sink());
     if (!QMediaDevices::defaultAudioOutput().isNull()) {
         m_sound = new QAudioOutput(this);

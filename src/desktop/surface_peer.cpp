@@ -1,6 +1,6 @@
 #include "desktop/surface_peer.h"
 
-#include "desktop/click_area.h"
+#include "desktop/access.h"
 #include "desktop/convert.h"
 #include "desktop/keys.h"
 
@@ -87,6 +87,12 @@ bool SurfacePeer::PointerActed(QMouseEvent const& event)
     return true;
 }
 
+/// A label without a text over something that is painted.
+class ClickArea final : public QLabel, public Pressable {
+public:
+    using QLabel::QLabel;
+};
+
 static QLabel* MakeLabel(Label const& control, QWidget& ground)
 {
     if (control.accessibleName.empty())
@@ -101,7 +107,7 @@ LabelPeer::LabelPeer(Desk& desk, Label& control, QWidget& ground)
 {
     if (auto* const area = dynamic_cast<ClickArea*>(&m_shown)) {
         area->press = [this] { Act([this](Input& input) { input.Click(m_control); }); };
-        area->setAccessibleName(ToQString(control.accessibleName));
+        SetRole(m_shown, QAccessible::Button);
     }
     m_shown.setTextFormat(Qt::PlainText);
     m_shown.setMargin(0);
@@ -138,6 +144,7 @@ FillPeer::FillPeer(Desk& desk, Control& control, Property<Colour> const& colour,
     , m_colour(colour)
 {
     Widget()->setAttribute(Qt::WA_TransparentForMouseEvents);
+    SetRole(*Widget(), QAccessible::Graphic);
 }
 
 void FillPeer::Mirror()
@@ -189,6 +196,7 @@ XPContainerPeer::XPContainerPeer(Desk& desk, XPContainer& control, QWidget& grou
     , m_panel(control)
     , m_caption(*new QLabel(Widget()))
 {
+    SetRole(*Widget(), QAccessible::Grouping);
     m_caption.setTextFormat(Qt::PlainText);
     m_caption.setFont(ToQFont({ u"Tahoma", 8.25F, true }));
     m_caption.setAttribute(Qt::WA_TransparentForMouseEvents);

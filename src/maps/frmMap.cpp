@@ -28,6 +28,8 @@ frmMap::frmMap(Screen& screen, FileSystem const& files)
     Picture3.Visible = false;
     Picture3.MousePointer = pointerSizeDiagonal;
     Timer1.Enabled = false;
+    Picture1.accessibleName = u"Viewer";
+    Picture2.accessibleName = u"Map";
     HScroll1.accessibleName = u"Move the map across";
     VScroll1.accessibleName = u"Move the map up and down";
     int place = 0;

@@ -21,7 +21,7 @@ TEST_F(DesktopTest, EveryWidgetBearsItsControlsNameAndPlace)
             continue;
         SCOPED_TRACE(control->Name());
         auto& widget = Shown(*control);
-        EXPECT_EQ(widget.accessibleDescription().toStdString(), control->Name());
+        EXPECT_EQ(widget.objectName().toStdString(), control->Name());
         EXPECT_EQ(widget.x(), Pixels(control->Left));
         EXPECT_EQ(widget.width(), Pixels(control->Width));
         EXPECT_TRUE(widget.isVisible());
