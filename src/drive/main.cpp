@@ -1,6 +1,7 @@
 // sparrowfield-drive: the whole program without a screen, driven line by line. Its manual is docs/drive.md.
 
 #include "drive/driver.h"
+#include "platform/host/fresh_folder.h"
 #include "platform/host/host_file_system.h"
 #include "platform/host/sqlite_settings_store.h"
 #include "program/program.h"
@@ -8,10 +9,11 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <unistd.h>
+#include <optional>
 
 namespace fs = std::filesystem;
 
@@ -39,32 +41,22 @@ class UserFolder {
 public:
     explicit UserFolder(std::string const& named)
     {
-        if (!named.empty()) {
-            fs::create_directories(named);
-            m_path = fs::absolute(named);
+        if (named.empty()) {
+            m_path = m_fresh.emplace().Path();
+            if (m_path.empty())
+                throw std::runtime_error("can't make a folder for the user's data");
             return;
         }
-        std::string pattern = (fs::temp_directory_path() / "sparrowfield-drive-XXXXXX").string();
-        if (!mkdtemp(pattern.data()))
-            throw std::runtime_error("can't make a folder for the user's data");
-        m_path = pattern;
-        m_isTemporary = true;
+        fs::create_directories(named);
+        m_path = fs::absolute(named);
     }
-    ~UserFolder() { Remove(); }
-    UserFolder(UserFolder const&) = delete;
-    UserFolder& operator=(UserFolder const&) = delete;
 
     fs::path const& Path() const { return m_path; }
-    void Remove()
-    {
-        std::error_code ignored;
-        if (m_isTemporary)
-            fs::remove_all(m_path, ignored);
-    }
+    void Remove() { m_fresh.reset(); }
 
 private:
+    std::optional<FreshFolder> m_fresh;
     fs::path m_path;
-    bool m_isTemporary = false;
 };
 
 int RunScript(Options const& options, std::istream& script, Size screen)
@@ -84,7 +76,7 @@ int RunScript(Options const& options, std::istream& script, Size screen)
     Driver driver(machine, script, std::cout, [&user](int status) {
         user.Remove();
         std::cout.flush();
-        _exit(status);
+        std::_Exit(status);
     });
     program.Start(settings.OpeningReport());
     driver.Run();

@@ -1,6 +1,5 @@
 #pragma once
-// All that a user has written: the entries of his store and the files of his notes; and the one
-// file in which both are kept (docs/formats/backup.md).
+// All that a user has written, the entries of his store and the files of his notes: how it is read, and how it is brought back.
 
 #include "base/failure.h"
 #include "platform/settings_store.h"
@@ -18,16 +17,15 @@ struct UserWork {
 /// Where the notes lie in a user's folder.
 std::filesystem::path NotesFolder(std::filesystem::path const& userFolder);
 
+/// True for a name that stays in its folder, and is no hidden file.
+bool IsNoteName(std::string const& name);
+
+/// A file's bytes. Fails with the system's reason.
+Outcome<std::string> ReadWholeFile(std::filesystem::path const& file);
+
 /// The work in a user's folder as it is at this moment; a running program may go on. Empty where
-/// nothing has been written yet.
+/// nothing has been written yet. A damaged store, or one of a newer version, stays where it is.
 Outcome<UserWork> LoadUserWork(std::filesystem::path const& userFolder);
-
-/// Writes the backup, whole or not at all, readable by its owner alone.
-Outcome<Done> WriteBackup(UserWork const& work, std::filesystem::path const& file);
-
-/// Fails for what is no backup, is damaged or cut off, comes from a newer version, or has notes
-/// whose names could lead out of their folder.
-Outcome<UserWork> ReadBackup(std::filesystem::path const& file);
 
 /// What a restore would do to the present work.
 struct RestorePlan {

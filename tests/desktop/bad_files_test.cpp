@@ -27,7 +27,7 @@ std::string Encoded(char const* format)
 std::string Claiming(int size)
 {
     auto bytes = Encoded("BMP");
-    for (std::size_t const at : { 18, 22 }) // width and height, the low byte first
+    for (std::size_t const at : { 18U, 22U }) // width and height, the low byte first
         for (std::size_t i = 0; i < 4; ++i)
             bytes[at + i] = static_cast<char>(size >> (8 * i));
     return bytes;

@@ -2,6 +2,7 @@
 """Exports, backs up and restores a user's work while the program is at it: answers.py KIT DRIVE DISC."""
 
 import pathlib
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -37,6 +38,43 @@ class Program:
     def end(self):
         self.process.stdin.close()
         self.process.wait()
+
+
+def contents(folder):
+    return {str(file): file.read_bytes() for file in sorted(folder.rglob("*")) if file.is_file()}
+
+
+def newer(store):
+    with sqlite3.connect(store) as database:
+        database.execute(f"pragma application_id = {0x53504632}")
+
+
+def locked(store):
+    """Another program that holds the store."""
+    script = f"import sqlite3\nd = sqlite3.connect({str(store)!r})\nd.execute('begin exclusive')\nprint(flush=True)\ninput()"
+    holder = subprocess.Popen([sys.executable, "-c", script], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+    holder.stdout.readline()
+    return holder
+
+
+def refused(folder, user):
+    """Nothing is read from a store like these, and nothing in the user's folder changes."""
+    store = user / "settings.db"
+    whole = store.read_bytes()
+    damaged = "it is damaged or no settings store"
+    for about, spoil, reason in (("text", lambda: store.write_bytes(b"no store any more"), damaged),
+                                 ("cut", lambda: store.write_bytes(whole[:len(whole) // 2]), damaged),
+                                 ("newer", lambda: newer(store), "it was made by a newer version of this program"),
+                                 ("locked", lambda: locked(store), "it is in use by another program")):
+        store.write_bytes(whole)
+        holder = spoil()
+        before = contents(user)
+        for words in (("export", "--to", folder / "refused"), ("backup", folder / "refused"), ("restore", folder / "one.backup")):
+            status, out, errors = run(*words, "--user", user)
+            expect((status, out, errors), (1, "", f"{store}: {reason}.\n"), f"{words[0]} with a store that is {about}")
+        expect((contents(user) == before, (folder / "refused").exists()), (True, False), f"nothing changed: {about}")
+        if isinstance(holder, subprocess.Popen):
+            holder.communicate(b"\n")
 
 
 with tempfile.TemporaryDirectory() as folder:
@@ -75,7 +113,5 @@ with tempfile.TemporaryDirectory() as folder:
     for bad in ("/dev/full/x", folder / "none" / "x", "/proc/x"):
         status, out, errors = run("backup", bad, "--user", user)
         expect((status, out, bool(errors)), (1, "", True), f"backup to {bad}")
-    (user / "settings.db").write_bytes(b"no store any more")
-    status, out, errors = run("backup", folder / "three.backup", "--user", user)
-    expect((status, bool(errors), (folder / "three.backup").exists()), (1, True, False), "a damaged store")
+    refused(folder, user)
 print("answers: export, backup and restore as told")

@@ -45,8 +45,9 @@ static bool IsDamage(int code)
 
 class SqliteSettingsStore::Connection {
 public:
-    Connection(fs::path file, std::chrono::milliseconds patience)
+    Connection(fs::path file, std::chrono::milliseconds patience, Damaged damaged)
         : m_file(std::move(file))
+        , m_damaged(damaged)
         , m_fullPatience(patience)
         , m_patience(patience)
     {
@@ -172,6 +173,7 @@ private:
             && Ask("select count(*) from (select section, key, value from settings limit 1)",
                    entries)
                 != SQLITE_ERROR;
+        m_isNewer = id > applicationId && id >> 8 == applicationId >> 8;
         if (!isOurs)
             return SQLITE_NOTADB;
         SetUp();
@@ -249,6 +251,9 @@ private:
     Failure SetAside()
     {
         Close();
+        if (m_damaged == Damaged::Stays)
+            return Fail(m_isNewer ? u"it was made by a newer version of this program"
+                                  : u"it is damaged or no settings store");
         // Only who holds the old file's lock renames it, so that no copy sets aside another's new
         // one.
         Descriptor const old(::open(m_file.c_str(), O_RDONLY | O_CLOEXEC));
@@ -299,6 +304,7 @@ private:
     }
 
     fs::path m_file;
+    Damaged m_damaged;
     std::chrono::milliseconds m_fullPatience;
     std::chrono::milliseconds m_patience;
     Clock::time_point m_deadline {};
@@ -306,6 +312,7 @@ private:
     Identity m_identity {};
     int m_systemError = 0; // why the file couldn't be opened
     bool m_isSeenWhole = false;
+    bool m_isNewer = false; // as far as its head tells
     std::optional<Failure> m_report;
 };
 
@@ -315,8 +322,8 @@ static Text Column(sqlite3_stmt* row, int column)
     return FromBytes(bytes, sqlite3_column_bytes(row, column));
 }
 
-SqliteSettingsStore::SqliteSettingsStore(fs::path file, std::chrono::milliseconds patience)
-    : m_connection(std::make_unique<Connection>(std::move(file), patience))
+SqliteSettingsStore::SqliteSettingsStore(fs::path file, std::chrono::milliseconds patience, Damaged damaged)
+    : m_connection(std::make_unique<Connection>(std::move(file), patience, damaged))
 {
 }
 

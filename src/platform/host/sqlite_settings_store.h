@@ -14,12 +14,16 @@
 
 class SqliteSettingsStore final : public SettingsStore {
 public:
+    /// What becomes of a file that is damaged or no settings store: set aside, or left as it is, for who only wants to read it; then
+    /// everything fails.
+    enum class Damaged { GoesAside, Stays };
+
     /// The file is opened, and made if it is missing, at the first use; if that fails, it is tried
     /// again at the next. `patience` is how long an operation waits for another program that holds
     /// the file: longer than any write of another copy, and bearable for a user. After a wait in
     /// vain the next ones wait shortly, until one succeeds.
-    explicit SqliteSettingsStore(
-        std::filesystem::path file, std::chrono::milliseconds patience = std::chrono::seconds(2));
+    explicit SqliteSettingsStore(std::filesystem::path file,
+        std::chrono::milliseconds patience = std::chrono::seconds(2), Damaged damaged = Damaged::GoesAside);
     ~SqliteSettingsStore() override;
 
     Outcome<std::optional<Text>> Read(TextView section, TextView key) const override;

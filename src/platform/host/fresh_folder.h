@@ -1,0 +1,18 @@
+#pragma once
+// A folder for things of the moment.
+
+#include <filesystem>
+
+/// A new folder in the system's place for such, private to its owner; it goes with everything in it.
+class FreshFolder {
+public:
+    FreshFolder();
+    ~FreshFolder();
+    FreshFolder(FreshFolder const&) = delete;
+    FreshFolder& operator=(FreshFolder const&) = delete;
+
+    std::filesystem::path const& Path() const { return m_path; } ///< empty if there couldn't be one: see errno
+
+private:
+    std::filesystem::path m_path;
+};
