@@ -16,7 +16,7 @@ static constexpr Turns::Count turnsBetween = 256;
 
 DesktopHost::DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf)
     : m_desk(files)
-    , m_printer([this](Text message) { MessageBox(message, u"Sparrowfield"); })
+    , m_printer([this](Text const& message) { MessageBox(message, u"Sparrowfield"); })
 {
     m_desk.placeOf = std::move(placeOf);
     m_desk.acted = [this](Control& control) {
