@@ -23,6 +23,11 @@ static fs::path UserFolder(fs::path const& given)
     return given.empty() ? UserDataFolder() : fs::absolute(given);
 }
 
+static std::string Counted(std::size_t count, char const* thing)
+{
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
 static std::string Counted(UserWork const& work)
 {
     auto const answers = static_cast<std::size_t>(std::count_if(work.entries.begin(),
@@ -30,7 +35,7 @@ static std::string Counted(UserWork const& work)
         [](auto const& entry) { return entry.key.starts_with(u"Page") && !entry.value.empty(); }));
     auto const notes = static_cast<std::size_t>(std::count_if(work.notes.begin(), work.notes.end(),
         [](auto const& note) { return note.first.ends_with(".dat") && !note.second.empty(); }));
-    return std::to_string(answers) + " answers and " + std::to_string(notes) + " notes";
+    return Counted(answers, "answer") + " and " + Counted(notes, "note");
 }
 
 int RunAnswersExport(AnswersArguments const& arguments)
@@ -63,7 +68,7 @@ int RunAnswersExport(AnswersArguments const& arguments)
         std::cerr << ToString(fault) << '\n';
     if (!replaced)
         return 1;
-    std::cout << to.string() << ": " << documents.size() << " documents with " << Counted(*work)
+    std::cout << to.string() << ": " << Counted(documents.size(), "document") << " with " << Counted(*work)
               << ".\n";
     return 0;
 }
@@ -120,6 +125,6 @@ int RunAnswersRestore(AnswersArguments const& arguments)
     if (auto const restored = Restore(plan, user, arguments.replaces); !restored)
         return Fail(restored.failure());
     std::cout << user.string() << ": restored from " << Counted(*backup) << "; " << plan.same
-              << " were there already, " << plan.differing.size() << " were replaced.\n";
+              << " of them there already, " << plan.differing.size() << " in place of other words.\n";
     return 0;
 }

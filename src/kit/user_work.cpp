@@ -86,7 +86,7 @@ RestorePlan PlanRestore(UserWork const& present, UserWork const& backup, bool re
             plan.differing.push_back(NameOf(entry));
         if (!isSame && (replaces || !isThere))
             plan.entries.push_back(entry);
-        plan.same += isSame && IsWork(entry);
+        plan.same += isSame && IsWork(entry) && !entry.value.empty();
     }
     for (auto const& [name, bytes] : backup.notes) {
         auto const found = present.notes.find(name);

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Does what docs/guide-for-authors.md tells, word by word: guide.py PAGE FOLDER_OF_PROGRAMS DISC."""
+"""Does what a page tells, word by word, and compares what the programs say with what it says they say: page.py PAGE FOLDER_OF_PROGRAMS DISC."""
 
 import os
 import re
@@ -29,7 +29,7 @@ with tempfile.TemporaryDirectory() as folder:
         elif kind == "output":
             compared += 1
             if said != content:
-                sys.exit(f"the guide says:\n{content}but it is:\n{said}")
+                sys.exit(f"the page says:\n{content}but it is:\n{said}")
 if not (runs and compared):
-    sys.exit("nothing to run in the guide")
-print(f"{runs} commands ran, {compared} answers as the guide says")
+    sys.exit("nothing to run on the page")
+print(f"{runs} commands ran, {compared} answers as the page says")
