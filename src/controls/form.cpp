@@ -28,7 +28,7 @@ Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth
           })
     , scale(scaleMode)
     , m_screen(screen)
-    , m_designClient { clientWidth * TwipsPerUnit(), clientHeight * TwipsPerUnit() }
+    , m_designClient { clientWidth * Form::TwipsPerUnit(), clientHeight * Form::TwipsPerUnit() }
 {
     m_form = this;
     Visible.Keep(false);

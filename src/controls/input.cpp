@@ -33,13 +33,15 @@ Refusal Input::Blocked(Control const& control) const
     Form const& form = control.OwnForm();
     if (auto refusal = Blocked(form); !refusal.empty())
         return refusal;
-    std::string const whole = std::string(form.Name()) + "." + control.Name();
+    auto const whole = std::string(form.Name()) + "." + control.Name();
     for (Control const* each = &control; each; each = each->Container()) {
         bool const isHidden = !each->Visible;
         if (!isHidden && each->Enabled)
             continue;
-        std::string const state = isHidden ? " is hidden" : " is disabled";
-        return each == &control ? whole + state : whole + " can't be used: its container " + each->Name() + state;
+        auto refusal = whole;
+        if (each != &control)
+            refusal.append(" can't be used: its container ").append(each->Name());
+        return refusal.append(isHidden ? " is hidden" : " is disabled");
     }
     return {};
 }
