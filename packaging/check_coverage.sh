@@ -13,12 +13,15 @@ gcovr --root . --filter 'src/' --json-summary build/coverage/summary.json build/
 python3 - build/coverage/summary.json "${1:-90}" <<'PYTHON'
 import collections
 import json
+import re
 import sys
 
 with open(sys.argv[1], encoding="utf-8") as report:
     report = json.load(report)
 folders = collections.defaultdict(lambda: [0, 0])
 for file in report["files"]:
+    # Headers are found by way of the build's include folders.
+    file["filename"] = re.sub(r"^build/coverage/include/\w+/", "src/", file["filename"])
     folder = folders[file["filename"].rsplit("/", 1)[0]]
     folder[0] += file["line_covered"]
     folder[1] += file["line_total"]

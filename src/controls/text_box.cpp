@@ -60,6 +60,7 @@ void TextInput::Selected(int start, int length)
 
 TextBox::TextBox(Form& form, Control& container, char const* name, Bounds bounds)
     : TextInput(form, container, name, bounds)
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): a property of any type hands over a value
     , Text(*this, "Text", {}, [](Control const&, ::Text text) { return WithLineEnds(text); })
     , MultiLine(*this, "MultiLine", false)
     , Locked(*this, "Locked", false)

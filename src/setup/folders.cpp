@@ -10,7 +10,7 @@ Outcome<Done> MakeFolders(fs::path const& folder)
     if (fs::is_directory(folder, error) || !folder.has_relative_path())
         return Done {};
     auto const parent = folder.parent_path();
-    if (auto const made = MakeFolders(parent); !made)
+    if (auto made = MakeFolders(parent); !made)
         return made;
     return MakeFolder(folder.string(), parent.string(), FromUtf8(folder.string()));
 }

@@ -94,7 +94,7 @@ Outcome<Done> HouseFolder::Exchange(fs::path const& fresh, fs::path const& targe
         != 0) {
         if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP)
             return About(target);
-        if (auto const exchanged = ExchangeInSteps(fresh, target); !exchanged)
+        if (auto exchanged = ExchangeInSteps(fresh, target); !exchanged)
             return exchanged;
     }
     return FlushFolder(m_folder.string());

@@ -96,7 +96,7 @@ Outcome<Ending> InstallCopy(SetupPlaces const& places, CopyPlan const& plan, Wat
     if (!made)
         return made.failure();
     PassingFolder const fresh(*made); // after the exchange: the old copy
-    auto const copied = CopyFiles(plan, fresh.Path(), goesOn);
+    auto copied = CopyFiles(plan, fresh.Path(), goesOn);
     if (!copied || *copied == Ending::Cancelled)
         return copied;
     if (auto const exchanged = house->Exchange(fresh.Path(), places.target); !exchanged)

@@ -78,7 +78,7 @@ std::string Command(fs::path const& folder)
 
 Outcome<Done> PutFile(fs::path const& folder, std::string const& name, std::string_view bytes)
 {
-    if (auto const made = MakeFolders(folder); !made)
+    if (auto made = MakeFolders(folder); !made)
         return made;
     return ReplaceFile(folder.string(), name, bytes, FromUtf8((folder / name).string()));
 }
