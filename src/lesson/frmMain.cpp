@@ -12,6 +12,13 @@ frmMain::frmMain(
     , frmAnswer(answer)
     , m_referenceMenus(*this, ReferenceScreen::Lesson, reference)
 {
+    Design();
+    Listen();
+}
+
+/// What the controls look like before anything is loaded.
+void frmMain::Design()
+{
     opensAs = WindowState::Maximised;
     centred = true;
     smallest = { 11000, 8000 };
@@ -36,6 +43,21 @@ frmMain::frmMain(
     Text4.Locked = true;
     Text1.Border = false;
     Text4.Border = false;
+    for (Control* control : { static_cast<Control*>(&Text3), static_cast<Control*>(&Image1), static_cast<Control*>(&Frame1) })
+        control->Visible = false;
+    Frame1.Border = true;
+    ctlScrollbar.Min = 1;
+    ctlScrollbar.Max = 1;
+    ctlScrollbar.Value = 1;
+    TreeView1.Images = &ImageList2;
+    TreeView2.Images = &ImageList2;
+    StatusBar1.Panel1 = u"Lesson progress:";
+    NameAndOrder();
+}
+
+/// What assistive tools call the controls, and how Tab goes through them.
+void frmMain::NameAndOrder()
+{
     Image1.ToolTipText = u"Click here for answers from Sparrowfield";
     Image1.TabStop = true;
     Text1.accessibleName = u"Scripture passage";
@@ -44,22 +66,17 @@ frmMain::frmMain(
     Text4.accessibleName = u"Lesson and introduction";
     ctlScrollbar.accessibleName = u"Page";
     ProgressBar1.accessibleName = u"Progress of the lesson";
-    ctlScrollbar.Min = 1;
-    ctlScrollbar.Max = 1;
-    ctlScrollbar.Value = 1;
-    TreeView1.Images = &ImageList2;
-    TreeView2.Images = &ImageList2;
-    StatusBar1.Panel1 = u"Lesson progress:";
-    for (Control* control : { static_cast<Control*>(&Text3), static_cast<Control*>(&Image1), static_cast<Control*>(&Frame1) })
-        control->Visible = false;
-    Frame1.Border = true;
     int place = 0;
     for (Control* control : { static_cast<Control*>(&Text3), static_cast<Control*>(&Image1),
              static_cast<Control*>(&Command2), static_cast<Control*>(&ctlScrollbar), static_cast<Control*>(&Command1),
              static_cast<Control*>(&TreeView1), static_cast<Control*>(&TreeView2), static_cast<Control*>(&Text1),
              static_cast<Control*>(&Text4), static_cast<Control*>(&Text2) })
         control->TabIndex = place++;
+}
 
+/// The handlers.
+void frmMain::Listen()
+{
     Text3.GotFocus = [this] { Text3_GotFocus(); };
     Text3.LostFocus = [this] { Text3_LostFocus(); };
     Text3.Change = [this] { Text3_Change(); };

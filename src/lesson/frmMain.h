@@ -38,6 +38,9 @@ public:
 
 private:
     // The load, in frmMain_load.cpp.
+    void Design();
+    void NameAndOrder();
+    void Listen();
     void Form_Load() override;
     std::optional<Failure> LoadLesson();
     std::optional<Failure> LoadIntroduction(LessonReader& reader);

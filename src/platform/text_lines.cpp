@@ -6,8 +6,8 @@
 #include <utility>
 
 // Blocks double from the first to the largest: who reads only the head of a file reads little more than that.
-static constexpr std::size_t firstBlock = 2 * 1024;
-static constexpr std::size_t largestBlock = 64 * 1024;
+static constexpr std::size_t firstBlock = 2048;
+static constexpr std::size_t largestBlock = 65536;
 
 TextLines::TextLines(std::unique_ptr<InputFile> file, TextView name)
     : m_file(std::move(file))

@@ -72,7 +72,7 @@ Outcome<Ending> CopyFiles(CopyPlan const& plan, fs::path const& to, Watcher cons
             return About(to / folder);
     Copier copier(plan, goesOn);
     for (auto const& file : plan.files) {
-        auto const ending = copier.Copy(file, to / file.to);
+        auto ending = copier.Copy(file, to / file.to);
         if (!ending || *ending == Ending::Cancelled)
             return ending;
     }

@@ -98,7 +98,7 @@ fs::path Plain(fs::path const& place)
 
 } // namespace
 
-HostFileSystem::HostFileSystem(Folders folders)
+HostFileSystem::HostFileSystem(Folders const& folders)
 {
     std::error_code ignored; // What can't be made fails, with its reason, when it is used.
     fs::create_directories(folders.drive.parent_path(), ignored);

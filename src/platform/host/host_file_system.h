@@ -15,7 +15,7 @@ public:
 
     /// Makes drive C: (private to the user), `C:\Temp` and `C:\Program Files` if they are missing.
     /// Where that fails, so does each later use of them.
-    explicit HostFileSystem(Folders folders);
+    explicit HostFileSystem(Folders const& folders);
 
     bool FileExists(TextView path) const override;
     bool FolderExists(TextView path) const override;

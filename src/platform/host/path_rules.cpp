@@ -8,7 +8,7 @@ namespace fs = std::filesystem;
 /// order); the name itself if there is none.
 static fs::path Entry(fs::path const& folder, TextView name)
 {
-    fs::path const exact = folder / fs::path(ToUtf8(name));
+    fs::path exact = folder / fs::path(ToUtf8(name));
     std::error_code error;
     if (fs::exists(fs::symlink_status(exact, error)))
         return exact;

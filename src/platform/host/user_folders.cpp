@@ -25,7 +25,7 @@ static fs::path DataHome()
 
 fs::path UserDataFolder()
 {
-    fs::path const folder = DataHome() / "sparrowfield";
+    fs::path folder = DataHome() / "sparrowfield";
     std::error_code
         ignored; // What is to be stored there fails, with its reason, when it is stored.
     if (fs::create_directories(folder, ignored))
