@@ -44,9 +44,19 @@ SENTENCES = {
     "e-dragged": "The same map, dragged by hand.",
     "e-corner": "Its far corner, reached by the arrow keys.",
 }
+OF_SETUP = {
+    "f-setup": "Setup, opened by \"Install to Disk\".",
+    "f-installed": "The disc is installed.",
+    "f-copy": "The installed copy, started from there.",
+    "f-repair": "Setup again: the copy can be repaired or removed.",
+    "f-question": "The question before it is removed.",
+    "f-removed": "It is gone; answers and notes are still there.",
+}
 
 folder, screens = sys.argv[1], sys.argv[2:]
 found = {name for name in os.listdir(folder) if name.endswith(".png")}
+if any("-f-" in name for name in found): # a package has no Setup
+    SENTENCES.update(OF_SETUP)
 told = {f"{screen}-{name}.png" for screen in screens for name in SENTENCES}
 if found != told:
     sys.exit("walk: " + "; ".join([f"{name} is missing" for name in sorted(told - found)]

@@ -55,19 +55,19 @@ def shot(name):
     run("import", "-window", "root", os.path.join(pictures, f"{screen}-{name}.png"))
 
 
-def start():
+def start(program="sparrowfield"):
     global process
-    process = subprocess.Popen([os.path.join(disc, "sparrowfield")], cwd=disc, env=environment)
+    process = subprocess.Popen([os.path.join(disc, program)], cwd=disc, env=environment)
     wait(lambda: any(w.get_state_set().contains(Atspi.StateType.ACTIVE) for w in windows()), "the program's first window to be active")
 
 
-def application():
-    desktop = Atspi.get_desktop(0)
-    for index in range(desktop.get_child_count()):
-        child = desktop.get_child_at_index(index)
-        if child and child.get_process_id() == process.pid:
-            return child
-    return None
+def is_ours(pid):
+    """Whether the process works in this walk's own folder; one that the program starts does too."""
+    try:
+        with open(f"/proc/{pid}/environ", "rb") as its:
+            return f"XDG_DATA_HOME={user.name}".encode() in its.read().split(b"\0")
+    except OSError:
+        return False
 
 
 def end_of_walk():
@@ -87,8 +87,8 @@ def kill():
 
 
 def windows():
-    found = application()
-    return [] if not found else [w for w in children(found) if w.get_state_set().contains(Atspi.StateType.SHOWING)]
+    applications = [found for found in children(Atspi.get_desktop(0)) if is_ours(found.get_process_id())]
+    return [window for found in applications for window in children(found) if showing(window)]
 
 
 def children(node):
@@ -122,8 +122,8 @@ def read_page():
     with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../docs/accessibility.md"), encoding="utf-8") as page:
         for line in page:
             if line.startswith("## "):
-                form = re.match(r"## `(frm\w+)`", line)
-            elif form and (window := re.match(r'A (dialog|frame) named (?:as the (map)|"(.+?)")', line)):
+                form = re.match(r"## `(\w+)`", line)
+            elif form and (window := re.match(r'An? (dialog|frame|alert) named (?:as the (map)|"(.+?)")', line)):
                 forms[form[1]] = Told(window[1], window[3] or "*")
             elif form and line.startswith("| ") and "`" in line:
                 forms[form[1]].read(line)

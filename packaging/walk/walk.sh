@@ -35,9 +35,9 @@ WalkAt() { # SIZE DPI ROAD...
 sizes=()
 for screen in "${screens[@]}"; do
     case $screen in
-        *@*) WalkAt "${screen%@*}" "${screen#*@}" access_road ;;
+        *@*) WalkAt "${screen%@*}" "${screen#*@}" access_road setup_road ;;
         *)
-            WalkAt "$screen" 96 lesson_road windows_road reader_road maps_road access_road
+            WalkAt "$screen" 96 lesson_road windows_road reader_road maps_road access_road setup_road
             sizes+=("$screen")
             ;;
     esac

@@ -57,6 +57,7 @@ QWidget* SetupWindow::BuildProgress()
     column->setContentsMargins(0, 0, 0, 0);
     m_bar = new QProgressBar;
     m_bar->setTextVisible(false);
+    m_bar->setAccessibleName(tr("Progress"));
     m_file = new QLabel;
     m_file->setTextFormat(Qt::PlainText);
     m_file->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // A long name is cut off.
