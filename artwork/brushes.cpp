@@ -56,7 +56,10 @@ void PaintHills(QPainter& painter, qreal left, qreal right, qreal crest, qreal h
         share *= 0.45;
     }
     QPainterPath range({ left, foot });
-    for (qreal x = left; x <= right + 1; x += 1.5) {
+    constexpr qreal step = 1.5; // pixels
+    int const last = int((right + 1 - left) / step);
+    for (int i = 0; i <= last; ++i) {
+        qreal const x = left + i * step;
         qreal rise = 0;
         for (auto const& wave : waves)
             rise += wave.share * std::sin(6.2832 * (x - left) / wave.length + wave.phase);

@@ -56,6 +56,7 @@ std::vector<Shore> ReadShores(QString const& file)
 std::vector<QPointF> Project(Projection const& projection, std::vector<Spot> const& spots)
 {
     std::vector<QPointF> points;
+    points.reserve(spots.size());
     for (auto const& spot : spots)
         points.push_back(projection.At(spot));
     return points;

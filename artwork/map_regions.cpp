@@ -11,7 +11,7 @@ namespace {
 struct Field {
     int width, height;
     std::vector<float> values;
-    float& At(int x, int y) { return values[static_cast<std::size_t>(y * width + x)]; }
+    float& At(int x, int y) { return values[std::size_t(y) * std::size_t(width) + std::size_t(x)]; }
 };
 
 /// The mean over a square of cells, which blurs.
@@ -122,6 +122,7 @@ void PaintRegions(QImage& land, Projection const& projection, std::vector<Region
     if (regions.empty())
         return;
     std::vector<Field> fields;
+    fields.reserve(regions.size());
     for (auto const& region : regions)
         fields.push_back(FieldOf(projection, region));
     Divide(fields);

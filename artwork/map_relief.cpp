@@ -63,8 +63,8 @@ struct Grid {
     std::vector<float> metres;
     float At(int x, int y) const
     {
-        return metres[static_cast<std::size_t>(
-            std::clamp(y, 0, height - 1) * width + std::clamp(x, 0, width - 1))];
+        auto const row = std::size_t(std::clamp(y, 0, height - 1));
+        return metres[row * std::size_t(width) + std::size_t(std::clamp(x, 0, width - 1))];
     }
 };
 

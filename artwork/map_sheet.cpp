@@ -149,14 +149,23 @@ QRectF PaintTitleBox(QPainter& painter, Projection const& projection, TitleBox c
     return area.adjusted(-6, -6, 8, 9);
 }
 
+/// Those of `step` from `from` on and below `to`.
+static std::vector<qreal> Multiples(qreal step, qreal from, qreal to)
+{
+    std::vector<qreal> found;
+    for (auto i = std::lround(std::ceil(from / step)), end = std::lround(std::ceil(to / step));
+         i < end; ++i)
+        found.push_back(qreal(i) * step);
+    return found;
+}
+
 static void PaintDegrees(QPainter& painter, Projection const& projection, qreal degrees)
 {
     auto const size = projection.Size();
     auto const lettering = Plain(13);
     auto const northWest = projection.SpotAt({ 0, 0 }),
                southEast = projection.SpotAt({ qreal(size.width()), qreal(size.height()) });
-    for (qreal east = std::ceil(northWest.longitude / degrees) * degrees;
-         east < southEast.longitude; east += degrees) {
+    for (qreal const east : Multiples(degrees, northWest.longitude, southEast.longitude)) {
         qreal const x = projection.At({ northWest.latitude, east }).x();
         auto const text = QStringLiteral("%1\u00B0 E").arg(east);
         if (x < 80 || x > size.width() - 80)
@@ -165,8 +174,7 @@ static void PaintDegrees(QPainter& painter, Projection const& projection, qreal 
         PaintText(
             painter, text, lettering, { x - WidthOf(text, lettering) / 2, size.height() - 9.0 });
     }
-    for (qreal north = std::ceil(southEast.latitude / degrees) * degrees;
-         north < northWest.latitude; north += degrees) {
+    for (qreal const north : Multiples(degrees, southEast.latitude, northWest.latitude)) {
         qreal const y = projection.At({ north, northWest.longitude }).y();
         auto const text = QStringLiteral("%1\u00B0 N").arg(north);
         if (y < 80 || y > size.height() - 80)

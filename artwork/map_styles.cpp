@@ -233,12 +233,13 @@ void PaintLine(QPainter& painter, LineStyle const& style, std::vector<QPointF> c
 /// Roofs in uneven rows.
 static void PaintHouses(QPainter& painter, QPainterPath const& quarter)
 {
-    constexpr qreal apart = 17; // pixels
+    constexpr int apart = 17; // pixels
     Chance chance(70);
     auto const area = quarter.boundingRect();
     painter.save();
-    for (qreal y = area.top(); y < area.bottom(); y += apart)
-        for (qreal x = area.left(); x < area.right(); x += apart) {
+    for (int down = 0; down < area.height(); down += apart)
+        for (int across = 0; across < area.width(); across += apart) {
+            qreal const x = area.left() + across, y = area.top() + down;
             QSizeF const size(chance.Between(7, 13), chance.Between(7, 12));
             QRectF const house(QPointF(x + chance.Between(0, 6), y + chance.Between(0, 6)), size);
             if (chance.Between(0, 1) < 0.2 || !quarter.contains(house))
