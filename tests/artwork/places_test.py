@@ -46,13 +46,33 @@ KNOWN = [
     ("Memphis", "On", 31.5, 2, 9), ("Kadesh-barnea", "Beersheba", 77, 4, 31),
     # Within Jerusalem, where the sites are sure.
     ("Gihon Spring", "Pool of Siloam", 0.385, 0.05, 198), ("Golgotha", "Golden Gate", 0.72, 0.04, 83),
-    ("Golden Gate", "Gethsemane", 0.225, 0.04, 90), ("Gihon Spring", "En-rogel", 0.69, 0.05, 185),
+    ("Golgotha", "Damascus Gate", 0.35, 0.03, 12), ("Golden Gate", "Gethsemane", 0.225, 0.04, 90), ("Gihon Spring", "En-rogel", 0.69, 0.05, 185),
 ]
 for start, end, km, tolerance, bearing in KNOWN:
     real_km, real_bearing = distance_and_bearing(start, end)
     check(abs(real_km - km) <= tolerance, f"{start} to {end}: {real_km:.2f} km, not {km}")
     turned = abs((real_bearing - bearing + 180) % 360 - 180)
     check(turned <= 7, f"{start} to {end}: towards {real_bearing:.0f} degrees, not {bearing}")
+
+
+def metres_from(spot, start, end):
+    """From a line between two spots, on the plane, which a city is."""
+    east = 111320 * math.cos(math.radians(spot[0]))
+    (x, y), (dx, dy) = (((b - start[1]) * east, (a - start[0]) * 110900) for a, b in (spot, end))
+    share = max(0, min(1, (x * dx + y * dy) / ((dx * dx + dy * dy) or 1)))
+    return math.hypot(x - share * dx, y - share * dy)
+
+
+# A gate of a city's plan stands in one of its walls.
+for number in (6, 7):
+    walls = [[tuple(map(float, spot.split())) for spot in fields[2].split(";")] for _, fields in rows(f"map{number}.txt")
+             if fields[0] == "line" and fields[1].startswith("wall")]
+    gates = [fields for _, fields in rows("places.txt") if fields[3] == "gate" and fields[4] == str(number)]
+    check(len(gates) >= 7, f"map{number} has {len(gates)} gates")
+    for name, latitude, longitude, *_ in gates:
+        spot = float(latitude), float(longitude)
+        off = min(metres_from(spot, *side) for wall in walls for side in zip(wall, wall[1:]))
+        check(off <= 12, f"{name} of map{number} stands {off:.0f} m from the walls")
 
 
 def jpeg_size(data):
