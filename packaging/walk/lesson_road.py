@@ -52,6 +52,11 @@ def walk():
     first_label = label()
     answers = ["My first answer", "My second answer", "My third answer"]
     answer_page(answers[0])
+    keys("ctrl+a", "ctrl+x")
+    expect(text_of("frmMain", "Text3") == "", "Cut takes the answer away")
+    keys("ctrl+z")
+    expect(text_of("frmMain", "Text3") == answers[0], "and Ctrl+Z brings it back")
+    keys("End")
     click(control("frmMain", "Image1"))
     wait(lambda: is_open("frmAnswer"), "the publisher's answer")
     expect(len(control("frmAnswer", "Label1").get_name()) > 10, "the publisher's answer can be read")

@@ -31,6 +31,7 @@ void RichTextBox::StartAnew()
     m_runs.clear();
     m_paragraphs = { { 0, {} } };
     ++m_revision;
+    ++m_generation;
     TopOffset.Keep(0);
     SelStart.Keep(0);
     SelLength.Keep(0);

@@ -51,6 +51,9 @@ public:
     /// How often what was already there has changed, other than by appending: a host that has shown this count and a part of
     /// the text needs only the rest, and the format of the paragraph in which the rest begins.
     unsigned Revision() const { return m_revision; }
+    /// How often the whole text has been set. Within one count a text grew out of the one before it, and the user may undo it;
+    /// another is a text of its own.
+    unsigned Generation() const { return m_generation; }
 
     /// Setting it replaces the whole text in the design's format, puts the caret at the start and raises Change.
     Property<::Text> Text;
@@ -87,4 +90,5 @@ private:
     std::vector<Run> m_runs;
     std::vector<Paragraph> m_paragraphs { { 0, {} } };
     unsigned m_revision = 0;
+    unsigned m_generation = 0;
 };

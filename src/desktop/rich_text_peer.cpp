@@ -12,6 +12,7 @@ RichTextPeer::RichTextPeer(Desk& desk, RichTextBox& control, QWidget& ground)
     : TextPeer(desk, control, ground)
     , m_rich(control)
     , m_revision(control.Revision())
+    , m_generation(control.Generation())
 {
     connect(m_shown.verticalScrollBar(), &QScrollBar::actionTriggered, this,
         [this] { m_keepsTop = false; });
@@ -32,7 +33,9 @@ void RichTextPeer::MirrorText()
 {
     bool const isOther
         = m_revision != m_rich.Revision() || m_length > m_rich.Length() || IsEditing();
-    if (!IsTyped() && isOther) {
+    if (!IsTyped() && (isOther || m_length < m_rich.Length()) && CanBeUndone()) {
+        m_shown.ChangeTo(m_rich.Text());
+    } else if (!IsTyped() && isOther) {
         Fill();
     } else if (!IsTyped() && m_length < m_rich.Length()) {
         QTextCursor cursor(m_shown.document());
@@ -41,7 +44,16 @@ void RichTextPeer::MirrorText()
         m_shown.document()->clearUndoRedoStacks();
     }
     m_revision = m_rich.Revision();
+    m_generation = m_rich.Generation();
     m_length = m_rich.Length();
+}
+
+/// Of a text in one look, the change that a command such as Cut made in it. A handler that changes
+/// what is being typed has its way.
+bool RichTextPeer::CanBeUndone() const
+{
+    return !m_rich.Locked && !IsEditing() && m_generation == m_rich.Generation()
+        && m_rich.Runs().size() <= 1;
 }
 
 void RichTextPeer::Fill()

@@ -21,11 +21,13 @@ protected:
     void UserActed() override { m_keepsTop = false; }
 
 private:
+    bool CanBeUndone() const;
     void Fill();
     void Scroll();
 
     RichTextBox& m_rich;
     unsigned m_revision = 0; // what the widget shows of the model
+    unsigned m_generation = 0;
     int m_length = 0;
     bool m_scrollWanted = true;
     bool m_keepsTop = true; // until the user scrolls, the line at the top stays there

@@ -59,6 +59,33 @@ int TextEdit::ToPosition(int offset) const
     return std::min(offset - first, block.position() + block.length() - 1);
 }
 
+void TextEdit::ChangeTo(TextView whole)
+{
+    auto const old = WholeText();
+    // A line end is two characters of the model, and so are those beyond the first 65,536.
+    auto const partsTwo = [](TextView text, std::size_t at) {
+        return at > 0 && at < text.size() && (text[at] == u'\n' || QChar::isLowSurrogate(text[at]));
+    };
+    auto const common = std::min(old.size(), whole.size());
+    auto head = static_cast<std::size_t>(
+        std::mismatch(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(common), whole.begin())
+            .first
+        - old.begin());
+    if (partsTwo(old, head) || partsTwo(whole, head))
+        --head;
+    std::size_t tail = 0;
+    while (tail < common - head && old[old.size() - 1 - tail] == whole[whole.size() - 1 - tail])
+        ++tail;
+    if (partsTwo(old, old.size() - tail) || partsTwo(whole, whole.size() - tail))
+        --tail;
+    Text inserted(whole.substr(head, whole.size() - tail - head));
+    std::erase(inserted, u'\r');
+    QTextCursor cursor(document());
+    cursor.setPosition(ToPosition(static_cast<int>(head)));
+    cursor.setPosition(ToPosition(static_cast<int>(old.size() - tail)), QTextCursor::KeepAnchor);
+    cursor.insertText(ForDocument(inserted));
+}
+
 void TextEdit::BringToTop(int position)
 {
     if (position == 0) {

@@ -19,6 +19,10 @@ public:
     int ToOffset(int position) const;
     int ToPosition(int offset) const;
 
+    /// Makes this the whole text, line ends as CR LF, by one step that the user can undo; what both
+    /// texts have in common at their ends stays untouched.
+    void ChangeTo(TextView whole);
+
     /// Brings the line in which the position stands to the top, also where the text ends before the
     /// page is full.
     void BringToTop(int position);

@@ -66,6 +66,49 @@ TEST_F(DesktopTest, UndoNeverBringsBackATextThatTheProgramReplaced)
     EXPECT_EQ(box.toPlainText(), "page two");
 }
 
+TEST_F(DesktopTest, WhatACommandDidWithTheSelectionCanBeUndone)
+{
+    struct Case {
+        TextView text;
+        int start, length;
+        TextView by;
+    };
+    for (auto const& [text, start, length, by] : {
+             Case { u"one two three", 4, 4, {} },
+             { u"one two", 7, 0, u" three" },
+             { u"one", 0, 3, {} },
+             { {}, 0, 0, u"pasted\r\nlines" },
+             { u"a\r\n\r\nb", 1, 2, {} },
+             { u"a\r\nb", 1, 2, u"\r\nc\r\n" },
+             { u"a\r\nb", 3, 0, u"\r\n" },
+             { u"a\u2029b", 1, 1, u"\uFDD0\uFDD1" },
+             { u"aa", 1, 0, u"a" },
+             { u"a\U0001F600", 1, 2, u"\U0001F601" },
+             { u"\U0001F600", 0, 2, u"\U0001F200" },
+             { u"same", 1, 2, u"am" },
+         }) {
+        SCOPED_TRACE(ToUtf8(Text(text)));
+        Open();
+        form.answer.Text = Text(text);
+        host.HandlersEnded();
+        form.answer.SelStart = start;
+        form.answer.SelLength = length;
+        host.HandlersEnded();
+        auto& box = Shown<TextEdit>(form.answer);
+        auto const before = box.WholeText();
+        form.answer.ReplaceSelection(by);
+        host.HandlersEnded();
+        auto const after = form.answer.Text();
+        EXPECT_EQ(after.size(), text.size() - static_cast<std::size_t>(length) + by.size());
+        EXPECT_EQ(box.ToPosition(form.answer.SelStart), box.textCursor().position());
+        box.undo();
+        EXPECT_EQ(box.WholeText(), before);
+        EXPECT_EQ(form.answer.Text(), before);
+        box.redo();
+        EXPECT_EQ(box.WholeText().size(), after.size());
+    }
+}
+
 TEST_F(DesktopTest, ChangeHandlerMayReplaceWhatIsBeingTyped)
 {
     form.answer.Change = [this] {
