@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Walks through the desktop program on a screen in memory, with real keys and clicks: the main road, all windows, the Bible reader, the
-# maps, and everything once more by what docs/accessibility.md promises. Says what it saw, leaves pictures of each screen in build/walk/ with a
+# maps, everything once more by what docs/accessibility.md promises, and the installer. Says what it saw, leaves pictures of each screen in build/walk/ with a
 # page index.html that shows them in order, and fails where the program doesn't do what a person expects.
 #   packaging/walk/walk.sh DISC_FOLDER [PICTURE_FOLDER [SCREEN...]]
 # SCREEN is a size in pixels, or SIZE@DPI for the accessibility of enlarged windows alone (96 dpi are 100 %); left out: a small screen, a large one, and
