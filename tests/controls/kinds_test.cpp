@@ -17,7 +17,6 @@ protected:
     Timer timer { a, "timer", 20 };
     PictureBox picture { a, a, "picture", {} };
     Label wrapped { a, a, "wrapped", { 0, 0, 1200, 100 } };
-    StatusBar status { a, "status", { 0, 0, 10, 300 } };
 };
 
 }
@@ -118,14 +117,4 @@ TEST_F(KindsTest, ALabelGrowsWithItsTextAndAPictureBoxWithItsPicture)
     picture.Picture = u"map.gif";
     EXPECT_EQ(picture.Width, 32 * 15);
     EXPECT_EQ(picture.Height, 16 * 15);
-}
-
-TEST_F(KindsTest, AStatusBarKeepsToTheBottom)
-{
-    a.Show();
-    EXPECT_EQ(status.Top, 2000 - 300);
-    EXPECT_EQ(status.Width, 3000);
-    input.ChangeState(a, WindowState::Maximised);
-    EXPECT_EQ(status.Width, a.ScaleWidth);
-    EXPECT_EQ(status.Top, a.ScaleHeight - 300);
 }

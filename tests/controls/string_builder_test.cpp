@@ -2,17 +2,6 @@
 
 #include <gtest/gtest.h>
 
-TEST(StringBuilder, BeginsEmpty)
-{
-    CStringBuilder builder;
-    EXPECT_EQ(builder.Length(), 0);
-    EXPECT_EQ(builder.Capacity(), 8192);
-    EXPECT_EQ(builder.SizingMethod(), 1);
-    EXPECT_EQ(builder.SizingPercent(), 25);
-    EXPECT_EQ(builder.BufferBump(), 2048);
-    EXPECT_EQ(builder.ToString(), u"");
-}
-
 TEST(StringBuilder, GrowsInUnitsOfTheCapacityItStartsFrom)
 {
     CStringBuilder builder;

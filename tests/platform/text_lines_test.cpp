@@ -65,17 +65,10 @@ TEST(TextLines, PartsBytesIntoLines)
         std::vector<std::string> lines;
     };
     Row const rows[] = {
-        { "", {} },
-        { "\n", { "" } },
-        { "a", { "a" } },
-        { "a\n", { "a" } },
-        { "a\n\n", { "a", "" } },
-        { "a\r\nb\r\n", { "a", "b" } },
-        { "a\r\r\nb", { "a\r", "b" } },
-        { "a\rb\n\rc", { "a\rb", "\rc" } },
-        { "last\r", { "last\r" } },
-        { "\r\n\r\n", { "", "" } },
-        { "a\0b\n\0\n"sv, { "a\0b"s, "\0"s } },
+        { "", {} }, { "\n", { "" } }, { "a", { "a" } }, { "a\n", { "a" } },
+        { "a\n\n", { "a", "" } }, { "a\r\nb\r\n", { "a", "b" } }, { "a\r\r\nb", { "a\r", "b" } },
+        { "a\rb\n\rc", { "a\rb", "\rc" } }, { "last\r", { "last\r" } }, { "\r\n\r\n", { "", "" } },
+        { "a\0b\n\0\n"sv, { "a\0b"s, "\0"s } }
     };
     for (auto const& row : rows)
         for (std::size_t const block : { 1u, 2u, 3u, 100u })

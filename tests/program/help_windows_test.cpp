@@ -26,15 +26,9 @@ TEST_F(HelpWindowsTest, TheWelcomeBoxShowsTheStoredChoiceAndItsLabelTurnsItOver)
         int clicks;
         TextView written;
     } const rows[] = {
-        { nullptr, 0, 0, u"true" },
-        { nullptr, 0, 1, u"false" },
-        { "false", 1, 0, u"false" },
-        { "false", 1, 1, u"true" },
-        { "false", 1, 2, u"false" },
-        { "true", 0, 2, u"true" },
-        { "False", 0, 0, u"true" },
-        { "false ", 0, 0, u"true" },
-        { "", 0, 0, u"true" },
+        { nullptr, 0, 0, u"true" }, { nullptr, 0, 1, u"false" }, { "false", 1, 0, u"false" },
+        { "false", 1, 1, u"true" }, { "false", 1, 2, u"false" }, { "true", 0, 2, u"true" },
+        { "False", 0, 0, u"true" }, { "false ", 0, 0, u"true" }, { "", 0, 0, u"true" }
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.stored ? row.stored : "no entry");
@@ -64,25 +58,6 @@ TEST_F(HelpWindowsTest, AStoreThatFailsCostsTheChoiceAlone)
     EXPECT_THAT(Messages(), IsEmpty());
     settings.failing = false;
     EXPECT_EQ(Stored(), u"false");
-}
-
-TEST_F(HelpWindowsTest, NothingInTheWelcomeDialogMovesWhenItsSizeChanges)
-{
-    Click("frmContents.mnuHelpWelcome");
-    EXPECT_EQ(input.Resize(FormOf("frmWelcome"), 12000, 9000), "");
-    EXPECT_EQ(Get("frmWelcome.Command1").Left, 6465);
-    EXPECT_EQ(Get("frmWelcome.Command1").Top, 1395);
-}
-
-TEST_F(HelpWindowsTest, EnterAndEscapeCloseTheAboutBox)
-{
-    constexpr int enter = 13, escape = 27;
-    for (int const key : { enter, escape }) {
-        Click("frmContents.mnuHelpAbout");
-        EXPECT_EQ(Press(input, screen, *FormOf("frmAbout").Focus(), key, 0), "");
-        EXPECT_FALSE(FormOf("frmAbout").IsLoaded()) << key;
-        EXPECT_TRUE(IsOpen("frmContents"));
-    }
 }
 
 TEST_F(HelpWindowsTest, TheLongTextsScrollAndBeginAtTheirStartEachTime)

@@ -7,7 +7,6 @@
 
 #include <gmock/gmock.h>
 
-using testing::Each;
 using testing::ElementsAre;
 using enum LongTextStyle;
 
@@ -65,16 +64,6 @@ TEST_F(LongTextTest, EachParagraphHasItsOwnIndents)
     // end.
     EXPECT_THAT(left, ElementsAre(360, 360, 0, 0, 180, 180, 180));
     EXPECT_THAT(hanging, ElementsAre(0, 0, 0, 0, 300, 300, 300));
-}
-
-TEST_F(LongTextTest, WritingReplacesWhatWasThere)
-{
-    Write({ { Heading, u"first" } });
-    Write({ { Paragraph, u"second" } });
-    EXPECT_EQ(box.Text(), u"second\r\n\r\n");
-    EXPECT_THAT(Bold(), ElementsAre());
-    Write({});
-    EXPECT_EQ(box.Text(), u"");
 }
 
 TEST_F(LongTextTest, TheProgramsOwnTextsHaveTheirMarksInPairs)

@@ -1,33 +1,6 @@
 #include "headless/picture_head.h"
-#include "headless/text_measure.h"
 
 #include <gtest/gtest.h>
-
-TEST(FixedMeasures, WrapAtBlanksAndByCharacter)
-{
-    // At 10 points a character is 120 twips wide and a line 240 high; the lines below have room for 5 characters.
-    struct {
-        TextView text;
-        int lines, widest;
-    } const rows[] = {
-        { u"", 1, 0 },
-        { u"abcde", 1, 5 },
-        { u"ab cd", 1, 5 },
-        { u"ab cde", 2, 3 },
-        { u"abcdefg", 2, 5 },
-        { u"ab cdefghi j", 3, 5 },
-        { u"ab   ", 1, 2 },
-        { u"abcde     f", 2, 5 },
-        { u"a\r\nb\r\n", 3, 1 },
-        { u"\r\n", 2, 0 },
-    };
-    for (auto const& row : rows) {
-        auto const size = MeasureFixed({ u"Arial", 10, false }, row.text, 5 * 120);
-        EXPECT_EQ(size.height, static_cast<float>(row.lines) * 240) << ToUtf8(row.text);
-        EXPECT_LE(size.width, 600) << ToUtf8(row.text);
-    }
-    EXPECT_EQ(MeasureFixed({ u"Arial", 10, false }, u"no wrapping at all", 0).width, 18 * 120);
-}
 
 TEST(PictureHead, ReadsTheSizeOfEachFormatAndRefusesTheRest)
 {
