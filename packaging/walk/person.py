@@ -26,7 +26,7 @@ process = None
 
 
 def fail(what):
-    shot("failed")
+    shot(f"failed-{os.path.basename(sys.argv[0])}")
     sys.exit(f"walk: {what}")
 
 

@@ -15,31 +15,16 @@ mkdir -p "$pictures"
 pictures=$(realpath "$pictures")
 rm -f "$pictures"/*.png "$pictures"/index.html
 
-WalkAt() { # SIZE DPI ROAD...
-    local size=$1 dpi=$2
-    shift 2
-    echo "-- on a screen of $size, $((dpi * 100 / 96)) %"
-    # Without -noreset the screen would forget its scale with the first client that leaves.
-    xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten tcp -noreset" \
-        dbus-run-session -- bash -c '
-            xprop -root -format RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "$(printf "Xft.dpi:\t%s\n" "$4")"
-            openbox >/dev/null 2>&1 &
-            trap "kill %1" EXIT
-            cd "$0"
-            export WALK_SCALE=$(/usr/bin/python3 -c "print($4 / 96)")
-            for road in "${@:5}"; do
-                /usr/bin/python3 -B "$road.py" "${@:1:3}" || exit
-            done' "$here" "$disc" "$pictures" "$size" "$dpi" "$@"
-}
-
-sizes=()
+# Roads wait more than they work, so two are walked at once; the longest begins.
+roads=() sizes=()
 for screen in "${screens[@]}"; do
     case $screen in
-        *@*) WalkAt "${screen%@*}" "${screen#*@}" access_road setup_road ;;
+        *@*) roads+=("access_road ${screen%@*} ${screen#*@}" "setup_road ${screen%@*} ${screen#*@}") ;;
         *)
-            WalkAt "$screen" 96 lesson_road windows_road reader_road maps_road access_road setup_road
+            for road in access_road windows_road lesson_road reader_road maps_road setup_road; do roads+=("$road $screen 96"); done
             sizes+=("$screen")
             ;;
     esac
 done
+printf '%s\n' "${roads[@]}" | xargs -P 2 -I '{}' bash -c '"$0" $1 "${@:2}"' "$here/road.sh" '{}' "$disc" "$pictures"
 [ ${#sizes[@]} -eq 0 ] || /usr/bin/python3 -B "$here/album.py" "$pictures" "${sizes[@]}"

@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Takes one road through the program, on a screen in memory, a window manager and a message bus of its own. Says what it saw when it is over.
+#   packaging/walk/road.sh ROAD SIZE DPI DISC_FOLDER PICTURE_FOLDER
+set -uo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+road=$1 size=$2 dpi=$3 disc=$4 pictures=$5
+# Without -noreset the screen would forget its scale with the first client that leaves.
+said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten tcp -noreset" \
+    dbus-run-session -- bash -c '
+        xprop -root -format RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "$(printf "Xft.dpi:\t%s\n" "$1")"
+        openbox >/dev/null 2>&1 &
+        trap "kill %1" EXIT
+        export WALK_SCALE=$(/usr/bin/python3 -c "print($1 / 96)")
+        /usr/bin/python3 -B "$0" "${@:2}"' "$here/$road.py" "$dpi" "$disc" "$pictures" "$size" 2>&1)
+status=$?
+printf -- '-- %s on a screen of %s, %s %%\n%s\n' "$road" "$size" "$((dpi * 100 / 96))" "$said"
+# To xargs, a status of 255 is the word to begin no other.
+[ $status -eq 0 ] || exit 255
