@@ -152,6 +152,7 @@ void FormPeer::MirrorShown(QWidget* owner)
     m_state = m_form.WindowState();
     if (m_form.centred && m_state == WindowState::Normal)
         window.move(Pixels(m_form.Left), Pixels(m_form.Top));
+    m_sinceShown.start();
     window.winId(); // makes the window, so that it can be owned
     if (owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar))
         window.windowHandle()->setTransientParent(owner->windowHandle());
@@ -163,7 +164,6 @@ void FormPeer::MirrorShown(QWidget* owner)
         window.move(room.topLeft()
             + QPoint(std::max(0, room.width() - normal.width()) / 2,
                 std::max(0, room.height() - normal.height()) / 2));
-        m_sinceShown.start();
         window.showMaximized();
     } else if (m_state == WindowState::Minimised) {
         window.showMinimized();

@@ -57,7 +57,7 @@ private:
     QMargins m_frame;
     Size m_agreed; // the outer size on which window and form agree, in twips
     WindowState m_state = WindowState::Normal;
-    QElapsedTimer m_sinceShown; // of a window that comes up maximised
+    QElapsedTimer m_sinceShown; // when the window was last brought up
     bool m_pictureIsStale = true;
     bool m_moveWanted = false;
     bool m_reportQueued = false;

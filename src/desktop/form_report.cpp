@@ -72,13 +72,24 @@ void FormPeer::QueueReport()
     });
 }
 
-/// True while the window manager may still be on its way to the state in which the window was to come up: some tell of
-/// their steps one by one, and a window that was taken for a normal one would stay one.
+/// False for the margins of a frame that the window manager is still making: it is a pixel wide at
+/// first, and what lies beyond it counts as less than nothing.
+static bool IsWhole(QMargins const& frame)
+{
+    return frame.left() >= 0 && frame.top() >= 0 && frame.right() >= 0 && frame.bottom() >= 0;
+}
+
+/// True while the window manager may still be on its way to the state in which the window was to
+/// come up: some tell of their steps one by one, and a window that was taken for a normal one would
+/// stay one.
 bool FormPeer::IsSettling() const
 {
     constexpr int settlingTime = 1500; // milliseconds
-    return m_state == WindowState::Maximised && !Widget()->isMaximized() && !Widget()->isMinimized()
-        && m_sinceShown.isValid() && m_sinceShown.elapsed() < settlingTime;
+    auto const& window = *Widget();
+    bool const comesUp
+        = m_state == WindowState::Maximised && !window.isMaximized() && !window.isMinimized();
+    return (comesUp || !IsWhole(window.windowHandle()->frameMargins())) && m_sinceShown.isValid()
+        && m_sinceShown.elapsed() < settlingTime;
 }
 
 void FormPeer::ReportSize()
@@ -101,7 +112,8 @@ void FormPeer::ReportSize()
     }
     m_state = window.isMaximized() ? WindowState::Maximised : WindowState::Normal;
     auto const frame = window.windowHandle()->frameMargins();
-    if (!frame.isNull() || m_form.border == BorderStyle::None || m_state == WindowState::Maximised)
+    bool const mayBeNone = m_form.border == BorderStyle::None || m_state == WindowState::Maximised;
+    if (IsWhole(frame) && (mayBeNone || !frame.isNull()))
         m_frame = frame;
     auto const outer = window.size().grownBy(m_frame);
     // Within a pixel the form's own figure stands.
