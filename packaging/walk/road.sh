@@ -4,6 +4,8 @@
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 road=$1 size=$2 dpi=$3 disc=$4 pictures=$5
+screen=$size
+[ "$dpi" -eq 96 ] || screen=$size@$dpi
 # Without -noreset the screen would forget its scale with the first client that leaves.
 said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten tcp -noreset" \
     dbus-run-session -- bash -c '
@@ -11,8 +13,10 @@ said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten t
         openbox >/dev/null 2>&1 &
         trap "kill %1" EXIT
         export WALK_SCALE=$(/usr/bin/python3 -c "print($1 / 96)")
-        /usr/bin/python3 -B "$0" "${@:2}"' "$here/$road.py" "$dpi" "$disc" "$pictures" "$size" 2>&1)
+        /usr/bin/python3 -B "$0" "${@:2}"' "$here/$road.py" "$dpi" "$disc" "$pictures" "$screen" 2>&1)
 status=$?
+# What the bus says of its own coming up.
+said=$(grep -v '^dbus-daemon\|^SpiRegistry' <<<"$said")
 printf -- '-- %s on a screen of %s, %s %%\n%s\n' "$road" "$size" "$((dpi * 100 / 96))" "$said"
 # To xargs, a status of 255 is the word to begin no other.
 [ $status -eq 0 ] || exit 255
