@@ -8,6 +8,9 @@
 #include <QScrollBar>
 #include <QTextDocument>
 
+#include <algorithm>
+#include <utility>
+
 RichTextPeer::RichTextPeer(Desk& desk, RichTextBox& control, QWidget& ground)
     : TextPeer(desk, control, ground)
     , m_rich(control)
@@ -33,7 +36,8 @@ void RichTextPeer::MirrorText()
 {
     bool const isOther
         = m_revision != m_rich.Revision() || m_length > m_rich.Length() || IsEditing();
-    if (!IsTyped() && (isOther || m_length < m_rich.Length()) && CanBeUndone()) {
+    bool const wasPlain = std::exchange(m_isPlain, IsPlain());
+    if (!IsTyped() && (isOther || m_length < m_rich.Length()) && wasPlain && CanBeUndone()) {
         m_shown.ChangeTo(m_rich.Text());
     } else if (!IsTyped() && isOther) {
         Fill();
@@ -48,12 +52,24 @@ void RichTextPeer::MirrorText()
     m_length = m_rich.Length();
 }
 
-/// Of a text in one look, the change that a command such as Cut made in it. A handler that changes
-/// what is being typed has its way.
+/// Of a text that can be written in: whether all of it has the look of the design.
+bool RichTextPeer::IsPlain() const
+{
+    CharacterFormat const design { m_rich.FontBold, m_rich.FontSize, 0 };
+    auto const& runs = m_rich.Runs();
+    auto const& paragraphs = m_rich.Paragraphs();
+    return !m_rich.Locked && std::all_of(runs.begin(), runs.end(), [&](auto const& run) {
+        return run.format == design;
+    }) && std::all_of(paragraphs.begin(), paragraphs.end(), [](auto const& each) {
+        return each.format == ParagraphFormat {};
+    });
+}
+
+/// The change that a command such as Cut made in a plain text. A handler that changes what is being
+/// typed has its way.
 bool RichTextPeer::CanBeUndone() const
 {
-    return !m_rich.Locked && !IsEditing() && m_generation == m_rich.Generation()
-        && m_rich.Runs().size() <= 1;
+    return m_isPlain && !IsEditing() && m_generation == m_rich.Generation();
 }
 
 void RichTextPeer::Fill()

@@ -21,6 +21,7 @@ protected:
     void UserActed() override { m_keepsTop = false; }
 
 private:
+    bool IsPlain() const;
     bool CanBeUndone() const;
     void Fill();
     void Scroll();
@@ -28,6 +29,7 @@ private:
     RichTextBox& m_rich;
     unsigned m_revision = 0; // what the widget shows of the model
     unsigned m_generation = 0;
+    bool m_isPlain = false; // what it shows, and can be written in
     int m_length = 0;
     bool m_scrollWanted = true;
     bool m_keepsTop = true; // until the user scrolls, the line at the top stays there

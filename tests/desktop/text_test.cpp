@@ -109,6 +109,25 @@ TEST_F(DesktopTest, WhatACommandDidWithTheSelectionCanBeUndone)
     }
 }
 
+TEST_F(DesktopTest, AFormatReachesATextThatCanBeWrittenInToo)
+{
+    Open();
+    form.answer.Text = u"bold";
+    host.HandlersEnded();
+    form.answer.SelLength = 4;
+    form.answer.SelBold = true;
+    host.HandlersEnded();
+    auto const isBold = [&] {
+        auto cursor = Shown<TextEdit>(form.answer).textCursor();
+        cursor.setPosition(2);
+        return cursor.charFormat().fontWeight() >= QFont::Bold;
+    };
+    EXPECT_TRUE(isBold());
+    form.answer.ReplaceSelection(u"more");
+    host.HandlersEnded();
+    EXPECT_EQ(isBold(), form.answer.Runs().front().format.bold);
+}
+
 TEST_F(DesktopTest, ChangeHandlerMayReplaceWhatIsBeingTyped)
 {
     form.answer.Change = [this] {
