@@ -23,9 +23,11 @@ class NoSettings final : public SettingsStore {
 public:
     Outcome<std::optional<Text>> Read(TextView, TextView) const override { return std::optional<Text>(); }
     Outcome<Done> Write(TextView, TextView, TextView) override { return Done {}; }
-    Outcome<Done> DeleteSection(TextView) override { return Done {}; }
+    Outcome<Done> DeleteSection(TextView, Backup const&) override { return Done {}; }
+    Outcome<std::vector<Text>> Sections() const override { return std::vector<Text>(); }
     Outcome<std::vector<Entry>> All() const override { return std::vector<Entry>(); }
     Outcome<Done> WriteAll(std::vector<Entry> const&, Existing) override { return Done {}; }
+    std::optional<Failure> TakeReport() override { return std::nullopt; }
 };
 
 class NoShell final : public Shell {
@@ -42,7 +44,7 @@ public:
     }
     mutable std::size_t bytes = 0;
 
-    bool FileExists(TextView path) const override { return m_files.FileExists(path); }
+    Presence LookFor(TextView path) const override { return m_files.LookFor(path); }
     bool FolderExists(TextView path) const override { return m_files.FolderExists(path); }
     Outcome<std::uint64_t> FileSize(TextView path) const override { return m_files.FileSize(path); }
     Outcome<std::unique_ptr<InputFile>> Open(TextView path) const override
@@ -54,6 +56,7 @@ public:
     }
     Outcome<std::string> ReadAll(TextView path) const override { return m_files.ReadAll(path); }
     Outcome<Done> Write(TextView path, std::string_view what) override { return m_files.Write(path, what); }
+    Outcome<bool> Create(TextView path, std::string_view contents) override { return m_files.Create(path, contents); }
     Outcome<Done> WriteTemporary(TextView path, std::string_view what) override { return m_files.WriteTemporary(path, what); }
     Outcome<Done> SetAside(TextView path) override { return m_files.SetAside(path); }
     Outcome<Done> CreateFolder(TextView path) override { return m_files.CreateFolder(path); }
@@ -130,7 +133,8 @@ struct Bench {
     HeadlessHost host { files };
     NoSettings settings;
     NoShell shell;
-    Program program { host, counting, settings, shell };
+    InlineWriter writer;
+    Program program { host, counting, settings, writer, shell };
 };
 
 void LoadCatalogue(benchmark::State& state, Bench& bench)

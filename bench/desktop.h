@@ -5,6 +5,7 @@
 #include "controls/input.h"
 #include "desktop/desktop_host.h"
 #include "desktop/look.h"
+#include "platform/host/background_writer.h"
 #include "platform/host/host_file_system.h"
 #include "platform/host/host_shell.h"
 #include "platform/host/path_rules.h"
@@ -50,9 +51,10 @@ inline void ServeAll()
 struct Bench {
     HostFileSystem files { { fs::current_path(), fs::absolute("user/drive_c") } };
     SqliteSettingsStore settings { fs::absolute("user/settings.db") };
+    BackgroundWriter writer;
     HostShell shell;
     DesktopHost host { files, [](TextView path) { return Text(path); } };
-    Program program { host, files, settings, shell };
+    Program program { host, files, settings, writer, shell };
     Input input { program.OwnScreen() };
 
     template <class Kind> Kind& Get(char const* form, char const* control)

@@ -119,7 +119,7 @@ int MeasureLesson()
 {
     SetLook(*qApp);
     Bench bench;
-    static_cast<void>(bench.settings.DeleteSection(u"bench-1.dat:1"));
+    static_cast<void>(bench.settings.DeleteSection(u"bench-1.dat:1", SettingsStore::NoBackup));
     GoToCatalogue(bench);
     auto& tree = bench.Get<TreeView>("frmContents", "TreeView1");
     auto start = Clock::now();

@@ -46,9 +46,10 @@ struct Bench {
 
     HostFileSystem files { { "/", fs::absolute("user/drive_c") } };
     SqliteSettingsStore settings { fs::absolute("user/settings.db") };
+    InlineWriter writer;
     HostShell shell;
     HeadlessHost host;
-    Program program { host, files, settings, shell };
+    Program program { host, files, settings, writer, shell };
     Screen& screen = program.OwnScreen();
     Input input { screen };
 };

@@ -48,6 +48,23 @@ void ReplaceAll(Text& text, TextView from, TextView to)
     text = std::move(result.append(text, start));
 }
 
+Text WithLineEnds(TextView text)
+{
+    Text result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bool const isReturn = text[i] == u'\r';
+        if (!isReturn && text[i] != u'\n') {
+            result.push_back(text[i]);
+            continue;
+        }
+        if (isReturn && i + 1 < text.size() && text[i + 1] == u'\n')
+            ++i;
+        result += u"\r\n";
+    }
+    return result;
+}
+
 Text FromNumber(std::int64_t number)
 {
     char digits[24];

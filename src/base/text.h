@@ -25,6 +25,9 @@ bool Contains(TextView text, char16_t character);
 /// Replaces every occurrence of `from` (not empty), found from left to right, by `to`.
 void ReplaceAll(Text& text, TextView from, TextView to);
 
+/// The text with every lone CR and lone LF as CR LF.
+Text WithLineEnds(TextView text);
+
 /// The number in decimal, without leading zeros.
 Text FromNumber(std::int64_t number);
 

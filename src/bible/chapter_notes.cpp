@@ -1,155 +1,124 @@
 #include "bible/chapter_notes.h"
 
-#include "base/code_page.h"
-#include "base/nearest_form.h"
+#include "bible/note_file.h"
 
-#include <algorithm>
-
-// A note that the code page can't hold stands in UTF-8 in a file of its own, and its nearest form in the usual one. Each step
-// of writing replaces one file, and after each the old note or the new one can be read whole: the exact text that
-// counts is the one whose nearest form the usual file holds.
-static constexpr TextView exactEnding = u".utf8";
-static constexpr TextView nextEnding = u".utf8-next";
-
-std::optional<Text> NoteFile(TextView folder, TextView bookName, TextView chapter)
+Text ChapterNotes::Fill(TextView path)
 {
-    Text const name = Text(bookName).append(chapter);
-    bool const isWritable = std::none_of(name.begin(), name.end(), [](char16_t character) {
-        return character < u' ' || character == 0x7F || Contains(u"\\/:*?\"<>|", character);
-    });
-    if (!isWritable || name.empty() || name.front() == u'.' || name.front() == u' ')
-        return std::nullopt;
-    return Text(folder) + name + u".dat";
+    static_cast<void>(Collect());
+    m_box = Box { Text(path), WithLineEnds(Shown(Text(path))) };
+    return m_box->base;
 }
 
-static Text Exact(Text const& path)
+Text ChapterNotes::Shown(Text const& path)
 {
-    return path + Text(exactEnding);
-}
-
-static Text Next(Text const& path)
-{
-    return path + Text(nextEnding);
-}
-
-Outcome<Text> ChapterNotes::Stored(Text const& path) const
-{
-    if (!m_files.FileExists(path))
-        return Text();
-    auto const bytes = m_files.ReadAll(path);
-    if (!bytes)
-        return bytes.failure();
-    for (Text const& file : { Exact(path), Next(path) }) {
-        if (!m_files.FileExists(file))
-            continue;
-        auto const exact = m_files.ReadAll(file);
-        if (!exact)
-            return exact.failure();
-        Text text = FromUtf8(*exact);
-        if (NearestCodePage(text).bytes == *bytes)
-            return text;
-    }
-    return FromCodePage(*bytes);
-}
-
-Text ChapterNotes::Load(TextView path)
-{
-    Text const key(path);
-    if (auto const pending = m_pending.find(key); pending != m_pending.end())
+    if (auto const pending = m_pending.find(path); pending != m_pending.end())
         return pending->second;
-    auto stored = Stored(key);
+    auto stored = ReadNote(m_files, path);
     if (!stored) {
-        m_unseen.insert(key);
+        m_unseen.insert(path);
         return {};
     }
-    m_unseen.erase(key);
+    m_unseen.erase(path);
     return std::move(*stored);
 }
 
-static std::optional<Failure> FailureOf(Outcome<Done> const& outcome)
+std::optional<Failure> ChapterNotes::Leave(TextView text, bool tell)
 {
-    return outcome ? std::nullopt : std::optional(outcome.failure());
-}
-
-/// Deletes a file if there is one.
-static std::optional<Failure> Drop(FileSystem& files, Text const& path)
-{
-    return files.FileExists(path) ? FailureOf(files.Delete(path)) : std::nullopt;
-}
-
-/// Where a power cut left the exact form of the present note in the second file alone, it moves to the first before the second is
-/// used again.
-static std::optional<Failure> Promote(FileSystem& files, Text const& path)
-{
-    if (!files.FileExists(Next(path)) || !files.FileExists(path))
+    static_cast<void>(Collect());
+    if (!m_box)
         return std::nullopt;
-    auto const next = files.ReadAll(Next(path));
-    if (!next)
-        return next.failure();
-    auto const bytes = files.ReadAll(path);
-    if (!bytes)
-        return bytes.failure();
-    bool const isPresent = NearestCodePage(FromUtf8(*next)).bytes == *bytes;
-    return isPresent ? FailureOf(files.Write(Exact(path), *next)) : std::nullopt;
-}
-
-std::optional<Failure> ChapterNotes::Write(Text const& path, TextView text)
-{
-    if (m_unseen.contains(path)) {
-        for (Text const& file : { path, Exact(path), Next(path) })
-            if (m_files.FileExists(file))
-                if (auto failure = FailureOf(m_files.SetAside(file)))
-                    return failure;
-        m_unseen.erase(path);
-    }
-    if (auto const bytes = ToCodePage(text)) {
-        if (auto failure = FailureOf(m_files.Write(path, *bytes)))
-            return failure;
-        auto failure = Drop(m_files, Exact(path));
-        return failure ? failure : Drop(m_files, Next(path));
-    }
-    auto const exact = ToUtf8(text);
-    auto failure = Promote(m_files, path);
-    if (!failure)
-        failure = FailureOf(m_files.Write(Next(path), exact));
-    if (!failure)
-        failure = FailureOf(m_files.Write(path, NearestCodePage(text).bytes));
-    if (!failure)
-        failure = FailureOf(m_files.Write(Exact(path), exact));
-    return failure ? failure : Drop(m_files, Next(path));
-}
-
-std::optional<Failure> ChapterNotes::Save(TextView path, TextView text, bool tell)
-{
-    Text const key(path);
-    if (text.empty() && m_unseen.contains(key) && !m_pending.contains(key))
+    if (text == m_box->base && !m_pending.contains(m_box->path)) {
+        if (!m_unseen.contains(m_box->path))
+            RestoreNote(m_files, m_box->path, text);
+        static_cast<void>(RetryPending());
         return std::nullopt;
-    m_pending[key] = text;
-    auto failure = RetryPending();
-    bool const isNew = failure && !m_told;
+    }
+    m_pending[m_box->path] = text;
+    return ToBeTold(RetryPending(), tell);
+}
+
+/// The first failure since nothing waited of which the user has been told.
+std::optional<Failure> ChapterNotes::ToBeTold(std::optional<Failure> failure, bool tell)
+{
+    bool const isNews = failure && !m_told;
     m_told = failure && (m_told || tell);
-    return isNew && tell ? failure : std::nullopt;
+    return isNews && tell ? std::move(failure) : std::nullopt;
 }
 
-void ChapterNotes::KeepPlace(TextView path)
+TypedOutcome ChapterNotes::KeepTyped(TextView text)
 {
-    if (!m_files.FileExists(path) && !m_pending.contains(Text(path)))
-        static_cast<void>(m_files.Write(path, {}));
-    static_cast<void>(RetryPending());
+    if (!m_writer.IsIdle())
+        return { false, {} };
+    bool isNews = !m_typed.empty();
+    auto failure = Collect();
+    auto const pending = m_box ? m_pending.find(m_box->path) : m_pending.end();
+    if (m_box && text != (pending == m_pending.end() ? m_box->base : pending->second)) {
+        m_pending[m_box->path] = text;
+        Writing& writing = m_typed.emplace_back(WritingOf(m_box->path));
+        m_writer.Later([&files = m_files, &writing] { Write(files, writing); });
+        isNews = m_writer.IsIdle();
+        if (isNews)
+            failure = Collect();
+    }
+    return { m_typed.empty(), isNews ? ToBeTold(std::move(failure), true) : std::nullopt };
+}
+
+ChapterNotes::Writing ChapterNotes::WritingOf(Text const& path) const
+{
+    return { path, m_pending.at(path), m_unseen.contains(path), {} };
+}
+
+void ChapterNotes::Write(FileSystem& files, Writing& writing)
+{
+    // A file that couldn't be read may still be all right: an emptied box doesn't put it away.
+    if (writing.isUnseen && writing.text.empty())
+        return;
+    if (writing.isUnseen)
+        writing.failure = SetNoteAside(files, writing.path);
+    if (writing.failure)
+        return;
+    writing.isUnseen = false;
+    writing.failure = WriteNote(files, writing.path, writing.text);
+}
+
+/// Takes up what became of a note: written, it is the base of its box and waits no longer.
+void ChapterNotes::Finish(Writing const& writing)
+{
+    if (!writing.isUnseen)
+        m_unseen.erase(writing.path);
+    if (writing.failure)
+        return;
+    if (m_box && m_box->path == writing.path)
+        m_box->base = writing.text;
+    auto const pending = m_pending.find(writing.path);
+    if (pending != m_pending.end() && pending->second == writing.text)
+        m_pending.erase(pending);
+}
+
+/// Takes up what became of the notes that the writer was given, and gives the first failure.
+std::optional<Failure> ChapterNotes::Collect()
+{
+    m_writer.Wait();
+    std::optional<Failure> first;
+    for (Writing const& writing : m_typed) {
+        Finish(writing);
+        if (writing.failure && !first)
+            first = writing.failure;
+    }
+    m_typed.clear();
+    return first;
 }
 
 std::optional<Failure> ChapterNotes::RetryPending()
 {
+    static_cast<void>(Collect());
     std::optional<Failure> first;
-    for (auto each = m_pending.begin(); each != m_pending.end();) {
-        auto failure = Write(each->first, each->second);
-        if (!failure) {
-            each = m_pending.erase(each);
-            continue;
-        }
-        if (!first)
-            first = std::move(failure);
-        ++each;
+    for (auto next = m_pending.begin(); next != m_pending.end();) {
+        auto writing = WritingOf((next++)->first);
+        Write(m_files, writing);
+        Finish(writing);
+        if (writing.failure && !first)
+            first = writing.failure;
     }
     m_told = m_told && !m_pending.empty();
     return first;

@@ -1,49 +1,67 @@
 #pragma once
-// The reader's notes: a text file for each chapter in a folder of the user's. No note is lost when the disk fails: what can't be
-// written is kept here and tried again. The form of the files stands in docs/formats/notes.md.
+// The reader's notes, a text file for each chapter in a folder of the user's, and the box in which one of them is typed. No note is
+// lost when the disk fails: what can't be written is kept here and tried again. The files of a note are note_file.h's work, the
+// rules stand in docs/formats/notes.md.
 
 #include "base/failure.h"
 #include "platform/file_system.h"
+#include "platform/writer.h"
 
+#include <deque>
 #include <map>
 #include <optional>
 #include <set>
 
-/// The path of the note on a chapter: the folder (with a separator at its end), the book, the chapter as typed and ".dat".
-/// Nothing if such a file can't be: a part of a path, a character that names can't hold, "." or blanks at the ends.
-std::optional<Text> NoteFile(TextView folder, TextView bookName, TextView chapter);
-
 class ChapterNotes {
 public:
-    /// `files` outlives the notes.
-    explicit ChapterNotes(FileSystem& files)
+    /// Both outlive the notes. The writer works on the files of notes alone.
+    ChapterNotes(FileSystem& files, Writer& writer)
         : m_files(files)
+        , m_writer(writer)
     {
     }
 
-    /// The note at a path: a text that waits to be written, else what the file holds; empty if there is neither or it can't be
-    /// read. A file that couldn't be read is never overwritten: an empty text doesn't replace it, and for any other it
-    /// is given another name first.
-    Text Load(TextView path);
+    /// The text for the box of the note at a path, with CR LF line ends: one that waits to be written, else what the file holds;
+    /// empty if there is neither or it can't be read. It becomes the base of the box. A file that couldn't be read is
+    /// never overwritten: an empty text doesn't replace it, and for any other it is given another name first.
+    Text Fill(TextView path);
 
-    /// Writes a note, and with it all that waits. A text that the code page lacks stands exactly in a file beside. A
-    /// text that can't be written waits here. Gives the failure that the user is to be told: the first one since
-    /// nothing waited.
-    /// Where the user isn't to be told now (`tell` false), he is at the next time.
-    std::optional<Failure> Save(TextView path, TextView text, bool tell);
+    /// The user leaves the box with this text. It is written and becomes the base. A text that equals the base leaves the
+    /// file alone, be it another copy's now, but for what has gone of it: then it is written from the box. All that waits is tried
+    /// again. Gives the failure that the user is to be told: the first one since nothing waited. Where the user isn't to be
+    /// told now (`tell` false), he is at the next time.
+    std::optional<Failure> Leave(TextView text, bool tell);
 
-    /// A note that is as it was: its file is left alone, but made, empty, if there is none. Fails silently.
-    void KeepPlace(TextView path);
+    /// Hands a text that is being typed to the writer, by the rule of Leave, but waits for nothing. To be asked again as
+    /// long as that isn't over.
+    TypedOutcome KeepTyped(TextView text);
 
     /// Tries to write all that waits, for the end of the program. Gives the first failure.
     std::optional<Failure> RetryPending();
 
 private:
-    Outcome<Text> Stored(Text const& path) const;
-    std::optional<Failure> Write(Text const& path, TextView text);
+    struct Box {
+        Text path, base;
+    };
+    /// A note on its way to the disk.
+    struct Writing {
+        Text path, text;
+        bool isUnseen; // the file that is there couldn't be read
+        std::optional<Failure> failure;
+    };
+
+    static void Write(FileSystem& files, Writing& writing);
+    Text Shown(Text const& path);
+    Writing WritingOf(Text const& path) const;
+    void Finish(Writing const& writing);
+    std::optional<Failure> Collect();
+    std::optional<Failure> ToBeTold(std::optional<Failure> failure, bool tell);
 
     FileSystem& m_files;
-    std::map<Text, Text> m_pending; // what was typed and isn't written yet, by its path
+    Writer& m_writer;
+    std::optional<Box> m_box;
+    std::map<Text, Text> m_pending; // what was typed and isn't known to be written, by its path
     std::set<Text> m_unseen; // files that couldn't be read
+    std::deque<Writing> m_typed; // in the writer's hands
     bool m_told = false;
 };

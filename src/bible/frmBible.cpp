@@ -51,6 +51,9 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
             cmdOkay_Click();
     };
     txtNotes.Change = [this] { txtNotes_Change(); };
+    txtNotes.Typed = [this] { tmrStore.Enabled = true; };
+    tmrStore.Enabled = false;
+    tmrStore.Tick = [this] { tmrStore_Timer(); };
     cboVersion.Click = [this] { cboVersion_Click(); };
     cmdOkay.Click = [this] { cmdOkay_Click(); };
     cmdPrev.Click = [this] { cmdPrev_Click(); };
@@ -64,7 +67,6 @@ void frmBible::Form_Load()
     cmdNext.Enabled = false;
     cmdPrev.Enabled = false;
     m_noteFile.reset();
-    m_keptNote.clear();
     // There are two translations; a stored word that names neither counts as the second.
     translation = ReadSetting(m_settings, settingsSection, u"translation", u"kjv") == u"kjv" ? u"kjv" : u"nasb";
     LoadBooks();
@@ -90,8 +92,8 @@ void frmBible::Form_Unload()
 /// The bytes of a data file. One that is missing comes into being empty, where that can be; one that can't be read counts as empty.
 std::string frmBible::ReadData(TextView path)
 {
-    if (!m_files.FileExists(path)) {
-        static_cast<void>(m_files.Write(path, {}));
+    if (m_files.LookFor(path) == Presence::Absent) {
+        static_cast<void>(m_files.Create(path, {}));
         return {};
     }
     auto bytes = m_files.ReadAll(path);

@@ -11,6 +11,7 @@
 #include "controls/menu.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
+#include "controls/timer.h"
 #include "controls/tree_view.h"
 #include "controls/xp_container.h"
 #include "platform/file_system.h"
@@ -61,6 +62,7 @@ private:
     void LoadNotes();
     bool HasNote() const;
     void txtNotes_Change();
+    void tmrStore_Timer();
     void cmdPrint_Click();
     void PrintNotes();
 
@@ -76,7 +78,6 @@ private:
     Text verse; // of that reference as typed, empty for a whole chapter
     Text chapterCount; // of the current book, as in the index
     std::optional<Text> m_noteFile; // of the note in the box; nothing if no note has been loaded
-    Text m_keptNote; // that note as it was loaded or last saved
 
     Menu mnuFile { *this, "mnuFile", u"&File" };
     MenuEntry mnuFileExit { *this, mnuFile, "mnuFileExit", u"E&xit" };
@@ -96,6 +97,7 @@ private:
     ComboBox cboVersion { *this, XPContainer3, "cboVersion", { 165, 420, 2175, 315 },
         { u"King James Version", u"New American Standard" } };
     CommandButton cmdPrint { *this, XPContainer4, "cmdPrint", { 1680, 120, 615, 255 }, u"Print" };
+    Timer tmrStore { *this, "tmrStore", 1000 }; // runs from a change of the note by the user until it is stored
     ImageList ImageList1 { *this, "ImageList1",
         { { "folder", ":folder" }, { "openfolder", ":openfolder" }, { "book", ":book" } } };
 };

@@ -5,6 +5,7 @@
 #include "base/rounding.h"
 #include "bible/chapter_page.h"
 #include "bible/frmBible.h"
+#include "bible/note_file.h"
 #include "bible/print_wrapped.h"
 #include "controls/screen.h"
 #include "platform/settings.h"
@@ -87,7 +88,14 @@ bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
 void frmBible::ShowPage(TextView html)
 {
     auto bytes = ToCodePage(html);
-    auto const written = m_files.WriteTemporary(pagePath, bytes ? *bytes : NearestCodePage(html).bytes);
+    auto const& page = bytes ? *bytes : NearestCodePage(html).bytes;
+    auto written = m_files.WriteTemporary(pagePath, page);
+    if (auto const folder = m_files.TemporaryFolder(); !written && !m_files.FolderExists(folder)) {
+        // It couldn't be made when the program started.
+        EnsureFolder(driveLetter + u":");
+        EnsureFolder(folder);
+        written = m_files.WriteTemporary(pagePath, page);
+    }
     StatusBar1.Panel2 = written ? Text() : u"The page can't be shown: " + written.failure().Message();
     if (written)
         Text1.Navigate(u"file://" + pagePath);
@@ -106,28 +114,35 @@ Text frmBible::NotesFolder() const
     return driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes\\";
 }
 
+static constexpr TextView noteFails = u"Your note can't be saved now. It is kept, and will be tried again.\r\n\r\n";
+
 void frmBible::SaveNotes(bool tell)
 {
+    tmrStore.Enabled = false;
     if (!m_noteFile)
         return;
-    if (txtNotes.Text() == m_keptNote) {
-        m_notes.KeepPlace(*m_noteFile);
-        return;
-    }
-    m_keptNote = txtNotes.Text();
-    if (auto const failure = m_notes.Save(*m_noteFile, m_keptNote, tell))
-        OwnScreen().Message(u"Your note can't be saved now. It is kept, and will be tried again.\r\n\r\n" + failure->Message());
+    if (auto const failure = m_notes.Leave(txtNotes.Text(), tell))
+        OwnScreen().Message(Text(noteFails) + failure->Message());
+}
+
+/// The user has changed the note a second ago.
+void frmBible::tmrStore_Timer()
+{
+    auto const [isOver, failure] = m_noteFile ? m_notes.KeepTyped(txtNotes.Text()) : TypedOutcome { true, {} };
+    tmrStore.Enabled = !isOver;
+    if (failure)
+        OwnScreen().Message(Text(noteFails) + failure->Message());
 }
 
 void frmBible::LoadNotes()
 {
     m_noteFile = NoteFile(NotesFolder(), bookName, chapter);
-    m_keptNote = m_noteFile ? m_notes.Load(*m_noteFile) : Text();
     txtNotes.Text = u"";
     cmdPrint.Enabled = false;
     XPContainer4.Caption = u"Notes for " + bookName + (chapter.empty() ? u"" : u" " + chapter);
     txtNotes.Locked = !m_noteFile;
-    txtNotes.Text = m_keptNote;
+    if (m_noteFile)
+        txtNotes.Text = m_notes.Fill(*m_noteFile);
     cmdPrint.Enabled = HasNote();
     if (!m_noteFile)
         OwnScreen().Message(u"There can be no note on \u201C" + bookName + u"\u201D: a file can't bear that name.");

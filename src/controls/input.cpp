@@ -103,7 +103,10 @@ Refusal Input::Edit(TextInput& box, Text text, int start, int length)
         return refusal;
     if (box.IsReadOnly())
         return std::string(box.OwnForm().Name()) + "." + box.Name() + " is read-only";
-    return Act(box, true, [&box, text = std::move(text), start, length] { box.Edited(text, start, length); });
+    return Act(box, true, [&box, text = std::move(text), start, length] {
+        if (box.Edited(text, start, length))
+            box.Raise(box.Typed);
+    });
 }
 
 Refusal Input::Select(TextInput& box, int start, int length)

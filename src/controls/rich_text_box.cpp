@@ -60,7 +60,7 @@ void RichTextBox::ReplaceSelection(TextView text)
     Raise(Change);
 }
 
-void RichTextBox::Edited(::Text text, int start, int length)
+bool RichTextBox::Edited(::Text text, int start, int length)
 {
     text = WithLineEnds(text);
     auto const& old = Text();
@@ -80,6 +80,7 @@ void RichTextBox::Edited(::Text text, int start, int length)
     ContentChanged();
     if (changed)
         Raise(Change);
+    return changed;
 }
 
 void RichTextBox::Append(TextView text)

@@ -40,7 +40,7 @@ public:
     bool IsReadOnly() const override { return Locked; }
     bool IsMultiLine() const override { return true; }
     void ReplaceSelection(TextView text) override;
-    void Edited(::Text text, int start, int length) override;
+    bool Edited(::Text text, int start, int length) override;
     /// Length of the text in 16-bit characters.
     int Length() const { return static_cast<int>(Text().size()); }
 

@@ -36,8 +36,11 @@ void Screen::LeaveHandler(Form& form)
     if (m_depth == 1)
         SettleFocus();
     --m_depth;
-    if (m_depth == 0)
+    if (m_depth == 0) {
         m_host.HandlersEnded();
+        if (handlersEnded)
+            handlersEnded();
+    }
     form.RunKept();
 }
 

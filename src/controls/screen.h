@@ -58,6 +58,7 @@ public:
     /// Brackets every event handler. The outermost one settles the focus at its end and lets the host follow.
     void EnterHandler(Form& form);
     void LeaveHandler(Form& form);
+    Event handlersEnded; ///< behind the outermost handler, when the host has followed
 
 private:
     friend class Form;

@@ -2,23 +2,6 @@
 
 #include <algorithm>
 
-Text WithLineEnds(TextView text)
-{
-    Text result;
-    result.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        bool const isReturn = text[i] == u'\r';
-        if (!isReturn && text[i] != u'\n') {
-            result.push_back(text[i]);
-            continue;
-        }
-        if (isReturn && i + 1 < text.size() && text[i + 1] == u'\n')
-            ++i;
-        result += u"\r\n";
-    }
-    return result;
-}
-
 /// The offset, held within the text and moved in front of a line end in whose middle it would stand.
 static int Within(Text const& text, int offset)
 {
@@ -78,7 +61,7 @@ void TextBox::ReplaceSelection(TextView text)
     Edited(std::move(whole), static_cast<int>(start + inserted.size()), 0);
 }
 
-void TextBox::Edited(::Text text, int start, int length)
+bool TextBox::Edited(::Text text, int start, int length)
 {
     text = WithLineEnds(text);
     bool const changed = text != Text();
@@ -87,6 +70,7 @@ void TextBox::Edited(::Text text, int start, int length)
     ContentChanged();
     if (changed)
         Raise(Change);
+    return changed;
 }
 
 void TextBox::Assigned(PropertyBase const& property, bool changed)

@@ -17,8 +17,8 @@ public:
     /// Replaces the selection by a text, whose lone CR or LF become line ends, puts the caret behind it and
     /// raises Change.
     virtual void ReplaceSelection(TextView text) = 0;
-    /// The host's own: what the user has made of the text, with the caret and the selection.
-    virtual void Edited(::Text text, int start, int length) = 0;
+    /// The host's own: what the user has made of the text, with the caret and the selection. True if the text is another.
+    virtual bool Edited(::Text text, int start, int length) = 0;
     /// The host's own: where the user has put the caret; no event.
     void Selected(int start, int length);
 
@@ -28,14 +28,12 @@ public:
     Property<int> SelLength;
 
     Event Change;
+    Event Typed; ///< behind Change, where the user has changed the text, and not the program
 
 protected:
     void Assigned(PropertyBase const& property, bool changed) override;
     virtual void CaretPlaced() { }
 };
-
-/// A text with every lone CR and lone LF as CR LF.
-Text WithLineEnds(TextView text);
 
 /// A text box with plain text.
 class TextBox final : public TextInput {
@@ -47,7 +45,7 @@ public:
     bool IsReadOnly() const override { return Locked; }
     bool IsMultiLine() const override { return MultiLine; }
     void ReplaceSelection(TextView text) override;
-    void Edited(::Text text, int start, int length) override;
+    bool Edited(::Text text, int start, int length) override;
 
     /// Setting it puts the caret at the start and raises Change.
     Property<::Text> Text;

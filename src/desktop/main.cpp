@@ -3,6 +3,7 @@
 #include "desktop/desktop_host.h"
 #include "desktop/look.h"
 #include "desktop/orderly_end.h"
+#include "platform/host/background_writer.h"
 #include "platform/host/host_file_system.h"
 #include "platform/host/host_shell.h"
 #include "platform/host/path_rules.h"
@@ -22,12 +23,13 @@ static void RunProgram(QApplication& application)
     auto const drive = user / "drive_c";
     HostFileSystem files({ ProgramFolder(), drive });
     SqliteSettingsStore settings(user / "settings.db");
+    BackgroundWriter writer;
     HostShell shell;
     DesktopHost host(files, [&drive](TextView path) {
         auto const place = PlaceOf(path, drive);
         return place ? place->u16string() : Text();
     });
-    Program program(host, files, settings, shell);
+    Program program(host, files, settings, writer, shell);
     OrderlyEnd const end(application, [&] { program.Finish(); });
     program.Start(settings.OpeningReport());
     host.Run();

@@ -69,9 +69,10 @@ int RunScript(Options const& options, std::istream& script, Size screen)
 
     HostFileSystem files({ application, user.Path() / "drive_c" });
     SqliteSettingsStore settings(user.Path() / "settings.db");
+    InlineWriter writer; // so that what a command has stored is there when it is answered
     RecordingShell shell;
     HeadlessHost host(files, screen);
-    Program program(host, files, settings, shell);
+    Program program(host, files, settings, writer, shell);
     Machine machine { host, program.OwnScreen(), settings, shell };
     Driver driver(machine, script, std::cout, [&user](int status) {
         user.Remove();

@@ -1,9 +1,9 @@
 // The subcommands about a user's own work.
 
 #include "kit/answer_documents.h"
-#include "kit/backup_file.h"
 #include "kit/commands.h"
 #include "kit/files.h"
+#include "kit/user_work.h"
 #include "platform/host/host_file_system.h"
 #include "platform/host/user_folders.h"
 

@@ -1,6 +1,6 @@
 #include "kit/answer_documents.h"
 
-#include "bible/chapter_notes.h"
+#include "bible/note_file.h"
 #include "study/lesson_file.h"
 
 #include <algorithm>
@@ -114,24 +114,23 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
     return documents;
 }
 
-AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem& files)
+AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem const& files)
 {
     constexpr std::string_view ending = ".dat";
     AnswerDocument document { "chapter-notes", u"Notes on chapters of the Bible", {} };
-    ChapterNotes notes(files);
     for (auto const& [name, bytes] : work.notes) {
         if (!name.ends_with(ending))
             continue;
-        auto const text = notes.Load(
-            u"C:\\Program Files\\Sparrowfield Interactive Software\\notes\\" + FromUtf8(name));
-        if (Trim(text).empty())
+        auto const note = ReadNote(
+            files, u"C:\\Program Files\\Sparrowfield Interactive Software\\notes\\" + FromUtf8(name));
+        if (!note || Trim(*note).empty())
             continue;
         // "John3" is John 3, "2 John" the whole of 2 John.
         auto chapter = FromUtf8(name.substr(0, name.size() - ending.size()));
         auto const digits = chapter.find_last_not_of(u"0123456789");
         if (digits != Text::npos && digits + 1 < chapter.size())
             chapter.insert(digits + 1, 1, u' ');
-        document.lessons.push_back({ chapter, { { {}, {}, text, {} } } });
+        document.lessons.push_back({ chapter, { { {}, {}, *note, {} } } });
     }
     return document;
 }

@@ -32,7 +32,7 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
 
 /// The notes that aren't empty, a "lesson" for each, by their chapters. `files` shows drive C: of
 /// the user.
-AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem& files);
+AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem const& files);
 
 enum class DocumentFormat { Html, Markdown, Json };
 

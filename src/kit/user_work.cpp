@@ -3,10 +3,6 @@
 #include "platform/host/descriptor.h"
 #include "platform/host/sqlite_settings_store.h"
 
-#include <algorithm>
-#include <fstream>
-#include <sstream>
-
 namespace fs = std::filesystem;
 
 namespace {
@@ -23,25 +19,6 @@ std::string NameOf(SettingsStore::Entry const& entry)
 }
 
 } // namespace
-
-bool IsNoteName(std::string const& name)
-{
-    return !name.empty() && name.size() <= 255 && name[0] != '.'
-        && std::none_of(name.begin(), name.end(),
-            [](char c) { return c == '/' || c == '\\' || (c >= 0 && c < ' '); });
-}
-
-Outcome<std::string> ReadWholeFile(fs::path const& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream bytes;
-    if (!stream || !(bytes << stream.rdbuf()) || stream.bad()) {
-        if (stream && fs::is_regular_file(file) && fs::file_size(file) == 0)
-            return std::string();
-        return SystemFailure(FromUtf8(file.string()));
-    }
-    return bytes.str();
-}
 
 fs::path NotesFolder(fs::path const& userFolder)
 {

@@ -1,27 +1,10 @@
 #pragma once
 // All that a user has written, the entries of his store and the files of his notes: how it is read, and how it is brought back.
 
-#include "base/failure.h"
-#include "platform/settings_store.h"
-
-#include <filesystem>
-#include <map>
-#include <string>
-#include <vector>
-
-struct UserWork {
-    std::vector<SettingsStore::Entry> entries; ///< ordered by section, then key
-    std::map<std::string, std::string> notes; ///< bytes by the file's name
-};
+#include "platform/host/backup_file.h"
 
 /// Where the notes lie in a user's folder.
 std::filesystem::path NotesFolder(std::filesystem::path const& userFolder);
-
-/// True for a name that stays in its folder, and is no hidden file.
-bool IsNoteName(std::string const& name);
-
-/// A file's bytes. Fails with the system's reason.
-Outcome<std::string> ReadWholeFile(std::filesystem::path const& file);
 
 /// The work in a user's folder as it is at this moment; a running program may go on. Empty where
 /// nothing has been written yet. A damaged store, or one of a newer version, stays where it is.

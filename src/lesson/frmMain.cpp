@@ -49,6 +49,7 @@ void frmMain::Design()
     ctlScrollbar.Min = 1;
     ctlScrollbar.Max = 1;
     ctlScrollbar.Value = 1;
+    tmrStore.Enabled = false;
     TreeView1.Images = &ImageList2;
     TreeView2.Images = &ImageList2;
     StatusBar1.Panel1 = u"Lesson progress:";
@@ -80,6 +81,9 @@ void frmMain::Listen()
     Text3.GotFocus = [this] { Text3_GotFocus(); };
     Text3.LostFocus = [this] { Text3_LostFocus(); };
     Text3.Change = [this] { Text3_Change(); };
+    Text3.Typed = [this] { StoreWhatIsTyped(); };
+    Text3.KeyDown = [this](int, int) { StatusBar1.Panel2 = u""; };
+    tmrStore.Tick = [this] { tmrStore_Timer(); };
     Image1.Click = [this] { Image1_Click(); };
     Command1.Click = [this] { Command1_Click(); };
     Command2.Click = [this] { Command2_Click(); };
@@ -116,8 +120,9 @@ void frmMain::ShowLessonPage(int page)
     Text3.Top = Text2.Height + 15 + Text2.Top + 90;
     Text3.Height = Image1.Top - Text3.Top;
     m_answerPage = ctlScrollbar.Value;
-    m_keptAnswer = m_store.Answer(studyKey, m_answerPage);
-    Text3.Text = m_keptAnswer;
+    Text3.Text = m_store.Fill(m_section, m_answerPage);
+    StopStoring();
+    StatusBar1.Panel2 = u"";
     if (!Visible)
         Show();
     Text3.Visible = true;
@@ -128,7 +133,7 @@ void frmMain::ShowLessonPage(int page)
     Command1.Enabled = page != ctlScrollbar.Max && HasAnswer();
     Command2.Enabled = page != ctlScrollbar.Min;
     EnableClipboardEntries(true);
-    m_store.SetCurrentPage(studyKey, FromNumber(page));
+    m_store.SetCurrentPage(m_section, FromNumber(page));
     Text2.Width = Image2.Width - Text2.Left - 320;
 }
 
@@ -189,19 +194,38 @@ void frmMain::Text3_Change()
     Command1.Enabled = HasAnswer();
 }
 
-/// Under the page whose answer the box was given: while a lesson opens, the scroll bar is not yet at its page.
 void frmMain::StoreAnswer()
 {
-    if (m_answerPage == 0)
-        return;
-    // Another copy of the program may have gone on with an answer that stands here untouched.
-    if (!m_keptAnswer.empty() && Text3.Text() == m_keptAnswer) {
-        static_cast<void>(m_store.RetryPending());
-        return;
-    }
-    m_keptAnswer = Text3.Text();
-    if (auto const failure = m_store.StoreAnswer(studyKey, m_answerPage, Text3.Text))
+    StopStoring();
+    if (auto const failure = m_store.Leave(Text3.Text))
         OwnScreen().Message(failure->Message());
+}
+
+/// The user has changed the answer: it is stored a second later, however long he goes on.
+void frmMain::StoreWhatIsTyped()
+{
+    tmrStore.Enabled = true;
+    StatusBar1.Panel2 = u"";
+}
+
+void frmMain::StopStoring()
+{
+    tmrStore.Enabled = false;
+}
+
+void frmMain::tmrStore_Timer()
+{
+    auto const [isOver, failure] = m_store.KeepTyped(Text3.Text);
+    tmrStore.Enabled = !isOver;
+    if (failure)
+        OwnScreen().Message(failure->Message());
+}
+
+void frmMain::StoreAnew()
+{
+    m_store.FillAnew();
+    if (m_answerPage != 0)
+        m_store.SetCurrentPage(m_section, FromNumber(m_answerPage));
 }
 
 void frmMain::EnableClipboardEntries(bool enabled)
@@ -221,7 +245,18 @@ void frmMain::ShowPassage(Node const& node)
 
 void frmMain::mnuFileSave_Click()
 {
-    StoreAnswer();
+    if (m_answerPage == 0)
+        return;
+    StopStoring();
+    if (auto const failure = m_store.Save(Text3.Text)) {
+        OwnScreen().Message(failure->Message());
+        return;
+    }
+    // An answer that couldn't be read before stands in front of what was typed now.
+    auto const stored = m_store.Fill(m_section, m_answerPage);
+    if (stored != Text3.Text())
+        Text3.Text = stored;
+    StatusBar1.Panel2 = u"Saved";
 }
 
 void frmMain::mnuFileClose_Click()
@@ -241,6 +276,7 @@ void frmMain::mnuEditCut_Click()
 {
     mnuEditCopy_Click();
     Text3.ReplaceSelection({});
+    StoreWhatIsTyped();
 }
 
 void frmMain::mnuEditCopy_Click()
@@ -253,13 +289,16 @@ void frmMain::mnuEditCopy_Click()
 void frmMain::mnuEditPaste_Click()
 {
     Text3.ReplaceSelection(OwnScreen().OwnHost().ClipboardText());
+    StoreWhatIsTyped();
 }
 
 void frmMain::mnuEditDeleteLesson_Click()
 {
-    if (auto const failure = m_store.DeleteLesson(studyKey)) {
-        OwnScreen().Message(failure->Message());
+    StopStoring();
+    if (auto const failure = m_store.DeleteLesson(m_section, Text3.Text)) {
+        OwnScreen().Message(u"The answers of this lesson have not been deleted.\r\n\r\n" + failure->Message());
         return;
     }
     Text3.Text = u"";
+    StatusBar1.Panel2 = u"";
 }

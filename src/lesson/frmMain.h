@@ -8,6 +8,7 @@
 #include "controls/picture.h"
 #include "controls/rich_text_box.h"
 #include "controls/scroll_bar.h"
+#include "controls/timer.h"
 #include "controls/tree_view.h"
 #include "controls/xp_container.h"
 #include "lesson/frmAnswer.h"
@@ -35,6 +36,9 @@ public:
 
     /// Names the lesson that the next showing opens, "<file name>:<lesson number>". Only stores the value.
     void SetStudy(TextView value);
+
+    /// Puts the number of the page into a store that was begun anew, and all answers that it lacks.
+    void StoreAnew();
 
 private:
     // The load, in frmMain_load.cpp.
@@ -76,6 +80,9 @@ private:
     void ShowPassage(Node const& node);
     bool HasAnswer() const;
     void StoreAnswer();
+    void StoreWhatIsTyped();
+    void StopStoring();
+    void tmrStore_Timer();
     void EnableClipboardEntries(bool enabled);
 
     void mnuFileSave_Click();
@@ -91,13 +98,13 @@ private:
     class frmAnswer& frmAnswer;
     Form* frmContents = nullptr;
 
-    Text studyKey; // also the section of the settings store
+    Text studyKey;
+    Text m_section; // of the settings store, in which the answers of the lesson lie
     Text lessonNumber;
     Text studyPrefix;
     std::vector<Text> pages; // page n has index n - 1
     std::vector<Text> answers; // the publisher's, same index
     int m_answerPage = 0; // the page whose answer Text3 was given; 0 for none
-    Text m_keptAnswer; // that answer as it was read or last stored
 
     Menu mnuFile { *this, "mnuFile", u"&File" };
     MenuEntry mnuFileSave { *this, mnuFile, "mnuFileSave", u"&Save My Answers" };
@@ -136,6 +143,7 @@ private:
     Label Label2 { *this, Frame1, "Label2", { 180, 120, 900, 240 }, u"Loading:" };
     Label Label1 { *this, Frame1, "Label1", { 1110, 120, 3000, 240 }, u"Study title goes here" };
     ProgressBar ProgressBar2 { *this, Frame1, "ProgressBar2", { 180, 540, 3870, 255 } };
+    Timer tmrStore { *this, "tmrStore", 1000 }; // runs from a change by the user until it is stored
     ImageList ImageList2 { *this, "ImageList2",
         { { "folder", ":folder" }, { "openfolder", ":openfolder" }, { "book", ":book" } } };
 };

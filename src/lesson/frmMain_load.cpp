@@ -39,12 +39,17 @@ void frmMain::Form_Load()
     pages.clear();
     answers.clear();
     m_answerPage = 0;
+    m_store.ForgetBox();
+    m_section = m_store.SectionOf(studyKey, [this](TextView file) {
+        auto const found = m_files.List(file); // which ignores case
+        return std::find(found.begin(), found.end(), file) != found.end();
+    });
     Text4.BackColor = panelColor;
     Text2.BackColor = panelColor;
     Image2.BackColor = panelColor;
     TreeView1.SetBackgroundColour(panelColor);
     TreeView2.SetBackgroundColour(panelColor);
-    Text const resumeAt = m_store.CurrentPage(studyKey);
+    Text const resumeAt = m_store.CurrentPage(m_section);
     Unload(*frmContents);
     Form_Resize();
     Show(); // So that the loading panel can be seen.
@@ -203,7 +208,9 @@ void frmMain::AppendVerse(VerseFileItem const& item)
 /// Shows the page at which the user stopped, or the nearest one that the lesson has.
 void frmMain::Resume(TextView storedPage)
 {
-    auto const stored = ToInteger(storedPage).value_or(1);
+    auto const digits = Trim(storedPage);
+    bool const isBeyondAll = !digits.empty() && digits.find_first_not_of(u"0123456789") == TextView::npos;
+    auto const stored = ToInteger(storedPage).value_or(isBeyondAll ? INT64_MAX : 1);
     auto const page = std::clamp<std::int64_t>(stored, 1, ctlScrollbar.Max);
     ShowLessonPage(static_cast<int>(page));
     ctlScrollbar.Value = static_cast<std::int16_t>(page);

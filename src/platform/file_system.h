@@ -24,12 +24,22 @@ public:
     virtual Outcome<std::size_t> Read(std::span<char> block) = 0;
 };
 
+/// Whether a file is at a path.
+enum class Presence {
+    There,
+    Absent, ///< neither a file nor anything else
+    Unknown, ///< something that is not a regular file, a link that leads nowhere, or the system can't tell at the moment
+};
+
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
 
-    /// True if a file (not a folder) stands at the path. Names match exactly, else ignoring case.
-    virtual bool FileExists(TextView path) const = 0;
+    /// Looks for a file at the path. Names match exactly, else ignoring case. What is `Unknown` may hold the user's words:
+    /// it must not be taken for absent and overwritten.
+    virtual Presence LookFor(TextView path) const = 0;
+    /// True if a regular file is known to be at the path.
+    bool FileExists(TextView path) const { return LookFor(path) == Presence::There; }
     virtual bool FolderExists(TextView path) const = 0;
 
     /// The size of a file in bytes.
@@ -45,7 +55,11 @@ public:
     /// survives a power cut.
     virtual Outcome<Done> Write(TextView path, std::string_view bytes) = 0;
 
-    /// The same for a file that needn't outlive the program: quicker, and not flushed to the disk.
+    /// Makes the file with these bytes where there is none, whole or not at all; an existing file stays as it is. True if it
+    /// was made. What is reported as done survives a power cut.
+    virtual Outcome<bool> Create(TextView path, std::string_view bytes) = 0;
+
+    /// The same as Write for a file that needn't outlive the program: quicker, and not flushed to the disk.
     virtual Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) = 0;
 
     /// Gives a file, or whatever else stands at the path, a free name beside it.

@@ -1,26 +1,39 @@
 #include "program/program.h"
 
-Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Shell& shell)
+Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Writer& writer, Shell& shell)
     : m_screen(host)
-    , m_answers(settings)
-    , m_notes(files)
+    , m_settings(settings, writer)
+    , m_answers(m_settings, writer)
+    , m_notes(files, writer)
     , frmVideo(m_screen)
-    , frmWelcome(m_screen, settings)
+    , frmWelcome(m_screen, m_settings)
     , frmGettingStarted(m_screen)
     , frmFinalExam(m_screen)
     , frmAbout(m_screen)
     , frmSplash(m_screen, files, shell, frmVideo)
-    , frmBible(m_screen, files, settings, m_notes)
+    , frmBible(m_screen, files, m_settings, m_notes)
     , frmMap(m_screen, files)
     , frmAnswer(m_screen)
     , frmMain(m_screen, files, m_answers, frmAnswer,
           { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo, frmBible, frmMap })
-    , frmContents(m_screen, files, settings, frmMain,
+    , frmContents(m_screen, files, m_settings, frmMain,
           { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo, frmBible, frmMap })
 {
     frmMain.ReturnTo(frmContents);
     frmSplash.LeadTo(frmContents);
+    m_screen.handlersEnded = [this] { TellOfStore(); };
     m_screen.KeepDesigns();
+}
+
+/// Where an operation found the settings store damaged, whoever asked for it, what is on show goes into the new one, and the
+/// user is told.
+void Program::TellOfStore()
+{
+    auto const report = m_settings.TakeReport();
+    if (!report)
+        return;
+    frmMain.StoreAnew();
+    m_screen.Message(report->Message());
 }
 
 void Program::Start(std::optional<Failure> const& report)

@@ -9,8 +9,10 @@
 #include "lesson/frmMain.h"
 #include "maps/frmMap.h"
 #include "platform/file_system.h"
+#include "platform/ordered_settings_store.h"
 #include "platform/settings_store.h"
 #include "platform/shell.h"
+#include "platform/writer.h"
 #include "shell/frmAbout.h"
 #include "shell/frmFinalExam.h"
 #include "shell/frmGettingStarted.h"
@@ -24,9 +26,12 @@
 class Program {
 public:
     /// All outlive the program.
-    Program(Host& host, FileSystem& files, SettingsStore& settings, Shell& shell);
+    /// `writer` stores what is typed; everything else comes behind what it was given before.
+    Program(Host& host, FileSystem& files, SettingsStore& settings, Writer& writer, Shell& shell);
 
     Screen& OwnScreen() { return m_screen; }
+    /// The settings as the program sees them, behind all that the writer was given.
+    SettingsStore& OwnSettings() { return m_settings; }
 
     /// Shows the first screen. `report`, if there is one, is told the user first: what was wrong with his data when it was
     /// opened.
@@ -36,7 +41,10 @@ public:
     void Finish();
 
 private:
+    void TellOfStore();
+
     Screen m_screen;
+    OrderedSettingsStore m_settings;
     AnswerStore m_answers;
     ChapterNotes m_notes;
     class frmVideo frmVideo;

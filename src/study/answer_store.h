@@ -1,56 +1,104 @@
 #pragma once
-// The user's answers and the page where he stopped, kept in the settings store under the study key
-// of the lesson. No answer is lost when the store fails: what can't be stored is kept here and
-// tried again, and what couldn't be read is never overwritten unseen. The keys stand in
-// docs/formats/answers.md. The program's other settings are platform/settings.h's work.
+// The user's answers and the page where he stopped, kept in the settings store in the section of the lesson. It knows the box in
+// which an answer is typed: what stands in it is stored when it is left, unless the user has left it as it was filled. No
+// answer is lost when the store fails: what can't be stored is kept here and tried again, and what couldn't be read is never
+// overwritten unseen. Keys and rules stand in docs/formats/answers.md. The program's other settings are
+// platform/settings.h's work.
 
 #include "base/failure.h"
 #include "base/text.h"
 #include "platform/settings_store.h"
+#include "platform/writer.h"
 
+#include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <utility>
 
 class AnswerStore {
 public:
-    /// `settings` outlives the store.
-    explicit AnswerStore(SettingsStore& settings)
+    /// Both outlive the store. What is asked of `settings` comes behind what `writer` was given before.
+    AnswerStore(SettingsStore& settings, Writer& writer)
         : m_settings(settings)
+        , m_writer(writer)
     {
     }
 
-    /// The answer to a page, counted from 1: a text that waits to be stored, else the stored one;
-    /// empty if there is neither or it can't be read. A stored answer that couldn't be read stays
-    /// whole: an empty text doesn't replace it, and any other is stored behind it, as a paragraph
-    /// of its own, until Answer has been able to show it.
-    Text Answer(TextView studyKey, int page);
+    /// The section in which the answers of a lesson lie: the study key itself, or, where nothing is stored under it, the only
+    /// section that differs from it in letter case alone and whose own study file `isThere` doesn't find.
+    Text SectionOf(TextView studyKey, std::function<bool(TextView file)> const& isThere) const;
 
-    /// Stores the answer to a page, and with it all that waits. A text that can't be stored waits
-    /// here. Gives the failure that the user is to be told: the first one since nothing waited.
-    std::optional<Failure> StoreAnswer(TextView studyKey, int page, TextView text);
+    /// The text for the box of a page, counted from 1, with CR LF line ends: one that waits to be stored, else the stored
+    /// answer; empty if there is neither or it can't be read. It becomes the base of the box. A stored answer that
+    /// couldn't be read stays whole: any text is stored behind it, as a paragraph of its own, until Fill has been able to
+    /// show it.
+    Text Fill(TextView section, int page);
+    /// From here on there is no box: what is left, saved or typed goes nowhere.
+    void ForgetBox() { m_box.reset(); }
 
-    /// Tries to store all that waits, for the end of the program. Gives the first failure.
+    /// The user leaves the box with this text. It is stored and becomes the base; but if it equals the base, what is stored
+    /// stays, be it another copy's, and a missing answer becomes an empty one. All that waits is tried again. Gives the
+    /// failure that the user is to be told: the first one since nothing waited.
+    std::optional<Failure> Leave(TextView text);
+    /// The same for a text that is stored whatever the base is, and any failure.
+    std::optional<Failure> Save(TextView text);
+
+    /// Hands a text that is being typed to the writer, by the rule of Leave, but waits for nothing. To be asked again as
+    /// long as that isn't over.
+    TypedOutcome KeepTyped(TextView text);
+
+    /// Tries to store all that waits. Gives the first failure.
     std::optional<Failure> RetryPending();
 
-    /// The page to resume at, as it was stored; "1" if there is none or it can't be read.
-    Text CurrentPage(TextView studyKey) const;
-    /// Fails silently.
-    void SetCurrentPage(TextView studyKey, TextView page);
+    /// The store was begun anew: all answers that were shown or stored in this run are filled in where it has none. Fails
+    /// silently.
+    void FillAnew();
 
-    /// Removes all answers and the page of a lesson, waiting ones included. Gives the failure, for
-    /// the user, if that can't be done; then everything is as before.
-    std::optional<Failure> DeleteLesson(TextView studyKey);
+    /// The page to resume at, as it was stored; "1" if there is none or it can't be read.
+    Text CurrentPage(TextView section) const;
+    /// Fails silently.
+    void SetCurrentPage(TextView section, TextView page);
+
+    /// Removes all answers and the page of a lesson, waiting ones included; the base of the box becomes empty. If there are any
+    /// words among them, or in the box, which shows `text`, all goes into a backup first. Gives the failure, for the user,
+    /// if that can't be done; then everything is as before.
+    std::optional<Failure> DeleteLesson(TextView section, TextView text);
 
 private:
     using Key = std::pair<Text, Text>; // section and key of the store
-    static Key PageKey(TextView studyKey, int page);
+    struct Box {
+        Key key;
+        Text base;
+    };
+    /// A text on its way into the store.
+    struct Storing {
+        Key key;
+        Text text;
+        bool isBehindUnseen; // the stored answer couldn't be shown
+        std::optional<Text> unseen; // that answer, if it is known
+        std::optional<Failure> failure;
+    };
+
+    static Key PageKey(TextView section, int page);
+    static void Write(SettingsStore& settings, Storing& storing);
     Outcome<Text> Stored(Key const& key) const;
-    std::optional<Failure> Store(Key const& key);
+    Text Shown(Key const& key);
+    Storing StoringOf(Key const& key) const;
+    void Finish(Storing const& storing);
+    std::optional<Failure> Collect();
+    std::optional<Failure> ToBeTold(std::optional<Failure> failure);
+    std::optional<Failure> StoreBox(TextView text);
+    void EnterIfMissing(Key const& key);
+    std::vector<SettingsStore::Entry> WithNewer(
+        std::vector<SettingsStore::Entry> stored, TextView section, TextView boxText) const;
 
     SettingsStore& m_settings;
-    std::map<Key, Text> m_pending; // what was typed and isn't stored yet
-    std::map<Key, std::optional<Text>>
-        m_unseen; // answers that couldn't be shown; their text as soon as it is known
+    Writer& m_writer;
+    std::optional<Box> m_box;
+    std::map<Key, Text> m_pending; // what was typed and isn't known to be stored
+    std::map<Key, std::optional<Text>> m_unseen; // answers that couldn't be shown; their text as soon as it is known
+    std::deque<Storing> m_typed; // in the writer's hands
+    std::map<Key, Text> m_known; // what the store has given or taken in this run
     bool m_told = false;
 };

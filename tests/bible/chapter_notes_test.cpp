@@ -1,5 +1,6 @@
 #include "bible/chapter_notes.h"
 
+#include "bible/note_file.h"
 #include "support/memory_file_system.h"
 
 #include <gtest/gtest.h>
@@ -9,10 +10,30 @@ namespace {
 constexpr TextView path = u"C:\\notes\\John3.dat";
 constexpr TextView exactPath = u"C:\\notes\\John3.dat.utf8";
 
+/// The notes of a run of the program.
+class NotesOfRun : public ChapterNotes {
+public:
+    explicit NotesOfRun(FileSystem& files)
+        : ChapterNotes(files, m_atOnce)
+    {
+    }
+    /// Goes to a note, makes this text of it and leaves it.
+    std::optional<Failure> Save(TextView of, TextView text, bool tell)
+    {
+        Fill(of);
+        return Leave(text, tell);
+    }
+    /// Goes to a note and leaves it as it is.
+    void Visit(TextView of) { EXPECT_FALSE(Leave(Fill(of), true)); }
+
+private:
+    InlineWriter m_atOnce;
+};
+
 /// What the next run of the program would show.
 Text Fresh(FileSystem& files, TextView of = path)
 {
-    return ChapterNotes(files).Load(of);
+    return NotesOfRun(files).Fill(of);
 }
 
 Text const hebrew = u"\u05E9\u05DC\u05D5\u05DD";
@@ -21,7 +42,7 @@ std::vector<Text> const texts {
     u"plain",
     u"",
     u" \r\n ",
-    u"lone \n and \r ends",
+    u"line\r\nends\r\n",
     u"caf\u00E9 \u201Cquoted\u201D \u0081\u00FF",
     Text(u"a\0b", 3),
     u"slwm",
@@ -39,13 +60,13 @@ TEST(ChapterNotes, KeepAnyTextExactly)
 {
     MemoryFileSystem files;
     EXPECT_EQ(Fresh(files), u"");
-    ChapterNotes notes(files);
+    NotesOfRun notes(files);
     for (auto const& before : texts) {
         for (auto const& text : texts) {
             EXPECT_FALSE(notes.Save(path, before, true));
             EXPECT_FALSE(notes.Save(path, text, true));
             EXPECT_EQ(Fresh(files), text) << ToUtf8(text);
-            EXPECT_EQ(notes.Load(path), text) << ToUtf8(text);
+            EXPECT_EQ(notes.Fill(path), text) << ToUtf8(text);
         }
     }
 }
@@ -53,7 +74,7 @@ TEST(ChapterNotes, KeepAnyTextExactly)
 TEST(ChapterNotes, StandInTheCodePageForEveryReader)
 {
     MemoryFileSystem files;
-    ChapterNotes notes(files);
+    NotesOfRun notes(files);
     EXPECT_FALSE(notes.Save(path, u"caf\u00E9\r\n", true));
     EXPECT_EQ(files.Bytes(path), "caf\xE9\r\n");
     EXPECT_FALSE(files.FileExists(exactPath));
@@ -65,7 +86,7 @@ TEST(ChapterNotes, StandInTheCodePageForEveryReader)
     // What another program makes of the file counts; what stands beside it doesn't any more.
     files.Put(path, "Lask and more");
     EXPECT_EQ(Fresh(files), u"Lask and more");
-    EXPECT_EQ(notes.Load(path), u"Lask and more");
+    EXPECT_EQ(notes.Fill(path), u"Lask and more");
     files.Remove(path);
     EXPECT_EQ(Fresh(files), u"");
 }
@@ -78,17 +99,18 @@ TEST(ChapterNotes, AreOldOrNewAndWholeWhateverWriteFails)
             bool isThrough = false;
             for (int call = 1; !isThrough; ++call) {
                 MemoryFileSystem files;
-                ASSERT_FALSE(ChapterNotes(files).Save(path, before, true));
-                ChapterNotes notes(files);
+                ASSERT_FALSE(NotesOfRun(files).Save(path, before, true));
+                NotesOfRun notes(files);
+                notes.Fill(path);
                 files.FailAt(call);
-                auto const told = notes.Save(path, after, true);
+                auto const told = notes.Leave(after, true);
                 files.FailAt(0);
                 isThrough = !told;
                 auto const read = Fresh(files);
                 EXPECT_TRUE(read == after || (told && read == before))
                     << ToUtf8(before) << " to " << ToUtf8(after) << ", call " << call << ": "
                     << ToUtf8(read);
-                EXPECT_EQ(notes.Load(path), after) << call;
+                EXPECT_EQ(notes.Fill(path), after) << call;
                 EXPECT_FALSE(notes.RetryPending());
                 EXPECT_EQ(Fresh(files), after)
                     << ToUtf8(before) << " to " << ToUtf8(after) << ", call " << call;
@@ -103,15 +125,18 @@ TEST(ChapterNotes, OutliveTwoPowerCutsInARow)
     for (int first = 1; first < 12; ++first)
         for (int second = 1; second < 16; ++second) {
             MemoryFileSystem files;
-            ChapterNotes(files).Save(path, hebrew, true);
-            files.FailAt(first);
-            ChapterNotes(files).Save(path, hebrew + u" two", true);
-            files.FailAt(0);
+            auto const saveUntil = [&](int call, TextView text) {
+                NotesOfRun notes(files);
+                notes.Fill(path);
+                files.FailAt(call);
+                notes.Leave(text, true);
+                files.FailAt(0);
+            };
+            saveUntil(0, hebrew);
+            saveUntil(first, hebrew + u" two");
             auto const present = Fresh(files);
             EXPECT_TRUE(present == hebrew || present == hebrew + u" two") << first;
-            files.FailAt(second);
-            ChapterNotes(files).Save(path, hebrew + u" three", true);
-            files.FailAt(0);
+            saveUntil(second, hebrew + u" three");
             auto const last = Fresh(files);
             EXPECT_TRUE(last == present || last == hebrew + u" three") << first << ", " << second << ": " << ToUtf8(last);
         }
@@ -121,13 +146,13 @@ TEST(ChapterNotes, ThatCouldNotBeReadAreNeverOverwritten)
 {
     for (auto const& unreadable : { path, exactPath }) {
         MemoryFileSystem files;
-        ASSERT_FALSE(ChapterNotes(files).Save(path, hebrew, true));
+        ASSERT_FALSE(NotesOfRun(files).Save(path, hebrew, true));
         auto const bytes = files.Bytes(path), exact = files.Bytes(exactPath);
         files.MakeUnreadable(unreadable);
-        ChapterNotes notes(files);
-        EXPECT_EQ(notes.Load(path), u"");
+        NotesOfRun notes(files);
+        EXPECT_EQ(notes.Fill(path), u"");
         EXPECT_FALSE(notes.Save(path, u"", true));
-        notes.KeepPlace(path);
+        notes.Visit(path);
         EXPECT_EQ(files.Bytes(path), bytes);
         EXPECT_FALSE(notes.Save(path, u"new", true));
         EXPECT_EQ(Fresh(files), u"new");
@@ -142,15 +167,15 @@ TEST(ChapterNotes, ThatCantBeSetAsideWait)
 {
     for (int call = 1; call <= 3; ++call) {
         MemoryFileSystem files;
-        ASSERT_FALSE(ChapterNotes(files).Save(path, hebrew, true));
+        ASSERT_FALSE(NotesOfRun(files).Save(path, hebrew, true));
         auto const exact = files.Bytes(exactPath);
-        ChapterNotes notes(files);
+        NotesOfRun notes(files);
         files.FailAt(1);
-        EXPECT_EQ(notes.Load(path), u"");
+        EXPECT_EQ(notes.Fill(path), u"");
         files.FailAt(call);
-        EXPECT_TRUE(notes.Save(path, u"new", true)) << call;
-        EXPECT_EQ(notes.Load(path), u"new") << call;
-        EXPECT_FALSE(notes.Save(path, u"newer", true)) << call;
+        EXPECT_TRUE(notes.Leave(u"new", true)) << call;
+        EXPECT_EQ(notes.Fill(path), u"new") << call;
+        EXPECT_FALSE(notes.Leave(u"newer", true)) << call;
         EXPECT_EQ(Fresh(files), u"newer") << call;
         EXPECT_EQ(files.Bytes(Text(exactPath) + u".aside"), exact) << call;
     }
@@ -159,7 +184,7 @@ TEST(ChapterNotes, ThatCantBeSetAsideWait)
 TEST(ChapterNotes, TellOfAFailureOnceUntilNothingWaits)
 {
     MemoryFileSystem files;
-    ChapterNotes notes(files);
+    NotesOfRun notes(files);
     auto const failToSave = [&](TextView of, TextView text, bool tell) {
         files.failing = true;
         bool const told = notes.Save(of, text, tell).has_value();
@@ -170,12 +195,12 @@ TEST(ChapterNotes, TellOfAFailureOnceUntilNothingWaits)
     EXPECT_TRUE(failToSave(u"a", u"2", true));
     EXPECT_FALSE(failToSave(u"a", u"3", true));
     EXPECT_FALSE(failToSave(u"b", u"4", true));
-    EXPECT_EQ(notes.Load(u"a"), u"3");
+    EXPECT_EQ(notes.Fill(u"a"), u"3");
     EXPECT_FALSE(notes.Save(u"c", u"5", true)); // writes all that waits
     EXPECT_EQ(Fresh(files, u"a"), u"3");
     EXPECT_EQ(Fresh(files, u"b"), u"4");
     EXPECT_TRUE(failToSave(u"a", u"6", true));
-    notes.KeepPlace(u"c");
+    notes.Visit(u"c");
     EXPECT_EQ(Fresh(files, u"a"), u"6");
     EXPECT_TRUE(failToSave(u"a", u"7", true));
     EXPECT_FALSE(notes.RetryPending());
@@ -183,15 +208,80 @@ TEST(ChapterNotes, TellOfAFailureOnceUntilNothingWaits)
     EXPECT_TRUE(failToSave(u"b", u"8", true));
 }
 
-TEST(ChapterNotes, KeepAPlaceWithoutTouchingANote)
+TEST(ChapterNotes, AVisitLeavesTheFileAlone)
+{
+    for (char const* const bytes : { "bare\nline\rends", "a\0b", "\xFF\x81\r\r\n", "" }) {
+        MemoryFileSystem files;
+        files.Put(path, bytes);
+        files.unwritable = u"C:";
+        NotesOfRun notes(files);
+        notes.Visit(path);
+        EXPECT_FALSE(notes.RetryPending()) << bytes;
+        EXPECT_EQ(files.Bytes(path), bytes);
+    }
+    MemoryFileSystem files;
+    NotesOfRun notes(files);
+    notes.Visit(path);
+    EXPECT_TRUE(files.FileExists(path)) << "a place for the note";
+}
+
+/// What has gone of a note while it was on show is written from the box; what another copy has put there stays.
+TEST(ChapterNotes, AnUnchangedNoteThatHasGoneComesBack)
+{
+    for (auto const& text : texts) {
+        MemoryFileSystem files;
+        NotesOfRun notes(files);
+        ASSERT_FALSE(notes.Save(path, text, true));
+        auto const shown = notes.Fill(path);
+        files.Remove(path);
+        files.Remove(exactPath);
+        EXPECT_FALSE(notes.Leave(shown, true));
+        EXPECT_TRUE(files.FileExists(path));
+        EXPECT_EQ(Fresh(files), shown) << ToUtf8(text);
+
+        notes.Fill(path);
+        files.Remove(exactPath);
+        EXPECT_FALSE(notes.Leave(shown, true));
+        EXPECT_EQ(Fresh(files), shown) << "the exact form alone had gone: " << ToUtf8(text);
+
+        notes.Fill(path);
+        files.Remove(exactPath);
+        files.Put(path, "another copy's");
+        EXPECT_FALSE(notes.Leave(shown, true));
+        EXPECT_EQ(Fresh(files), u"another copy's");
+    }
+}
+
+/// What can't be seen may be a note on a stick that isn't plugged in.
+TEST(ChapterNotes, ThatCantBeLookedAtAreNotTakenForAbsent)
+{
+    for (auto const& unseen : { path, exactPath }) {
+        MemoryFileSystem files;
+        ASSERT_FALSE(NotesOfRun(files).Save(path, hebrew, true));
+        files.MakeInvisible(unseen);
+        NotesOfRun notes(files);
+        EXPECT_EQ(notes.Fill(path), u"");
+        EXPECT_FALSE(notes.Leave(u"", true));
+        EXPECT_TRUE(notes.KeepTyped(u"new").isOver);
+        EXPECT_EQ(files.Bytes(path), "new");
+        files.MakeVisible(unseen);
+        EXPECT_NE(files.Bytes(Text(path) + u".aside"), "") << ToUtf8(unseen);
+        EXPECT_EQ(files.Bytes(Text(exactPath) + u".aside"), ToUtf8(hebrew)) << ToUtf8(unseen);
+    }
+}
+
+TEST(ChapterNotes, FoldersThatCouldNotBeMadeAreMadeLater)
 {
     MemoryFileSystem files;
-    ChapterNotes notes(files);
-    notes.KeepPlace(path);
-    EXPECT_TRUE(files.FileExists(path));
-    EXPECT_FALSE(notes.Save(path, hebrew, true));
-    notes.KeepPlace(path);
-    EXPECT_EQ(Fresh(files), hebrew);
+    files.RemoveFolder(u"C:\\Program Files");
+    files.unwritable = u"C:";
+    constexpr TextView deep = u"C:\\Program Files\\S\\notes\\John3.dat";
+    NotesOfRun notes(files);
+    EXPECT_TRUE(notes.Save(deep, u"mine", true));
+    files.unwritable.clear();
+    EXPECT_FALSE(notes.RetryPending());
+    EXPECT_EQ(files.Bytes(deep), "mine");
+    EXPECT_TRUE(files.FolderExists(u"C:\\Program Files\\S\\notes"));
 }
 
 TEST(NoteFile, NamesAFileOfItsFolderOrNone)

@@ -61,7 +61,8 @@ protected:
     MessageWatch messages;
     MemoryFileSystem files;
     MemorySettingsStore settings;
+    InlineWriter writer;
     MemoryShell shell;
     DesktopHost host { files, [this](TextView) { return path.toStdU16String(); } };
-    Program program { host, files, settings, shell };
+    Program program { host, files, settings, writer, shell };
 };

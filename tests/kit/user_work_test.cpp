@@ -1,4 +1,4 @@
-#include "kit/backup_file.h"
+#include "kit/user_work.h"
 
 #include "kit_bench.h"
 #include "platform/host/sqlite_settings_store.h"

@@ -1,3 +1,4 @@
+#include "controls/timer.h"
 #include "headless/keyboard.h"
 #include "support/bible_bench.h"
 
@@ -175,6 +176,45 @@ TEST_F(BibleTest, ABookThatNamesNoFileHasNoNotes)
         u"C:\\Program Files\\Sparrowfield Interactive Software\\notes\\..\\Evil1.dat"));
     WriteNote(u"typed");
     EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(BibleTest, ANoteIsStoredASecondAfterItIsTyped)
+{
+    auto const timer = [this]() -> Timer& { return Get<Timer>("frmBible.tmrStore"); };
+    OpenReader();
+    EXPECT_FALSE(timer().Enabled);
+    WriteNote(u"three");
+    EXPECT_TRUE(timer().Enabled);
+    EXPECT_EQ(input.Fire(timer()), "");
+    EXPECT_EQ(Stored(u"John3"), "three");
+    EXPECT_FALSE(timer().Enabled);
+    WriteNote(u"thr");
+    LookUp(u"Job 1");
+    EXPECT_FALSE(timer().Enabled) << "stored with the lookup";
+    EXPECT_EQ(Stored(u"John3"), "thr");
+
+    files.unwritable = u"C:\\Program Files";
+    WriteNote(u"job");
+    EXPECT_EQ(input.Fire(timer()), "");
+    EXPECT_THAT(Messages(), ElementsAre(HasSubstr("Job1.dat")));
+    WriteNote(u"jobs");
+    EXPECT_EQ(input.Fire(timer()), "");
+    EXPECT_THAT(Messages(), IsEmpty()) << "told once";
+    files.unwritable.clear();
+    CloseReader();
+    EXPECT_EQ(Stored(u"Job1"), "jobs");
+}
+
+TEST_F(BibleTest, WhatCantBeLookedAtIsNotEmptied)
+{
+    files.MakeInvisible(u"/app\\biblekjv.idx");
+    auto const index = files.Bytes(u"/app\\biblekjv.idx");
+    OpenReader();
+    EXPECT_EQ(files.Bytes(u"/app\\biblekjv.idx"), index);
+    files.Remove(u"/app\\kjv\\kjv4");
+    files.MakeVisible(u"/app\\biblekjv.idx");
+    LookUp(u"Jude");
+    EXPECT_TRUE(files.FileExists(u"/app\\kjv\\kjv4")) << "one that is missing comes into being, empty";
 }
 
 TEST_F(BibleTest, AnUnreadableNoteIsSetAsideNotOverwritten)

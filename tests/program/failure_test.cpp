@@ -1,5 +1,6 @@
 // What the user meets when files and store are not as they should be.
 
+#include "controls/timer.h"
 #include "support/program_bench.h"
 
 using testing::ElementsAre;
@@ -99,6 +100,141 @@ TEST_F(StudyTest, AnswersThatCannotBeStoredAreKeptAndTriedAgain)
     GoTo(3);
     EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page1"), u"first");
     EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page2"), u"second");
+}
+
+TEST_F(StudyTest, WhatIsTypedIsStoredASecondLater)
+{
+    auto const timer = [this]() -> Timer& { return Get<Timer>("frmMain.tmrStore"); };
+    auto const stored = [this](int page) { return settings.Value(u"james-1.dat:1", u"Page" + FromNumber(page)); };
+    Open(u"james-1.dat:1");
+    EXPECT_EQ(timer().Interval, 1000);
+    EXPECT_FALSE(timer().Enabled) << "the program's own assignments start nothing";
+    Write("frmMain.Text3", u"first");
+    EXPECT_TRUE(timer().Enabled);
+    EXPECT_EQ(input.Fire(timer()), "");
+    EXPECT_EQ(stored(1), u"first");
+    EXPECT_FALSE(timer().Enabled);
+    EXPECT_EQ(Get("frmMain.Text3").OwnForm().Focus(), &Get("frmMain.Text3")) << "nothing of it is seen";
+
+    for (auto const* const action : { "frmMain.mnuEditCut", "frmMain.mnuEditPaste" }) {
+        EXPECT_EQ(input.Select(Get<TextInput>("frmMain.Text3"), 0, 2), "");
+        Click(action);
+        EXPECT_TRUE(timer().Enabled) << action;
+        EXPECT_EQ(input.Fire(timer()), "");
+        EXPECT_EQ(stored(1), TextOf("frmMain.Text3")) << action;
+    }
+    struct {
+        char const* about;
+        std::function<void()> stop;
+    } const rows[] = {
+        { "a page turn", [this] { GoTo(2), GoTo(1); } },
+        { "leaving the box", [this] { EXPECT_EQ(input.Focus(Get("frmMain.Text1")), ""); } },
+        { "Save", [this] { Click("frmMain.mnuFileSave"); } },
+        { "Delete", [this] { Click("frmMain.mnuEditDeleteLesson"); } },
+    };
+    for (auto const& row : rows) {
+        Write("frmMain.Text3", u"x");
+        ASSERT_TRUE(timer().Enabled) << row.about;
+        row.stop();
+        EXPECT_FALSE(timer().Enabled) << row.about;
+    }
+}
+
+TEST_F(StudyTest, SaveStoresWhatTheBoxShowsAndSaysSo)
+{
+    auto const said = [this] { return std::get<Text>(Get("frmMain.StatusBar1").FindProperty("Panel2")->Get()); };
+    Open(u"james-1.dat:1");
+    Write("frmMain.Text3", u"mine");
+    Click("frmMain.mnuFileSave");
+    EXPECT_EQ(said(), u"Saved");
+    ASSERT_TRUE(settings.Write(u"james-1.dat:1", u"Page1", u"another copy's"));
+    Click("frmMain.mnuFileSave");
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page1"), u"mine") << "always";
+    EXPECT_EQ(Press(input, screen, Get("frmMain.Text3"), 35, 0), "");
+    EXPECT_EQ(said(), u"") << "the next key";
+    Click("frmMain.mnuFileSave");
+    GoTo(2);
+    EXPECT_EQ(said(), u"") << "the next page";
+    Write("frmMain.Text3", u"two");
+    settings.unwritable = true;
+    Click("frmMain.mnuFileSave");
+    EXPECT_EQ(said(), u"");
+    EXPECT_THAT(Messages(), ElementsAre(HasSubstr("settings.db")));
+}
+
+/// The next words may be those that were deleted.
+TEST_F(StudyTest, ADeletedAnswerCanBeWrittenAgain)
+{
+    for (auto const* const leave : { "frmMain.mnuFileSave", "frmMain.Command1", "frmMain.mnuFileClose" }) {
+        Open(u"james-1.dat:1");
+        GoTo(1);
+        Write("frmMain.Text3", u"mine");
+        Click("frmMain.mnuFileSave");
+        Click("frmMain.mnuEditDeleteLesson");
+        EXPECT_EQ(TextOf("frmMain.Text3"), u"");
+        Write("frmMain.Text3", u"mine");
+        Click(leave);
+        EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page1"), u"mine") << leave;
+        ASSERT_TRUE(settings.DeleteSection(u"james-1.dat:1", SettingsStore::NoBackup));
+        screen.CloseAll();
+    }
+    EXPECT_EQ(settings.backups.size(), 3U);
+}
+
+/// Whoever meets the damage, the user is told once, and what is on show is in the new store.
+TEST_F(StudyTest, AStoreThatIsDamagedMeanwhileIsToldOnceAndFilledAgain)
+{
+    struct {
+        char const* about;
+        std::function<void()> act;
+        TextView page;
+    } const rows[] = {
+        { "a page turn", [this] { GoTo(2), GoTo(1); }, u"1" },
+        { "going on to another page", [this] { GoTo(2); }, u"2" },
+        { "typing", [this] { Write("frmMain.Text3", u"!"); EXPECT_EQ(input.Fire(Get<Timer>("frmMain.tmrStore")), ""); }, u"1" },
+        { "a silent read", [this] { Click("frmMain.mnuHelpWelcome"), Click("frmWelcome.Command1"); }, u"1" },
+    };
+    for (auto const& row : rows) {
+        Open(u"james-1.dat:1");
+        GoTo(1);
+        Write("frmMain.Text3", u"mine");
+        Click("frmMain.mnuFileSave");
+        settings.Damage();
+        row.act();
+        EXPECT_THAT(Messages(), ElementsAre(HasSubstr("settings.db.damaged-1"))) << row.about;
+        EXPECT_THAT(ToUtf8(settings.Value(u"james-1.dat:1", u"Page1")), HasSubstr("mine")) << row.about;
+        EXPECT_EQ(settings.Value(u"james-1.dat:1", u"currentindex"), row.page) << row.about;
+        screen.CloseAll();
+    }
+}
+
+TEST_F(StudyTest, ALessonOpensWhereItsPageNumberLeads)
+{
+    struct {
+        TextView stored;
+        int page;
+    } const rows[] = { { u"2", 2 }, { u"6", 5 }, { u"99999999999999999999999999", 5 }, { u"0", 1 }, { u"-7", 1 }, { u"", 1 },
+        { u"x", 1 }, { u"1e9", 1 } };
+    for (auto const& row : rows) {
+        ASSERT_TRUE(settings.Write(u"james-1.dat:1", u"currentindex", row.stored));
+        Open(u"james-1.dat:1");
+        EXPECT_EQ(Get<ScrollBar>("frmMain.ctlScrollbar").Value, row.page) << ToUtf8(row.stored);
+        screen.CloseAll();
+    }
+}
+
+TEST_F(StudyTest, ALessonWhoseFileWasRenamedInCaseKeepsItsAnswers)
+{
+    ASSERT_TRUE(settings.Write(u"JAMES-1.dat:1", u"currentindex", u"2"));
+    ASSERT_TRUE(settings.Write(u"JAMES-1.dat:1", u"Page2", u"mine"));
+    Open(u"james-1.dat:1");
+    EXPECT_EQ(TextOf("frmMain.Text3"), u"mine");
+    Write("frmMain.Text3", u"!");
+    GoTo(3);
+    EXPECT_EQ(settings.Value(u"JAMES-1.dat:1", u"Page2"), u"mine!");
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page2"), u"(none)");
+    Click("frmMain.mnuEditDeleteLesson");
+    EXPECT_EQ(settings.Value(u"JAMES-1.dat:1", u"Page2"), u"(none)");
 }
 
 /// A store that can't be read for a moment must not have its answer replaced by the empty box.

@@ -32,7 +32,7 @@ TEST_F(HelpWindowsTest, TheWelcomeBoxShowsTheStoredChoiceAndItsLabelTurnsItOver)
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.stored ? row.stored : "no entry");
-        ASSERT_TRUE(settings.DeleteSection(u"Parameters"));
+        ASSERT_TRUE(settings.DeleteSection(u"Parameters", SettingsStore::NoBackup));
         if (row.stored)
             Store(FromUtf8(row.stored));
         auto const before = Stored();

@@ -17,6 +17,10 @@ public:
     void Put(TextView path, std::string bytes) { m_files[ToLowerLatin(path)] = { Text(path), std::move(bytes) }; }
     void Remove(TextView path) { m_files.erase(ToLowerLatin(path)); }
     void MakeUnreadable(TextView path) { m_unreadable.insert(ToLowerLatin(path)); }
+    /// Whether the file is there can't be told, until MakeVisible.
+    void MakeInvisible(TextView path) { m_invisible.insert(ToLowerLatin(path)); }
+    void MakeVisible(TextView path) { m_invisible.erase(ToLowerLatin(path)); }
+    void RemoveFolder(TextView path) { m_folders.erase(ToLowerLatin(path)); }
     /// The `call`-th call from now on (1: the next one) fails; 0 for none.
     void FailAt(int call)
     {
@@ -34,7 +38,12 @@ public:
         return found == m_files.end() ? std::string() : found->second.bytes;
     }
 
-    bool FileExists(TextView path) const override { return m_files.contains(ToLowerLatin(path)); }
+    Presence LookFor(TextView path) const override
+    {
+        if (m_invisible.contains(ToLowerLatin(path)))
+            return Presence::Unknown;
+        return m_files.contains(ToLowerLatin(path)) ? Presence::There : Presence::Absent;
+    }
     bool FolderExists(TextView path) const override { return m_folders.contains(ToLowerLatin(path)); }
     Outcome<std::uint64_t> FileSize(TextView path) const override
     {
@@ -60,6 +69,13 @@ public:
         Put(path, std::string(bytes));
         return Done {};
     }
+    Outcome<bool> Create(TextView path, std::string_view bytes) override
+    {
+        if (LookFor(path) != Presence::Absent)
+            return false;
+        auto const written = Write(path, bytes);
+        return written ? Outcome<bool>(true) : written.failure();
+    }
     Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) override { return Write(path, bytes); }
     Outcome<Done> SetAside(TextView path) override
     {
@@ -69,6 +85,7 @@ public:
         Put(Text(path) + u".aside", found->second.bytes);
         Remove(path);
         m_unreadable.erase(ToLowerLatin(path));
+        m_invisible.erase(ToLowerLatin(path));
         return Done {};
     }
     Outcome<Done> CreateFolder(TextView path) override
@@ -153,7 +170,7 @@ private:
 
     std::map<Text, File> m_files;
     std::set<Text> m_folders { u"c:\\temp", u"c:\\program files" };
-    std::set<Text> m_unreadable;
+    std::set<Text> m_unreadable, m_invisible;
     mutable int m_calls = 0;
     int m_failAt = 0;
     int m_names = 0;

@@ -25,8 +25,9 @@ public:
     MemoryFileSystem files;
     MemorySettingsStore settings;
     HeadlessHost host { files };
+    InlineWriter writer;
     MemoryShell shell;
-    Program program { host, files, settings, shell };
+    Program program { host, files, settings, writer, shell };
     Screen& screen = program.OwnScreen();
     Input input { screen };
 

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <fstream>
+#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -65,6 +67,18 @@ bool WriteAll(Descriptor const& file, std::string_view bytes)
     return true;
 }
 
+Outcome<std::string> ReadWholeFile(std::filesystem::path const& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream bytes;
+    if (!stream || !(bytes << stream.rdbuf()) || stream.bad()) {
+        if (stream && std::filesystem::is_regular_file(file) && std::filesystem::file_size(file) == 0)
+            return std::string();
+        return SystemFailure(FromUtf8(file.string()));
+    }
+    return bytes.str();
+}
+
 /// A file system that keeps no folders to flush says EINVAL or ENOTSUP.
 static bool Flush(Descriptor const& folder)
 {
@@ -84,8 +98,11 @@ static Failure FolderFailure(TextView path)
     return SystemFailure(path);
 }
 
-Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes,
-    TextView path, Lasting lasting)
+/// Writes a new file in the folder, readable by its owner alone, and gives it its name by `name`, which gets its present one.
+/// Where that fails, the file goes. `name` gives true if it succeeded.
+template <class GiveName>
+static Outcome<Done> WriteNew(
+    std::string const& folder, std::string_view bytes, TextView path, Lasting lasting, GiveName const& name)
 {
     Descriptor const directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!directory)
@@ -95,11 +112,40 @@ Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, st
     if (!file)
         return FolderFailure(path);
     if (WriteAll(file, bytes) && (lasting == Lasting::No || ::fsync(file.Number()) == 0) && file.Close()
-        && std::rename(fresh.c_str(), (folder + "/" + name).c_str()) == 0)
+        && name(fresh.c_str()))
         return lasting == Lasting::No || Flush(directory) ? Outcome<Done>(Done {}) : SystemFailure(path);
     auto const failure = SystemFailure(path);
     ::unlink(fresh.c_str());
     return failure;
+}
+
+Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes,
+    TextView path, Lasting lasting)
+{
+    auto const place = folder + "/" + name;
+    return WriteNew(folder, bytes, path, lasting,
+        [&](char const* fresh) { return std::rename(fresh, place.c_str()) == 0; });
+}
+
+Outcome<bool> CreateFile(
+    std::string const& folder, std::string const& name, std::string_view bytes, TextView path)
+{
+    auto const place = folder + "/" + name;
+    bool isTaken = false;
+    auto const made = WriteNew(folder, bytes, path, Lasting::Yes, [&](char const* fresh) {
+        if (::renameat2(AT_FDCWD, fresh, AT_FDCWD, place.c_str(), RENAME_NOREPLACE) == 0)
+            return true;
+        isTaken = errno == EEXIST;
+        if (errno != EINVAL && errno != ENOSYS)
+            return false;
+        // A file system that can't rename in this way: a second name, where it has such, tells the same.
+        bool const isMade = ::link(fresh, place.c_str()) == 0;
+        isTaken = !isMade && errno == EEXIST;
+        return isMade && ::unlink(fresh) == 0;
+    });
+    if (isTaken)
+        return false;
+    return made ? Outcome<bool>(true) : made.failure();
 }
 
 Outcome<Done> MakeFolder(std::string const& folder, std::string const& parent, TextView path)

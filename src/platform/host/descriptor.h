@@ -4,6 +4,8 @@
 
 #include "base/failure.h"
 
+#include <filesystem>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -40,6 +42,9 @@ Failure SystemFailure(TextView path, int number);
 /// Writes all the bytes; false, with the reason in the system's last error number, if it can't.
 bool WriteAll(Descriptor const& file, std::string_view bytes);
 
+/// A file's bytes. Fails with the system's reason.
+Outcome<std::string> ReadWholeFile(std::filesystem::path const& file);
+
 /// Brings the names in a folder to the disk, where its file system keeps any to bring there.
 Outcome<Done> FlushFolder(std::string const& folder);
 
@@ -50,6 +55,11 @@ enum class Lasting { No, Yes };
 /// stands in failures.
 Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes,
     TextView path, Lasting lasting = Lasting::Yes);
+
+/// Makes the file `name` in a folder, whole or not at all, if nothing has that name; what is there stays. True if it was made.
+/// It survives a power cut and is readable by its owner alone. `path` stands in failures.
+Outcome<bool> CreateFile(
+    std::string const& folder, std::string const& name, std::string_view bytes, TextView path);
 
 /// Makes a folder, private to its owner, in a parent that exists. One that stands there already is
 /// no failure.

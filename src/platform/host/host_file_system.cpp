@@ -86,6 +86,20 @@ bool Matches(TextView name, TextView pattern)
     }
 }
 
+/// True if neither the place nor a link on the way to it exists. A link that leads nowhere may be the way to a stick that
+/// isn't plugged in.
+bool IsAbsent(fs::path place)
+{
+    for (; !place.empty(); place = place.parent_path()) {
+        struct stat status { };
+        if (::lstat(place.c_str(), &status) == 0)
+            return !S_ISLNK(status.st_mode) || ::stat(place.c_str(), &status) == 0;
+        if (errno != ENOENT && errno != ENOTDIR)
+            return false;
+    }
+    return true;
+}
+
 /// The place without links, "." and a separator at its end, so that places can be compared.
 fs::path Plain(fs::path const& place)
 {
@@ -110,11 +124,15 @@ HostFileSystem::HostFileSystem(Folders const& folders)
         static_cast<void>(CreateFolder(folder));
 }
 
-bool HostFileSystem::FileExists(TextView path) const
+Presence HostFileSystem::LookFor(TextView path) const
 {
     auto const place = PlaceOf(path, m_folders.drive);
-    std::error_code error;
-    return place && fs::is_regular_file(*place, error);
+    if (!place)
+        return Presence::Absent;
+    struct stat status { };
+    if (::stat(place->c_str(), &status) == 0)
+        return S_ISREG(status.st_mode) ? Presence::There : Presence::Unknown;
+    return IsAbsent(*place) ? Presence::Absent : Presence::Unknown;
 }
 
 bool HostFileSystem::FolderExists(TextView path) const
@@ -168,6 +186,15 @@ Outcome<Done> HostFileSystem::Write(TextView path, std::string_view bytes)
     return Replace(path, bytes, Lasting::Yes);
 }
 
+Outcome<bool> HostFileSystem::Create(TextView path, std::string_view bytes)
+{
+    auto const place = PlaceOf(path, m_folders.drive);
+    if (!place || !place->has_filename())
+        return NoSuchPlace(path);
+    auto const folder = place->parent_path();
+    return CreateFile(folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
+}
+
 Outcome<Done> HostFileSystem::WriteTemporary(TextView path, std::string_view bytes)
 {
     return Replace(path, bytes, Lasting::No);
@@ -205,6 +232,9 @@ Outcome<Done> HostFileSystem::CreateFolder(TextView path)
     if (!place)
         return NoSuchPlace(path);
     auto const parent = place->parent_path();
+    std::error_code ignored; // What can't be made is told by what follows.
+    if (*place == m_folders.drive)
+        fs::create_directories(parent, ignored);
     return MakeFolder(place->string(), parent.empty() ? "." : parent.string(), path);
 }
 

@@ -17,12 +17,13 @@ public:
     /// Where that fails, so does each later use of them.
     explicit HostFileSystem(Folders const& folders);
 
-    bool FileExists(TextView path) const override;
+    Presence LookFor(TextView path) const override;
     bool FolderExists(TextView path) const override;
     Outcome<std::uint64_t> FileSize(TextView path) const override;
     Outcome<std::unique_ptr<InputFile>> Open(TextView path) const override;
     Outcome<std::string> ReadAll(TextView path) const override;
     Outcome<Done> Write(TextView path, std::string_view bytes) override;
+    Outcome<bool> Create(TextView path, std::string_view bytes) override;
     Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) override;
     Outcome<Done> SetAside(TextView path) override;
     Outcome<Done> CreateFolder(TextView path) override;

@@ -1,5 +1,6 @@
 #include "platform/host/sqlite_settings_store.h"
 
+#include "platform/host/backup_file.h"
 #include "platform/host/descriptor.h"
 
 #include <cerrno>
@@ -38,10 +39,56 @@ static Text FromBytes(unsigned char const* bytes, int size)
     return text;
 }
 
+static Text Column(sqlite3_stmt* row, int column)
+{
+    auto const* bytes = static_cast<unsigned char const*>(sqlite3_column_blob(row, column));
+    return FromBytes(bytes, sqlite3_column_bytes(row, column));
+}
+
 static bool IsDamage(int code)
 {
     return code == SQLITE_NOTADB || code == SQLITE_CORRUPT;
 }
+
+using Row = std::function<void(sqlite3_stmt*)>;
+
+/// Runs one statement with these texts bound in order, and hands on its rows. Gives SQLITE_DONE if it succeeds.
+static int RunStatement(
+    sqlite3* database, char const* statement, std::initializer_list<TextView> texts, Row const& row)
+{
+    sqlite3_stmt* prepared = nullptr;
+    int code = sqlite3_prepare_v2(database, statement, -1, &prepared, nullptr);
+    int place = 0;
+    for (TextView text : texts) {
+        auto const bytes = ToBytes(text);
+        if (code == SQLITE_OK)
+            code = sqlite3_bind_blob64(prepared, ++place, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
+    }
+    if (code == SQLITE_OK)
+        while ((code = sqlite3_step(prepared)) == SQLITE_ROW)
+            if (row)
+                row(prepared);
+    sqlite3_finalize(prepared);
+    return code;
+}
+
+/// Makes the table in an empty database and marks it as ours.
+static int MakeStore(sqlite3* database)
+{
+    static std::string const make
+        = "begin immediate;"
+          "create table if not exists settings (section blob not null, key blob not null,"
+          " value blob not null, primary key (section, key)) without rowid;"
+          "pragma application_id = "
+        + std::to_string(applicationId) + "; commit";
+    int const code = sqlite3_exec(database, make.c_str(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        sqlite3_exec(database, "rollback", nullptr, nullptr, nullptr);
+    return code;
+}
+
+static constexpr char const* replaceEntry
+    = "insert into settings values (?, ?, ?) on conflict (section, key) do update set value = excluded.value";
 
 class SqliteSettingsStore::Connection {
 public:
@@ -56,74 +103,114 @@ public:
     Connection(Connection const&) = delete;
     Connection& operator=(Connection const&) = delete;
 
-    using Row = std::function<void(sqlite3_stmt*)>;
-
-    /// Runs one statement with these texts bound in order, and hands on its rows. Fails as well,
-    /// once, where the file turns out to be damaged: then it has been set aside.
-    Outcome<Done> Run(
-        char const* statement, std::initializer_list<TextView> texts, Row const& row = {})
+    /// Runs one statement with these texts bound in order.
+    Outcome<Done> Run(char const* statement, std::initializer_list<TextView> texts)
     {
-        return Try([&] { return RunStatement(statement, texts, row); });
+        return Try([&] { return RunStatement(statement, texts, {}); });
+    }
+
+    /// The same; what the rows tell is gathered in a result by `add`.
+    template <class Result, class Add>
+    Outcome<Result> Query(char const* statement, std::initializer_list<TextView> texts, Add const& add)
+    {
+        Result result;
+        auto const run = Try([&] {
+            result = {};
+            return RunStatement(statement, texts, [&](sqlite3_stmt* row) { add(result, row); });
+        });
+        return run ? Outcome<Result>(std::move(result)) : run.failure();
     }
 
     /// Runs a statement for each entry, all in one transaction.
     Outcome<Done> RunForAll(char const* statement, std::vector<Entry> const& entries)
     {
         return Try([&] {
-            int code = Execute("begin immediate");
-            for (auto const& entry : entries)
-                if (code == SQLITE_OK || code == SQLITE_DONE)
-                    code = RunStatement(statement, { entry.section, entry.key, entry.value }, {});
-            if (code == SQLITE_OK || code == SQLITE_DONE)
-                code = Execute("commit");
-            if (code != SQLITE_OK)
-                Execute("rollback");
-            return code == SQLITE_OK ? SQLITE_DONE : code;
+            return InTransaction([&] {
+                int code = SQLITE_DONE;
+                for (auto each = entries.begin(); code == SQLITE_DONE && each != entries.end(); ++each)
+                    code = RunStatement(statement, { each->section, each->key, each->value }, {});
+                return code;
+            });
         });
     }
 
-    std::optional<Failure> const& Report() const { return m_report; }
+    /// Deletes a section in one transaction, behind its backup.
+    Outcome<Done> DeleteSection(TextView section, Backup const& backup)
+    {
+        std::optional<Failure> failure;
+        auto const deleted = Try([&] {
+            return InTransaction([&] {
+                std::vector<Entry> stored;
+                int const code
+                    = RunStatement("select key, value from settings where section = ? order by key", { section },
+                        [&](sqlite3_stmt* row) { stored.push_back({ Text(section), Column(row, 0), Column(row, 1) }); });
+                if (code != SQLITE_DONE)
+                    return code;
+                if (auto const kept = backup(stored); !kept.empty())
+                    failure = WriteBackupBeforeDelete({ kept, {} }, fs::absolute(m_file).parent_path());
+                if (failure)
+                    return SQLITE_ABORT;
+                return RunStatement("delete from settings where section = ?", { section }, {});
+            });
+        });
+        return failure ? *failure : deleted;
+    }
+
+    std::optional<Failure> TakeReport() { return std::exchange(m_report, std::nullopt); }
 
 private:
-    /// Opens the file if need be, and runs what gives SQLITE_DONE if it succeeds.
+    /// Work that gives SQLITE_DONE, as a transaction of its own; another code undoes it.
+    template <class Work> int InTransaction(Work const& work)
+    {
+        int code = Execute("begin immediate");
+        if (code == SQLITE_OK)
+            code = work();
+        if (code == SQLITE_DONE)
+            code = Execute("commit");
+        if (code != SQLITE_OK)
+            Execute("rollback");
+        return code == SQLITE_OK ? SQLITE_DONE : code;
+    }
+
+    /// Does the work, which gives SQLITE_DONE if it succeeds. Where the file turns out to be damaged, it is set aside and the
+    /// work done once more, on the new store.
     Outcome<Done> Try(std::function<int()> const& work)
+    {
+        int code = SQLITE_DONE;
+        for (int tries = 0; tries < 3; ++tries) {
+            code = TryOnce(work);
+            if (IsDamage(code)) {
+                if (auto const failure = SetAside())
+                    return *failure;
+            } else if (code != SQLITE_ERROR) { // which is what a store gives that was emptied while it was open
+                break;
+            }
+        }
+        return code == SQLITE_DONE ? Outcome<Done>(Done {}) : Fail(ReasonFor(code));
+    }
+
+    int TryOnce(std::function<int()> const& work)
     {
         m_deadline = Clock::now() + m_patience;
         if (m_database && HasMoved()) {
             Close();
             m_isSeenWhole = false;
+            m_report = Fail(u"it has gone, or another file has taken its place; what is on show is stored in the one that is there now");
         }
         int code = Open();
         if (code == SQLITE_OK)
             code = work();
-        // Who has waited in vain once doesn't keep the user waiting again and again.
+        // After one wait in vain, wait only briefly.
         m_patience = code == SQLITE_BUSY ? std::min(shortPatience, m_fullPatience) : m_fullPatience;
-        if (code == SQLITE_DONE)
-            return Done {};
-        auto failure = IsDamage(code) ? SetAside() : Fail(ReasonFor(code));
         // Opened anew next time: what stood in the way may be gone by then.
-        if (code != SQLITE_BUSY)
+        if (code != SQLITE_DONE && code != SQLITE_BUSY)
             Close();
-        return failure;
+        return code;
     }
 
     int RunStatement(char const* statement, std::initializer_list<TextView> texts, Row const& row)
     {
-        sqlite3_stmt* prepared = nullptr;
-        int code = sqlite3_prepare_v2(m_database, statement, -1, &prepared, nullptr);
-        int place = 0;
-        for (TextView text : texts) {
-            auto const bytes = ToBytes(text);
-            if (code == SQLITE_OK)
-                code = sqlite3_bind_blob64(
-                    prepared, ++place, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
-        }
-        if (code == SQLITE_OK)
-            while ((code = sqlite3_step(prepared)) == SQLITE_ROW)
-                if (row)
-                    row(prepared);
-        sqlite3_finalize(prepared);
-        return code;
+        return ::RunStatement(m_database, statement, texts, row);
     }
 
     int Open()
@@ -132,6 +219,8 @@ private:
             return SQLITE_OK;
         // Made here, so that it is the user's own from the first moment. One that exists isn't
         // touched: closing it would drop the locks of every other connection within this process.
+        std::error_code ignored; // The reason is told by what follows.
+        fs::create_directories(fs::absolute(m_file).parent_path(), ignored);
         Descriptor fresh(::open(m_file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
         m_systemError = fresh || errno == EEXIST ? 0 : errno;
         fresh.Close();
@@ -165,8 +254,12 @@ private:
         if (code != SQLITE_OK)
             return code;
         if (tables == 0) {
+            if (m_isSeenWhole)
+                m_report = Fail(u"it has been emptied; what is on show is stored in it anew");
             SetUp();
-            return Make();
+            code = MakeStore(m_database);
+            m_isSeenWhole = code == SQLITE_OK;
+            return code;
         }
         int entries = 0;
         bool const isOurs = id == applicationId
@@ -186,21 +279,6 @@ private:
         // takes milliseconds.
         Execute("pragma journal_mode = delete");
         Execute("pragma synchronous = extra");
-    }
-
-    int Make()
-    {
-        static std::string const make
-            = "begin immediate;"
-              "create table if not exists settings (section blob not null, key blob not null,"
-              " value blob not null, primary key (section, key)) without rowid;"
-              "pragma application_id = "
-            + std::to_string(applicationId) + "; commit";
-        int const code = Execute(make.c_str());
-        if (code != SQLITE_OK)
-            Execute("rollback");
-        m_isSeenWhole = code == SQLITE_OK;
-        return code;
     }
 
     int CheckWhole()
@@ -246,19 +324,21 @@ private:
     /// True if the file that was opened stands under its name no more.
     bool HasMoved() const { return IdentityOnDisk() != m_identity; }
 
-    /// Renames the file to the first free name, and gives what the user is to be told. A journal
-    /// beside it has been played by now, or is dropped by SQLite as soon as it meets the new file.
-    Failure SetAside()
+    /// Renames the file to the first free name. A journal beside it has been played by now, or is dropped by SQLite as soon
+    /// as it meets the new file. Gives the failure if the file has to stay.
+    std::optional<Failure> SetAside()
     {
         Close();
         if (m_damaged == Damaged::Stays)
             return Fail(m_isNewer ? u"it was made by a newer version of this program"
                                   : u"it is damaged or no settings store");
-        // Only who holds the old file's lock renames it, so that no copy sets aside another's new
-        // one.
+        // Only the holder of the old file's lock renames it, so that no copy sets aside another's new one.
         Descriptor const old(::open(m_file.c_str(), O_RDONLY | O_CLOEXEC));
-        if (!old || ::flock(old.Number(), LOCK_EX) != 0 || HasMoved())
-            return Fail(u"another copy of the program has replaced it");
+        if (!old || ::flock(old.Number(), LOCK_EX) != 0)
+            return Fail(SystemFailure({}).reason);
+        m_isSeenWhole = false;
+        if (HasMoved())
+            return std::nullopt; // another copy has done it
         std::error_code error, ignored;
         fs::path aside;
         int number = 0;
@@ -269,10 +349,9 @@ private:
         if (error)
             return Fail(u"it is damaged or no settings store, and can't be set aside: "
                 + FromUtf8(error.message()));
-        m_isSeenWhole = false;
         m_report = Fail(u"it is damaged or no settings store; it has been set aside as "
             + FromUtf8(aside.filename().string()) + u", and a new one begun");
-        return *m_report;
+        return std::nullopt;
     }
 
     Failure Fail(Text reason) const { return { FromUtf8(m_file.string()), 0, std::move(reason) }; }
@@ -316,12 +395,6 @@ private:
     std::optional<Failure> m_report;
 };
 
-static Text Column(sqlite3_stmt* row, int column)
-{
-    auto const* bytes = static_cast<unsigned char const*>(sqlite3_column_blob(row, column));
-    return FromBytes(bytes, sqlite3_column_bytes(row, column));
-}
-
 SqliteSettingsStore::SqliteSettingsStore(fs::path file, std::chrono::milliseconds patience, Damaged damaged)
     : m_connection(std::make_unique<Connection>(std::move(file), patience, damaged))
 {
@@ -331,50 +404,66 @@ SqliteSettingsStore::~SqliteSettingsStore() = default;
 
 Outcome<std::optional<Text>> SqliteSettingsStore::Read(TextView section, TextView key) const
 {
-    std::optional<Text> value;
-    auto const run = m_connection->Run("select value from settings where section = ? and key = ?",
-        { section, key }, [&](sqlite3_stmt* row) { value = Column(row, 0); });
-    return run ? Outcome<std::optional<Text>>(std::move(value)) : run.failure();
+    return m_connection->Query<std::optional<Text>>("select value from settings where section = ? and key = ?",
+        { section, key }, [](auto& value, sqlite3_stmt* row) { value = Column(row, 0); });
 }
 
 Outcome<Done> SqliteSettingsStore::Write(TextView section, TextView key, TextView value)
 {
-    return m_connection->Run("insert into settings values (?, ?, ?)"
-                             " on conflict (section, key) do update set value = excluded.value",
-        { section, key, value });
+    return m_connection->Run(replaceEntry, { section, key, value });
 }
 
-Outcome<Done> SqliteSettingsStore::DeleteSection(TextView section)
+Outcome<Done> SqliteSettingsStore::DeleteSection(TextView section, Backup const& backup)
 {
-    return m_connection->Run("delete from settings where section = ?", { section });
+    return m_connection->DeleteSection(section, backup);
+}
+
+Outcome<std::vector<Text>> SqliteSettingsStore::Sections() const
+{
+    return m_connection->Query<std::vector<Text>>("select distinct section from settings order by section", {},
+        [](auto& sections, sqlite3_stmt* row) { sections.push_back(Column(row, 0)); });
 }
 
 Outcome<std::vector<SettingsStore::Entry>> SqliteSettingsStore::All() const
 {
-    std::vector<Entry> entries;
-    auto const run
-        = m_connection->Run("select section, key, value from settings order by section, key", {},
-            [&](sqlite3_stmt* row) {
-                entries.push_back({ Column(row, 0), Column(row, 1), Column(row, 2) });
-            });
-    return run ? Outcome<std::vector<Entry>>(std::move(entries)) : run.failure();
+    return m_connection->Query<std::vector<Entry>>(
+        "select section, key, value from settings order by section, key", {}, [](auto& entries, sqlite3_stmt* row) {
+            entries.push_back({ Column(row, 0), Column(row, 1), Column(row, 2) });
+        });
 }
 
 Outcome<Done> SqliteSettingsStore::WriteAll(std::vector<Entry> const& entries, Existing existing)
 {
-    return m_connection->RunForAll(existing == Existing::Goes
-            ? "insert into settings values (?, ?, ?)"
-              " on conflict (section, key) do update set value = excluded.value"
-            : "insert into settings values (?, ?, ?)"
-              " on conflict (section, key) do update set value = excluded.value where value = x''",
-        entries);
+    static auto const fillEntry = std::string(replaceEntry) + " where value = x''";
+    return m_connection->RunForAll(existing == Existing::Goes ? replaceEntry : fillEntry.c_str(), entries);
+}
+
+std::optional<Failure> SqliteSettingsStore::TakeReport()
+{
+    return m_connection->TakeReport();
 }
 
 std::optional<Failure> SqliteSettingsStore::OpeningReport()
 {
-    static constexpr char const* touch = "select 1 from settings limit 1";
-    if (!m_connection->Run(touch, {}))
-        static_cast<void>(
-            m_connection->Run(touch, {})); // Begins the new one, if the old one was set aside.
-    return m_connection->Report();
+    static_cast<void>(m_connection->Run("select 1 from settings limit 1", {}));
+    return TakeReport();
+}
+
+std::optional<std::string> BytesOfStore(std::vector<SettingsStore::Entry> const& entries)
+{
+    sqlite3* database = nullptr;
+    int code = sqlite3_open(":memory:", &database);
+    if (code == SQLITE_OK && (code = MakeStore(database)) == SQLITE_OK)
+        code = SQLITE_DONE;
+    for (auto each = entries.begin(); code == SQLITE_DONE && each != entries.end(); ++each)
+        code = RunStatement(database, replaceEntry, { each->section, each->key, each->value }, {});
+    std::optional<std::string> bytes;
+    sqlite3_int64 size = 0;
+    if (code == SQLITE_DONE)
+        if (auto* const image = sqlite3_serialize(database, "main", &size, 0)) {
+            bytes.emplace(reinterpret_cast<char const*>(image), static_cast<std::size_t>(size));
+            sqlite3_free(image);
+        }
+    sqlite3_close(database);
+    return bytes;
 }

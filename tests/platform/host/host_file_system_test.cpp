@@ -243,3 +243,64 @@ TEST_F(HostFiles, WithoutADriveTheRestStillWorks)
     EXPECT_FALSE(without.TemporaryName().empty());
     EXPECT_EQ(Told(without.Write(u"here.txt", "here")), "done");
 }
+
+/// What can't be looked at isn't absent: it may hold the user's words.
+TEST_F(HostFiles, AbsentIsToldFromUnknown)
+{
+    auto const notes = drive / "notes";
+    fs::create_directory(notes);
+    Put(notes / "there", "");
+    fs::create_directory(notes / "folder");
+    mkfifo((notes / "pipe").c_str(), 0600);
+    fs::create_symlink("nowhere", notes / "dangling");
+    fs::create_symlink(folder / "unplugged", drive / "stick");
+    fs::create_symlink("there", notes / "link");
+    fs::create_directory(drive / "locked");
+    Put(drive / "locked" / "file", "");
+    struct {
+        TextView path;
+        Presence presence;
+    } const rows[] = {
+        { u"C:\\notes\\there", Presence::There },
+        { u"C:\\notes\\THERE", Presence::There },
+        { u"C:\\notes\\link", Presence::There },
+        { u"C:\\notes\\absent", Presence::Absent },
+        { u"C:\\absent\\file", Presence::Absent },
+        { u"C:\\notes\\there\\file", Presence::Absent },
+        { u"D:\\file", Presence::Absent },
+        { u"C:\\notes\\folder", Presence::Unknown },
+        { u"C:\\notes\\pipe", Presence::Unknown },
+        { u"C:\\notes\\dangling", Presence::Unknown },
+        { u"C:\\stick\\file", Presence::Unknown },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(files.LookFor(row.path), row.presence) << ToUtf8(row.path);
+    fs::permissions(drive / "locked", fs::perms::none);
+    for (auto const& path : { folder, folder / "user", drive })
+        fs::permissions(path, fs::perms { 0755 });
+    EXPECT_TRUE(AsPlainUser([&] { return files.LookFor(u"C:\\locked\\file") == Presence::Unknown; }));
+}
+
+TEST_F(HostFiles, AFileIsCreatedOnlyWhereNoneIs)
+{
+    auto const created = files.Create(u"C:\\Temp\\new", "mine");
+    ASSERT_TRUE(created);
+    EXPECT_TRUE(*created);
+    EXPECT_EQ(Mode(drive / "Temp" / "new"), 0600U);
+    auto const again = files.Create(u"C:\\Temp\\new", "another copy's");
+    ASSERT_TRUE(again);
+    EXPECT_FALSE(*again);
+    EXPECT_EQ(Bytes(drive / "Temp" / "new"), "mine");
+    fs::create_symlink("nowhere", drive / "Temp" / "dangling");
+    EXPECT_FALSE(*files.Create(u"C:\\Temp\\dangling", "x"));
+    EXPECT_FALSE(files.Create(u"C:\\absent\\new", "x"));
+    EXPECT_EQ(Names(drive / "Temp"), "dangling new ") << "nothing else is left";
+}
+
+TEST_F(HostFiles, DriveCIsMadeAgainWhereItHasGone)
+{
+    fs::remove_all(folder / "user");
+    EXPECT_TRUE(files.CreateFolder(u"C:"));
+    EXPECT_TRUE(files.CreateFolder(u"C:\\Temp"));
+    EXPECT_EQ(Mode(drive), 0700U);
+}

@@ -1,5 +1,6 @@
 #include "platform/host/sqlite_settings_store.h"
 
+#include "platform/host/backup_file.h"
 #include "platform/host/host_test.h"
 
 #include <cstring>
@@ -83,8 +84,8 @@ TEST_F(SettingsFile, SectionsAndKeysAreComparedExactly)
     EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page10", u"ten"));
     EXPECT_EQ(Answer(store), "after");
     EXPECT_EQ(Told(store.Read(u"james-1.dat:1", u"page1")), "(none)");
-    EXPECT_EQ(Told(store.DeleteSection(u"james-1.dat:1")), "done");
-    EXPECT_EQ(Told(store.DeleteSection(u"absent")), "done");
+    EXPECT_EQ(Told(store.DeleteSection(u"james-1.dat:1", SettingsStore::NoBackup)), "done");
+    EXPECT_EQ(Told(store.DeleteSection(u"absent", SettingsStore::NoBackup)), "done");
     std::string all;
     auto const entries = store.All();
     for (auto const& entry : *entries)
@@ -143,18 +144,87 @@ TEST_F(SettingsFile, AnEmptyFileIsANewStore)
     EXPECT_EQ(Names("."), "settings.db ");
 }
 
+/// Whatever operation meets damage first works on the new store; the report names the file put aside, once.
 TEST_F(SettingsFile, DamageThatShowsLaterIsSetAsideToo)
 {
+    using Operation = std::function<bool(SqliteSettingsStore&)>;
+    Operation const operations[] = {
+        [](auto& store) { return Answer(store) == "(none)"; },
+        [](auto& store) { return Told(store.Write(u"s", u"k", u"v")) == "done"; },
+        [](auto& store) { return store.All() && store.All()->empty(); },
+        [](auto& store) { return store.Sections() && store.Sections()->empty(); },
+        [](auto& store) { return Told(store.DeleteSection(u"james-1.dat:1", SettingsStore::NoBackup)) == "done"; },
+        [](auto& store) { return Told(store.WriteAll({ { u"s", u"k", u"v" } }, SettingsStore::Existing::Stays)) == "done"; },
+    };
+    int number = 0;
+    for (auto const& operation : operations) {
+        SCOPED_TRACE(++number);
+        fs::remove("settings.db");
+        auto store = Store();
+        EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", u"before"));
+        auto copy = Store();
+        EXPECT_EQ(Answer(store) + Answer(copy), "beforebefore");
+        static_cast<void>(store.TakeReport());
+        std::fstream("settings.db") << std::string(4096, '\x5A');
+        auto const aside = "settings.db.damaged-" + std::to_string(number);
+        EXPECT_TRUE(operation(store));
+        auto const report = store.TakeReport();
+        ASSERT_TRUE(report);
+        EXPECT_THAT(ToUtf8(report->Message()), HasSubstr(aside));
+        EXPECT_FALSE(store.TakeReport());
+        EXPECT_TRUE(fs::exists(aside));
+        EXPECT_EQ(Told(store.Write(u"james-1.dat:1", u"Page1", u"new")), "done");
+        EXPECT_EQ(Answer(copy), "new") << "a copy that had the old file open";
+        EXPECT_TRUE(copy.TakeReport()) << "it is told too, as its store is another now";
+    }
+    EXPECT_FALSE(fs::exists("settings.db.damaged-7"));
+}
+
+TEST_F(SettingsFile, AStoreEmptiedWhileItIsOpenIsReported)
+{
     auto store = Store();
-    auto copy = Store();
-    EXPECT_EQ(Answer(store) + Answer(copy), "beforebefore");
-    std::fstream("settings.db") << std::string(4096, '\x5A');
-    EXPECT_THAT(Answer(store), HasSubstr("settings.db.damaged-1"))
-        << "told by the operation that met it";
+    EXPECT_EQ(Answer(store), "before");
+    Put("settings.db", "");
     EXPECT_EQ(Told(store.Write(u"james-1.dat:1", u"Page1", u"new")), "done");
-    EXPECT_EQ(Answer(store), "new");
-    EXPECT_EQ(Answer(copy), "new") << "a copy that had the old file open";
-    EXPECT_EQ(Names("."), "settings.db settings.db.damaged-1 ");
+    EXPECT_TRUE(store.TakeReport());
+    EXPECT_EQ(Answer(), "new");
+}
+
+TEST_F(SettingsFile, ASectionIsDeletedBehindItsBackup)
+{
+    auto const whole = [](auto const& stored) { return stored; };
+    auto store = Store();
+    for (int round = 1; round <= 12; ++round) {
+        EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", FromNumber(round)));
+        EXPECT_TRUE(store.Write(u"james-1.dat:2", u"Page1", u"stays"));
+        EXPECT_EQ(Told(store.DeleteSection(u"james-1.dat:1", whole)), "done");
+    }
+    EXPECT_EQ(Answer(store), "(none)");
+    EXPECT_EQ(Told(store.Read(u"james-1.dat:2", u"Page1")), "stays");
+    for (int number = 1; number <= 12; ++number) {
+        auto const file = "before-delete-" + std::to_string(number) + ".backup";
+        EXPECT_EQ(fs::exists(file), number > 2) << "the last ten stay";
+        if (number <= 2)
+            continue;
+        auto const backup = ReadBackup(file);
+        ASSERT_TRUE(backup) << file;
+        ASSERT_EQ(backup->entries.size(), 1U);
+        EXPECT_EQ(backup->entries[0].value, FromNumber(number));
+        EXPECT_EQ(Mode(file), 0600U);
+    }
+    EXPECT_EQ(Told(store.DeleteSection(u"absent", SettingsStore::NoBackup)), "done");
+    EXPECT_FALSE(fs::exists("before-delete-13.backup"));
+}
+
+TEST_F(SettingsFile, WithoutABackupNothingIsDeleted)
+{
+    EXPECT_TRUE(OnFullDisk(fs::file_size("settings.db") + 4096, [] {
+        auto store = Store();
+        auto const deleted = store.DeleteSection(
+            u"james-1.dat:1", [](auto const&) { return std::vector<SettingsStore::Entry> { { u"s", u"k", Text(200'000, u'x') } }; });
+        return !deleted && deleted.failure().file.find(u"before-delete-1.backup") != Text::npos && Answer(store) == "before";
+    }));
+    EXPECT_EQ(Answer(), "before");
 }
 
 TEST_F(SettingsFile, AFileTakenAwayIsMadeAnew)
@@ -166,6 +236,7 @@ TEST_F(SettingsFile, AFileTakenAwayIsMadeAnew)
     EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", u"new"));
     fs::rename("elsewhere.db", "settings.db");
     EXPECT_EQ(Answer(store), "before");
+    EXPECT_TRUE(store.TakeReport());
 }
 
 TEST_F(SettingsFile, ALockedStoreFailsInTimeAndRecovers)
@@ -206,15 +277,16 @@ TEST_F(SettingsFile, WhatCannotBeOpenedIsTriedAgain)
     EXPECT_THAT(Told(store.Write(u"s", u"k", u"v")), HasSubstr("a folder stands in its place"));
     EXPECT_FALSE(store.OpeningReport());
     EXPECT_FALSE(store.All());
-    EXPECT_FALSE(store.DeleteSection(u"s"));
+    EXPECT_FALSE(store.DeleteSection(u"s", SettingsStore::NoBackup));
     fs::remove("settings.db");
     fs::rename("good.db", "settings.db");
     EXPECT_EQ(Answer(store), "before");
 
+    Put("absent", "a file");
     SqliteSettingsStore nowhere("absent/settings.db");
     EXPECT_FALSE(nowhere.Write(u"s", u"k", u"v"));
-    fs::create_directory("absent");
-    EXPECT_TRUE(nowhere.Write(u"s", u"k", u"v"));
+    fs::remove("absent");
+    EXPECT_TRUE(nowhere.Write(u"s", u"k", u"v")) << "its folder is made";
 }
 
 TEST_F(SettingsFile, AStoreThatCannotBeWrittenCanBeRead)

@@ -1,18 +1,25 @@
-#include "kit/backup_file.h"
+#include "platform/host/backup_file.h"
 
 #include "platform/host/descriptor.h"
-#include "platform/host/sqlite_settings_store.h"
 #include "platform/host/fresh_folder.h"
+#include "platform/host/sqlite_settings_store.h"
 
 #include <algorithm>
 #include <fstream>
-#include <optional>
+#include <set>
 
 namespace fs = std::filesystem;
 
 static constexpr TextView headSection = u"backup", formatVersion = u"1";
 // Of a section of the container: what it holds.
 static constexpr char16_t settingsMark = u's', notesMark = u'n';
+
+static constexpr TextView deletionBeginning = u"before-delete-", deletionEnding = u".backup";
+
+static Text NameOfDeletion(std::int64_t number)
+{
+    return Text(deletionBeginning) + FromNumber(number) + Text(deletionEnding);
+}
 
 namespace {
 
@@ -120,23 +127,22 @@ bool IsOfItsSize(std::string const& bytes)
 
 } // namespace
 
+bool IsNoteName(std::string const& name)
+{
+    return !name.empty() && name.size() <= 255 && name[0] != '.'
+        && std::none_of(name.begin(), name.end(),
+            [](char c) { return c == '/' || c == '\\' || (c >= 0 && c < ' '); });
+}
+
 Outcome<Done> WriteBackup(UserWork const& work, fs::path const& file)
 {
-    FreshFolder const folder;
-    if (folder.Path().empty())
-        return SystemFailure(u"the temporary folder");
     auto packed = Packed(work);
     auto const digest = DigestOf(packed);
     packed.push_back({ Text(headSection), u"version", Text(formatVersion) });
     packed.push_back({ Text(headSection), u"digest", digest });
-    {
-        SqliteSettingsStore store(folder.Path() / "backup.db");
-        if (auto const written = store.WriteAll(packed, SettingsStore::Existing::Goes); !written)
-            return written.failure();
-    }
-    auto const bytes = ReadWholeFile(folder.Path() / "backup.db");
+    auto const bytes = BytesOfStore(packed);
     if (!bytes)
-        return bytes.failure();
+        return Refuse(file, u"there isn't enough memory");
     auto const whole = fs::absolute(file);
     return ReplaceFile(
         whole.parent_path().string(), whole.filename().string(), *bytes, FromUtf8(file.string()));
@@ -172,4 +178,35 @@ Outcome<UserWork> ReadBackup(fs::path const& file)
     if (digest != DigestOf(*all))
         return Refuse(file, u"it is damaged");
     return Unpacked(*all, file);
+}
+
+/// The numbers of the backups before deletions in the folder, in ascending order.
+static std::set<std::int64_t> NumbersOfDeletions(fs::path const& folder)
+{
+    std::set<std::int64_t> numbers;
+    std::error_code ignored;
+    for (auto const& file : fs::directory_iterator(folder, ignored)) {
+        auto const name = FromUtf8(file.path().filename().string());
+        auto const end = name.rfind(deletionEnding);
+        if (!name.starts_with(deletionBeginning) || end == Text::npos || end + deletionEnding.size() != name.size())
+            continue;
+        auto const number = ToInteger(TextView(name).substr(deletionBeginning.size(), end - deletionBeginning.size()));
+        if (number && name == NameOfDeletion(*number))
+            numbers.insert(*number);
+    }
+    return numbers;
+}
+
+std::optional<Failure> WriteBackupBeforeDelete(UserWork const& work, fs::path const& folder)
+{
+    constexpr std::size_t kept = 10;
+    auto numbers = NumbersOfDeletions(folder);
+    auto const next = numbers.empty() ? 1 : *numbers.rbegin() + 1;
+    if (auto const written = WriteBackup(work, folder / ToUtf8(NameOfDeletion(next))); !written)
+        return written.failure();
+    numbers.insert(next);
+    std::error_code ignored;
+    for (; numbers.size() > kept; numbers.erase(numbers.begin()))
+        fs::remove(folder / ToUtf8(NameOfDeletion(*numbers.begin())), ignored);
+    return std::nullopt;
 }

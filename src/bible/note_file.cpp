@@ -1,0 +1,150 @@
+#include "bible/note_file.h"
+
+#include "base/code_page.h"
+#include "base/nearest_form.h"
+
+#include <algorithm>
+
+// Each step of writing replaces one file, and after each the old note or the new one can be read whole: the exact text that
+// counts is the one whose nearest form the usual file holds.
+static constexpr TextView exactEnding = u".utf8";
+static constexpr TextView nextEnding = u".utf8-next";
+
+std::optional<Text> NoteFile(TextView folder, TextView bookName, TextView chapter)
+{
+    Text const name = Text(bookName).append(chapter);
+    bool const isWritable = std::none_of(name.begin(), name.end(), [](char16_t character) {
+        return character < u' ' || character == 0x7F || Contains(u"\\/:*?\"<>|", character);
+    });
+    if (!isWritable || name.empty() || name.front() == u'.' || name.front() == u' ')
+        return std::nullopt;
+    return Text(folder) + name + u".dat";
+}
+
+static Text Exact(Text const& path)
+{
+    return path + Text(exactEnding);
+}
+
+static Text Next(Text const& path)
+{
+    return path + Text(nextEnding);
+}
+
+static Failure CantTell(Text const& path)
+{
+    return { path, 0, u"it can't be read" };
+}
+
+Outcome<Text> ReadNote(FileSystem const& files, Text const& path)
+{
+    auto const presence = files.LookFor(path);
+    if (presence == Presence::Unknown)
+        return CantTell(path);
+    if (presence == Presence::Absent)
+        return Text();
+    auto const bytes = files.ReadAll(path);
+    if (!bytes)
+        return bytes.failure();
+    for (Text const& file : { Exact(path), Next(path) }) {
+        auto const beside = files.LookFor(file);
+        if (beside == Presence::Unknown)
+            return CantTell(file);
+        if (beside == Presence::Absent)
+            continue;
+        auto const exact = files.ReadAll(file);
+        if (!exact)
+            return exact.failure();
+        Text text = FromUtf8(*exact);
+        if (NearestCodePage(text).bytes == *bytes)
+            return text;
+    }
+    return FromCodePage(*bytes);
+}
+
+static std::optional<Failure> FailureOf(Outcome<Done> const& outcome)
+{
+    return outcome ? std::nullopt : std::optional(outcome.failure());
+}
+
+/// Deletes a file if there is one.
+static std::optional<Failure> Drop(FileSystem& files, Text const& path)
+{
+    return files.LookFor(path) == Presence::Absent ? std::nullopt : FailureOf(files.Delete(path));
+}
+
+/// Where a power cut left the exact form of the present note in the second file alone, it moves to the first before the second is
+/// used again.
+static std::optional<Failure> Promote(FileSystem& files, Text const& path)
+{
+    if (!files.FileExists(Next(path)) || !files.FileExists(path))
+        return std::nullopt;
+    auto const next = files.ReadAll(Next(path));
+    if (!next)
+        return next.failure();
+    auto const bytes = files.ReadAll(path);
+    if (!bytes)
+        return bytes.failure();
+    bool const isPresent = NearestCodePage(FromUtf8(*next)).bytes == *bytes;
+    return isPresent ? FailureOf(files.Write(Exact(path), *next)) : std::nullopt;
+}
+
+/// Makes the folders on the way to a file, from the top, if its own is missing. Where that fails, so does the writing.
+static void MakeFolders(FileSystem& files, TextView path)
+{
+    auto const end = path.rfind(u'\\');
+    if (end == TextView::npos || files.FolderExists(path.substr(0, end)))
+        return;
+    for (auto at = path.find(u'\\'); at != TextView::npos; at = path.find(u'\\', at + 1))
+        static_cast<void>(files.CreateFolder(path.substr(0, at)));
+}
+
+std::optional<Failure> WriteNote(FileSystem& files, Text const& path, TextView text)
+{
+    MakeFolders(files, path);
+    if (auto const bytes = ToCodePage(text)) {
+        if (auto failure = FailureOf(files.Write(path, *bytes)))
+            return failure;
+        auto failure = Drop(files, Exact(path));
+        return failure ? failure : Drop(files, Next(path));
+    }
+    auto const exact = ToUtf8(text);
+    auto failure = Promote(files, path);
+    if (!failure)
+        failure = FailureOf(files.Write(Next(path), exact));
+    if (!failure)
+        failure = FailureOf(files.Write(path, NearestCodePage(text).bytes));
+    if (!failure)
+        failure = FailureOf(files.Write(Exact(path), exact));
+    return failure ? failure : Drop(files, Next(path));
+}
+
+std::optional<Failure> SetNoteAside(FileSystem& files, Text const& path)
+{
+    for (Text const& file : { path, Exact(path), Next(path) })
+        if (files.LookFor(file) != Presence::Absent)
+            if (auto failure = FailureOf(files.SetAside(file)))
+                return failure;
+    return std::nullopt;
+}
+
+void RestoreNote(FileSystem& files, Text const& path, TextView text)
+{
+    auto const presence = files.LookFor(path);
+    if (presence == Presence::Unknown)
+        return;
+    auto const plain = ToCodePage(text);
+    auto const bytes = plain ? *plain : NearestCodePage(text).bytes;
+    if (presence == Presence::Absent) {
+        MakeFolders(files, path);
+        auto const made = files.Create(path, bytes);
+        if (!made || !*made)
+            return;
+    }
+    bool const lacksExact = !plain && files.LookFor(Exact(path)) == Presence::Absent
+        && files.LookFor(Next(path)) == Presence::Absent;
+    if (!lacksExact)
+        return;
+    if (auto const stored = files.ReadAll(path); stored && *stored == bytes)
+        static_cast<void>(files.Write(Exact(path), ToUtf8(text)));
+}
