@@ -140,6 +140,30 @@ TEST_F(StudyTest, WhatIsTypedIsStoredASecondLater)
     }
 }
 
+/// However long the disk takes, keys go on; what asks for the stored answers waits.
+TEST_F(StudyTest, NoKeyWaitsForTheDisk)
+{
+    auto& timer = Get<Timer>("frmMain.tmrStore");
+    Open(u"james-1.dat:1");
+    writer.isHolding = true;
+    Write("frmMain.Text3", u"first");
+    EXPECT_EQ(input.Fire(timer), "");
+    Write("frmMain.Text3", u" and more");
+    EXPECT_EQ(input.Fire(timer), "");
+    EXPECT_EQ(Press(input, screen, Get("frmMain.Text3"), 8, 0), "");
+    EXPECT_EQ(writer.waits, 0);
+    EXPECT_TRUE(timer.Enabled) << "the rest has to be stored yet";
+    writer.Work();
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page1"), u"first");
+    EXPECT_EQ(input.Fire(timer), "");
+    EXPECT_EQ(writer.waits, 0);
+    GoTo(2);
+    EXPECT_EQ(writer.waits, 1);
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page1"), u"first and mor");
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page2"), u"(none)");
+    EXPECT_FALSE(timer.Enabled);
+}
+
 TEST_F(StudyTest, SaveStoresWhatTheBoxShowsAndSaysSo)
 {
     auto const said = [this] { return std::get<Text>(Get("frmMain.StatusBar1").FindProperty("Panel2")->Get()); };

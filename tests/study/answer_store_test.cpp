@@ -2,6 +2,7 @@
 
 #include "study/answer_store.h"
 
+#include "support/held_writer.h"
 #include "support/memory_settings_store.h"
 
 #include <gmock/gmock.h>
@@ -15,23 +16,10 @@ namespace {
 
 constexpr TextView lesson = u"ruth-1.dat:1";
 
-/// A writer whose work waits until it is told to do it.
-class LateWriter final : public Writer {
-public:
-    void Later(std::function<void()> work) override { m_queue.push_back(std::move(work)); }
-    bool IsIdle() const override { return m_queue.empty(); }
-    void Wait() override
-    {
-        for (auto& work : std::exchange(m_queue, {}))
-            work();
-    }
-
-private:
-    std::vector<std::function<void()>> m_queue;
-};
-
 class AnswerStoreTest : public testing::Test {
 protected:
+    AnswerStoreTest() { writer.isHolding = true; }
+
     /// What the store holds on a page; "(none)" for nothing.
     Text Stored(int page) const { return store.Value(lesson, u"Page" + FromNumber(page)); }
     void Put(int page, TextView text) { ASSERT_TRUE(store.Write(lesson, u"Page" + FromNumber(page), text)); }
@@ -44,7 +32,7 @@ protected:
     }
 
     MemorySettingsStore store;
-    LateWriter writer;
+    HeldWriter writer;
     AnswerStore answers { store, writer };
 };
 
@@ -126,10 +114,10 @@ TEST_F(AnswerStoreTest, TypingIsStoredWithoutWaiting)
     EXPECT_FALSE(answers.KeepTyped(u"ab").isOver);
     EXPECT_EQ(Stored(1), u"a") << "in the writer's hands";
     EXPECT_FALSE(answers.KeepTyped(u"abc").isOver) << "which is at work";
-    writer.Wait();
+    writer.Work();
     EXPECT_EQ(Stored(1), u"ab");
     EXPECT_FALSE(answers.KeepTyped(u"abc").isOver);
-    writer.Wait();
+    writer.Work();
     EXPECT_TRUE(answers.KeepTyped(u"abc").isOver);
     EXPECT_EQ(Stored(1), u"abc");
     Put(1, u"theirs");
@@ -142,7 +130,7 @@ TEST_F(AnswerStoreTest, TypingIsStoredWithoutWaiting)
         Fill(1);
         answers.KeepTyped(u"ab");
         if (isThrough)
-            writer.Wait();
+            writer.Work();
         EXPECT_FALSE(answers.Leave(u"a"));
         EXPECT_EQ(Stored(1), u"a");
     }
@@ -161,11 +149,11 @@ TEST_F(AnswerStoreTest, ATypedTextThatCannotBeStoredWaitsAndIsToldOnce)
     Fill(1);
     store.unwritable = true;
     EXPECT_FALSE(answers.KeepTyped(u"a").isOver);
-    writer.Wait();
+    writer.Work();
     auto const first = answers.KeepTyped(u"a");
     EXPECT_TRUE(first.isOver && first.failure);
     EXPECT_FALSE(answers.KeepTyped(u"ab").isOver);
-    writer.Wait();
+    writer.Work();
     auto const second = answers.KeepTyped(u"ab");
     EXPECT_TRUE(second.isOver && !second.failure);
     EXPECT_FALSE(answers.Leave(u"a")) << "told already";
@@ -279,7 +267,7 @@ TEST_F(AnswerStoreTest, WhatIsTypedOverAnUnreadAnswerStandsBehindIt)
     EXPECT_FALSE(answers.Leave(u"newer"));
     EXPECT_EQ(Stored(1), u"old\r\nnewer");
     answers.KeepTyped(u"newest"); // the box still shows the new text alone
-    writer.Wait();
+    writer.Work();
     EXPECT_EQ(Stored(1), u"old\r\nnewest");
 
     store.unwritable = true;

@@ -9,6 +9,7 @@
 #include "headless/headless_host.h"
 #include "headless/keyboard.h"
 #include "program/program.h"
+#include "support/held_writer.h"
 #include "support/memory_file_system.h"
 #include "support/memory_settings_store.h"
 #include "support/memory_shell.h"
@@ -25,7 +26,7 @@ public:
     MemoryFileSystem files;
     MemorySettingsStore settings;
     HeadlessHost host { files };
-    InlineWriter writer;
+    HeldWriter writer;
     MemoryShell shell;
     Program program { host, files, settings, writer, shell };
     Screen& screen = program.OwnScreen();
