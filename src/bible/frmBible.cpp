@@ -32,6 +32,8 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     for (Control* control : std::initializer_list<Control*> { &StatusBar1, &ProgressBar1, &XPContainer3, &txtVerse, &cmdOkay,
              &XPContainer1, &TreeView1, &XPContainer2, &Text1, &XPContainer4, &txtNotes, &cmdPrev, &cmdNext, &cboVersion, &cmdPrint })
         control->TabIndex = order++;
+    for (XPContainer* panel : { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4 })
+        panel->HeaderLightColor = Rgb(255, 255, 255);
     ProgressBar1.Visible = false;
     txtVerse.Text = u"John 3:16";
     txtNotes.MultiLine = true;
