@@ -54,6 +54,7 @@ TEST_F(BibleTest, ItOpensOnWhatIsStored)
         run.OpenReader();
         EXPECT_EQ(run.State(), row.state) << ToUtf8(row.search);
         EXPECT_EQ(run.Panel("Panel1"), row.panel) << ToUtf8(row.search);
+        EXPECT_FALSE(run.Get("frmBible.cmdPrint").Enabled) << "there is no note to print";
         EXPECT_EQ(run.settings.Value(u"biblereader", u"translation"),
             row.panel == std::string("KJV") ? u"kjv" : u"nasb");
         EXPECT_EQ(run.settings.Value(u"biblereader", u"search"), Trim(row.search));
