@@ -69,6 +69,8 @@ TEST_F(LayoutTest, TheLessonScreenKeepsItsLimits)
         EXPECT_EQ(FormOf("frmMain").Width(), row.thenWidth);
         EXPECT_EQ(FormOf("frmMain").Height(), row.thenHeight);
         Expect("frmMain", { { "lblStudy", "Width", row.thenWidth - 700 } });
+        auto const height = std::min(3200.0F, Get("frmMain.XPContainer2").Height() / 2 - 650);
+        Expect("frmMain", { { "Text2", "Height", height }, { "Text3", "Top", height + 215 } });
     }
 }
 
