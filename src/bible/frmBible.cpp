@@ -35,6 +35,7 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     for (XPContainer* panel : { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4 })
         panel->HeaderLightColor = Rgb(255, 255, 255);
     ProgressBar1.Visible = false;
+    StatusBar1.Panel1Width = 1440;
     cmdPrint.Enabled = false;
     txtVerse.Text = u"John 3:16";
     txtNotes.MultiLine = true;

@@ -39,6 +39,7 @@ StatusBar::StatusBar(Form& form, char const* name, Bounds bounds)
     : TextControl(form, form, name, bounds)
     , Panel1(*this, "Panel1")
     , Panel2(*this, "Panel2")
+    , Panel1Width(*this, "Panel1Width", 0, NotBelowZero)
 {
 }
 

@@ -60,4 +60,5 @@ public:
     void FormResized(Size client) override;
 
     Property<::Text> Panel1, Panel2;
+    Property<float> Panel1Width; ///< 0 for the whole bar; else the second panel takes the rest
 };
