@@ -241,6 +241,29 @@ TEST_F(MapTest, AResizeDuringADragGoesOnFromTheCorner)
     EXPECT_EQ(Place(), "0 0");
 }
 
+TEST_F(MapTest, AModalFormEndsADrag)
+{
+    OpenMap(1);
+    GrabAt(600, 300);
+    Move(-100, -100);
+    bool cameUp = false;
+    host.serveModal = [&](Form& form) {
+        cameUp = true;
+        EXPECT_FALSE(timer.Enabled);
+        EXPECT_EQ(viewer.MousePointer, pointerDefault);
+        EXPECT_EQ(input.Close(form), "");
+    };
+    Node("frmContents.TreeView1", u"james-1.dat:1");
+    ASSERT_TRUE(cameUp) << "the welcome";
+    Move(-50, -50);
+    EXPECT_FALSE(timer.Enabled);
+    EXPECT_EQ(Place(), "0 0") << "the button was let go over the modal form";
+    GrabAt(600, 300);
+    Move(-100, -100);
+    Tick();
+    EXPECT_EQ(Place(), "-100 -100") << "the map can be grabbed again";
+}
+
 TEST_F(MapTest, WithoutAPictureTheViewerIsEmptyAndAMessageTellsWhy)
 {
     struct {
