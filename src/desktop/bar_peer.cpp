@@ -27,7 +27,9 @@ ScrollBarPeer::ScrollBarPeer(Desk& desk, ScrollBar& control, QWidget& ground)
 
 void ScrollBarPeer::Mirror()
 {
-    m_shown.setRange(m_bar.Min, m_bar.Max);
+    auto const [low, high] = std::minmax(m_bar.Min(), m_bar.Max());
+    m_shown.setRange(low, high);
+    m_shown.setInvertedAppearance(m_bar.Max < m_bar.Min);
     m_shown.setSingleStep(m_bar.SmallChange);
     m_shown.setPageStep(m_bar.LargeChange);
     m_shown.setValue(m_bar.Value);

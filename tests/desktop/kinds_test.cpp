@@ -101,6 +101,19 @@ TEST_F(DesktopTest, ScrollBarStepsDragsAndWheels)
     QCoreApplication::sendEvent(&bar, &wheel);
     EXPECT_EQ(form.TakeLog(), "bar changed 47");
     EXPECT_EQ(bar.value(), 47);
+    form.bar.Value = 0;
+    form.bar.Max = -5;
+    host.HandlersEnded();
+    form.TakeLog();
+    bar.triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+    EXPECT_EQ(form.TakeLog(), "bar changed -3, bar changed -5") << "a range below 0";
+    EXPECT_EQ(bar.value(), -5);
+    bar.setSliderDown(true);
+    bar.setSliderPosition(-2);
+    bar.setSliderDown(false);
+    bar.triggerAction(QAbstractSlider::SliderPageStepSub);
+    EXPECT_EQ(form.TakeLog(), "bar scrolled -2, bar changed -2, bar changed 0");
 }
 
 class frmBar final : public Form {
