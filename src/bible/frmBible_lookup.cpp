@@ -88,7 +88,8 @@ void frmBible::ShowPage(TextView html)
 {
     auto bytes = ToCodePage(html);
     auto const written = m_files.WriteTemporary(pagePath, bytes ? *bytes : NearestCodePage(html).bytes);
-    StatusBar1.Panel2 = written ? Text() : u"The page can't be shown: " + written.failure().Message();
+    StatusBar1.Panel2
+        = written ? AboutTranslation() : u"The page can't be shown: " + written.failure().Message();
     if (written)
         Text1.Navigate(u"file://" + pagePath);
     UpdateChapterButtons();

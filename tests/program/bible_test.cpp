@@ -221,6 +221,43 @@ TEST_F(BibleTest, APageThatCantBeWrittenLeavesTheOneBefore)
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
+TEST_F(BibleTest, TheStatusBarTellsWhatTextStandsInATranslationsPlace)
+{
+    constexpr auto about = u"/app\\biblenasb.about";
+    struct Row {
+        std::string bytes;
+        Text panel;
+    } const rows[] = {
+        { "The World English Bible\r\nmore", u"The World English Bible" },
+        { " caf\xE9 \x96\ta\n", u"caf\u00E9 \u2013a" },
+        { std::string(5000, 'x'), Text(200, u'x') },
+        { "\r\nThe second line", u"" },
+        { "", u"" },
+    };
+    OpenReader();
+    for (auto const& row : rows) {
+        files.Put(about, row.bytes);
+        Translate(1);
+        EXPECT_EQ(Panel("Panel2"), ToUtf8(row.panel));
+        EXPECT_EQ(files.Bytes(about), row.bytes);
+        files.unwritable = u"C:\\Temp";
+        LookUp(u"John 4:1");
+        EXPECT_TRUE(Panel("Panel2").starts_with("The page can't be shown: ")) << Panel("Panel2");
+        files.unwritable.clear();
+        LookUp(u"John 4:1");
+        EXPECT_EQ(Panel("Panel2"), ToUtf8(row.panel));
+        EXPECT_EQ(Change(box, u""), "");
+        Translate(0);
+        EXPECT_EQ(Panel("Panel2"), "") << "also where no page comes up";
+        LookUp(u"John 4:1");
+    }
+    EXPECT_FALSE(files.FileExists(u"/app\\biblekjv.about"));
+    files.MakeUnreadable(about);
+    Translate(1);
+    EXPECT_EQ(Panel("Panel2"), "");
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
 TEST_F(BibleTest, MissingOrBadBibleDataIsNoMatterForTheUser)
 {
     files.Remove(u"/app\\biblekjv.idx");
