@@ -28,7 +28,7 @@ std::span<Picture const> ProgramPictures()
         { "lesson", { 16, 16 }, PaintLessonDot },
         { "study", { 16, 16 }, PaintStudyTriangle },
         { "hand", { 32, 32 }, PaintHand },
-        { "pan", { 32, 32 }, PaintPanHand },
+        { "pan", { 32, 32 }, PaintPanArrows },
         { "grip", { 14, 15 }, PaintGrip },
     };
     return pictures;

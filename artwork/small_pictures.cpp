@@ -6,6 +6,7 @@
 
 #include <QLinearGradient>
 #include <QPolygonF>
+#include <QTransform>
 
 void PaintLampPicture(QPainter& painter)
 {
@@ -117,28 +118,17 @@ void PaintHand(QPainter& painter)
     painter.drawRoundedRect(QRectF(7.2, 23.6, 10, 3.6), 1, 1);
 }
 
-void PaintPanHand(QPainter& painter)
+void PaintPanArrows(QPainter& painter)
 {
-    QPainterPath fist({ 8, 14 });
-    fist.cubicTo(8, 10.6, 12, 10.6, 12, 13);
-    fist.cubicTo(12, 9.4, 16, 9.4, 16, 12.4);
-    fist.cubicTo(16, 9.4, 20, 9.8, 20, 12.8);
-    fist.cubicTo(20, 10.6, 24, 11, 24, 14.4);
-    fist.lineTo(24, 19);
-    fist.cubicTo(24, 22, 22.6, 23, 22, 26);
-    fist.lineTo(11, 26);
-    fist.cubicTo(10.4, 23.6, 7.4, 22, 6.6, 18.8);
-    fist.cubicTo(6, 16.4, 7, 14.4, 8, 15.4);
-    fist.closeSubpath();
+    QPolygonF arrows; // an arrow up from the middle, and the same turned three times by a quarter
+    for (int quarter = 0; quarter < 4; ++quarter)
+        for (QPointF const corner : { QPointF(-1.5, -1.5), QPointF(-1.5, -8.5), QPointF(-5, -8.5),
+                 QPointF(0, -14), QPointF(5, -8.5), QPointF(1.5, -8.5) })
+            arrows << QTransform().rotate(90 * quarter).map(corner);
+    painter.translate(16, 16);
     painter.setPen(QPen(Qt::black, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::white);
-    painter.drawPath(fist);
-    painter.setPen(QPen(Qt::black, 1));
-    for (qreal const x : { 12.0, 16.0, 20.0 })
-        painter.drawLine(QPointF(x, 12.8), QPointF(x, 16.2));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(palette::strongBlue);
-    painter.drawRoundedRect(QRectF(10.6, 26.2, 11.8, 3.6), 1, 1);
+    painter.drawPolygon(arrows);
 }
 
 void PaintGrip(QPainter& painter)

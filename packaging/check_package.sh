@@ -22,7 +22,7 @@ Say "Installing the package"
 cp "$package" "$root/srv/sparrowfield.deb"
 In apt-get install -y --no-install-recommends /srv/sparrowfield.deb >"$root/srv/install.log" 2>&1 || { tail "$root/srv/install.log" >&2; GiveUp "it can't be installed"; }
 for file in usr/bin/sparrowfield usr/bin/sparrowfield-kit usr/bin/sparrowfield-drive usr/lib/sparrowfield/Program/sparrowfield \
-    usr/lib/sparrowfield/Program/mount-1.dat usr/lib/sparrowfield/Program/map9.jpg usr/lib/sparrowfield/Program/kjv/kjv1 \
+    usr/lib/sparrowfield/Program/mount-1.dat usr/lib/sparrowfield/Program/map9.jpg usr/lib/sparrowfield/Program/kjv/kjv1 usr/lib/sparrowfield/Program/biblenasb.about \
     usr/share/icons/hicolor/scalable/apps/sparrowfield.svg usr/share/man/man1/sparrowfield.1.gz; do
     [ -e "$root/$file" ] || [ -e "$root/${file%.gz}" ] || GiveUp "$file isn't there"
 done

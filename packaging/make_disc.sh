@@ -41,10 +41,12 @@ Bring() {
 
 echo "The King James Version:"
 export=$(Export engKJV2006eb sword-text-kjv)
-"$kit" bible import --from "$export" --as kjv --to "$disc"
+"$kit" bible import --from "$export" --as kjv --to "$disc" \
+    --about "This is the King James Version in its text of 1769."
 echo "The World English Bible, in the second place:"
 export=$(Export engWEB2015eb sword-text-web)
-"$kit" bible import --from "$export" --as nasb --to "$disc"
+"$kit" bible import --from "$export" --as nasb --to "$disc" \
+    --about "This is the World English Bible. The New American Standard is protected and can't be passed on here."
 
 for source in data/studies/*.txt; do
     "$kit" study make "$source" --bible "$disc" --to "$disc"

@@ -17,6 +17,16 @@ def open_and_check(menu, letter, form, ends_at=None):
     wait(lambda: not is_open(form), f"{form} to close")
 
 
+def reader():
+    keys("alt+b", "r")
+    seen = check("frmBible")
+    keys("Tab", "Tab", "Tab", "Tab")
+    type_text("A note, so that Print is enabled.")
+    check_all("frmBible", seen | check("frmBible", begins_at="txtNotes"))
+    keys("alt+F4")
+    wait(lambda: not is_open("frmBible"), "frmBible to close")
+
+
 def lesson_and_answer():
     seen = check("frmMain")
     type_text("Written by keys alone")
@@ -44,7 +54,7 @@ def walk():
     open_and_check("alt+h", "w", "frmWelcome")
     open_and_check("alt+h", "a", "frmAbout")
     open_and_check("alt+o", "f", "frmFinalExam")
-    open_and_check("alt+b", "r", "frmBible")
+    reader()
     open_and_check("alt+m", "1", "frmMap", ends_at="Picture2")
     if os.path.exists(os.path.join(disc, "sparrowfield.wmv")):
         open_and_check("alt+h", "v", "frmVideo")

@@ -1,6 +1,7 @@
 #include "bible/frmBible.h"
 
 #include "base/code_page.h"
+#include "bible/about_line.h"
 #include "bible/book_index.h"
 #include "bible/chapter_page.h"
 #include "controls/screen.h"
@@ -32,7 +33,11 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     for (Control* control : std::initializer_list<Control*> { &StatusBar1, &ProgressBar1, &XPContainer3, &txtVerse, &cmdOkay,
              &XPContainer1, &TreeView1, &XPContainer2, &Text1, &XPContainer4, &txtNotes, &cmdPrev, &cmdNext, &cboVersion, &cmdPrint })
         control->TabIndex = order++;
+    for (XPContainer* panel : { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4 })
+        panel->HeaderLightColor = Rgb(255, 255, 255);
+    StatusBar1.Panel1Width = 1440;
     ProgressBar1.Visible = false;
+    cmdPrint.Enabled = false;
     txtVerse.Text = u"John 3:16";
     txtNotes.MultiLine = true;
     txtNotes.ScrollBar = true;
@@ -157,7 +162,16 @@ void frmBible::SetTranslation(TextView identifier)
 {
     translation = identifier;
     StatusBar1.Panel1 = Capitals(identifier);
+    StatusBar1.Panel2 = AboutTranslation();
     WriteSetting(m_settings, settingsSection, u"translation", identifier);
+}
+
+/// What text the disc says it has in the translation's place; empty if it says nothing.
+Text frmBible::AboutTranslation() const
+{
+    auto const bytes
+        = m_files.ReadAll(m_files.ApplicationFolder() + u"\\bible" + translation + u".about");
+    return bytes ? AboutLine(*bytes) : Text();
 }
 
 void frmBible::UpdateChapterButtons()

@@ -47,6 +47,7 @@ private:
     void ForEachIndexLine(std::function<void(TextView line)> const& take);
     void ExpandBookNode(TextView name);
     void SetTranslation(TextView identifier);
+    Text AboutTranslation() const;
     void UpdateChapterButtons();
     std::string ReadData(TextView path);
 

@@ -96,7 +96,8 @@ void frmBible::ShowPage(TextView html)
         EnsureFolder(folder);
         written = m_files.WriteTemporary(pagePath, page);
     }
-    StatusBar1.Panel2 = written ? Text() : u"The page can't be shown: " + written.failure().Message();
+    StatusBar1.Panel2
+        = written ? AboutTranslation() : u"The page can't be shown: " + written.failure().Message();
     if (written)
         Text1.Navigate(u"file://" + pagePath);
     UpdateChapterButtons();

@@ -84,6 +84,8 @@ protected:
     virtual void Form_Unload() { }
     virtual void Form_Click() { }
     virtual void Form_KeyPress(char16_t) { }
+    /// A modal form comes up: the user lets go elsewhere of what the mouse holds on this one.
+    virtual void Form_Blocked() { }
     void Assigned(PropertyBase const& property, bool changed) override;
 
 public:

@@ -142,9 +142,9 @@ Refusal Input::Step(ScrollBar& bar, BarStep step)
 {
     return Act(bar, true, [&bar, step] {
         bool const isPage = step == BarStep::PageLess || step == BarStep::PageMore;
-        bool const isLess = step == BarStep::Less || step == BarStep::PageLess;
+        bool const isBack = step == BarStep::Less || step == BarStep::PageLess;
         int const change = isPage ? bar.LargeChange : bar.SmallChange;
-        int const value = bar.Value + (isLess ? -change : change);
+        int const value = bar.Value + (isBack == (bar.Max < bar.Min) ? change : -change);
         bar.Value = static_cast<std::int16_t>(std::clamp(value, INT16_MIN, INT16_MAX));
     });
 }

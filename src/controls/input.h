@@ -20,7 +20,7 @@ class MenuEntry;
 /// kept because a handler of the form is inside a turn of the event loop.
 using Refusal = std::string;
 
-enum class BarStep { Less, More, PageLess, PageMore };
+enum class BarStep { Less, More, PageLess, PageMore }; ///< towards `Min`, or towards `Max`
 enum class MouseAction { Down, Move, Up };
 
 class Input {

@@ -101,6 +101,7 @@ void Screen::ShowModal(Form& form)
         return;
     }
     LeaveActive();
+    TellBlocked(form);
     m_modal.push_back(&form);
     Show(form);
     if (!form.m_loaded)
@@ -111,6 +112,17 @@ void Screen::ShowModal(Form& form)
     m_host.RunModal(form);
     m_depth = depth;
     Remove(m_modal, form);
+}
+
+void Screen::TellBlocked(Form const& modal)
+{
+    for (Form* form : std::vector(m_loaded)) {
+        if (form == &modal || !form->m_loaded)
+            continue;
+        EnterHandler(*form);
+        form->Form_Blocked();
+        LeaveHandler(*form);
+    }
 }
 
 void Screen::Hide(Form& form)

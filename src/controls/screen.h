@@ -63,6 +63,7 @@ public:
 private:
     friend class Form;
     void Made(Form& form) { m_made.push_back(&form); }
+    void TellBlocked(Form const& modal);
     void LeaveActive();
     void EnterActive();
     void ActivateLast();

@@ -11,7 +11,8 @@ ScrollBar::ScrollBar(Form& form, Control& container, char const* name, Bounds bo
     , Value(*this, "Value", 0,
           [](Control const& control, std::int16_t value) {
               auto const& bar = static_cast<ScrollBar const&>(control);
-              return bar.Max < bar.Min ? bar.Min() : std::clamp(value, bar.Min(), bar.Max());
+              auto const [low, high] = std::minmax(bar.Min(), bar.Max());
+              return std::clamp(value, low, high);
           })
     , SmallChange(*this, "SmallChange", 1)
     , LargeChange(*this, "LargeChange", 1)
@@ -39,6 +40,7 @@ StatusBar::StatusBar(Form& form, char const* name, Bounds bounds)
     : TextControl(form, form, name, bounds)
     , Panel1(*this, "Panel1")
     , Panel2(*this, "Panel2")
+    , Panel1Width(*this, "Panel1Width", 0, NotBelowZero)
 {
 }
 

@@ -5,8 +5,9 @@
 
 #include <cstdint>
 
-/// A scroll bar. `Value` is held within `Min` and `Max` where `Max` isn't below `Min`; assigning `Min` or `Max` changes
-/// neither `Value` nor raises an event.
+/// A scroll bar, which runs from `Min` on its left or upper end to `Max`, also where `Max` is below
+/// `Min`. `Value` is held between them; assigning `Min` or `Max` changes neither `Value` nor raises
+/// an event.
 class ScrollBar : public Control {
 public:
     ScrollBar(Form& form, Control& container, char const* name, Bounds bounds);
@@ -60,4 +61,5 @@ public:
     void FormResized(Size client) override;
 
     Property<::Text> Panel1, Panel2;
+    Property<float> Panel1Width; ///< 0 for the whole bar; else the second panel takes the rest
 };

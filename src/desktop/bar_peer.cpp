@@ -9,6 +9,8 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 ScrollBarPeer::ScrollBarPeer(Desk& desk, ScrollBar& control, QWidget& ground)
     : Peer(desk, control,
         new QScrollBar(control.IsHorizontal() ? Qt::Horizontal : Qt::Vertical, &ground))
@@ -25,7 +27,9 @@ ScrollBarPeer::ScrollBarPeer(Desk& desk, ScrollBar& control, QWidget& ground)
 
 void ScrollBarPeer::Mirror()
 {
-    m_shown.setRange(m_bar.Min, m_bar.Max);
+    auto const [low, high] = std::minmax(m_bar.Min(), m_bar.Max());
+    m_shown.setRange(low, high);
+    m_shown.setInvertedAppearance(m_bar.Max < m_bar.Min);
     m_shown.setSingleStep(m_bar.SmallChange);
     m_shown.setPageStep(m_bar.LargeChange);
     m_shown.setValue(m_bar.Value);
@@ -114,7 +118,7 @@ void StatusBarPeer::Mirror()
     Peer::Mirror();
     int const width = Widget()->width();
     int const height = std::max(0, Widget()->height() - 2);
-    int const split = m_bar.Panel2().empty() ? width : width / 2;
+    int const split = m_bar.Panel1Width > 0 ? std::min(width, Pixels(m_bar.Panel1Width)) : width;
     m_first.setGeometry(0, 2, split, height);
     m_second.setGeometry(split + 2, 2, std::max(0, width - split - 2), height);
     m_second.setVisible(split < width);

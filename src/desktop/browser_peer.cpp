@@ -1,6 +1,7 @@
 #include "desktop/browser_peer.h"
 
 #include "base/code_page.h"
+#include "base/nearest_form.h"
 #include "desktop/convert.h"
 
 #include <QKeyEvent>
@@ -16,6 +17,20 @@ static Text PathOf(TextView url)
 {
     constexpr TextView scheme = u"file://";
     return Text(url.starts_with(scheme) ? url.substr(scheme.size()) : url);
+}
+
+/// What the view is told instead of the address of the background.
+static constexpr auto backgroundName = "bg.jpg";
+
+/// The page with another address of its background: many a path, such as one with a drive or with
+/// "#", makes an address that the view can't read.
+static std::string WithReadableBackground(std::string page, TextView applicationFolder)
+{
+    auto const written
+        = NearestCodePage(u" background=\"file://" + Text(applicationFolder) + u"\\bg.jpg\"").bytes;
+    if (auto const at = page.find(written); at != page.npos)
+        page.replace(at, written.size(), std::string(" background=\"") + backgroundName + '"');
+    return page;
 }
 
 class PageView final : public QTextBrowser {
@@ -37,14 +52,9 @@ public:
 
     QVariant loadResource(int type, QUrl const& name) override
     {
-        if (type != QTextDocument::ImageResource)
+        if (type != QTextDocument::ImageResource || name != QUrl(QLatin1String(backgroundName)))
             return {};
-        auto path = PathOf(ToText(QUrl::fromPercentEncoding(name.toString().toUtf8())));
-        ReplaceAll(path, u"/", u"\\");
-        auto picture = m_desk.files.ApplicationFolder() + u"\\bg.jpg";
-        auto const asWritten = picture;
-        ReplaceAll(picture, u"/", u"\\");
-        return path == picture ? QVariant(m_desk.pictures.Find(asWritten)) : QVariant();
+        return m_desk.pictures.Find(m_desk.files.ApplicationFolder() + u"\\bg.jpg");
     }
 
 protected:
@@ -114,5 +124,7 @@ void BrowserPeer::Navigate(TextView url)
 {
     auto const page = m_desk.files.ReadAll(PathOf(url));
     Desk::Mirroring const ours(m_desk);
-    m_shown.setHtml(page ? ToQString(FromCodePage(*page)) : QString());
+    m_shown.setHtml(page ? ToQString(FromCodePage(
+                        WithReadableBackground(*page, m_desk.files.ApplicationFolder())))
+                         : QString());
 }

@@ -16,7 +16,6 @@ public:
     QPixmap picture;
     QColor ground; // not valid for none
     bool stretched = false;
-    bool bordered = false;
     bool marksFocus = false;
 
 protected:
@@ -30,10 +29,6 @@ protected:
             painter.drawPixmap(rect(), picture);
         } else {
             painter.drawPixmap(0, 0, picture);
-        }
-        if (bordered) {
-            painter.setPen(Qt::black);
-            painter.drawRect(rect().adjusted(0, 0, -1, -1));
         }
         if (marksFocus && hasFocus()) {
             QStyleOptionFocusRect mark;
@@ -75,9 +70,27 @@ bool ImagePeer::TakeKey(QKeyEvent& event)
     return true;
 }
 
+/// A line round a box that shows over whatever fills the box; the pointer goes through it.
+class BorderWidget final : public QWidget {
+public:
+    explicit BorderWidget(QWidget* box)
+        : QWidget(box)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        SetRole(*this, QAccessible::Border);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
+
 PictureBoxPeer::PictureBoxPeer(Desk& desk, PictureBox& control, QWidget& ground)
     : SurfacePeer(desk, control, new PictureWidget(&ground))
     , m_box(control)
+    , m_border(*new BorderWidget(Widget()))
 {
     Widget()->setAttribute(Qt::WA_OpaquePaintEvent);
     SetRole(*Widget(), QAccessible::Graphic);
@@ -89,8 +102,10 @@ void PictureBoxPeer::Mirror()
     if (std::exchange(m_isStale, false))
         shown.picture = m_desk.pictures.Find(m_box.Picture);
     shown.ground = ToQColor(m_box.BackColor);
-    shown.bordered = m_box.Border;
     MirrorPointer(m_box.MousePointer);
     Peer::Mirror();
+    m_border.setGeometry(shown.rect());
+    m_border.setVisible(m_box.Border);
+    m_border.raise();
     shown.update();
 }

@@ -28,5 +28,6 @@ public:
 
 private:
     PictureBox& m_box;
+    QWidget& m_border; // lies above the controls in the box
     bool m_isStale = true;
 };

@@ -39,7 +39,7 @@ QCursor CursorOf(Pictures& pictures, int pointer, TextView icon)
     if (pointer != pointerCustom)
         return Qt::ArrowCursor;
     auto const picture = PointerPicture(pictures, icon);
-    return picture.isNull() ? QCursor(Qt::SizeAllCursor) : QCursor(picture);
+    return picture.isNull() ? QCursor(Qt::SizeAllCursor) : QCursor(picture, 16, 16);
 }
 
 void SurfacePeer::MirrorPointer(int pointer, TextView icon)

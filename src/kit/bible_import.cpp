@@ -1,12 +1,15 @@
 #include "kit/bible_import.h"
 
+#include "base/code_page.h"
 #include "base/nearest_form.h"
+#include "bible/about_line.h"
 #include "bible/book_file.h"
 #include "kit/bible_books.h"
 #include "kit/canon.h"
 #include "kit/osis_text.h"
 #include "kit/progress.h"
 #include "kit/sword_export.h"
+#include "kit/utf8.h"
 
 #include <algorithm>
 
@@ -147,6 +150,12 @@ std::string WriteBook(std::size_t book, BibleBooks& books, BibleImport& result)
     return bytes;
 }
 
+}
+
+bool IsAboutText(std::string const& utf8)
+{
+    auto const bytes = NearestCodePage(FromUtf8(utf8)).bytes;
+    return IsUtf8(utf8) && !bytes.empty() && bytes == ToCodePage(AboutLine(bytes));
 }
 
 std::optional<BibleImport> ImportBible(

@@ -21,6 +21,10 @@ struct BibleImport {
     std::vector<std::string> furtherBooks; ///< books beside the 66, left out
 };
 
+/// True if the UTF-8 can be told of a text by the reader: one line, not longer than the reader
+/// shows.
+bool IsAboutText(std::string const& utf8);
+
 /// `translation` is "kjv" or "nasb", the place that the texts take on the disc. `file` is the name of the export in
 /// faults. Nothing if there are faults: each of the 66 books has to be there once, with all its chapters, and all
 /// verses but those that translations often leave out. Romans 16:25-27, which some exports glue to 14:23, are parted.

@@ -1,5 +1,6 @@
 #include "kit/commands.h"
 
+#include "base/nearest_form.h"
 #include "kit/bible_import.h"
 #include "kit/canon.h"
 #include "kit/files.h"
@@ -85,9 +86,14 @@ int RunBibleImport(BibleImportArguments const& arguments)
     auto const bytes = ReadWhole(arguments.from, faults);
     if (!bytes)
         return Fail(faults);
-    auto const import = ImportBible(*bytes, arguments.from.string(), arguments.translation, faults);
+    auto import = ImportBible(*bytes, arguments.from.string(), arguments.translation, faults);
     if (!import)
         return Fail(faults);
+    auto const about = "bible" + arguments.translation + ".about";
+    // What was told of another text mustn't stay.
+    std::error_code error;
+    if (!arguments.about.empty() || std::filesystem::exists(arguments.to / about, error))
+        import->files[about] = NearestCodePage(FromUtf8(arguments.about)).bytes + "\r\n";
     auto const status = Deliver(import->files, arguments.to, faults);
     if (status == 0)
         Describe(*import);

@@ -10,6 +10,7 @@
 struct BibleImportArguments {
     std::filesystem::path from, to;
     std::string translation; ///< "kjv" or "nasb"
+    std::string about; ///< what the reader tells of the text, as IsAboutText; empty for nothing
 };
 int RunBibleImport(BibleImportArguments const& arguments);
 

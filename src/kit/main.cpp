@@ -1,5 +1,6 @@
 // sparrowfield-kit: the command line of those who write studies and put discs together. Its manual is docs/kit.md.
 
+#include "kit/bible_import.h"
 #include "kit/commands.h"
 
 #include <CLI/CLI.hpp>
@@ -51,6 +52,12 @@ private:
             ->required()
             ->check(CLI::IsMember({ "kjv", "nasb" }));
         import->add_option("--to", m_import.to, "the folder of the disc")->required();
+        import->add_option("--about", m_import.about, "what the reader tells of the text, in one line")
+            ->check(CLI::Validator(
+                [](std::string& text) {
+                    return std::string(IsAboutText(text) ? "" : "not one line of 1 to 200 characters");
+    },
+                "TEXT"));
         import->callback([this] { m_run = [this] { return RunBibleImport(m_import); }; });
     }
 

@@ -110,9 +110,7 @@ void frmMain::ShowLessonPage(int page)
     lblPageTitle.Caption = Text(PageLabel(text));
     Text2.Visible = false;
     Text2.Text = PageText(text);
-    Text2.Height = XPContainer2.Height / 2 - 650;
-    if (Text2.Height > 3200)
-        Text2.Height = 3200;
+    SetPageTextHeight();
     Text2.Visible = true;
 
     Text3.Visible = false;

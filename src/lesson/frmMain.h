@@ -65,6 +65,7 @@ private:
     void PlaceLeftColumn(float w, float base, float leftSplit);
     void PlaceRightColumn(float w, float base, float rightSplit);
     void PlacePageArea();
+    void SetPageTextHeight();
     void ShowAfterLayout();
     std::array<Control*, 9> MovedControls();
 

@@ -5,6 +5,8 @@
 
 #include "controls/screen.h"
 
+#include <algorithm>
+
 void frmMain::Form_Resize()
 {
     if (WindowState == WindowState::Minimised)
@@ -114,7 +116,7 @@ void frmMain::PlacePageArea()
     ctlScrollbar.Height = Command2.Height();
     Text2.Top = 110;
     Text2.Width = Image2.Width - Text2.Left - 320;
-    Text2.Height = XPContainer2.Height / 2 - 650;
+    SetPageTextHeight();
     lblPageTitle.Top = Text2.Top();
     Image1.Top = Command1.Top - Image1.Height - 100;
     Image1.Left = Image2.Width - Image1.Width - 200 - Text3.Left;
@@ -122,6 +124,13 @@ void frmMain::PlacePageArea()
     Text3.Width = Text2.Width();
     Text3.Top = Text2.Height + 15 + Text2.Top + 90;
     Text3.Height = Image1.Top - Text3.Top;
+}
+
+/// Half the panel, but no more than a text is comfortable to read in: the rest is for the answer.
+void frmMain::SetPageTextHeight()
+{
+    constexpr float highest = 3200;
+    Text2.Height = std::min(XPContainer2.Height / 2 - 650, highest);
 }
 
 void frmMain::ShowAfterLayout()

@@ -14,6 +14,8 @@ Text PageText(TextView page)
     if (blank != TextView::npos)
         page.remove_prefix(blank + 1);
     Text text;
+    if (page.empty())
+        return text;
     for (TextView paragraph : Split(page, u'/'))
         text.append(Trim(paragraph)).append(u"\r\n\r\n");
     return text;

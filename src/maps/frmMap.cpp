@@ -65,6 +65,11 @@ void frmMap::Form_Resize()
         ArrangeMapView();
 }
 
+void frmMap::Form_Blocked()
+{
+    EndDrag();
+}
+
 void frmMap::LoadMyPicture(TextView filename)
 {
     Picture2.Visible = false;
@@ -143,6 +148,11 @@ void frmMap::Picture2_MouseMove(float x, float y)
 }
 
 void frmMap::Picture2_MouseUp()
+{
+    EndDrag();
+}
+
+void frmMap::EndDrag()
 {
     isDragging = false;
     MousePointer = pointerDefault;

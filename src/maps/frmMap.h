@@ -20,6 +20,7 @@ public:
 private:
     void Form_Load() override;
     void Form_Resize() override;
+    void Form_Blocked() override;
     void ArrangeMapView();
     static void ArrangeBar(ScrollBar& bar, Property<float>& length, MapBar const& arranged);
     void TellWhyEmpty(TextView filename) const;
@@ -27,6 +28,7 @@ private:
     void Picture2_MouseDown(float x, float y);
     void Picture2_MouseMove(float x, float y);
     void Picture2_MouseUp();
+    void EndDrag();
     void Timer1_Timer();
     void BringBack(ScrollBar& bar, float strayed);
 

@@ -50,21 +50,21 @@ static constexpr LongTextParagraph paragraphs[] = {
         u"slowly, before you look at any "
         u"question. Twice is better than once." },
     { Numbered,
-        u"3. *Answer the first question.* Click on \u201cNext >\u201d to reach it. At the end of a "
-        u"question stand the "
-        u"references that help you to answer it; look them up on the right, then write what you "
-        u"have found, in your own "
-        u"words, in the answer box. You needn\u2019t save anything: what you have written is "
-        u"kept." },
+        u"3. *Answer the first question.* The lesson opens on it. At the end of a question stand "
+        u"the references that help you to answer it; look them up on the right, then write what "
+        u"you have found, in your own words, in the answer box. You needn\u2019t save anything: "
+        u"what you type is stored about a second later." },
     { Numbered,
-        u"4. *Click on the lamp.* It opens a window with the answer that the publisher suggests." },
+        u"4. *Click on the lamp.* It opens a window with the answer that the publisher suggests, "
+        u"once you have written something yourself." },
     { Numbered,
         u"5. *Compare.* Does your answer say much the same? Does one of the two see something that "
         u"the other has "
         u"overlooked? You can add to your own answer as often as you like." },
     { Numbered,
-        u"6. *Go on.* The \u201cNext >\u201d button takes you to the next question, \u201c< "
-        u"Prev\u201d to the one before." },
+        u"6. *Go on.* As soon as your answer stands in the box, the \u201cNext >\u201d button "
+        u"takes you to the next question. \u201c< Prev\u201d leads to the one before, and the bar "
+        u"between the two to any page." },
     { Numbered,
         u"7. *Keep going, at your own pace.* The progress bar shows how far you have come. You may "
         u"stop wherever you "
@@ -106,11 +106,43 @@ static constexpr LongTextParagraph paragraphs[] = {
 
     { Heading, u"More help on the way" },
     { Paragraph,
-        u"In the menus at the top of both main screens you find the whole *Bible* to read in, and "
-        u"nine *maps* that show where "
-        u"it all took place. The *Help* menu brings you back to this page at any time; you can "
-        u"leave it open beside your "
-        u"lesson." },
+        u"In the menus at the top of both main screens you find the whole *Bible* to read in and "
+        u"nine *maps* that show where it all took place. The *Help* menu brings you back to this "
+        u"page. All these windows stay open when you begin a lesson, turn its pages or leave it, "
+        u"until you close them yourself; only the window of the lamp closes when you turn the "
+        u"page." },
+    { Indented,
+        u"*The Bible reader.* Choose a chapter in the index, or write a reference in the box at "
+        u"the top and press Enter: a book (\u201cRuth\u201d), a chapter (\u201cRuth 2\u201d), a "
+        u"verse (\u201cJohn 3:16\u201d) or several (\u201cJohn 3:16-18\u201d, \u201cGen "
+        u"1:1-2:3\u201d). The list beside that box changes the translation, and the line at the "
+        u"bottom of the window tells which text you read." },
+    { Indented,
+        u"*Notes.* The box on the right of the reader holds a note of your own for each chapter. "
+        u"It is kept without a command and comes back with its chapter, in either translation. "
+        u"\u201cPrint\u201d puts it on paper." },
+    { Indented,
+        u"*Larger letters.* Click on the page of the Bible reader, then hold down Ctrl and press + "
+        u"to make its letters larger or - to make them smaller; Ctrl and 0 makes them as they "
+        u"were." },
+    { Indented,
+        u"*Maps.* A map that is larger than its window can be dragged: press the mouse button on "
+        u"it, move the mouse, and let go. The arrow keys move it too, and Esc closes it." },
+
+    { Heading, u"Keeping your answers safe" },
+    { Paragraph,
+        u"Your answers and notes are on this computer alone. To have a copy of them, open a "
+        u"terminal and give the command \u201csparrowfield-kit answers backup FILE\u201d, with a "
+        u"name of your choice in place of FILE. \u201csparrowfield-kit answers restore FILE\u201d "
+        u"brings them back, on this computer or on another. If the command isn\u2019t found, open "
+        u"the terminal in the folder of this program and write \u201c./sparrowfield-kit\u201d." },
+    { Paragraph,
+        u"\u201cDelete Answers For This Lesson\u201d in the *Edit* menu asks no question, but it "
+        u"first writes the answers of the lesson to a file \u201cbefore-delete-N.backup\u201d, "
+        u"with a number in place of N, beside the program\u2019s settings: in the folder "
+        u"\u201csparrowfield\u201d in \u201c.local/share\u201d of your home folder. If you deleted "
+        u"them by mistake, \u201csparrowfield-kit answers restore\u201d with the name of that file "
+        u"brings them back." },
 
     { Heading, u"Tell us what you think" },
     { Paragraph,

@@ -101,6 +101,49 @@ TEST_F(DesktopTest, ScrollBarStepsDragsAndWheels)
     QCoreApplication::sendEvent(&bar, &wheel);
     EXPECT_EQ(form.TakeLog(), "bar changed 47");
     EXPECT_EQ(bar.value(), 47);
+    form.bar.Value = 0;
+    form.bar.Max = -5;
+    host.HandlersEnded();
+    form.TakeLog();
+    bar.triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+    EXPECT_EQ(form.TakeLog(), "bar changed -3, bar changed -5") << "a range below 0";
+    EXPECT_EQ(bar.value(), -5);
+    bar.setSliderDown(true);
+    bar.setSliderPosition(-2);
+    bar.setSliderDown(false);
+    bar.triggerAction(QAbstractSlider::SliderPageStepSub);
+    EXPECT_EQ(form.TakeLog(), "bar scrolled -2, bar changed -2, bar changed 0");
+}
+
+class frmBar final : public Form {
+public:
+    explicit frmBar(Screen& screen)
+        : Form(screen, "frmBar", u"Bar", 6000, 4000)
+    {
+    }
+    StatusBar bar { *this, "StatusBar1", { 0, 3700, 6000, 300 } };
+};
+
+TEST_F(DesktopTest, TheSecondPanelOfAStatusBarTakesWhatTheFirstLeaves)
+{
+    frmBar state(screen);
+    state.Show();
+    auto const& whole = Shown(state.bar);
+    auto const& first = *whole.findChild<QLabel*>(QStringLiteral("Panel1"));
+    auto const& second = *whole.findChild<QLabel*>(QStringLiteral("Panel2"));
+    EXPECT_EQ(first.width(), whole.width());
+    EXPECT_FALSE(second.isVisible());
+    for (TextView const text : { u"", u"A text" }) {
+        state.bar.Panel1Width = 1440;
+        state.bar.Panel2 = Text(text);
+        host.HandlersEnded();
+        EXPECT_EQ(first.width(), 96);
+        EXPECT_TRUE(second.isVisible());
+        EXPECT_EQ(second.geometry().right(), whole.rect().right());
+    }
+    Unload(state);
+    Settle();
 }
 
 TEST_F(DesktopTest, TreeFollowsItsNodesAndReportsClicksAndSigns)

@@ -68,6 +68,14 @@ TEST_F(MapOnDesktop, TheMapFollowsTheHandAndIsShownPixelForPixel)
     moveTo({ 0, 0 });
     QTest::mousePress(handle, Qt::LeftButton, {}, start);
     EXPECT_EQ(window->cursor().hotSpot(), QPoint(16, 16));
+    auto const pointer = window->cursor().pixmap().toImage();
+    EXPECT_EQ(pointer.size(), QSize(32, 32));
+    EXPECT_GT(qAlpha(pointer.pixel(16, 3)), 200);
+    auto const turned = pointer.transformed(QTransform().rotate(90));
+    for (int at = 0; at < 32 * 32; ++at)
+        EXPECT_NEAR(
+            qAlpha(pointer.pixel(at % 32, at / 32)), qAlpha(turned.pixel(at % 32, at / 32)), 40)
+            << "arrows in all four directions";
     moveTo({ -150, -90 });
     EXPECT_EQ(MapPlace(), QPoint(-150, -90));
     moveTo({ -180, -120 });
@@ -77,7 +85,9 @@ TEST_F(MapOnDesktop, TheMapFollowsTheHandAndIsShownPixelForPixel)
     auto const shown = Widget("Picture1").grab().toImage();
     QImage decoded;
     decoded.loadFromData(QByteArray::fromStdString(Jpeg(chart)));
-    for (QPoint const at : { QPoint(5, 5), QPoint(300, 200), QPoint(700, 500) })
+    for (QPoint const at : { QPoint(0, 0), QPoint(300, 0), QPoint(0, 200) })
+        EXPECT_EQ(shown.pixelColor(at), Qt::black) << "the border shows over the map";
+    for (QPoint const at : { QPoint(1, 1), QPoint(5, 5), QPoint(300, 200), QPoint(700, 500) })
         EXPECT_EQ(shown.pixel(at), decoded.pixel(at + QPoint(180, 120)));
     moveTo({ 2000, 2000 });
     EXPECT_EQ(MapPlace(), QPoint(0, 0));

@@ -1,5 +1,8 @@
 // Pages, pictures and paper.
 
+#include "base/code_page.h"
+#include "base/nearest_form.h"
+#include "bible/chapter_page.h"
 #include "desktop/desktop_bench.h"
 #include "desktop/qt_printer.h"
 
@@ -9,6 +12,7 @@
 #include <QPrinterInfo>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QTextFrame>
 
 static std::string Png(int width, int height)
 {
@@ -45,9 +49,33 @@ TEST_F(DesktopTest, APageShowsItsTextAndPullsInItsBackgroundAlone)
         return shown.loadResource(
             QTextDocument::ImageResource, QUrl(QString::fromStdString("file://" + path)));
     };
-    EXPECT_EQ(load(folder + "%5Cbg.jpg").value<QPixmap>().width(), 8);
     EXPECT_FALSE(load("C:%5Csecret.png").isValid());
     Unload(reader);
+    Settle();
+}
+
+TEST_F(DesktopTest, ThePageOfTheReaderHasItsBackgroundWhereverTheProgramLies)
+{
+    frmPage reader(screen);
+    reader.Show();
+    auto& shown = Shown<QTextBrowser>(reader.page);
+    for (TextView const folder :
+        { u"C:\\Program Files\\Sparrowfield Interactive Software\\Sparrowfield", u"/app",
+            u"/home/a #1 ?%20/app", u"/home/\u0142\u00F3d\u017A \u0416" }) {
+        files.applicationFolder = folder;
+        files.Put(Text(folder) + u"\\bg.jpg", Png(8, 8));
+        for (auto const& page : { EmptyPage(folder),
+                 *BuildChapterPage("Jude\r\n001 001 Jude,\r\n\r\n",
+                     { Text(folder), false, ReadWantedVerses(u"Jude 1") }) }) {
+            shown.setHtml({});
+            files.Put(u"C:\\Temp\\p.htm", NearestCodePage(page).bytes);
+            reader.page.Navigate(u"file://C:\\Temp\\p.htm");
+            auto const ground = shown.document()->rootFrame()->frameFormat().background();
+            EXPECT_EQ(ground.texture().width(), 8) << ToUtf8(page);
+        }
+    }
+    Unload(reader);
+    Settle();
 }
 
 TEST_F(DesktopTest, PicturesTellTheirSize)

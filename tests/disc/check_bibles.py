@@ -75,6 +75,9 @@ def check(name, module, verse_count):
     figures = len(index), sum(int(chapters) for _, chapters in index), len(verses)
     if figures != (66, 1189, verse_count):
         sys.exit(f"{name}: {figures} books, chapters and verses")
+    about = (disc / f"bible{name}.about").read_text("cp1252")
+    if not re.fullmatch(r"This is the (King James Version|World English Bible)[^\n]{1,170}\n", about):
+        sys.exit(f"{name}: what it tells of itself: {about!r}")
     source = exports.read(folder, module, {book for book, _ in index})
     if source.keys() != verses.keys():
         sys.exit(f"{name}: only in one of both: {sorted(source.keys() ^ verses.keys())[:9]}")

@@ -124,6 +124,18 @@ TEST(BibleImport, WritesIndexAndBooks)
         std::string::npos);
 }
 
+TEST(BibleImport, TellsOfATextInOneLine)
+{
+    for (std::string const good :
+        { "The World English Bible", "Rück\xE2\x80\x93und", "\xCE\xA9 Omega" })
+        EXPECT_TRUE(IsAboutText(good)) << good;
+    EXPECT_TRUE(IsAboutText(std::string(200, 'x')));
+    for (std::string const bad :
+        { "", " ", " indented", "two\nlines", "two\r\nlines", "a\tb", "\xE9" })
+        EXPECT_FALSE(IsAboutText(bad)) << bad;
+    EXPECT_FALSE(IsAboutText(std::string(201, 'x')));
+}
+
 TEST(BibleImport, NamesWhatIsWrong)
 {
     auto const whole = MakeExport(PlainVerse);

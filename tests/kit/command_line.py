@@ -24,7 +24,8 @@ def expect(found, wanted, about):
 for words in ("", "bible", "bible import", "study", "study make", "study check", "text", "text make", "text scramble", "text decode"):
     status, out, _ = run(*words.split(), "--help")
     expect((status, b"Usage" in out), (0, True), f"{words} --help")
-for words in ("", "frob", "bible import --from x --as niv --to y", "study check", "text scramble --shift A", "text scramble --shift ab"):
+for words in ("", "frob", "bible import --from x --as niv --to y",
+              "bible import --from x --as kjv --to y --about " + 201 * "x", "study check", "text scramble --shift A", "text scramble --shift ab"):
     expect(run(*words.split())[0], 2, f"the status of wrong arguments: {words}")
 
 lines = bytes(range(256)) * 2 + b"\r\n\n!a\n  two  blanks // and more\r\nno end"

@@ -57,6 +57,7 @@ TEST_F(BibleLayoutTest, HasItsFigures)
         { "StatusBar1", 0, 7725, 8925, 375 },
     };
     Resize(8925, 8100);
+    EXPECT_EQ(Of("StatusBar1", "Panel1Width"), 1440);
     for (auto const& [control, left, top, width, height] : rows) {
         EXPECT_NEAR(Of(control, "Left"), left, 0.01F) << control;
         EXPECT_NEAR(Of(control, "Top"), top, 0.01F) << control;

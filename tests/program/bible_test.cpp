@@ -54,6 +54,7 @@ TEST_F(BibleTest, ItOpensOnWhatIsStored)
         run.OpenReader();
         EXPECT_EQ(run.State(), row.state) << ToUtf8(row.search);
         EXPECT_EQ(run.Panel("Panel1"), row.panel) << ToUtf8(row.search);
+        EXPECT_FALSE(run.Get("frmBible.cmdPrint").Enabled) << "there is no note to print";
         EXPECT_EQ(run.settings.Value(u"biblereader", u"translation"),
             row.panel == std::string("KJV") ? u"kjv" : u"nasb");
         EXPECT_EQ(run.settings.Value(u"biblereader", u"search"), Trim(row.search));
@@ -216,6 +217,43 @@ TEST_F(BibleTest, APageThatCantBeWrittenLeavesTheOneBefore)
     files.unwritable.clear();
     LookUp(u"John 4:1");
     EXPECT_EQ(Shown(), "k-John-4:1");
+    EXPECT_EQ(Panel("Panel2"), "");
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(BibleTest, TheStatusBarTellsWhatTextStandsInATranslationsPlace)
+{
+    constexpr auto about = u"/app\\biblenasb.about";
+    struct Row {
+        std::string bytes;
+        Text panel;
+    } const rows[] = {
+        { "The World English Bible\r\nmore", u"The World English Bible" },
+        { " caf\xE9 \x96\ta\n", u"caf\u00E9 \u2013a" },
+        { std::string(5000, 'x'), Text(200, u'x') },
+        { "\r\nThe second line", u"" },
+        { "", u"" },
+    };
+    OpenReader();
+    for (auto const& row : rows) {
+        files.Put(about, row.bytes);
+        Translate(1);
+        EXPECT_EQ(Panel("Panel2"), ToUtf8(row.panel));
+        EXPECT_EQ(files.Bytes(about), row.bytes);
+        files.unwritable = u"C:\\Temp";
+        LookUp(u"John 4:1");
+        EXPECT_TRUE(Panel("Panel2").starts_with("The page can't be shown: ")) << Panel("Panel2");
+        files.unwritable.clear();
+        LookUp(u"John 4:1");
+        EXPECT_EQ(Panel("Panel2"), ToUtf8(row.panel));
+        EXPECT_EQ(Change(box, u""), "");
+        Translate(0);
+        EXPECT_EQ(Panel("Panel2"), "") << "also where no page comes up";
+        LookUp(u"John 4:1");
+    }
+    EXPECT_FALSE(files.FileExists(u"/app\\biblekjv.about"));
+    files.MakeUnreadable(about);
+    Translate(1);
     EXPECT_EQ(Panel("Panel2"), "");
     EXPECT_THAT(Messages(), IsEmpty());
 }

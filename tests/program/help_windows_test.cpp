@@ -3,6 +3,8 @@
 #include "headless/keyboard.h"
 #include "support/program_bench.h"
 
+#include <algorithm>
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -67,8 +69,9 @@ TEST_F(HelpWindowsTest, TheLongTextsScrollAndBeginAtTheirStartEachTime)
                                                          : "frmContents.mnuGettingStarted";
         Click(entry);
         auto& box = Get<RichTextBox>(form + ".RichTextBox1");
-        EXPECT_EQ(input.Select(box, box.Length() / 2, 20), "") << "a passage can be selected";
-        EXPECT_EQ(box.SelLength, 20);
+        auto const word = box.Text().find(u"the ", box.Text().size() / 2);
+        EXPECT_EQ(input.Select(box, static_cast<int>(word), 4), "") << "a passage can be selected";
+        EXPECT_EQ(box.SelLength, 4);
         constexpr int deleteKey = 46, cut = 'X', controlDown = 2;
         auto const whole = box.Text();
         Press(input, screen, box, deleteKey, 0);
@@ -80,6 +83,32 @@ TEST_F(HelpWindowsTest, TheLongTextsScrollAndBeginAtTheirStartEachTime)
         EXPECT_EQ(box.SelStart, 0);
         EXPECT_EQ(box.TopOffset, 0);
     }
+}
+
+TEST_F(StudyTest, WindowsFromTheMenusStayOpenWhateverBecomesOfTheLesson)
+{
+    Start();
+    std::string const windows[]
+        = { "frmBible", "frmMap", "frmGettingStarted", "frmFinalExam", "frmAbout" };
+    for (auto const* const entry : { "mnuBibleReader", "mnuOptionsMapOne", "mnuGettingStarted",
+             "mnuOptionFinal", "mnuHelpAbout" })
+        Click(std::string("frmContents.") + entry);
+    auto const allAreOpen = [&] {
+        return std::all_of(std::begin(windows), std::end(windows),
+            [this](auto const& each) { return IsOpen(each); });
+    };
+    Open(u"james-1.dat:1");
+    EXPECT_TRUE(allAreOpen()) << "when a lesson begins";
+    Write("frmMain.Text3", u"James");
+    Click("frmMain.Image1");
+    ASSERT_TRUE(IsOpen("frmAnswer"));
+    Click("frmMain.Command1");
+    EXPECT_FALSE(IsOpen("frmAnswer"));
+    EXPECT_TRUE(allAreOpen()) << "when its page is turned";
+    Click("frmMain.mnuFileClose");
+    EXPECT_TRUE(allAreOpen()) << "when it is left";
+    Click("frmContents.mnuFileExit");
+    EXPECT_TRUE(allAreOpen());
 }
 
 TEST_F(StudyTest, TheVideoIsSetToItsStartBeforeItPlaysEachTime)

@@ -1,3 +1,4 @@
+#include "controls/xp_container.h"
 #include "support/program_bench.h"
 
 #include <gtest/gtest.h>
@@ -68,6 +69,8 @@ TEST_F(LayoutTest, TheLessonScreenKeepsItsLimits)
         EXPECT_EQ(FormOf("frmMain").Width(), row.thenWidth);
         EXPECT_EQ(FormOf("frmMain").Height(), row.thenHeight);
         Expect("frmMain", { { "lblStudy", "Width", row.thenWidth - 700 } });
+        auto const height = std::min(3200.0F, Get("frmMain.XPContainer2").Height() / 2 - 650);
+        Expect("frmMain", { { "Text2", "Height", height }, { "Text3", "Top", height + 215 } });
     }
 }
 
@@ -123,4 +126,34 @@ TEST_F(LayoutTest, TheCatalogueKeepsItsLimits)
     EXPECT_EQ(FormOf("frmContents").Height(), 6700);
 }
 
+TEST_F(LayoutTest, ThePanelsHaveTheirColours)
+{
+    constexpr Colour white = Rgb(255, 255, 255), blue = Rgb(0, 0, 192),
+                     usualBorder = Rgb(0xAD, 0xC1, 0xDC);
+    struct {
+        char const* form;
+        char const* panel;
+        Colour border;
+    } const rows[] = {
+        { "frmMain", "XPContainer1", blue },
+        { "frmMain", "XPContainer2", blue },
+        { "frmMain", "XPContainer3", blue },
+        { "frmMain", "XPContainer4", Rgb(0, 0, 255) },
+        { "frmMain", "XPContainer5", blue },
+        { "frmContents", "XPContainer1", blue },
+        { "frmBible", "XPContainer1", usualBorder },
+        { "frmBible", "XPContainer2", usualBorder },
+        { "frmBible", "XPContainer3", usualBorder },
+        { "frmBible", "XPContainer4", usualBorder },
+    };
+    for (auto const& row : rows) {
+        auto const path = std::string(row.form) + '.' + row.panel;
+        auto const& panel = Get<XPContainer>(path);
+        EXPECT_EQ(panel.HeaderLightColor(), white) << path;
+        EXPECT_EQ(panel.BorderColor(), row.border) << path;
+        EXPECT_EQ(panel.BackLightColor(),
+            row.form == std::string("frmContents") ? white : Rgb(0xEF, 0xF4, 0xFC))
+            << path;
+    }
+}
 }

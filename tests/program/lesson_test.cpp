@@ -61,6 +61,12 @@ TEST_F(StudyTest, PagesShowByTheirLabelsAndTexts)
     EXPECT_EQ(CaptionOf("frmMain.lblPageTitle"), u"- Well done.") << "congratulations end the lesson themselves";
     EXPECT_EQ(TextOf("frmMain.Text2"), u"Well done. Congratulations on the lesson\r\n\r\n");
     EXPECT_EQ(Get<ScrollBar>("frmMain.ctlScrollbar").Max, 2);
+
+    files.Put(u"conclusion.txt", "");
+    Click("frmMain.mnuFileClose");
+    Open(u"james-1.dat:1");
+    GoTo(5);
+    EXPECT_EQ(TextOf("frmMain.Text2"), u"") << "an empty conclusion";
 }
 
 TEST_F(StudyTest, NextFollowsTheAnswer)

@@ -200,6 +200,45 @@ TEST_F(MapTest, KeysPageToTheEnds)
     }
 }
 
+TEST_F(MapTest, ABarWithARangeBelowNothingGoesToItsEnd)
+{
+    files.Put(u"map5.jpg", JpegHead(567, 300));
+    files.Put(u"map6.jpg", JpegHead(300, 503));
+    OpenMap(1);
+    EXPECT_EQ(input.ChangeState(viewer, WindowState::Normal), "");
+    struct {
+        int map;
+        ScrollBar& bar;
+        int onward, back;
+        Property<float>& place;
+    } const rows[]
+        = { { 5, across, keyRight, keyLeft, map.Left }, { 6, down, keyDown, keyUp, map.Top } };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.map);
+        OpenMap(row.map);
+        EXPECT_EQ(row.bar.Max, -6);
+        EXPECT_EQ(row.place, 0);
+        for (auto const& [key, value] : { std::pair(row.onward, -6), std::pair(row.onward, -6),
+                 std::pair(row.back, 0), std::pair(row.back, 0) }) {
+            Key(key);
+            EXPECT_EQ(row.bar.Value, value);
+            EXPECT_EQ(row.place, -value);
+        }
+        for (auto const& [step, value] :
+            { std::pair(BarStep::More, -6), std::pair(BarStep::PageLess, 0),
+                std::pair(BarStep::PageMore, -6), std::pair(BarStep::Less, 0) }) {
+            EXPECT_EQ(input.Step(row.bar, step), "");
+            EXPECT_EQ(row.bar.Value, value);
+        }
+        GrabAt(200, 200);
+        Move(3, 3);
+        Tick();
+        Tick();
+        Let();
+        EXPECT_EQ(row.bar.Value, -6) << "by hand";
+    }
+}
+
 TEST_F(MapTest, BarsMoveTheMapAndNeverKeepTheFocus)
 {
     OpenMap(1);
@@ -239,6 +278,29 @@ TEST_F(MapTest, AResizeDuringADragGoesOnFromTheCorner)
     EXPECT_EQ(viewer.MousePointer, pointerDefault);
     Move(-10, 0);
     EXPECT_EQ(Place(), "0 0");
+}
+
+TEST_F(MapTest, AModalFormEndsADrag)
+{
+    OpenMap(1);
+    GrabAt(600, 300);
+    Move(-100, -100);
+    bool cameUp = false;
+    host.serveModal = [&](Form& form) {
+        cameUp = true;
+        EXPECT_FALSE(timer.Enabled);
+        EXPECT_EQ(viewer.MousePointer, pointerDefault);
+        EXPECT_EQ(input.Close(form), "");
+    };
+    Node("frmContents.TreeView1", u"james-1.dat:1");
+    ASSERT_TRUE(cameUp) << "the welcome";
+    Move(-50, -50);
+    EXPECT_FALSE(timer.Enabled);
+    EXPECT_EQ(Place(), "0 0") << "the button was let go over the modal form";
+    GrabAt(600, 300);
+    Move(-100, -100);
+    Tick();
+    EXPECT_EQ(Place(), "-100 -100") << "the map can be grabbed again";
 }
 
 TEST_F(MapTest, WithoutAPictureTheViewerIsEmptyAndAMessageTellsWhy)
