@@ -67,6 +67,34 @@ void DesktopHost::CloseAll()
     LeaveLoops();
 }
 
+bool DesktopHost::MayComeUp() const
+{
+    return m_desk.screen && !m_desk.screen->Ended();
+}
+
+/// As if the user had called the window up: the model hears of it as of any act of the window system.
+static void CallUp(QWidget& window)
+{
+    if (window.isMinimized())
+        window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
+    QApplication::alert(&window); // where a program may not put itself in front
+}
+
+void DesktopHost::ComeUp()
+{
+    Form const* const modal = m_desk.screen->Modal();
+    Form const* const form = modal ? modal : m_desk.screen->Active();
+    Peer* const peer = form ? PeerOf(*form) : nullptr;
+    QWidget* const window = peer ? peer->Widget() : nullptr;
+    if (window && window->isVisible())
+        CallUp(*window);
+    auto* const message = QApplication::activeModalWidget();
+    if (message && message != window)
+        CallUp(*message);
+}
+
 void DesktopHost::FormLoaded(Form& form)
 {
     m_desk.screen = &form.OwnScreen();
