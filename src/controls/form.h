@@ -118,6 +118,7 @@ private:
     Size m_designClient;
     Size m_client; // at the last resize, in the form's scale: the frame may change while the outer size stays
     Size m_normal; // the outer size of the normal state
+    ::WindowState m_openState = ::WindowState::Normal; // the last state other than minimised
     bool m_loaded = false;
     bool m_unloading = false;
     bool m_designKept = false;

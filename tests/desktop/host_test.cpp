@@ -193,6 +193,29 @@ TEST_F(DesktopTest, WindowAndFormAgreeOnSizeAndClosing)
     EXPECT_TRUE(form.IsLoaded());
 }
 
+TEST_F(DesktopTest, AWindowChosenAgainComesUpInItsFormerState)
+{
+    frmPlain plain(screen);
+    Open();
+    for (auto const before : { WindowState::Normal, WindowState::Maximised }) {
+        plain.Show();
+        Settle();
+        Input(screen).ChangeState(plain, before);
+        Settle();
+        Shown(plain).showMinimized();
+        Settle();
+        Shown(form).activateWindow();
+        Settle();
+        plain.Show();
+        Settle();
+        EXPECT_FALSE(Shown(plain).isMinimized());
+        EXPECT_EQ(Shown(plain).isMaximized(), before == WindowState::Maximised);
+        EXPECT_EQ(plain.WindowState(), before);
+        EXPECT_EQ(QApplication::activeWindow(), &Shown(plain));
+    }
+    Unload(plain);
+}
+
 TEST_F(DesktopTest, AMessageTakesTheFocusForItsTime)
 {
     Open();
