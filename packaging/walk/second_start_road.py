@@ -64,6 +64,17 @@ def walk():
         second.kill()
         second.wait()
 
+    keys("Escape")
+    wait(lambda: not is_open("frmAbout"), "frmAbout to close")
+    tree = control("frmContents", "TreeView1")
+    click(search(tree, lambda node: showing(node) and ":" in node.get_name()), x=12)
+    click(wait(lambda: search(tree, lambda node: node.get_name().startswith("Lesson 1:") and showing(node)), "lesson 1"), x=12)
+    click_item("frmContents", "TreeView1", "Part One")
+    wait(lambda: is_open("frmWelcome"), "frmWelcome")
+    run("xdotool", "search", "--onlyvisible", "--pid", first.pid, "--name", f"^{catalogue}$", "windowminimize")
+    wait(lambda: not is_active(first, "Welcome"), "all minimised")
+    expect_raised("Welcome", "with the modal window that waits for an answer")
+
     first.send_signal(signal.SIGSTOP)
     begin = time.monotonic()
     second = start_again()

@@ -63,6 +63,7 @@ private:
     void TurnDue() override;
     void Mirror();
     void MirrorWindows();
+    QWidget* OwnerOfNewWindows() const;
     void Retire(FormPeer& window);
     void Reap();
     void TakeDown();
@@ -80,6 +81,8 @@ private:
     std::vector<Peer*> m_dirty;
     std::vector<QWidget*> m_retired; // windows of forms that are gone
     std::vector<std::pair<Form*, QEventLoop*>> m_modal;
+    FormPeer* m_active = nullptr; // the model's, and the one that was before it
+    FormPeer* m_before = nullptr;
     FormPeer* m_toActivate = nullptr;
     std::chrono::steady_clock::time_point m_served; // when events were last served inside a handler
 };

@@ -5,6 +5,7 @@
 #include "desktop/client_area.h"
 #include "desktop/convert.h"
 #include "desktop/surface_peer.h"
+#include "desktop/window_hints.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -154,8 +155,11 @@ void FormPeer::MirrorShown(QWidget* owner)
         window.move(Pixels(m_form.Left), Pixels(m_form.Top));
     m_sinceShown.start();
     window.winId(); // makes the window, so that it can be owned
-    if (owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar))
+    bool const isOwned = owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar);
+    if (isOwned)
         window.windowHandle()->setTransientParent(owner->windowHandle());
+    if (!m_form.inTaskbar)
+        KeepOutOfTaskBar(*window.windowHandle());
     if (m_state == WindowState::Maximised) {
         // Where the window returns to when it is restored.
         auto const normal = InnerSize(m_form.NormalSize(), m_frame);
@@ -170,6 +174,8 @@ void FormPeer::MirrorShown(QWidget* owner)
     } else {
         window.show();
     }
+    if (isOwned)
+        TellOwner(*window.windowHandle(), *owner->windowHandle());
     Arrange();
     QueueReport();
 }
