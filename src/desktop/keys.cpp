@@ -39,6 +39,28 @@ int ShiftOf(QKeyEvent const& event)
         + (held & Qt::AltModifier ? altKey : 0);
 }
 
+bool IsModifier(QKeyEvent const& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Meta:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+    case Qt::Key_Mode_switch:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
+        return true;
+    default:
+        return false;
+    }
+}
+
 char16_t CharacterOf(QKeyEvent const& event)
 {
     return event.text().size() == 1 ? event.text().front().unicode() : u'\0';

@@ -130,7 +130,7 @@ public:
         centred = true;
         ok.Click = [this] { Unload(*this); };
     }
-    void Form_KeyPress(char16_t character) override { pressed += character; }
+    void Form_KeyPress(char16_t character) override { pressed += character ? character : u'*'; }
     Text pressed;
     CommandButton ok { *this, *this, "OK", { 100, 100, 900, 300 }, u"OK" };
 };
@@ -142,9 +142,20 @@ TEST_F(DesktopTest, KeysGoToAFormWithoutFocus)
     Open();
     plain.Show();
     Settle();
-    QTest::keyClick(Shown(plain).windowHandle(), Qt::Key_A);
-    QTest::keyClick(Shown(plain).windowHandle(), Qt::Key_B);
-    EXPECT_EQ(plain.pressed, u"ab");
+    struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        TextView heard;
+    } const rows[] = { { Qt::Key_A, {}, u"a" }, { Qt::Key_Escape, {}, u"\x1B" },
+        { Qt::Key_Tab, {}, u"\t" }, { Qt::Key_F5, {}, u"*" }, { Qt::Key_Down, {}, u"*" },
+        { Qt::Key_Delete, {}, u"*" }, { Qt::Key_Shift, Qt::ShiftModifier, u"" },
+        { Qt::Key_Alt, Qt::AltModifier, u"" }, { Qt::Key_Super_L, Qt::MetaModifier, u"" },
+        { Qt::Key_CapsLock, {}, u"" }, { Qt::Key_F4, Qt::AltModifier, u"" } };
+    for (auto const& row : rows) {
+        plain.pressed.clear();
+        QTest::keyClick(Shown(plain).windowHandle(), row.key, row.modifiers);
+        EXPECT_EQ(plain.pressed, row.heard) << row.key;
+    }
     Unload(plain);
 }
 

@@ -47,6 +47,22 @@ TEST_F(SplashTest, EveryWayButTwoLeadsToTheCatalogue)
     }
 }
 
+TEST_F(SplashTest, EveryKeyButAModifierByItselfLeadsOn)
+{
+    program.Start({});
+    for (int const modifier : { 16, 17, 18, 20, 91, 144, 160 })
+        EXPECT_EQ(Press(input, screen, FormOf("frmSplash"), modifier, 0), "") << modifier;
+    EXPECT_TRUE(IsOpen("frmSplash"));
+    constexpr int tab = 9, enter = 13, escape = 27, pageUp = 33, left = 37, down = 40, del = 46, f1 = 112, f12 = 123;
+    for (auto const& [key, shift] : std::vector<std::pair<int, int>> { { tab, 0 }, { enter, 0 }, { escape, 0 }, { pageUp, 0 },
+             { left, 0 }, { down, 0 }, { del, 0 }, { f1, 0 }, { f12, shiftKey }, { 'C', controlKey }, { 'X', altKey } }) {
+        ProgramBench run;
+        run.program.Start({});
+        EXPECT_EQ(Press(run.input, run.screen, run.FormOf("frmSplash"), key, shift), "");
+        EXPECT_TRUE(run.IsOpen("frmContents")) << key;
+    }
+}
+
 TEST_F(SplashTest, ExitAndInstallEndTheProgramThereAndThen)
 {
     for (bool const fails : { false, true }) {
