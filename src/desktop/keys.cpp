@@ -61,7 +61,18 @@ bool IsModifier(QKeyEvent const& event)
     }
 }
 
+bool IsStruckWithAlt(QKeyEvent const& event)
+{
+    // Where AltGr counts as a modifier, it is a group switch, or Ctrl and Alt together.
+    auto const held = event.modifiers();
+    bool const isAlt
+        = (held & Qt::AltModifier) && !(held & (Qt::ControlModifier | Qt::GroupSwitchModifier));
+    return isAlt && !event.text().isEmpty() && event.text().front().isPrint();
+}
+
 char16_t CharacterOf(QKeyEvent const& event)
 {
+    if (IsStruckWithAlt(event))
+        return u'\0';
     return event.text().size() == 1 ? event.text().front().unicode() : u'\0';
 }

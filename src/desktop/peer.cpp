@@ -149,7 +149,8 @@ bool Peer::KeyPressed(QKeyEvent& event)
     bool pressed = false;
     if (isDefault)
         Act([&](Input& input) { pressed = input.PressDefault(m_control.OwnForm(), keyCode); });
-    return pressed;
+    // A box would type the letter.
+    return pressed || IsStruckWithAlt(event);
 }
 
 void Peer::KeyReleased(QKeyEvent const& event)

@@ -121,6 +121,24 @@ TEST_F(DesktopTest, EnterAndEscapePressTheFormsButtons)
     }
 }
 
+TEST_F(DesktopTest, ALetterWithAltIsNoText)
+{
+    Open();
+    struct {
+        Qt::KeyboardModifiers modifiers;
+        TextView typed;
+    } const rows[] = { { Qt::AltModifier, u"" }, { Qt::AltModifier | Qt::ShiftModifier, u"" },
+        { Qt::GroupSwitchModifier, u"q" }, { Qt::AltModifier | Qt::GroupSwitchModifier, u"q" },
+        { Qt::ControlModifier | Qt::AltModifier, u"q" } };
+    for (TextInput* const box : { static_cast<TextInput*>(&form.answer), static_cast<TextInput*>(&form.line) })
+        for (auto const& row : rows) {
+            Input(screen).Edit(*box, u"", 0, 0);
+            host.HandlersEnded();
+            QTest::sendKeyEvent(QTest::Click, &Shown(*box), Qt::Key_Q, QStringLiteral("q"), row.modifiers);
+            EXPECT_EQ(box->CurrentText(), row.typed) << box->Name() << ' ' << row.modifiers;
+        }
+}
+
 class frmPlain final : public Form {
 public:
     explicit frmPlain(Screen& screen)
