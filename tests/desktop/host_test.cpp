@@ -7,7 +7,10 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
+#include <QWheelEvent>
+#include <QWindow>
 
 TEST_F(DesktopTest, HideAndShowInOneHandlerNeverReachTheWidget)
 {
@@ -243,6 +246,60 @@ TEST_F(DesktopTest, AWindowChosenAgainComesUpInItsFormerState)
         EXPECT_EQ(QApplication::activeWindow(), &Shown(plain));
     }
     Unload(plain);
+}
+
+class frmTall final : public Form {
+public:
+    explicit frmTall(Screen& screen)
+        : Form(screen, "frmTall", u"Tall", 3000, 18000)
+    {
+        border = BorderStyle::Dialog;
+        inTaskbar = false;
+        ok.Default = true;
+    }
+    CommandButton ok { *this, *this, "OK", { 100, 17000, 900, 300 }, u"OK" };
+};
+
+TEST_F(DesktopTest, AWindowHigherThanTheScreenScrolls)
+{
+    frmTall tall(screen);
+    Open();
+    tall.Top = -3000;
+    tall.Show();
+    Settle();
+    float const height = tall.Height;
+    auto& window = Shown(tall);
+    auto const screenHeight = window.screen()->availableSize().height();
+    ASSERT_LT(screenHeight, 1200);
+    auto const isSeen
+        = [&] { return window.rect().contains(Shown(tall.ok).geometry().translated(Shown(tall.ok).parentWidget()->pos())); };
+    EXPECT_LE(window.frameGeometry().height(), screenHeight);
+    EXPECT_GE(window.pos().y(), 0);
+    EXPECT_FALSE(isSeen());
+    struct {
+        Qt::Key key;
+        bool reaches;
+    } const keys[] = { { Qt::Key_Down, false }, { Qt::Key_End, true }, { Qt::Key_Home, false },
+        { Qt::Key_PageDown, true }, { Qt::Key_PageUp, false }, { Qt::Key_Tab, true } };
+    for (auto const& row : keys) {
+        QTest::keyClick(window.windowHandle(), row.key);
+        Settle();
+        EXPECT_EQ(isSeen(), row.reaches) << row.key;
+    }
+    QTest::keyClick(window.windowHandle(), Qt::Key_Home);
+    auto const middle = QPointF(window.rect().center());
+    QWheelEvent wheel(middle, window.mapToGlobal(middle), {}, { 0, -120 * 20 }, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(window.windowHandle(), &wheel);
+    EXPECT_TRUE(isSeen());
+    EXPECT_EQ(tall.Height, height) << "the form keeps its measures";
+    EXPECT_EQ(tall.ScaleHeight, 18000);
+
+    tall.Height = tall.Height - 15000;
+    host.HandlersEnded();
+    Settle();
+    EXPECT_EQ(window.size(), QSize(200, 200)) << "what fits isn't cut any more";
+    EXPECT_EQ(Shown(tall.ok).parentWidget()->pos(), QPoint(0, 0));
+    Unload(tall);
 }
 
 TEST_F(DesktopTest, AMessageTakesTheFocusForItsTime)
