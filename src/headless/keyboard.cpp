@@ -15,6 +15,13 @@ static bool IsModifier(int keyCode)
         || keyCode == 145 || (keyCode >= 160 && keyCode <= 165);
 }
 
+/// A key that brought up another form is let go over that.
+static bool HearsRelease(Input const& input, Control const& control)
+{
+    Form const& form = control.OwnForm();
+    return input.Blocked(control).empty() && form.OwnScreen().Active() == &form;
+}
+
 /// The virtual key code of a character: letters by their capitals, digits and the blank by themselves.
 static int KeyCodeOf(char16_t character)
 {
@@ -36,7 +43,7 @@ static Refusal TypeCharacter(Input& input, TextInput& box, TextView character)
         refusal = ReplaceByUser(input, box, character);
     else
         input.PressDefault(box.OwnForm(), enter);
-    if (input.Blocked(box).empty())
+    if (HearsRelease(input, box))
         input.KeyUp(box, keyCode, 0);
     return refusal;
 }
@@ -187,7 +194,7 @@ Refusal Press(Input& input, Screen& screen, Control& target, int keyCode, int sh
         input.KeyDown(target, keyCode, shift);
     if (isForm ? input.Blocked(form).empty() : input.Blocked(target).empty())
         Strike(input, screen, target, keyCode, shift);
-    if (!isForm && input.Blocked(target).empty())
+    if (!isForm && HearsRelease(input, target))
         input.KeyUp(target, keyCode, shift);
     return {};
 }

@@ -33,6 +33,7 @@ TEST_F(SplashTest, EveryWayButTwoLeadsToTheCatalogue)
              { "a key", [](ProgramBench& run) { EXPECT_EQ(run.input.KeyPress(run.FormOf("frmSplash"), 27), ""); } },
              { "Run from CD", [](ProgramBench& run) { run.Click("frmSplash.lblRunFromCD"); } },
              { "a choice that is covered", [](ProgramBench& run) { run.Click("frmSplash.lblEnter"); } },
+             { "its cover", [](ProgramBench& run) { run.Click("frmSplash.Shape2"); } },
              { "the video that isn't there", [](ProgramBench& run) { run.Click("frmSplash.lblWelcomeVideo"); } },
              { "closing", [](ProgramBench& run) { EXPECT_EQ(run.input.Close(run.FormOf("frmSplash")), ""); } },
          }) {
