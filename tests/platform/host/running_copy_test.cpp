@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -128,6 +130,9 @@ TEST_F(RunningCopyTest, OfStartsAtTheSameMomentOneRuns)
 {
     constexpr int starts = 8;
     std::atomic<int> running = 0, decided = 0;
+    RunningCopy const earlier(folder, "other"); // makes the folder
+    Descriptor looking(::open(folder.c_str(), O_RDONLY));
+    ASSERT_EQ(::flock(looking.Number(), LOCK_EX), 0);
     std::vector<std::thread> threads;
     for (int i = 0; i < starts; ++i)
         threads.emplace_back([&] {
@@ -140,6 +145,9 @@ TEST_F(RunningCopyTest, OfStartsAtTheSameMomentOneRuns)
             while (decided < starts)
                 std::this_thread::sleep_for(1ms);
         });
+    std::this_thread::sleep_for(50ms);
+    EXPECT_EQ(decided, 0) << "while one looks, others wait";
+    looking.Close();
     for (auto& thread : threads)
         thread.join();
     EXPECT_EQ(running, 1);
