@@ -1,7 +1,7 @@
 # The Debian packages that the project needs, all in this one place, and the function that installs what is missing.
 # To be read by a bash script: source packaging/packages.sh
 
-buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev)
+buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libxcb1-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev)
 runPackages=(libqt6widgets6 libqt6printsupport6 libqt6multimediawidgets6 qt6-qpa-plugins
     fonts-liberation2 fonts-dejavu-core)
 discPackages=(libsword-utils sword-text-kjv sword-text-web)

@@ -2,6 +2,7 @@
 """All windows: the start-up screen's choices, then every menu entry of both main screens, twice in one run of the program."""
 
 import os
+import subprocess
 import time
 
 import person
@@ -14,6 +15,20 @@ helpWindows = {  # the letters of the menus, the window, and how it is closed
     "about": ("alt+h", "a", "frmAbout", "cmdOK"),
     "final-exam": ("alt+o", "f", "frmFinalExam", "Command1"),
 }
+
+
+def active_window():
+    """Its number, as the window manager counts."""
+    return int(subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True).stdout or 0)
+
+
+def told_of(window, name):
+    """What the window manager is told of a window, or tells."""
+    return subprocess.run(["xprop", "-id", str(window), name], capture_output=True, text=True).stdout
+
+
+def expect_owner(owner, form):
+    expect(f"{owner:#x}" in told_of(active_window(), "WM_TRANSIENT_FOR"), f"{form} can't be lost behind the window that called it")
 
 
 def open_by_menu(menu, letter, form):
@@ -49,9 +64,12 @@ def open_lesson():
         click(search(tree, lambda n: showing(n) and ":" in n.get_name()), x=12)
         lesson = wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1")
         click(lesson, x=12)
+    catalogue = active_window()
     click_item("frmContents", "TreeView1", "Part One")
     wait(lambda: is_open("frmMain") or is_open("frmWelcome"), "the way into the lesson")
     if is_open("frmWelcome"):
+        if not is_open("frmMain"):
+            expect_owner(catalogue, "frmWelcome")
         keys("Return")
     wait(lambda: is_open("frmMain") and control("frmMain", "Text3", True), "the lesson")
     time.sleep(0.5)
@@ -59,12 +77,17 @@ def open_lesson():
 
 def walk():
     start()
+    splash = active_window()
+    expect("_NET_WM_STATE_SKIP_TASKBAR" in told_of(splash, "_NET_WM_STATE"), "the start-up screen isn't in the task bar")
     shot("a-start")
     if hasVideo:
         click(control("frmSplash", "lblWelcomeVideo"))
         wait(lambda: is_open("frmVideo"), "the welcome video")
         time.sleep(4)
         shot("a-video")
+        expect_owner(splash, "frmVideo")
+        for what in ("RESIZE", "MINIMIZE", "MAXIMIZE_VERT", "CLOSE"):
+            expect(f"ACTION_{what}" in told_of(active_window(), "_NET_WM_ALLOWED_ACTIONS"), f"the video's window has {what}")
         close_active("frmVideo")
         expect(is_open("frmSplash"), "the start-up screen stays behind the video")
     keys("Return")

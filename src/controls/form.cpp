@@ -88,6 +88,7 @@ void Form::PlaceAtLoad()
     m_normal = { m_designClient.width + frame.width, m_designClient.height + frame.height };
     auto const size = opensAs == WindowState::Maximised ? whole : m_normal;
     WindowState.Keep(opensAs);
+    m_openState = opensAs;
     Width.Keep(size.width);
     Height.Keep(size.height);
     if (centred && opensAs == WindowState::Normal)
@@ -120,7 +121,8 @@ void Form::Assigned(PropertyBase const& property, bool changed)
             Width.Keep(size.width);
             Height.Keep(size.height);
         }
-        if (state == WindowState::Normal && centred && opensAs == WindowState::Maximised)
+        bool const wasMaximised = m_openState == WindowState::Maximised;
+        if (state == WindowState::Normal && wasMaximised && centred && opensAs == WindowState::Maximised)
             Centre();
         RunResize();
     } else if (&property == &Width || &property == &Height) {
@@ -149,6 +151,8 @@ void Form::RunResize()
 {
     if (WindowState() == WindowState::Normal)
         m_normal = { Width, Height };
+    if (WindowState() != WindowState::Minimised)
+        m_openState = WindowState();
     DockControls();
     if (m_resizing || !m_loaded)
         return;

@@ -59,8 +59,8 @@ public:
     /// The host's own: the window got this outer size, in twips, in this state. Runs Form_Resize if something changed, be
     /// it the frame alone.
     void Resized(float width, float height, ::WindowState state);
-    /// Runs Form_Click and Form_KeyPress: the user clicked on the form's own ground, or pressed a key while no control
-    /// had the focus.
+    /// Runs Form_Click and Form_KeyPress: the user clicked on the form's own ground, or pressed a key, other than a modifier by itself,
+    /// while no control had the focus. The character is 0 for a key that types none.
     void RaiseClick();
     void RaiseKeyPress(char16_t character);
     /// Another state: a normal form takes its last normal size, a maximised one the screen's.
@@ -120,6 +120,7 @@ private:
     Size m_designClient;
     Size m_client; // at the last resize, in the form's scale: the frame may change while the outer size stays
     Size m_normal; // the outer size of the normal state
+    ::WindowState m_openState = ::WindowState::Normal; // the last state other than minimised
     bool m_loaded = false;
     bool m_unloading = false;
     bool m_designKept = false;

@@ -57,9 +57,16 @@ static bool PassesClickOn(Control const& control)
         || dynamic_cast<PictureBox const*>(&control);
 }
 
+/// Covers and rules are painted on the form's ground.
+static bool IsGround(Control const& control)
+{
+    return dynamic_cast<Shape const*>(&control) || dynamic_cast<Line const*>(&control);
+}
+
 Refusal Input::Click(Control& control)
 {
-    if (!control.Enabled && control.IsShown() && PassesClickOn(control))
+    bool const passesOn = IsGround(control) || (!control.Enabled && PassesClickOn(control));
+    if (passesOn && control.IsShown())
         return Click(control.OwnForm());
     if (auto const* entry = dynamic_cast<MenuEntry const*>(&control); entry && entry->IsSeparator())
         return std::string(control.OwnForm().Name()) + "." + control.Name() + " is a separator";

@@ -29,8 +29,8 @@ public:
 
     /// A click on the form's own ground.
     Refusal Click(Form& form);
-    /// A click on a control: a check box turns over, a disabled label or picture passes it to the form. A menu entry
-    /// takes no focus.
+    /// A click on a control: a check box turns over, a cover, a rule, a disabled label or picture pass it to the form. A
+    /// menu entry takes no focus.
     Refusal Click(Control& control);
     /// Moves the focus, as Tab would.
     Refusal Focus(Control& control);

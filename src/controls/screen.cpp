@@ -87,8 +87,16 @@ void Screen::Show(Form& form)
         }
     }
     if (form.Visible)
-        Activate(form);
+        BringUp(form);
     LeaveHandler(form);
+}
+
+void Screen::BringUp(Form& form)
+{
+    bool const isBlocked = Modal() && Modal() != &form;
+    if (form.WindowState() == WindowState::Minimised && !isBlocked)
+        form.ChangeState(form.m_openState);
+    Activate(form);
 }
 
 void Screen::ShowModal(Form& form)
@@ -97,7 +105,7 @@ void Screen::ShowModal(Form& form)
     if (!form.m_loaded)
         return;
     if (form.Visible) {
-        Activate(form);
+        BringUp(form);
         return;
     }
     LeaveActive();

@@ -31,6 +31,7 @@ public:
     void KeepDesigns();
 
     void Load(Form& form);
+    /// Makes the form visible and active; one that is minimised returns to the state that it had before.
     void Show(Form& form);
     void ShowModal(Form& form);
     void Hide(Form& form);
@@ -64,6 +65,7 @@ private:
     friend class Form;
     void Made(Form& form) { m_made.push_back(&form); }
     void TellBlocked(Form const& modal);
+    void BringUp(Form& form);
     void LeaveActive();
     void EnterActive();
     void ActivateLast();

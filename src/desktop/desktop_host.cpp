@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -47,7 +48,7 @@ void DesktopHost::TakeDown()
     m_peers.clear();
     m_windows.clear();
     m_dirty.clear();
-    m_toActivate = nullptr;
+    m_active = m_before = m_toActivate = nullptr;
     for (QWidget* window : std::exchange(m_retired, {}))
         delete window;
 }
@@ -65,6 +66,37 @@ void DesktopHost::CloseAll()
     if (m_desk.screen)
         m_desk.screen->CloseAll();
     LeaveLoops();
+}
+
+bool DesktopHost::MayComeUp() const
+{
+    return m_desk.screen && !m_desk.screen->Ended();
+}
+
+/// As if the user had called the window up: the model hears of it as of any act of the window system.
+static void CallUp(QWidget& window)
+{
+    QWindow* const owner = window.windowHandle()->transientParent();
+    if (owner && owner->windowStates() & Qt::WindowMinimized)
+        owner->setWindowStates(owner->windowStates() & ~Qt::WindowMinimized);
+    if (window.isMinimized())
+        window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
+    QApplication::alert(&window); // where a program may not put itself in front
+}
+
+void DesktopHost::ComeUp()
+{
+    Form const* const modal = m_desk.screen->Modal();
+    Form const* const form = modal ? modal : m_desk.screen->Active();
+    Peer* const peer = form ? PeerOf(*form) : nullptr;
+    QWidget* const window = peer ? peer->Widget() : nullptr;
+    if (window && window->isVisible())
+        CallUp(*window);
+    auto* const message = QApplication::activeModalWidget();
+    if (message && message != window)
+        CallUp(*message);
 }
 
 void DesktopHost::FormLoaded(Form& form)
@@ -111,14 +143,17 @@ void DesktopHost::Retire(FormPeer& window)
         forget(*control);
     forget(form);
     std::erase(m_windows, &window);
-    if (m_toActivate == &window)
-        m_toActivate = nullptr;
+    for (FormPeer** const kept : { &m_active, &m_before, &m_toActivate })
+        if (*kept == &window)
+            *kept = nullptr;
     m_retired.push_back(window.Widget());
 }
 
 void DesktopHost::FormActivated(Form* form)
 {
     m_toActivate = form ? static_cast<FormPeer*>(PeerOf(*form)) : nullptr;
+    if (m_toActivate != m_active)
+        m_before = std::exchange(m_active, m_toActivate);
 }
 
 void DesktopHost::MarkDirty(Control const& control, PropertyBase const* property)
@@ -172,10 +207,18 @@ void DesktopHost::Mirror()
     Reap();
 }
 
+/// The window from which the user called another up. It needn't be active any more: he may have gone to another program
+/// in between.
+QWidget* DesktopHost::OwnerOfNewWindows() const
+{
+    bool const isUp = m_before && m_before->OwnForm().Visible && m_before->Widget()->isVisible();
+    return isUp ? m_before->Widget() : QApplication::activeWindow();
+}
+
 void DesktopHost::MirrorWindows()
 {
     // First what comes up, so that no other program's window gets the focus for a moment.
-    auto* const owner = QApplication::activeWindow();
+    auto* const owner = OwnerOfNewWindows();
     for (FormPeer* window : m_windows)
         window->MirrorShown(owner);
     for (FormPeer* window : m_windows) {

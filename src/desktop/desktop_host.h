@@ -29,6 +29,11 @@ public:
     void Run();
     /// Closes all forms, as at an orderly end of the program.
     void CloseAll();
+    /// Brings the window that the user would act on, and a message over it, to the front, also if it is minimised. May
+    /// be called while a handler waits for a modal form or a message.
+    void ComeUp();
+    /// False before the first form and after the program's end.
+    bool MayComeUp() const;
 
     void FormLoaded(Form& form) override;
     void FormUnloaded(Form& form) override;
@@ -58,6 +63,7 @@ private:
     void TurnDue() override;
     void Mirror();
     void MirrorWindows();
+    QWidget* OwnerOfNewWindows() const;
     void Retire(FormPeer& window);
     void Reap();
     void TakeDown();
@@ -75,6 +81,8 @@ private:
     std::vector<Peer*> m_dirty;
     std::vector<QWidget*> m_retired; // windows of forms that are gone
     std::vector<std::pair<Form*, QEventLoop*>> m_modal;
+    FormPeer* m_active = nullptr; // the model's, and the one that was before it
+    FormPeer* m_before = nullptr;
     FormPeer* m_toActivate = nullptr;
     std::chrono::steady_clock::time_point m_served; // when events were last served inside a handler
 };

@@ -5,6 +5,7 @@
 #include "desktop/client_area.h"
 #include "desktop/convert.h"
 #include "desktop/surface_peer.h"
+#include "desktop/window_hints.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -38,6 +39,7 @@ FormPeer::FormPeer(Desk& desk, Form& form)
     , m_form(form)
     , m_menuBar(form.Menus().empty() ? nullptr : new QMenuBar(Widget()))
     , m_client(*new ClientArea(Widget()))
+    , m_scroll(*new WindowScroll(*Widget(), m_client))
     , m_frame(GuessFrame(form))
 {
     if (m_menuBar)
@@ -112,16 +114,15 @@ void FormPeer::Place()
         = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
     if (isNormal && isOther) {
         m_agreed = { m_form.Width, m_form.Height };
-        auto const size = InnerSize({ m_form.Width, m_form.Height }, m_frame);
         if (isFixed)
-            window.setFixedSize(size);
+            FixSize();
         else
-            window.resize(size);
+            window.resize(InnerSize({ m_form.Width, m_form.Height }, m_frame));
     }
     if (m_form.smallest.width > 0)
         window.setMinimumSize(InnerSize(m_form.smallest, m_frame).boundedTo(window.screen()->availableSize()));
     if (isNormal && std::exchange(m_moveWanted, false))
-        window.move(Pixels(m_form.Left), Pixels(m_form.Top));
+        window.move(Corner());
     if (window.isVisible() && m_state != m_form.WindowState()) {
         m_state = m_form.WindowState();
         if (m_state == WindowState::Maximised)
@@ -134,8 +135,30 @@ void FormPeer::Place()
     Arrange();
 }
 
+/// A window that is higher than the screen is cut; the form keeps its size.
+void FormPeer::FixSize()
+{
+    auto& window = *Widget();
+    auto const whole = InnerSize({ m_form.Width, m_form.Height }, m_frame);
+    auto frame = window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
+    if (frame.top() <= 0)
+        frame = m_frame;
+    int const room = window.screen()->availableSize().height() - frame.top() - frame.bottom();
+    window.setFixedSize(m_menuBar ? whole : m_scroll.Fit(whole, room));
+}
+
+QPoint FormPeer::Corner() const
+{
+    return { Pixels(m_form.Left),
+        m_scroll.IsCut() ? Widget()->screen()->availableGeometry().top() : Pixels(m_form.Top) };
+}
+
 void FormPeer::Arrange()
 {
+    if (m_scroll.IsCut()) {
+        m_scroll.Arrange();
+        return;
+    }
     int const height = MenuBarHeight(m_menuBar);
     auto const size = Widget()->size();
     if (m_menuBar)
@@ -151,11 +174,14 @@ void FormPeer::MirrorShown(QWidget* owner)
     window.setWindowModality(m_form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
     m_state = m_form.WindowState();
     if (m_form.centred && m_state == WindowState::Normal)
-        window.move(Pixels(m_form.Left), Pixels(m_form.Top));
+        window.move(Corner());
     m_sinceShown.start();
     window.winId(); // makes the window, so that it can be owned
-    if (owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar))
+    bool const isOwned = owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar);
+    if (isOwned)
         window.windowHandle()->setTransientParent(owner->windowHandle());
+    if (!m_form.inTaskbar)
+        KeepOutOfTaskBar(*window.windowHandle());
     if (m_state == WindowState::Maximised) {
         // Where the window returns to when it is restored.
         auto const normal = InnerSize(m_form.NormalSize(), m_frame);
@@ -170,6 +196,8 @@ void FormPeer::MirrorShown(QWidget* owner)
     } else {
         window.show();
     }
+    if (isOwned)
+        TellOwner(*window.windowHandle(), *owner->windowHandle());
     Arrange();
     QueueReport();
 }

@@ -3,6 +3,7 @@
 
 #include "controls/form.h"
 #include "desktop/peer.h"
+#include "desktop/window_scroll.h"
 
 #include <QElapsedTimer>
 #include <QMargins>
@@ -44,6 +45,8 @@ protected:
 private:
     void Arrange();
     void Place();
+    void FixSize();
+    QPoint Corner() const;
     bool IsSettling() const;
     void QueueReport();
     void ReportSize();
@@ -54,6 +57,7 @@ private:
     Form& m_form;
     QMenuBar* m_menuBar = nullptr;
     ClientArea& m_client;
+    WindowScroll& m_scroll;
     QMargins m_frame;
     Size m_agreed; // the outer size on which window and form agree, in twips
     WindowState m_state = WindowState::Normal;

@@ -111,6 +111,11 @@ void FormPeer::ReportSize()
         return;
     }
     m_state = window.isMaximized() ? WindowState::Maximised : WindowState::Normal;
+    if (m_scroll.IsCut()) {
+        FixSize();
+        Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
+        return;
+    }
     auto const frame = window.windowHandle()->frameMargins();
     bool const mayBeNone = m_form.border == BorderStyle::None || m_state == WindowState::Maximised;
     if (IsWhole(frame) && (mayBeNone || !frame.isNull()))

@@ -39,7 +39,40 @@ int ShiftOf(QKeyEvent const& event)
         + (held & Qt::AltModifier ? altKey : 0);
 }
 
+bool IsModifier(QKeyEvent const& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Meta:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+    case Qt::Key_Mode_switch:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool IsStruckWithAlt(QKeyEvent const& event)
+{
+    // Where AltGr counts as a modifier, it is a group switch, or Ctrl and Alt together.
+    auto const held = event.modifiers();
+    bool const isAlt
+        = (held & Qt::AltModifier) && !(held & (Qt::ControlModifier | Qt::GroupSwitchModifier));
+    return isAlt && !event.text().isEmpty() && event.text().front().isPrint();
+}
+
 char16_t CharacterOf(QKeyEvent const& event)
 {
+    if (IsStruckWithAlt(event))
+        return u'\0';
     return event.text().size() == 1 ? event.text().front().unicode() : u'\0';
 }

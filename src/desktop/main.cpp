@@ -3,10 +3,12 @@
 #include "desktop/desktop_host.h"
 #include "desktop/look.h"
 #include "desktop/orderly_end.h"
+#include "desktop/single_instance.h"
 #include "platform/host/background_writer.h"
 #include "platform/host/host_file_system.h"
 #include "platform/host/host_shell.h"
 #include "platform/host/path_rules.h"
+#include "platform/host/running_copy.h"
 #include "platform/host/sqlite_settings_store.h"
 #include "platform/host/user_folders.h"
 #include "program/program.h"
@@ -20,6 +22,9 @@
 static void RunProgram(QApplication& application)
 {
     auto const user = UserDataFolder();
+    RunningCopy copy(RunningCopiesFolder(user), InstanceName(FolderIdentity(user), FolderIdentity(".")));
+    if (copy.HasRaisedAnother())
+        return;
     auto const drive = user / "drive_c";
     HostFileSystem files({ ProgramFolder(), drive });
     SqliteSettingsStore settings(user / "settings.db");
@@ -31,6 +36,8 @@ static void RunProgram(QApplication& application)
     });
     Program program(host, files, settings, writer, shell);
     OrderlyEnd const end(application, [&] { program.Finish(); });
+    SingleInstance const instance(
+        copy, [&] { return host.MayComeUp(); }, [&] { host.ComeUp(); });
     program.Start(settings.OpeningReport());
     host.Run();
     program.Finish();

@@ -137,7 +137,10 @@ bool Peer::KeyPressed(QKeyEvent& event)
     if (isGone())
         return true;
     bool const isForm = &m_control == &m_control.OwnForm(); // which has a handler of its own
-    if ((isForm || m_control.KeyPress) && character)
+    bool const isClose = keyCode == keyF4 && ShiftOf(event) == altKey;
+    // A form hears also of keys that type nothing.
+    bool const isHeard = isForm ? !IsModifier(event) && !isClose : m_control.KeyPress && character;
+    if (isHeard)
         Act([&](Input& input) { input.KeyPress(m_control, character); });
     if (isGone() || TakeKey(event))
         return true;
@@ -146,7 +149,8 @@ bool Peer::KeyPressed(QKeyEvent& event)
     bool pressed = false;
     if (isDefault)
         Act([&](Input& input) { pressed = input.PressDefault(m_control.OwnForm(), keyCode); });
-    return pressed;
+    // A box would type the letter.
+    return pressed || IsStruckWithAlt(event);
 }
 
 void Peer::KeyReleased(QKeyEvent const& event)

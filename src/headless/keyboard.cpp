@@ -6,7 +6,21 @@
 #include "controls/screen.h"
 #include "headless/text_keys.h"
 
-enum : int { tab = 9, enter = 13, escape = 27, space = 32, pageUp, pageDown, end, home, left, up, right, down };
+enum : int { tab = 9, enter = 13, escape = 27, space = 32, pageUp, pageDown, end, home, left, up, right, down, f4 = 115 };
+
+/// True for the keys that do nothing by themselves: Shift, Ctrl, Alt, the system's two, and those that lock.
+static bool IsModifier(int keyCode)
+{
+    return (keyCode >= 16 && keyCode <= 18) || keyCode == 20 || keyCode == 91 || keyCode == 92 || keyCode == 144
+        || keyCode == 145 || (keyCode >= 160 && keyCode <= 165);
+}
+
+/// A key that brought up another form is let go over that.
+static bool HearsRelease(Input const& input, Control const& control)
+{
+    Form const& form = control.OwnForm();
+    return input.Blocked(control).empty() && form.OwnScreen().Active() == &form;
+}
 
 /// The virtual key code of a character: letters by their capitals, digits and the blank by themselves.
 static int KeyCodeOf(char16_t character)
@@ -29,7 +43,7 @@ static Refusal TypeCharacter(Input& input, TextInput& box, TextView character)
         refusal = ReplaceByUser(input, box, character);
     else
         input.PressDefault(box.OwnForm(), enter);
-    if (input.Blocked(box).empty())
+    if (HearsRelease(input, box))
         input.KeyUp(box, keyCode, 0);
     return refusal;
 }
@@ -141,13 +155,14 @@ static char16_t CharacterOf(int keyCode, int shift)
 static void Strike(Input& input, Screen& screen, Control& target, int keyCode, int shift)
 {
     Form& form = target.OwnForm();
-    if (keyCode == tab) {
-        if (Control* next = screen.NextInTabOrder(form, form.Focus(), (shift & shiftKey) != 0))
-            input.Focus(*next);
+    Control* const next = keyCode == tab ? screen.NextInTabOrder(form, form.Focus(), (shift & shiftKey) != 0) : nullptr;
+    if (next) {
+        input.Focus(*next);
         return;
     }
     char16_t const character = CharacterOf(keyCode, shift);
-    if (character)
+    // A form hears also of keys that type nothing.
+    if (&target == &form ? !IsModifier(keyCode) : character != 0)
         input.KeyPress(target, character);
     if (!input.Blocked(form).empty() || PressInControl(input, screen, target, keyCode, shift))
         return;
@@ -168,6 +183,8 @@ Refusal Press(Input& input, Screen& screen, Control& target, int keyCode, int sh
     if (!isForm && target.CanFocus())
         input.Focus(target);
     Form& form = target.OwnForm();
+    if (keyCode == f4 && shift == altKey)
+        return input.Close(form);
     if (shift == controlKey && keyCode >= 'A' && keyCode <= 'Z') {
         Text const shortcut = u"Ctrl+" + Text(1, static_cast<char16_t>(keyCode));
         if (MenuEntry* entry = input.FindShortcut(form, shortcut))
@@ -177,7 +194,7 @@ Refusal Press(Input& input, Screen& screen, Control& target, int keyCode, int sh
         input.KeyDown(target, keyCode, shift);
     if (isForm ? input.Blocked(form).empty() : input.Blocked(target).empty())
         Strike(input, screen, target, keyCode, shift);
-    if (!isForm && input.Blocked(target).empty())
+    if (!isForm && HearsRelease(input, target))
         input.KeyUp(target, keyCode, shift);
     return {};
 }

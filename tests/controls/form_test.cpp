@@ -168,6 +168,37 @@ TEST_F(FormsTest, SizesFollowStateAndFormResizeCorrectsThem)
     EXPECT_EQ(a.Height, 4000);
 }
 
+TEST_F(FormsTest, AMinimisedFormThatIsShownReturnsToTheStateItHad)
+{
+    b.Show();
+    for (auto const before : { WindowState::Normal, WindowState::Maximised })
+        for (bool const isHidden : { false, true }) {
+            a.Show();
+            input.ChangeState(a, WindowState::Normal);
+            a.Left = 300;
+            input.Resize(a, 4000, 3500);
+            input.ChangeState(a, before);
+            float const width = a.Width;
+            input.ChangeState(a, WindowState::Minimised);
+            if (isHidden)
+                a.Hide();
+            input.Activate(b);
+            a.Show();
+            EXPECT_EQ(a.WindowState(), before);
+            EXPECT_EQ(a.Width, width);
+            EXPECT_EQ(a.Left, 300) << "it returns to where it was";
+            EXPECT_EQ(screen.Active(), &a);
+        }
+    input.ChangeState(a, WindowState::Minimised);
+    b.Hide();
+    host.serveModal = [&](Form& modal) {
+        a.Show();
+        EXPECT_EQ(a.WindowState(), WindowState::Minimised) << "not from under a modal form";
+        input.Close(modal);
+    };
+    b.ShowModal();
+}
+
 TEST_F(FormsTest, ClosingAllLeavesNothingOpen)
 {
     a.Show();

@@ -7,7 +7,10 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
+#include <QWheelEvent>
+#include <QWindow>
 
 TEST_F(DesktopTest, HideAndShowInOneHandlerNeverReachTheWidget)
 {
@@ -121,6 +124,24 @@ TEST_F(DesktopTest, EnterAndEscapePressTheFormsButtons)
     }
 }
 
+TEST_F(DesktopTest, ALetterWithAltIsNoText)
+{
+    Open();
+    struct {
+        Qt::KeyboardModifiers modifiers;
+        TextView typed;
+    } const rows[] = { { Qt::AltModifier, u"" }, { Qt::AltModifier | Qt::ShiftModifier, u"" },
+        { Qt::GroupSwitchModifier, u"q" }, { Qt::AltModifier | Qt::GroupSwitchModifier, u"q" },
+        { Qt::ControlModifier | Qt::AltModifier, u"q" } };
+    for (TextInput* const box : { static_cast<TextInput*>(&form.answer), static_cast<TextInput*>(&form.line) })
+        for (auto const& row : rows) {
+            Input(screen).Edit(*box, u"", 0, 0);
+            host.HandlersEnded();
+            QTest::sendKeyEvent(QTest::Click, &Shown(*box), Qt::Key_Q, QStringLiteral("q"), row.modifiers);
+            EXPECT_EQ(box->CurrentText(), row.typed) << box->Name() << ' ' << row.modifiers;
+        }
+}
+
 class frmPlain final : public Form {
 public:
     explicit frmPlain(Screen& screen)
@@ -130,7 +151,7 @@ public:
         centred = true;
         ok.Click = [this] { Unload(*this); };
     }
-    void Form_KeyPress(char16_t character) override { pressed += character; }
+    void Form_KeyPress(char16_t character) override { pressed += character ? character : u'*'; }
     Text pressed;
     CommandButton ok { *this, *this, "OK", { 100, 100, 900, 300 }, u"OK" };
 };
@@ -142,9 +163,20 @@ TEST_F(DesktopTest, KeysGoToAFormWithoutFocus)
     Open();
     plain.Show();
     Settle();
-    QTest::keyClick(Shown(plain).windowHandle(), Qt::Key_A);
-    QTest::keyClick(Shown(plain).windowHandle(), Qt::Key_B);
-    EXPECT_EQ(plain.pressed, u"ab");
+    struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        TextView heard;
+    } const rows[] = { { Qt::Key_A, {}, u"a" }, { Qt::Key_Escape, {}, u"\x1B" },
+        { Qt::Key_Tab, {}, u"\t" }, { Qt::Key_F5, {}, u"*" }, { Qt::Key_Down, {}, u"*" },
+        { Qt::Key_Delete, {}, u"*" }, { Qt::Key_Shift, Qt::ShiftModifier, u"" },
+        { Qt::Key_Alt, Qt::AltModifier, u"" }, { Qt::Key_Super_L, Qt::MetaModifier, u"" },
+        { Qt::Key_CapsLock, {}, u"" }, { Qt::Key_F4, Qt::AltModifier, u"" } };
+    for (auto const& row : rows) {
+        plain.pressed.clear();
+        QTest::keyClick(Shown(plain).windowHandle(), row.key, row.modifiers);
+        EXPECT_EQ(plain.pressed, row.heard) << row.key;
+    }
     Unload(plain);
 }
 
@@ -191,6 +223,83 @@ TEST_F(DesktopTest, WindowAndFormAgreeOnSizeAndClosing)
     window.close();
     EXPECT_FALSE(plain.IsLoaded());
     EXPECT_TRUE(form.IsLoaded());
+}
+
+TEST_F(DesktopTest, AWindowChosenAgainComesUpInItsFormerState)
+{
+    frmPlain plain(screen);
+    Open();
+    for (auto const before : { WindowState::Normal, WindowState::Maximised }) {
+        plain.Show();
+        Settle();
+        Input(screen).ChangeState(plain, before);
+        Settle();
+        Shown(plain).showMinimized();
+        Settle();
+        Shown(form).activateWindow();
+        Settle();
+        plain.Show();
+        Settle();
+        EXPECT_FALSE(Shown(plain).isMinimized());
+        EXPECT_EQ(Shown(plain).isMaximized(), before == WindowState::Maximised);
+        EXPECT_EQ(plain.WindowState(), before);
+        EXPECT_EQ(QApplication::activeWindow(), &Shown(plain));
+    }
+    Unload(plain);
+}
+
+class frmTall final : public Form {
+public:
+    explicit frmTall(Screen& screen)
+        : Form(screen, "frmTall", u"Tall", 3000, 18000)
+    {
+        border = BorderStyle::Dialog;
+        inTaskbar = false;
+        ok.Default = true;
+    }
+    CommandButton ok { *this, *this, "OK", { 100, 17000, 900, 300 }, u"OK" };
+};
+
+TEST_F(DesktopTest, AWindowHigherThanTheScreenScrolls)
+{
+    frmTall tall(screen);
+    Open();
+    tall.Top = -3000;
+    tall.Show();
+    Settle();
+    float const height = tall.Height;
+    auto& window = Shown(tall);
+    auto const screenHeight = window.screen()->availableSize().height();
+    ASSERT_LT(screenHeight, 1200);
+    auto const isSeen
+        = [&] { return window.rect().contains(Shown(tall.ok).geometry().translated(Shown(tall.ok).parentWidget()->pos())); };
+    EXPECT_LE(window.frameGeometry().height(), screenHeight);
+    EXPECT_GE(window.pos().y(), 0);
+    EXPECT_FALSE(isSeen());
+    struct {
+        Qt::Key key;
+        bool reaches;
+    } const keys[] = { { Qt::Key_Down, false }, { Qt::Key_End, true }, { Qt::Key_Home, false },
+        { Qt::Key_PageDown, true }, { Qt::Key_PageUp, false }, { Qt::Key_Tab, true } };
+    for (auto const& row : keys) {
+        QTest::keyClick(window.windowHandle(), row.key);
+        Settle();
+        EXPECT_EQ(isSeen(), row.reaches) << row.key;
+    }
+    QTest::keyClick(window.windowHandle(), Qt::Key_Home);
+    auto const middle = QPointF(window.rect().center());
+    QWheelEvent wheel(middle, window.mapToGlobal(middle), {}, { 0, -120 * 20 }, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(window.windowHandle(), &wheel);
+    EXPECT_TRUE(isSeen());
+    EXPECT_EQ(tall.Height, height) << "the form keeps its measures";
+    EXPECT_EQ(tall.ScaleHeight, 18000);
+
+    tall.Height = tall.Height - 15000;
+    host.HandlersEnded();
+    Settle();
+    EXPECT_EQ(window.size(), QSize(200, 200)) << "what fits isn't cut any more";
+    EXPECT_EQ(Shown(tall.ok).parentWidget()->pos(), QPoint(0, 0));
+    Unload(tall);
 }
 
 TEST_F(DesktopTest, AMessageTakesTheFocusForItsTime)

@@ -54,6 +54,20 @@ TEST_F(KeyboardTest, TypingRaisesAChangeForEachCharacter)
     EXPECT_EQ(Type(input, a.first, u"x"), "a.first is read-only");
 }
 
+TEST_F(KeyboardTest, AFormThatAKeyBringsUpStaysInFront)
+{
+    a.button.KeyUp = [this](int, int) { a.Write("button up"); };
+    TakeLog();
+    EXPECT_EQ(Press(input, screen, a.button, enter, 0), "");
+    EXPECT_EQ(TakeLog().back(), "a.button up");
+    a.onClick = [this] { b.Show(); };
+    EXPECT_EQ(Press(input, screen, a.button, enter, 0), "");
+    EXPECT_EQ(screen.Active(), &b);
+    EXPECT_EQ(TakeLog().back(), "b.first got");
+    EXPECT_EQ(Press(input, screen, b, 115, altKey), "");
+    EXPECT_FALSE(b.IsLoaded()) << "Alt+F4";
+}
+
 TEST_F(KeyboardTest, TabShortcutsAndDefaultButtonsAct)
 {
     a.button.Default = true;

@@ -14,7 +14,7 @@ faults = []
 
 # What a folder may include beside the project and the standard library: the beginnings of the names.
 MAY_INCLUDE = {
-    "desktop": ("Q", "unistd.h"),
+    "desktop": ("Q", "unistd.h", "xcb/"),
     "setup/window": ("Q",),
     "platform/host": ("sqlite3.h", "sys/", "unistd.h", "fcntl.h", "pwd.h", "stdlib.h"),
     "setup": ("unistd.h", "sys/", "fcntl.h"),

@@ -33,6 +33,7 @@ TEST_F(SplashTest, EveryWayButTwoLeadsToTheCatalogue)
              { "a key", [](ProgramBench& run) { EXPECT_EQ(run.input.KeyPress(run.FormOf("frmSplash"), 27), ""); } },
              { "Run from CD", [](ProgramBench& run) { run.Click("frmSplash.lblRunFromCD"); } },
              { "a choice that is covered", [](ProgramBench& run) { run.Click("frmSplash.lblEnter"); } },
+             { "its cover", [](ProgramBench& run) { run.Click("frmSplash.Shape2"); } },
              { "the video that isn't there", [](ProgramBench& run) { run.Click("frmSplash.lblWelcomeVideo"); } },
              { "closing", [](ProgramBench& run) { EXPECT_EQ(run.input.Close(run.FormOf("frmSplash")), ""); } },
          }) {
@@ -44,6 +45,22 @@ TEST_F(SplashTest, EveryWayButTwoLeadsToTheCatalogue)
         EXPECT_FALSE(run.IsOpen("frmSplash")) << way.name;
         EXPECT_TRUE(run.IsOpen("frmContents")) << way.name;
         EXPECT_THAT(run.shell.opened, IsEmpty()) << way.name;
+    }
+}
+
+TEST_F(SplashTest, EveryKeyButAModifierByItselfLeadsOn)
+{
+    program.Start({});
+    for (int const modifier : { 16, 17, 18, 20, 91, 144, 160 })
+        EXPECT_EQ(Press(input, screen, FormOf("frmSplash"), modifier, 0), "") << modifier;
+    EXPECT_TRUE(IsOpen("frmSplash"));
+    constexpr int tab = 9, enter = 13, escape = 27, pageUp = 33, left = 37, down = 40, del = 46, f1 = 112, f12 = 123;
+    for (auto const& [key, shift] : std::vector<std::pair<int, int>> { { tab, 0 }, { enter, 0 }, { escape, 0 }, { pageUp, 0 },
+             { left, 0 }, { down, 0 }, { del, 0 }, { f1, 0 }, { f12, shiftKey }, { 'C', controlKey }, { 'X', altKey } }) {
+        ProgramBench run;
+        run.program.Start({});
+        EXPECT_EQ(Press(run.input, run.screen, run.FormOf("frmSplash"), key, shift), "");
+        EXPECT_TRUE(run.IsOpen("frmContents")) << key;
     }
 }
 
