@@ -19,7 +19,7 @@ helpWindows = {  # the letters of the menus, the window, and how it is closed
 def open_by_menu(menu, letter, form):
     keys(menu)
     keys(letter)
-    wait(lambda: is_open(form), form)
+    wait(lambda: is_active(form), form)
 
 
 def close_active(form):
@@ -50,10 +50,10 @@ def open_lesson():
         lesson = wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1")
         click(lesson, x=12)
     click_item("frmContents", "TreeView1", "Part One")
-    wait(lambda: is_open("frmMain") or is_open("frmWelcome"), "the way into the lesson")
+    wait(lambda: is_active("frmMain") or is_active("frmWelcome"), "the way into the lesson")
     if is_open("frmWelcome"):
         keys("Return")
-    wait(lambda: is_open("frmMain") and control("frmMain", "Text3", True), "the lesson")
+    wait(lambda: is_active("frmMain") and control("frmMain", "Text3", True), "the lesson")
     time.sleep(0.5)
 
 
@@ -62,19 +62,19 @@ def walk():
     shot("a-start")
     if hasVideo:
         click(control("frmSplash", "lblWelcomeVideo"))
-        wait(lambda: is_open("frmVideo"), "the welcome video")
+        wait(lambda: is_active("frmVideo"), "the welcome video")
         time.sleep(4)
         shot("a-video")
         close_active("frmVideo")
         expect(is_open("frmSplash"), "the start-up screen stays behind the video")
     keys("Return")
-    wait(lambda: is_open("frmContents"), "the catalogue")
+    wait(lambda: is_active("frmContents"), "the catalogue")
     for turn in (1, 2):
         through_the_menus("frmContents", "b" if turn == 1 else None)
         open_lesson()
         through_the_menus("frmMain", "c" if turn == 1 else None)
         keys("alt+f", "c")
-        wait(lambda: is_open("frmContents"), "the catalogue again")
+        wait(lambda: is_active("frmContents"), "the catalogue again")
         expect(True, f"every menu entry, turn {turn}")
     open_by_menu("alt+h", "a", "frmAbout")
     keys("Escape")
