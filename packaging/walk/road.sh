@@ -13,10 +13,10 @@ said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten t
         # The first key makes its keyboard the one of the screen. A window manager that is up by then binds all its keys anew, and misses
         # what is pressed meanwhile.
         xdotool key Shift_L
-        openbox >/dev/null 2>&1 &
+        openbox --startup "xprop -root -format WALK_MANAGED 8s -set WALK_MANAGED yes" >/dev/null 2>&1 &
         trap "kill %1" EXIT
-        # A window that comes before its manager is never the active one, whoever has the focus.
-        until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"; do
+        # A window that comes before its manager is ready may never be the active one, or never be seen.
+        until xprop -root WALK_MANAGED | grep -q yes; do
             kill -0 %1 || exit
             sleep 0.1
         done
