@@ -121,7 +121,7 @@ def check_contrast(form):
 def check(form, ends_at=None, begins_at=None):
     """Goes through the window by Tab; it begins at the first control in the order unless told otherwise, and doesn't come round if told where it ends.
     The names of the controls that it shows."""
-    wait(lambda: is_open(form), form)
+    wait(lambda: is_active(form), form)
     time.sleep(0.6)
     seen = check_names(form)
     order = check_tab(form, ends_at, begins_at) if any(tab for tab, _, _ in told[form].controls.values()) else []

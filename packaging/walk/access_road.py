@@ -59,9 +59,9 @@ def walk():
     if os.path.exists(os.path.join(disc, "sparrowfield.wmv")):
         open_and_check("alt+h", "v", "frmVideo")
     keys("Right", "Down", "Right", "Down", "Return")  # to the first lesson and its first part
-    wait(lambda: is_open("frmWelcome"), "the welcome dialog")
+    wait(lambda: is_active("frmWelcome"), "the welcome dialog")
     keys("Return")
-    wait(lambda: is_open("frmMain") and control("frmMain", "Text3", True), "the lesson")
+    wait(lambda: is_active("frmMain") and control("frmMain", "Text3", True), "the lesson")
     lesson_and_answer()
     keys("alt+f", "x")
     expect(wait_for_end() == 0, "the program ends by its menu")

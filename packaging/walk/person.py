@@ -36,6 +36,12 @@ def expect(holds, what):
     print(f"   {what}", flush=True)
 
 
+def expect_soon(holds, what):
+    """As expect, of what the program may still be at work on."""
+    wait(holds, what)
+    print(f"   {what}", flush=True)
+
+
 def wait(get, what, seconds=20):
     end = time.monotonic() + seconds
     while time.monotonic() < end:
@@ -58,7 +64,7 @@ def shot(name):
 def start(program="sparrowfield"):
     global process
     process = subprocess.Popen([os.path.join(disc, program)], cwd=disc, env=environment)
-    wait(lambda: any(w.get_state_set().contains(Atspi.StateType.ACTIVE) for w in windows()), "the program's first window to be active")
+    wait_for_keyboard()
 
 
 def is_ours(pid):
@@ -169,6 +175,21 @@ def is_open(form):
     return window_of(form) is not None
 
 
+def takes_keys(window):
+    return window.get_state_set().contains(Atspi.StateType.ACTIVE)
+
+
+def is_active(form):
+    """Whether the form's window is open and the keys go there."""
+    window = window_of(form)
+    return window is not None and takes_keys(window)
+
+
+def wait_for_keyboard():
+    """Between one window that goes and another that comes, keys would go nowhere."""
+    wait(lambda: any(map(takes_keys, windows())), "a window of the program to be active")
+
+
 def text_of(form, name):
     node = control(form, name)
     return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
@@ -201,10 +222,12 @@ def click_item(form, tree, name):
 
 
 def keys(*names):
+    wait_for_keyboard()
     run("xdotool", "key", "--clearmodifiers", *names)
     time.sleep(0.25)
 
 
 def type_text(text):
+    wait_for_keyboard()
     run("xdotool", "type", "--delay", 8, text)
     time.sleep(0.25)

@@ -17,7 +17,7 @@ def page():
 def open_reader():
     keys("alt+b")
     keys("r")
-    wait(lambda: is_open("frmBible"), "the Bible reader")
+    wait(lambda: is_active("frmBible"), "the Bible reader")
     wait(lambda: len(page()) > 10, "its page")
 
 
@@ -26,7 +26,10 @@ def look_up(reference):
     keys("ctrl+a")
     type_text(reference)
     keys("Return")
-    time.sleep(0.3)
+
+
+def message_is_up():
+    return any(window.get_name() == "Sparrowfield" and takes_keys(window) for window in windows())
 
 
 def note_caption():
@@ -36,12 +39,12 @@ def note_caption():
 def walk():
     start()
     keys("Return")
-    wait(lambda: is_open("frmContents"), "the catalogue")
+    wait(lambda: is_active("frmContents"), "the catalogue")
     open_reader()
     shot("d-reader")
     expect("For God so loved the world" in page(), "the reader opens with John 3:16")
     look_up("psalm 23")
-    expect("The LORD is my shepherd" in page() and "Chapter 23" in page(), "a reference that was typed comes up")
+    expect_soon(lambda: "The LORD is my shepherd" in page() and "Chapter 23" in page(), "a reference that was typed comes up")
     click(control("frmBible", "cmdNext"))
     wait(lambda: "The earth is the LORD" in page(), "Psalm 24")
     click(control("frmBible", "cmdPrev"))
@@ -50,16 +53,18 @@ def walk():
     type_text("He leads me, too." + " The column on the paper is as wide as the box, so this note is long enough for any screen." * 3)
     shot("d-note")
     click(control("frmBible", "cmdPrint"))
-    time.sleep(1)
+    wait(message_is_up, "the message that names the file")
     keys("Return")
+    wait(lambda: not message_is_up(), "the message to close")
     files = wait(lambda: glob.glob(os.path.join(documents, "*.pdf")), "the printed note")
     printed = subprocess.run(["pdftotext", "-layout", files[0], "-"], capture_output=True, text=True, check=True).stdout
     expect("He leads me, too." in printed and len(printed.split("\n")) > 2, "without a printer the note is in a PDF file")
     look_up("Jude")
-    expect("Chapter 1" in page() and note_caption() == "Notes for Jude", "a book of its own")
+    expect_soon(lambda: "Chapter 1" in page() and note_caption() == "Notes for Jude", "a book of its own")
     expect("He leads me" not in text_of("frmBible", "txtNotes"), "its note is another")
     shot("d-book")
     look_up("Psalms 23")
+    wait(lambda: note_caption() == "Notes for Psalms 23", "Psalm 23 once more")
     version = control("frmBible", "cboVersion")
     Atspi.Component.grab_focus(version)
     click(version)
@@ -68,7 +73,7 @@ def walk():
     expect("He leads me, too." in text_of("frmBible", "txtNotes"), "the note is that of the chapter in both translations")
     shot("d-translation")
     look_up("Nowhere 3")
-    expect(text_of("frmBible", "txtVerse") == "" and "Yahweh is my shepherd" in page(), "an unknown book empties the box, no more")
+    expect_soon(lambda: text_of("frmBible", "txtVerse") == "" and "Yahweh is my shepherd" in page(), "an unknown book empties the box, no more")
     keys("alt+F4")
     wait(lambda: not is_open("frmBible"), "the reader to close")
     open_reader()

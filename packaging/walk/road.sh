@@ -10,8 +10,16 @@ screen=$size
 said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten tcp -noreset" \
     dbus-run-session -- bash -c '
         xprop -root -format RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "$(printf "Xft.dpi:\t%s\n" "$1")"
-        openbox >/dev/null 2>&1 &
+        # The first key makes its keyboard the one of the screen. A window manager that is up by then binds all its keys anew, and misses
+        # what is pressed meanwhile.
+        xdotool key Shift_L
+        openbox --startup "xprop -root -format WALK_MANAGED 8s -set WALK_MANAGED yes" >/dev/null 2>&1 &
         trap "kill %1" EXIT
+        # A window that comes before its manager is ready may never be the active one, or never be seen.
+        until xprop -root WALK_MANAGED | grep -q yes; do
+            kill -0 %1 || exit
+            sleep 0.1
+        done
         export WALK_SCALE=$(/usr/bin/python3 -c "print($1 / 96)")
         /usr/bin/python3 -B "$0" "${@:2}"' "$here/$road.py" "$dpi" "$disc" "$pictures" "$screen" 2>&1)
 status=$?

@@ -28,7 +28,7 @@ def install():
     seen |= check("Setup")
     shot("f-installed")
     keys("Return")
-    wait(lambda: is_open("frmSplash"), "the installed program")
+    wait(lambda: is_active("frmSplash"), "the installed program")
     expect(not is_open("Setup"), "Setup gives way to the program that it starts")
     expect(not has(control("frmSplash", "lblInstallToDisk"), Atspi.StateType.ENABLED), "the installed copy doesn't offer to be installed")
     shot("f-copy")
@@ -54,7 +54,7 @@ def repair():
 
 def remove():
     start("Setup.exe")
-    wait(lambda: is_open("Setup"), "Setup")
+    wait(lambda: is_active("Setup"), "Setup")
     keys("alt+u")
     check_all("SetupQuestion", check("SetupQuestion", begins_at="Keep"))
     shot("f-question")
@@ -62,7 +62,7 @@ def remove():
     wait(lambda: not is_open("SetupQuestion"), "the question to close")
     expect(os.path.exists(copy), "Escape keeps the copy")
     keys("alt+u")
-    wait(lambda: is_open("SetupQuestion"), "the question again")
+    wait(lambda: is_active("SetupQuestion"), "the question again")
     keys("alt+u")
     wait(lambda: says("The copy was removed."), "the end of the removal")
     expect(not os.path.exists(copy), "the copy is gone")

@@ -34,7 +34,7 @@ def expect_owner(owner, form):
 def open_by_menu(menu, letter, form):
     keys(menu)
     keys(letter)
-    wait(lambda: is_open(form), form)
+    wait(lambda: is_active(form), form)
 
 
 def close_active(form):
@@ -66,12 +66,12 @@ def open_lesson():
         click(lesson, x=12)
     catalogue = active_window()
     click_item("frmContents", "TreeView1", "Part One")
-    wait(lambda: is_open("frmMain") or is_open("frmWelcome"), "the way into the lesson")
+    wait(lambda: is_active("frmMain") or is_active("frmWelcome"), "the way into the lesson")
     if is_open("frmWelcome"):
         if not is_open("frmMain"):
             expect_owner(catalogue, "frmWelcome")
         keys("Return")
-    wait(lambda: is_open("frmMain") and control("frmMain", "Text3", True), "the lesson")
+    wait(lambda: is_active("frmMain") and control("frmMain", "Text3", True), "the lesson")
     time.sleep(0.5)
 
 
@@ -82,7 +82,7 @@ def walk():
     shot("a-start")
     if hasVideo:
         click(control("frmSplash", "lblWelcomeVideo"))
-        wait(lambda: is_open("frmVideo"), "the welcome video")
+        wait(lambda: is_active("frmVideo"), "the welcome video")
         time.sleep(4)
         shot("a-video")
         expect_owner(splash, "frmVideo")
@@ -91,13 +91,13 @@ def walk():
         close_active("frmVideo")
         expect(is_open("frmSplash"), "the start-up screen stays behind the video")
     keys("Return")
-    wait(lambda: is_open("frmContents"), "the catalogue")
+    wait(lambda: is_active("frmContents"), "the catalogue")
     for turn in (1, 2):
         through_the_menus("frmContents", "b" if turn == 1 else None)
         open_lesson()
         through_the_menus("frmMain", "c" if turn == 1 else None)
         keys("alt+f", "c")
-        wait(lambda: is_open("frmContents"), "the catalogue again")
+        wait(lambda: is_active("frmContents"), "the catalogue again")
         expect(True, f"every menu entry, turn {turn}")
     open_by_menu("alt+h", "a", "frmAbout")
     keys("Escape")

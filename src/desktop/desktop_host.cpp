@@ -24,6 +24,7 @@ DesktopHost::DesktopHost(FileSystem const& files, std::function<Text(TextView pa
         // The model may have refused what the widget shows already.
         MarkDirty(control, nullptr);
         Mirror();
+        CatchUp();
     };
     turns.Arm(turnsBetween);
     qApp->installEventFilter(this);
@@ -180,11 +181,16 @@ void DesktopHost::ContentChanged(Control& control)
 void DesktopHost::HandlersEnded()
 {
     Mirror();
+    CatchUp();
+    if (m_desk.screen && m_desk.screen->Ended())
+        LeaveLoops();
+}
+
+void DesktopHost::CatchUp()
+{
     for (FormPeer* window : std::vector(m_windows))
         if (std::find(m_windows.begin(), m_windows.end(), window) != m_windows.end())
             window->CatchUp();
-    if (m_desk.screen && m_desk.screen->Ended())
-        LeaveLoops();
 }
 
 void DesktopHost::LeaveLoops()

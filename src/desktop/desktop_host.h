@@ -67,6 +67,7 @@ private:
     void Retire(FormPeer& window);
     void Reap();
     void TakeDown();
+    void CatchUp();
     void LeaveLoops();
     void WidgetFocused(QWidget* widget);
     void MarkDirty(Control const& control, PropertyBase const* property);

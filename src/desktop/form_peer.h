@@ -36,7 +36,8 @@ public:
     Size FrameSize() const;
     static Size GuessFrameSize(Form const& form);
 
-    /// Hands on what couldn't be while a handler of the form was running.
+    /// Hands on what couldn't be while a handler of the form was running, or the host was at work
+    /// on the widgets.
     void CatchUp();
 
 protected:
@@ -51,6 +52,7 @@ private:
     void QueueReport();
     void ReportSize();
     void ReportActivation();
+    void ReportClose();
     bool WindowEvent(QEvent& event);
     bool ClientEvent(QEvent& event);
 
@@ -67,5 +69,6 @@ private:
     bool m_reportQueued = false;
     bool m_sizeMissed = false; // reports that wait for a handler to end
     bool m_activationMissed = false;
+    bool m_closeMissed = false;
     bool m_pressed = false;
 };

@@ -24,7 +24,7 @@ bool FormPeer::WindowEvent(QEvent& event)
     switch (event.type()) {
     case QEvent::Close:
         event.ignore();
-        Act([&](Input& input) { input.Close(m_form); });
+        ReportClose();
         return true;
     case QEvent::Resize:
         Arrange();
@@ -145,9 +145,24 @@ void FormPeer::ReportActivation()
     });
 }
 
+/// Closing alone isn't dropped while the form is at work, as whoever closes a window wants no more
+/// of it: it's done as soon as it can be.
+void FormPeer::ReportClose()
+{
+    // A form that keeps actions hears of it at once, so that its work can end.
+    bool const isHeldUp = m_desk.IsMirroring() || (m_form.IsBusy() && !m_form.keepsActions);
+    m_closeMissed = isHeldUp && m_desk.input->Blocked(m_form).empty();
+    if (!isHeldUp)
+        Act([&](Input& input) { input.Close(m_form); });
+}
+
 void FormPeer::CatchUp()
 {
-    if (m_form.IsBusy())
+    if (m_form.IsBusy() || m_desk.IsMirroring())
+        return;
+    if (m_closeMissed)
+        ReportClose();
+    if (isRetired)
         return;
     if (m_sizeMissed)
         QueueReport();

@@ -34,13 +34,15 @@ TEST_F(DesktopTest, HideAndShowInOneHandlerNeverReachTheWidget)
     EXPECT_FALSE(Shown(form.lamp).isVisible());
 }
 
-TEST_F(DesktopTest, ABusyFormTakesNothing)
+TEST_F(DesktopTest, ABusyFormTakesNothingButItsClosing)
 {
-    form.onNext = [this] {
-        QTimer::singleShot(0, &host, [this] {
+    bool closes = false;
+    form.onNext = [this, &closes] {
+        QTimer::singleShot(0, &host, [this, &closes] {
             ClickByWindow(form.tick);
             QTest::keyClicks(&Shown(form.line), "lost");
-            Shown(form).close();
+            if (closes)
+                Shown(form).close();
         });
         QTest::qWait(12);
         for (int i = 0; i < 2000; ++i)
@@ -51,10 +53,32 @@ TEST_F(DesktopTest, ABusyFormTakesNothing)
     Click(form.next);
     EXPECT_EQ(form.tick.Value, 0);
     EXPECT_EQ(Shown<QLineEdit>(form.line).text(), "kept");
-    EXPECT_TRUE(form.IsLoaded());
     EXPECT_EQ(form.TakeLog(), "-Text1, +Command1, next clicked");
     Click(form.tick);
     EXPECT_EQ(form.tick.Value, 1);
+    closes = true;
+    Click(form.next);
+    EXPECT_EQ(form.line.Text(), u"kept") << "the handler came to its end";
+    EXPECT_FALSE(form.IsLoaded());
+}
+
+TEST_F(DesktopTest, AWindowClosedWhileTheHostIsAtWorkOnItGoes)
+{
+    struct Closer final : QObject {
+        QWidget* window = nullptr;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::Hide)
+                window->close();
+            return false;
+        }
+    } closer;
+    form.onNext = [this] { form.lamp.Visible = false; };
+    Open();
+    closer.window = &Shown(form);
+    Shown(form.lamp).installEventFilter(&closer);
+    Click(form.next);
+    EXPECT_FALSE(form.IsLoaded());
 }
 
 TEST_F(DesktopTest, TurnsShowWhatALongHandlerDoes)
@@ -189,6 +213,7 @@ TEST_F(DesktopTest, AModalFormHoldsItsCallerUntilItIsGone)
             EXPECT_TRUE(Shown(plain).isModal());
             ClickByWindow(form.tick);
             EXPECT_EQ(form.tick.Value, 0);
+            Shown(form).close();
             Click(plain.ok);
         });
         plain.ShowModal();
@@ -199,7 +224,7 @@ TEST_F(DesktopTest, AModalFormHoldsItsCallerUntilItIsGone)
     Click(form.next);
     Settle();
     EXPECT_EQ(Shown<QLabel>(form.name).text(), "after");
-    EXPECT_EQ(screen.Active(), &form);
+    EXPECT_EQ(screen.Active(), &form) << "its closing was none while another form stood above it";
     EXPECT_EQ(QApplication::activeWindow(), &Shown(form));
 }
 
