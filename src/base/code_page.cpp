@@ -33,24 +33,48 @@ static bool IsAscii(char const* block)
     return ((words[0] | words[1]) & 0x8080808080808080) == 0;
 }
 
+/// Makes each byte a character of the same value. The compiler knows that the copies don't overlap,
+/// and so converts the block as a whole.
+static void Widen(char const* block, char16_t* to)
+{
+    unsigned char bytes[blockSize];
+    std::memcpy(bytes, block, blockSize);
+    char16_t characters[blockSize];
+    std::copy_n(bytes, blockSize, characters);
+    std::memcpy(to, characters, sizeof characters);
+}
+
 static void ConvertEach(std::string_view bytes, char16_t* to)
 {
     std::transform(bytes.begin(), bytes.end(), to,
         [](char byte) { return codePageCharacters[static_cast<unsigned char>(byte)]; });
 }
 
+/// In nearly all blocks each byte is its own character.
+static void ConvertBlock(char const* block, char16_t* to)
+{
+    if (IsAscii(block))
+        Widen(block, to);
+    else
+        ConvertEach({ block, blockSize }, to);
+}
+
+void ConvertFromCodePage(std::string_view bytes, char16_t* to)
+{
+    if (bytes.size() < blockSize)
+        return ConvertEach(bytes, to);
+    auto const last = bytes.size() - blockSize;
+    for (std::size_t at = 0; at < last; at += blockSize)
+        ConvertBlock(bytes.data() + at, to + at);
+    // The last block may convert some bytes again; that is quicker than the rest one by one.
+    ConvertBlock(bytes.data() + last, to + last);
+}
+
 void AppendFromCodePage(Text& text, std::string_view bytes)
 {
     auto const start = text.size();
     text.resize(start + bytes.size());
-    char16_t* to = text.data() + start;
-    // Blocks of a fixed size are converted several bytes at once; in nearly all of them each byte is its own character.
-    for (; bytes.size() >= blockSize; bytes.remove_prefix(blockSize), to += blockSize)
-        if (IsAscii(bytes.data()))
-            std::copy_n(bytes.data(), blockSize, to);
-        else
-            ConvertEach(bytes.substr(0, blockSize), to);
-    ConvertEach(bytes, to);
+    ConvertFromCodePage(bytes, text.data() + start);
 }
 
 std::optional<unsigned char> CodePageByte(char16_t character)

@@ -14,6 +14,9 @@ extern char16_t const codePageCharacters[256];
 /// The text of the bytes, one character a byte.
 Text FromCodePage(std::string_view bytes);
 
+/// Writes the characters of the bytes to `to`, which has room for as many.
+void ConvertFromCodePage(std::string_view bytes, char16_t* to);
+
 /// Appends the text of the bytes to `text`.
 void AppendFromCodePage(Text& text, std::string_view bytes);
 

@@ -15,6 +15,11 @@ std::string_view TakeLine(std::string_view& rest, std::string& line)
     return line;
 }
 
+bool IsDigit(char character)
+{
+    return character >= '0' && character <= '9';
+}
+
 std::string Padded(int number)
 {
     auto const digits = std::to_string(number);
@@ -35,7 +40,10 @@ std::optional<int> ColumnNumber(std::string_view line, std::size_t column)
 {
     if (line.size() <= column)
         return std::nullopt;
-    auto const digits = TrimBlanks(line.substr(column, 3));
+    auto const field = line.substr(column, 3);
+    if (field.size() == 3 && std::all_of(field.begin(), field.end(), IsDigit)) // as in nearly every verse line
+        return (field[0] - '0') * 100 + (field[1] - '0') * 10 + (field[2] - '0');
+    auto const digits = TrimBlanks(field);
     int number = 0;
     auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (error != std::errc() || end != digits.data() + digits.size())

@@ -2,65 +2,25 @@
 
 #include "base/code_page.h"
 #include "bible/book_file.h"
+#include "bible/book_lines.h"
 #include "controls/string_builder.h"
 
 #include <algorithm>
+#include <limits>
+#include <utility>
 
 namespace {
 
 /// The text from the ninth column on; empty where the line is shorter.
 constexpr std::size_t textColumn = 8;
 
-/// A search for each is several times as fast as a look at each byte, with lines of some length.
-int CountLineFeeds(std::string_view bytes)
+/// In bytes, a rough bound for the page of a whole book: its tags take more than the columns and line ends of the file, and each
+/// character takes two bytes. What isn't needed of it is never touched.
+std::int32_t WholeBookCapacity(std::string_view bookFile)
 {
-    int count = 0;
-    for (auto at = bytes.find('\n'); at != bytes.npos; at = bytes.find('\n', at + 1))
-        ++count;
-    return count;
+    constexpr std::size_t most = std::numeric_limits<std::int32_t>::max() / 2;
+    return static_cast<std::int32_t>(std::min(bookFile.size() * 3, most));
 }
-
-/// The lines of a file, split at every line feed, without their carriage returns.
-class Lines {
-public:
-    explicit Lines(std::string_view bytes)
-        : m_rest(bytes)
-        , m_last(CountLineFeeds(bytes))
-    {
-    }
-
-    int Last() const { return m_last; }
-    int Index() const { return m_index; }
-    bool HasNext() const { return m_index < m_last; }
-
-    /// Valid until the next call.
-    std::string_view Next()
-    {
-        auto const end = std::min(m_rest.find('\n'), m_rest.size());
-        auto line = m_rest.substr(0, end);
-        m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
-        ++m_index;
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        return line.find('\r') == line.npos ? line : Without("\r", line);
-    }
-
-    /// The line without these characters, valid until the next call.
-    std::string_view Without(std::string_view characters, std::string_view line)
-    {
-        std::string kept;
-        std::copy_if(line.begin(), line.end(), std::back_inserter(kept),
-            [&](char character) { return characters.find(character) == characters.npos; });
-        m_kept = std::move(kept);
-        return m_kept;
-    }
-
-private:
-    std::string_view m_rest;
-    std::string m_kept;
-    int m_last;
-    int m_index = -1; // of the line that Next gave last
-};
 
 class PageBuilder {
 public:
@@ -72,8 +32,10 @@ public:
 
     std::optional<Text> Build(std::string_view bookFile)
     {
+        if (m_request.wanted.chapter.empty())
+            m_page.EnsureCapacity(WholeBookCapacity(bookFile));
         AppendHead();
-        Lines lines(bookFile);
+        BookLines lines(bookFile);
         if (m_listener.begin)
             m_listener.begin(lines.Last());
         lines.Next(); // the first line is no verse's
@@ -85,7 +47,7 @@ public:
                 return std::nullopt;
         }
         m_page.Append(u"</body></html>");
-        return m_page.ToString();
+        return std::move(m_page).ToString();
     }
 
 private:
@@ -117,21 +79,23 @@ private:
     /// A line's text without blanks at its ends, and a blank.
     void AppendText(std::string_view bytes)
     {
-        m_piece.clear();
-        AppendFromCodePage(m_piece, TrimBlanks(bytes));
-        m_piece += u' ';
-        m_page.Append(m_piece);
+        auto const text = TrimBlanks(bytes);
+        if (m_piece.size() <= text.size())
+            m_piece.resize(text.size() + 1);
+        ConvertFromCodePage(text, m_piece.data());
+        m_piece[text.size()] = u' ';
+        m_page.Append({ m_piece.data(), text.size() + 1 });
     }
 
     /// False if the listener ended the building.
-    bool TakeLine(Lines& lines, std::string_view line)
+    bool TakeLine(BookLines& lines, std::string_view line)
     {
         if (line.find(paragraphMark) != line.npos) {
             m_page.Append(u"<p>");
-            line = lines.Without("\xB6*", line);
-        } else if (!line.starts_with(' ') && line.find('*') != line.npos) {
-            line = lines.Without("*", line);
+            line = lines.Without(paragraphMark, line);
         }
+        if (lines.HaveAsterisks())
+            line = lines.Without('*', line);
         if (line.empty() || line.front() == ' ')
             return true;
         auto const chapter = ColumnNumber(line, 0), verse = ColumnNumber(line, 4);
@@ -145,7 +109,7 @@ private:
         return TakeFurtherLines(lines);
     }
 
-    bool TakeFurtherLines(Lines& lines)
+    bool TakeFurtherLines(BookLines& lines)
     {
         while (lines.HasNext()) {
             if (m_listener.turn && !m_listener.turn())
@@ -162,7 +126,7 @@ private:
     PageRequest const& m_request;
     PageListener const& m_listener;
     CStringBuilder m_page;
-    Text m_piece;
+    Text m_piece; // overwritten from its start: clearing it for each line would take longer than filling it
     int m_lastChapter = 0;
 };
 

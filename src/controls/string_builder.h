@@ -4,10 +4,7 @@
 
 #include "base/text.h"
 
-#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -62,22 +59,17 @@ public:
     CStringBuilder& Insert(std::int32_t startIndex, TextView text);
     /// Removes so many characters, all of them within the text.
     CStringBuilder& Remove(std::int32_t startIndex, std::int32_t length);
-    Text ToString() const;
+    Text ToString() const&;
+    /// Takes the text out of a builder that isn't needed any more, without a copy.
+    Text ToString() &&;
 
 private:
-    struct Free {
-        void operator()(std::byte* bytes) const { std::free(bytes); }
-    };
-    using Bytes = std::unique_ptr<std::byte[], Free>;
-
-    static void Resize(Bytes& bytes, std::int32_t oldSize, std::int32_t size);
     void Grow(std::int64_t bytes);
 
     std::int32_t m_bufferBump = 2048;
     std::int32_t m_sizingPercent = 25;
     std::int32_t m_sizingMethod = 1;
     std::int32_t m_used = 0; // bytes
-    std::int32_t m_capacity = 8192; // bytes, of both buffers
-    Bytes m_buffer; // the text from byte 0
-    Bytes m_scratch; // what Insert builds in; made at the first Insert in this capacity
+    std::int32_t m_capacity = 8192; // bytes
+    Text m_buffer; // the text, and what stood behind it before it was cut
 };

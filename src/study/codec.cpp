@@ -29,20 +29,42 @@ constexpr auto letterAlphabets = [] {
     return alphabets;
 }();
 
-constexpr Alphabet plainAlphabet = AlphabetOf('a');
+/// True if tidying may change a byte, given the one behind it. No letter is ever decoded into one
+/// of these, nor one of them into anything else.
+constexpr bool MayBeUntidy(char byte, char next)
+{
+    return (byte == '\t') | (byte == '\n') | ((byte == next) & ((byte == '/') | (byte == ' ')));
+}
 
-/// Kinds of bytes that tidying is about. No letter is ever decoded into one of them, nor one of
-/// them into anything else.
-enum Kind : unsigned char { other = 0, slash = 1, blank = 2, tab = 4, lineFeed = 8 };
+/// The bytes in which tidiness is looked for at once: a fixed number, so that the compiler looks at
+/// several with one instruction.
+constexpr std::size_t blockSize = 32;
 
-constexpr auto kinds = [] {
-    std::array<unsigned char, 256> table {};
-    table['/'] = slash;
-    table[' '] = blank;
-    table['\t'] = tab | blank; // It will be one.
-    table['\n'] = lineFeed;
-    return table;
-}();
+/// Of a block, the byte behind it known.
+bool IsTidyBlock(char const* block)
+{
+    unsigned char untidy = 0;
+    for (std::size_t i = 0; i < blockSize; ++i)
+        untidy |= MayBeUntidy(block[i], block[i + 1]);
+    return untidy == 0;
+}
+
+/// True if tidying would change nothing; may be false without a reason.
+bool IsTidy(std::string_view bytes)
+{
+    if (bytes.empty())
+        return true;
+    auto const last = bytes.size() - 1;
+    bool tidy = !MayBeUntidy(bytes[last], '\0');
+    std::size_t at = 0;
+    for (; at + blockSize <= last; at += blockSize)
+        tidy = tidy && IsTidyBlock(bytes.data() + at);
+    if (last >= blockSize) // The last block may see some bytes again.
+        return tidy && IsTidyBlock(bytes.data() + last - blockSize);
+    for (; at < last; ++at)
+        tidy = tidy && !MayBeUntidy(bytes[at], bytes[at + 1]);
+    return tidy;
+}
 
 enum class Blanks { Single, All };
 
@@ -88,32 +110,33 @@ void TrimInPlace(Text& text)
         text.erase(0, text.find_first_not_of(u' '));
 }
 
-/// Appends a body's text, tidied, with a turn for each byte unless `turns` is null. It goes by
-/// stretches that end where a turn is due; almost all of them are tidy as they come.
+/// Appends the text of bytes, tidied. `withPrevious` begins one byte earlier where there is one.
+void AppendTidied(Text& line, std::string_view bytes, std::string_view withPrevious, Blanks blanks)
+{
+    auto const from = line.size();
+    AppendFromCodePage(line, bytes);
+    if (!IsTidy(withPrevious))
+        Tidy(line, from, blanks);
+}
+
+/// Appends a scrambled body's text, tidied, with a turn for each byte unless `turns` is null. It
+/// goes by stretches that stay in the cache and end where a turn is due.
 void AppendBody(
     Text& line, std::string_view body, Alphabet const& alphabet, Blanks blanks, Turns* turns)
 {
-    std::array<char16_t, 512> stretch;
-    unsigned previous = other;
-    while (!body.empty()) {
-        auto count = std::min(body.size(), stretch.size());
+    std::array<char, 512> decoded;
+    for (std::size_t at = 0; at < body.size();) {
+        auto count = std::min(body.size() - at, decoded.size());
         if (turns)
             count = static_cast<std::size_t>(std::min<Turns::Count>(count, turns->UntilDue()));
-        unsigned pairs = 0;
-        unsigned seen = 0;
-        for (std::size_t i = 0; i < count; ++i) {
-            auto const byte = static_cast<unsigned char>(body[i]);
-            stretch[i] = codePageCharacters[alphabet[byte]];
-            unsigned const kind = kinds[byte];
-            pairs |= kind & previous;
-            seen |= kind;
-            previous = kind;
-        }
-        auto const from = line.size();
-        line.append(stretch.data(), count);
-        if ((pairs & (slash | blank)) != 0 || (seen & (tab | lineFeed)) != 0)
-            Tidy(line, from, blanks);
-        body.remove_prefix(count);
+        std::transform(
+            body.begin() + at, body.begin() + at + count, decoded.begin(), [&](char byte) {
+                return static_cast<char>(alphabet[static_cast<unsigned char>(byte)]);
+            });
+        auto const before = std::min<std::size_t>(at, 1);
+        AppendTidied(
+            line, { decoded.data(), count }, body.substr(at - before, count + before), blanks);
+        at += count;
         if (turns)
             turns->GiveMany(count);
     }
@@ -124,7 +147,7 @@ void Decode(std::string_view raw, Blanks blanks, Turns* turns, Text& line)
 {
     line.clear();
     if (!raw.starts_with('!'))
-        return AppendBody(line, raw, plainAlphabet, blanks, nullptr);
+        return AppendTidied(line, raw, raw, blanks);
     if (raw.size() < 3)
         return;
     auto const body = raw.substr(1, raw.size() - 2);
