@@ -56,6 +56,7 @@ private:
     void ShowPage(TextView html);
     bool IsToGoOn() const;
     void EnsureFolder(TextView path);
+    void EnsureNotesFolder();
     Text NotesFolder() const;
     void SaveNotes(bool tell);
     void LoadNotes();
