@@ -194,8 +194,9 @@ void frmMain::StoreAnswer()
 {
     if (m_answerPage == 0)
         return;
-    // Another copy of the program may have gone on with an answer that stands here untouched.
-    if (!m_keptAnswer.empty() && Text3.Text() == m_keptAnswer) {
+    // Another copy of the program may have gone on with an answer that stands here untouched, or have begun it.
+    bool const isUntouched = Text3.Text() == m_keptAnswer;
+    if (isUntouched && (!m_keptAnswer.empty() || !m_store.Answer(studyKey, m_answerPage).empty())) {
         static_cast<void>(m_store.RetryPending());
         return;
     }
