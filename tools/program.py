@@ -3,10 +3,12 @@
 import json
 import pathlib
 import re
+import select
 import sqlite3
 import subprocess
 
 NOTES = "drive_c/Program Files/Sparrowfield Interactive Software/notes"
+PATIENCE = 60  # seconds; the slowest command takes a few under the sanitizers
 
 
 class Ended(Exception):
@@ -36,6 +38,8 @@ class Program:
             raise Ended from error
 
     def answer(self):
+        if not select.select([self.process.stdout], [], [], PATIENCE)[0]:
+            raise Fault(f"{self.lines[-1]}: no answer in {PATIENCE} seconds")
         line = self.process.stdout.readline()
         if not line.endswith("\n"):
             raise Ended
@@ -76,6 +80,11 @@ class Program:
         self.process.wait()
 
 
+def plain(raw, encoding):
+    """A text as the driver tells it: half of a character that takes two 16-bit ones is shown as three U+FFFD."""
+    return re.sub("[\ud800-\udfff]", "\ufffd" * 3, raw.decode(encoding, "surrogatepass"))
+
+
 def stored_answers(user):
     """The answers in the settings store, by lesson and page; empty ones left out. None if there is no store yet."""
     store = pathlib.Path(user) / "settings.db"
@@ -89,7 +98,7 @@ def stored_answers(user):
         raise Fault(f"{store}: {faults}")
     found = {}
     for section, key, value in rows:
-        section, key, value = (part.decode("utf-16-be", "surrogatepass") for part in (section, key, value))
+        section, key, value = (plain(part, "utf-16-be") for part in (section, key, value))
         if (page := re.fullmatch(r"Page(\d+)", key)) and value:
             found["answer", section, int(page[1])] = value
     return found
@@ -100,7 +109,7 @@ def stored_notes(user):
     found = {}
     for file in (pathlib.Path(user) / NOTES).glob("*.dat"):
         exact = file.with_name(file.name + ".utf8")
-        text = exact.read_bytes().decode("utf-8") if exact.exists() else file.read_bytes().decode("cp1252", "replace")
+        text = plain(exact.read_bytes(), "utf-8") if exact.exists() else file.read_bytes().decode("cp1252", "replace")
         if text:
             found["note", file.stem] = text
     return found

@@ -87,7 +87,8 @@ template <class Call> int Open(char const* name, std::string const& path, int fl
 /// The permissions that follow the flags, where a file is to be made.
 mode_t Permissions(int flags, std::va_list words)
 {
-    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(words, mode_t) : 0;
+    bool const makes = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+    return makes ? va_arg(words, mode_t) : 0;
 }
 
 } // namespace
