@@ -141,6 +141,9 @@ private:
         int code = sqlite3_open_v2(m_file.c_str(), &m_database, SQLITE_OPEN_READWRITE, nullptr);
         if (code == SQLITE_OK) {
             sqlite3_busy_handler(m_database, &Connection::Wait, this);
+            // Of what a file brings along beside the table, nothing runs.
+            sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+            sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
             code = Check();
         }
         if (code != SQLITE_OK) {

@@ -135,6 +135,13 @@ TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
     EXPECT_EQ(number, 7);
 }
 
+TEST_F(SettingsFile, WhatAFileBringsAlongDoesNotRun)
+{
+    OtherProgram("create trigger t after insert on settings begin delete from settings; end");
+    EXPECT_EQ(Told(Store().Write(u"james-1.dat:1", u"Page2", u"more")), "done");
+    EXPECT_EQ(Answer(), "before");
+}
+
 TEST_F(SettingsFile, AnEmptyFileIsANewStore)
 {
     Put("settings.db", "");
