@@ -157,17 +157,20 @@ private:
     /// whole. A database that is somebody else's counts as damage.
     int Check()
     {
-        int id = 0, tables = 0;
+        int id = 0, tables = 0, pages = 0;
         // Seen as they are at one moment, should another copy be making the store.
         int code = Execute("begin");
         if (code == SQLITE_OK)
             code = Ask("pragma application_id", id);
         if (code == SQLITE_OK)
             code = Ask("select count(*) from sqlite_master", tables);
+        if (code == SQLITE_OK)
+            code = Ask("pragma page_count", pages);
         Execute("commit");
         if (code != SQLITE_OK)
             return code;
-        if (tables == 0) {
+        // A database without tables that has pages may have lost them by damage: it isn't filled again.
+        if (tables == 0 && pages == 0) {
             SetUp();
             return Make();
         }
