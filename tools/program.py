@@ -104,15 +104,16 @@ def stored_answers(user):
     return found
 
 
+def note_forms(file):
+    """The texts that stand in the files of a note: the exact ones, if there are any beside, then the code page's."""
+    exact = [file.with_name(file.name + ending) for ending in (".utf8", ".utf8-next")]
+    return [plain(beside.read_bytes(), "utf-8") for beside in exact if beside.exists()] + [file.read_bytes().decode("cp1252", "replace")]
+
+
 def stored_notes(user):
-    """The notes, by the names of their files without the ending: the exact text if there is one beside, else the code page's."""
-    found = {}
-    for file in (pathlib.Path(user) / NOTES).glob("*.dat"):
-        exact = file.with_name(file.name + ".utf8")
-        text = plain(exact.read_bytes(), "utf-8") if exact.exists() else file.read_bytes().decode("cp1252", "replace")
-        if text:
-            found["note", file.stem] = text
-    return found
+    """The notes that aren't empty, by the names of their files without the ending."""
+    found = {("note", file.stem): note_forms(file)[0] for file in (pathlib.Path(user) / NOTES).glob("*.dat")}
+    return {place: text for place, text in found.items() if text}
 
 
 def stored(user):
