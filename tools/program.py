@@ -82,7 +82,10 @@ class Program:
 
 def plain(raw, encoding):
     """A text as the driver tells it: half of a character that takes two 16-bit ones is shown as three U+FFFD."""
-    return re.sub("[\ud800-\udfff]", "\ufffd" * 3, raw.decode(encoding, "surrogatepass"))
+    try:
+        return re.sub("[\ud800-\udfff]", "\ufffd" * 3, raw.decode(encoding, "surrogatepass"))
+    except UnicodeDecodeError as error:
+        raise Fault(f"half of a text is stored: {error}") from error
 
 
 def stored_answers(user):

@@ -34,14 +34,14 @@ FULL_FOR = 30  # calls; so many fail in the mode "full"
 class Bench:
     def __init__(self, programs, disc):
         self.drive = str(pathlib.Path(programs, "sparrowfield-drive").resolve())
-        self.library = str(pathlib.Path(programs, "faults.so").resolve())
+        self.preload = str(pathlib.Path(programs, "faults.so").resolve())
         self.disc = disc
         # The address sanitizer wants to be loaded before anything else.
         needed = subprocess.run(["ldd", self.drive], capture_output=True, text=True, check=True).stdout
         self.before = [line.split()[2] for line in needed.splitlines() if "libasan" in line]
 
     def environment(self, user, log, mode, at):
-        return dict(os.environ, LD_PRELOAD=":".join(self.before + [self.library]), FAULTS_FOLDER=str(user), FAULTS_LOG=str(log),
+        return dict(os.environ, LD_PRELOAD=":".join(self.before + [self.preload]), FAULTS_FOLDER=str(user), FAULTS_LOG=str(log),
                     FAULTS_MODE=mode, FAULTS_AT=str(at))
 
     def program(self, user, environment=None):
@@ -78,7 +78,7 @@ def check(bench, user, memory, after_kill):
     """Starts again without faults: every word must be there, on the screen and in the files."""
     program = bench.program(user)
     try:
-        person = Person(program, memory, strict=False)
+        person = Person(program, Memory(), strict=False)  # with no part in what is remembered
         person.enter()
         if person.messages or (messages := program.do("messages")["messages"]):
             raise Fault(f"the next start says {messages}")
