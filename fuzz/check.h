@@ -1,8 +1,13 @@
 #pragma once
-// What must hold for every input: broken, it stops the fuzzer in every kind of build.
+// What must hold for every input: broken, it says where and stops the fuzzer, in every kind of
+// build.
+
+#include <cstdio>
 
 #define CHECK(condition)                                                                           \
     do {                                                                                           \
-        if (!(condition))                                                                          \
+        if (!(condition)) {                                                                        \
+            std::fprintf(stderr, "%s:%d: not so: %s\n", __FILE__, __LINE__, #condition);           \
             __builtin_trap();                                                                      \
+        }                                                                                          \
     } while (false)

@@ -18,14 +18,23 @@ static bool IsLineEnd(Text const& text, int at)
         && text[static_cast<std::size_t>(at) + 1] == u'\n';
 }
 
+/// True if two 16-bit characters stand here that no key parts: a line end, or the halves of one character.
+static bool IsPair(Text const& text, int at)
+{
+    if (at < 0 || static_cast<std::size_t>(at) + 1 >= text.size())
+        return false;
+    char16_t const first = text[static_cast<std::size_t>(at)], second = text[static_cast<std::size_t>(at) + 1];
+    return IsLineEnd(text, at) || ((first & 0xFC00) == 0xD800 && (second & 0xFC00) == 0xDC00);
+}
+
 static int Before(Text const& text, int at)
 {
-    return std::max(0, at - (IsLineEnd(text, at - 2) ? 2 : 1));
+    return std::max(0, at - (IsPair(text, at - 2) ? 2 : 1));
 }
 
 static int Behind(Text const& text, int at)
 {
-    return std::min(static_cast<int>(text.size()), at + (IsLineEnd(text, at) ? 2 : 1));
+    return std::min(static_cast<int>(text.size()), at + (IsPair(text, at) ? 2 : 1));
 }
 
 static int LineStart(Text const& text, int at)

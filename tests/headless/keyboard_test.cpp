@@ -24,6 +24,7 @@ TEST_F(KeyboardTest, EditingKeysWorkOnTextWithLineEnds)
     } const rows[] = {
         { "backspace", { { back, 0 } }, u"one\r\ntw", 7, 0 },
         { "backspace over a line end", { { home, 0 }, { back, 0 } }, u"onetwo", 3, 0 },
+        { "backspace over two 16-bit halves", { { 'V', controlKey }, { back, 0 } }, u"one\r\ntwo", 8, 0 },
         { "delete a line end", { { up, 0 }, { end, 0 }, { del, 0 } }, u"onetwo", 3, 0 },
         { "enter", { { home, 0 }, { enter, 0 } }, u"one\r\n\r\ntwo", 7, 0 },
         { "arrows pass a line end at once", { { home, 0 }, { left, 0 }, { left, 0 } }, u"one\r\ntwo", 2, 0 },
@@ -36,6 +37,7 @@ TEST_F(KeyboardTest, EditingKeysWorkOnTextWithLineEnds)
     };
     for (auto const& row : rows) {
         a.first.Text = u"";
+        host.SetClipboardText(u"\U0001F54A");
         EXPECT_EQ(Type(input, a.first, u"one\r\ntwo"), "") << row.about;
         for (auto const& [key, shift] : row.keys)
             Strike(key, shift);

@@ -230,6 +230,9 @@ private:
         int code = sqlite3_open_v2(m_file.c_str(), &m_database, SQLITE_OPEN_READWRITE, nullptr);
         if (code == SQLITE_OK) {
             sqlite3_busy_handler(m_database, &Connection::Wait, this);
+            // Of what a file brings along beside the table, nothing runs.
+            sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+            sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
             code = Check();
         }
         if (code != SQLITE_OK) {
@@ -243,17 +246,20 @@ private:
     /// whole. A database that is somebody else's counts as damage.
     int Check()
     {
-        int id = 0, tables = 0;
+        int id = 0, tables = 0, pages = 0;
         // Seen as they are at one moment, should another copy be making the store.
         int code = Execute("begin");
         if (code == SQLITE_OK)
             code = Ask("pragma application_id", id);
         if (code == SQLITE_OK)
             code = Ask("select count(*) from sqlite_master", tables);
+        if (code == SQLITE_OK)
+            code = Ask("pragma page_count", pages);
         Execute("commit");
         if (code != SQLITE_OK)
             return code;
-        if (tables == 0) {
+        // A database without tables that has pages may have lost them by damage: it isn't filled again.
+        if (tables == 0 && pages == 0) {
             if (m_isSeenWhole)
                 m_report = Fail(u"it has been emptied; what is on show is stored in it anew");
             SetUp();

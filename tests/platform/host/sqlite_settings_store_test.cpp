@@ -115,6 +115,7 @@ TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
         { "cut off in the middle", [](auto good) { return good.substr(0, good.size() / 2); } },
         { "cut off in the head", [](auto good) { return good.substr(0, 60); } },
         { "a damaged page", [](auto good) { return good.replace(4096 + 8, 4000, 4000, '\x5A'); } },
+        { "a damaged list of tables", [](auto good) { return good.replace(103, 2, 2, '\0'); } },
         { "another program's database", [&](auto const&) { return foreign; } },
     };
     auto const good = Bytes("settings.db");
@@ -133,7 +134,14 @@ TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
         EXPECT_FALSE(Store().OpeningReport()) << row.about;
         EXPECT_EQ(Answer(), "new") << row.about;
     }
-    EXPECT_EQ(number, 7);
+    EXPECT_EQ(number, 8);
+}
+
+TEST_F(SettingsFile, WhatAFileBringsAlongDoesNotRun)
+{
+    OtherProgram("create trigger t after insert on settings begin delete from settings; end");
+    EXPECT_EQ(Told(Store().Write(u"james-1.dat:1", u"Page2", u"more")), "done");
+    EXPECT_EQ(Answer(), "before");
 }
 
 TEST_F(SettingsFile, AnEmptyFileIsANewStore)

@@ -1,0 +1,71 @@
+// Any bytes as the file of the settings store: it works with them, or sets them aside as they are,
+// says so, and works with a new file. What is reported as written is there for the next copy of the
+// program, and nothing that could be read before is gone.
+
+#include "check.h"
+#include "kit/kit_bench.h"
+#include "platform/host/sqlite_settings_store.h"
+
+namespace fs = std::filesystem;
+
+static constexpr TextView section = u"a-1.dat:1", key = u"Page1", value = u"kept";
+
+static std::vector<Text> ValuesOf(std::vector<SettingsStore::Entry> const& all)
+{
+    std::vector<Text> values;
+    for (auto const& entry : all)
+        if (entry.section != section || entry.key != key)
+            values.push_back(entry.section + u'|' + entry.key + u'|' + entry.value);
+    return values;
+}
+
+static std::vector<fs::path> FilesAside(fs::path const& folder)
+{
+    std::vector<fs::path> found;
+    for (auto const& entry : fs::directory_iterator(folder))
+        if (entry.path().filename().string().find(".damaged-") != std::string::npos)
+            found.push_back(entry.path().filename());
+    return found;
+}
+
+/// The head of the file says how it is written, which changes as soon as it is opened.
+static std::string BehindHead(std::string const& bytes)
+{
+    return bytes.size() < 100 ? bytes : bytes.substr(100);
+}
+
+extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size)
+{
+    TestFolder const folder;
+    std::string const bytes(reinterpret_cast<char const*>(data), size);
+    folder.Write("settings.db", bytes);
+    auto const file = folder.Path() / "settings.db";
+    std::vector<Text> before;
+    {
+        SqliteSettingsStore store(file, std::chrono::milliseconds(50));
+        auto const report = store.OpeningReport();
+        auto const aside = FilesAside(folder.Path());
+        CHECK(aside.size() == (report ? 1u : 0u));
+        if (report) {
+            CHECK(!report->reason.empty());
+            CHECK(BehindHead(folder.Read(aside[0])) == BehindHead(bytes));
+        }
+        // The first may meet damage that the opening had no eye for.
+        for (int attempt = 0; attempt < 2; ++attempt)
+            if (auto const all = store.All())
+                before = ValuesOf(*all);
+        auto const written = store.Write(section, key, value);
+        CHECK(written || !written.failure().reason.empty());
+        if (!written)
+            return 0;
+    }
+    SqliteSettingsStore next(file, std::chrono::milliseconds(50));
+    auto const read = next.Read(section, key);
+    CHECK(read && *read && **read == value);
+    auto const all = next.All();
+    CHECK(all && ValuesOf(*all) == before);
+    CHECK(next.DeleteSection(section));
+    auto const gone = next.Read(section, key);
+    CHECK(gone && !*gone);
+    return 0;
+}

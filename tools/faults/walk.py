@@ -1,0 +1,83 @@
+"""The walk during which the disk fails. Every kind of storing comes up: pages turned, saved, left for the catalogue and for the reader; answers
+deleted and written again; notes that code page 1252 can hold and others, each in the place of the other; the translation; the program's end.
+
+To extend it: take more steps of person.Person, which keep the memory of what is typed by themselves."""
+
+
+def earlier(person):
+    """What somebody has done in a folder on another day."""
+    person.enter()
+    person.open_lesson("mount-1.dat:1")
+    for word in ("once", "twice", "thrice"):
+        person.answer_with(f"written {word} before")
+        person.next_page()
+    person.close_lesson()
+    person.open_reader()
+    for reference, text in (("Jude 1", "an old note"), ("Ruth 2", "an old note, \u05e8\u05d5\u05ea")):
+        person.look_up(reference)
+        person.write(person.note, text)
+    person.close_reader()
+
+
+def walk(person):
+    person.enter()
+    person.open_lesson("mount-1.dat:1")
+    person.go_to_page(1)
+    for text in (" grace and peace", " two\r\nlines", " \u03c7\u03ac\u03c1\u03b9\u03c2 beyond"):
+        person.answer_with(text)
+        person.next_page()
+    person.go_to_page(2)
+    person.answer_with(" more")
+    person.save()
+    person.answer_with(" yet")
+    person.open_reader()
+    notes(person)
+    person.close_reader()
+    person.next_page()
+    person.close_lesson()
+    person.open_lesson("mount-2.dat:2")
+    for text in ("of another lesson", "to be deleted"):
+        person.answer_with(text)
+        person.next_page()
+    person.delete_answers()
+    person.answer_with("begun anew")
+    person.next_page()
+    person.close_lesson()
+    person.open_lesson("mount-1.dat:1")
+    person.go_to_page(2)
+    person.answer_with(" the last word")
+
+
+def notes(person):
+    person.look_up("Jude 1")
+    person.write(person.note, " plain caf\u00e9")
+    person.choose_translation(1)
+    person.write(person.note, " more \u05d1\u05e8\u05d0")
+    person.look_up("Ruth 2")
+    person.write(person.note, " \u03b1 and \u03c9")
+    person.look_up("Jude 1")
+    person.write_anew(person.note, "plain again")
+    person.look_up("Ruth 2")
+    person.write(person.note, " \u03b2 between")
+    person.look_up("2 John 1")
+    person.write(person.note, "short")
+
+
+def visit(person, places):
+    """The texts that the program shows at these places, by place."""
+    shown = {}
+    answers = [place for place in places if place[0] == "answer"]
+    for lesson in sorted({place[1] for place in answers}):
+        person.open_lesson(lesson)
+        for place in answers:
+            if place[1] == lesson:
+                person.go_to_page(place[2])
+                shown[place] = person.answer.text
+        person.close_lesson()
+    person.open_reader()
+    for place in places:
+        if place[0] == "note":
+            person.look_up(place[1][:-1] + " " + place[1][-1])
+            shown[place] = person.note.text
+    person.close_reader()
+    return shown
