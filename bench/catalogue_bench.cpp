@@ -163,9 +163,8 @@ int main(int count, char** words)
     }
     Bench bench;
     benchmark::Initialize(&count, words);
-    benchmark::RegisterBenchmark("floor: the heads", ReadHeads)->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("the catalogue", [&](benchmark::State& state) { LoadCatalogue(state, bench); })
-        ->Unit(benchmark::kMillisecond);
+    RegisterFew("floor: the heads", ReadHeads);
+    RegisterFew("the catalogue", [&](benchmark::State& state) { LoadCatalogue(state, bench); });
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.PrintRatio("the catalogue", "floor: the heads", atMost);

@@ -1,5 +1,7 @@
 #include "catalogue/catalogue_nodes.h"
 
+#include <utility>
+
 static constexpr TextView partOneEnd = u"-1.dat";
 
 /// The name of the file of Part Two. File names match ignoring case, so the end may be written in capitals.
@@ -13,18 +15,42 @@ static Text PartTwoName(TextView partOne)
     return name;
 }
 
+namespace {
+
+/// A text whose end changes from lesson to lesson; its beginning and its memory stay.
+class Changing {
+public:
+    explicit Changing(Text beginning)
+        : m_text(std::move(beginning))
+        , m_beginning(m_text.size())
+    {
+    }
+
+    /// Valid until the next call.
+    TextView With(TextView end, TextView furtherEnd = {})
+    {
+        m_text.resize(m_beginning);
+        return m_text.append(end).append(furtherEnd);
+    }
+
+private:
+    Text m_text;
+    std::size_t m_beginning; // characters
+};
+
+}
+
 static void AddStudy(StudyHead const& head, std::function<void(CatalogueNode const&)> const& add)
 {
     Text const& file = head.fileName;
     add({ file, {}, head.title, 4, true, catalogueBackColor, head.description });
-    Text const partOne = file + u":";
-    Text const partTwo = PartTwoName(file) + u":";
+    Changing lesson(file), caption(u"Lesson "), partOne(file + u":"), partTwo(PartTwoName(file) + u":");
     for (std::size_t i = 0; i < head.lessonTitles.size(); ++i) {
         Text const number = FromNumber(static_cast<std::int64_t>(i) + 1);
-        Text const key = file + number;
-        add({ key, file, u"Lesson " + number + u": " + head.lessonTitles[i], 3 });
-        add({ partOne + number, key, u"Part One" });
-        add({ partTwo + number, key, u"Part Two" });
+        TextView const key = lesson.With(number);
+        add({ key, file, caption.With(number + u": ", head.lessonTitles[i]), 3 });
+        add({ partOne.With(number), key, u"Part One" });
+        add({ partTwo.With(number), key, u"Part Two" });
     }
 }
 

@@ -4,6 +4,8 @@
 #include "controls/screen.h"
 #include "platform/settings.h"
 
+#include <algorithm>
+
 static constexpr Colour titleBlue = Rgb(0, 0, 192);
 
 frmContents::frmContents(
@@ -70,7 +72,7 @@ void frmContents::Form_Load()
 Node* frmContents::AddNode(Node* last, CatalogueNode const& node)
 {
     Node* parent = last;
-    while (parent && parent->Key() != node.parentKey)
+    while (parent && !std::ranges::equal(parent->Key(), node.parentKey)) // several characters at once, as != doesn't
         parent = parent->Parent();
     Node& added = parent ? TreeView1.Add(*parent, node.key, node.text) : TreeView1.Add(node.key, node.text);
     added.SetBold(node.bold);

@@ -2,22 +2,22 @@
 
 #include <algorithm>
 
+/// Characters of the texts for which memory is taken at once.
+static constexpr std::size_t textBlock = 4096;
+
 void Node::SetExpanded(bool expanded)
 {
-    m_expanded = expanded;
-    m_tree.ContentChanged();
+    Set(m_expanded, expanded);
 }
 
 void Node::SetBold(bool bold)
 {
-    m_bold = bold;
-    m_tree.ContentChanged();
+    Set(m_bold, bold);
 }
 
 void Node::SetBackColor(Colour colour)
 {
-    m_backColor = colour;
-    m_tree.ContentChanged();
+    Set(m_backColor, colour);
 }
 
 void Node::SetTag(TextView tag)
@@ -27,14 +27,40 @@ void Node::SetTag(TextView tag)
 
 void Node::SetImage(NodeImage image)
 {
-    m_image = image;
-    m_tree.ContentChanged();
+    Set(m_image, image);
 }
 
 void Node::SetSelectedImage(NodeImage image)
 {
-    m_selectedImage = image;
+    Set(m_selectedImage, image);
+}
+
+/// Most of what a new node is given it has already, and the host needn't hear of that.
+template <class Value> void Node::Set(Value& member, Value value)
+{
+    if (member == value)
+        return;
+    member = value;
     m_tree.ContentChanged();
+}
+
+TreeView::KeptBlocks::~KeptBlocks()
+{
+    for (auto const& [size, block] : m_blocks)
+        ::operator delete(block);
+}
+
+void* TreeView::KeptBlocks::do_allocate(std::size_t bytes, std::size_t)
+{
+    auto const kept = m_blocks.find(bytes);
+    if (kept == m_blocks.end())
+        return ::operator new(bytes);
+    return m_blocks.extract(kept).mapped();
+}
+
+void TreeView::KeptBlocks::do_deallocate(void* block, std::size_t bytes, std::size_t)
+{
+    m_blocks.emplace(bytes, block);
 }
 
 TreeView::TreeView(Form& form, Control& container, char const* name, Bounds bounds)
@@ -54,9 +80,15 @@ Node& TreeView::Add(Node& parent, TextView key, TextView text)
 
 TextView TreeView::Keep(TextView text)
 {
-    auto* const kept = static_cast<char16_t*>(m_content->memory.allocate(text.size() * sizeof(char16_t), alignof(char16_t)));
-    std::copy(text.begin(), text.end(), kept);
-    return { kept, text.size() };
+    auto& room = m_content->room;
+    if (room.size() < text.size()) {
+        auto const size = std::max(text.size(), textBlock);
+        room = { std::pmr::polymorphic_allocator<char16_t>(&m_content->memory).allocate(size), size };
+    }
+    auto const kept = room.first(text.size());
+    std::copy(text.begin(), text.end(), kept.begin());
+    room = room.subspan(text.size());
+    return { kept.data(), kept.size() };
 }
 
 Node& TreeView::Enter(Node* parent, TextView key, TextView text)
@@ -75,16 +107,18 @@ void TreeView::Clear()
 {
     m_selected = nullptr;
     ++m_revision;
-    if (!m_content->nodes.empty())
-        m_content = std::make_unique<Content>();
+    if (!m_content->nodes.empty()) {
+        m_content.reset();
+        m_content = std::make_unique<Content>(m_blocks);
+    }
     ContentChanged();
 }
 
 Node* TreeView::Find(TextView key) const
 {
-    auto& [memory, nodes, roots, byKey, indexed] = *m_content;
-    for (; indexed < nodes.size(); ++indexed)
-        byKey.insert(&nodes[indexed]);
+    auto& byKey = m_content->byKey;
+    for (auto& indexed = m_content->indexed; indexed < m_content->nodes.size(); ++indexed)
+        byKey.insert(&m_content->nodes[indexed]);
     auto const found = byKey.find(key);
     return found == byKey.end() ? nullptr : *found;
 }

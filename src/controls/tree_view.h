@@ -5,8 +5,10 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <memory_resource>
+#include <span>
 #include <unordered_set>
 #include <variant>
 #include <vector>
@@ -51,6 +53,8 @@ public:
 
 private:
     friend class TreeView;
+    template <class Value> void Set(Value& member, Value value);
+
     TreeView& m_tree;
     Node* m_parent;
     std::pmr::vector<Node*> m_children;
@@ -109,11 +113,33 @@ private:
         bool operator()(auto const& left, auto const& right) const { return KeyOf(left) == KeyOf(right); }
     };
 
-    /// All that Clear forgets. It only grows until then, so its memory comes in large pieces and goes at once.
+    /// Keeps the blocks that are given back, for the next content: a tree is often filled anew with nearly the same nodes, and
+    /// fresh memory from the system takes longer than filling it.
+    class KeptBlocks final : public std::pmr::memory_resource {
+    public:
+        ~KeptBlocks() override;
+
+    private:
+        void* do_allocate(std::size_t bytes, std::size_t alignment) override;
+        void do_deallocate(void* block, std::size_t bytes, std::size_t alignment) override;
+        bool do_is_equal(std::pmr::memory_resource const& other) const noexcept override { return this == &other; }
+
+        std::multimap<std::size_t, void*> m_blocks; // by size in bytes
+    };
+
+    /// All that Clear forgets. It only grows until then, so its memory comes in large pieces and goes at once: the nodes have
+    /// nothing outside it and are not destroyed one by one.
     struct Content {
+        explicit Content(KeptBlocks& blocks)
+            : memory(&blocks)
+        {
+        }
+
         std::pmr::monotonic_buffer_resource memory;
-        std::pmr::deque<Node> nodes { &memory };
-        std::pmr::vector<Node*> roots { &memory };
+        std::span<char16_t> room; // for the next texts
+        std::pmr::polymorphic_allocator<> allocator { &memory };
+        std::pmr::deque<Node>& nodes = *allocator.new_object<std::pmr::deque<Node>>();
+        std::pmr::vector<Node*>& roots = *allocator.new_object<std::pmr::vector<Node*>>();
         std::unordered_set<Node*, KeyHash, SameKey> byKey; // of the first `indexed` nodes: brought up to date by Find
         std::size_t indexed = 0;
     };
@@ -121,7 +147,8 @@ private:
     Node& Enter(Node* parent, TextView key, TextView text);
     TextView Keep(TextView text);
 
-    std::unique_ptr<Content> m_content = std::make_unique<Content>();
+    KeptBlocks m_blocks;
+    std::unique_ptr<Content> m_content = std::make_unique<Content>(m_blocks);
     Node* m_selected = nullptr;
     unsigned m_revision = 0;
 };

@@ -7,23 +7,22 @@
 
 namespace {
 
-using Alphabet = std::array<unsigned char, 256>;
+using Alphabet = std::array<char16_t, 256>;
 
 /// What each byte of a scrambled body stands for, given the byte that ends the line. Outside a to z
 /// the remainder takes the sign of the dividend, and what comes out may be no letter.
-constexpr Alphabet AlphabetOf(int shiftLetter)
+Alphabet AlphabetOf(int shiftLetter)
 {
-    Alphabet alphabet {};
-    for (int byte = 0; byte < 256; ++byte) {
-        bool const shifted = IsLowerLetter(static_cast<char16_t>(byte));
-        auto const decoded = shifted ? 97 + ((byte - 97) - (shiftLetter - 97) + 26) % 26 : byte;
-        alphabet[static_cast<std::size_t>(byte)] = static_cast<unsigned char>(decoded);
-    }
+    Alphabet alphabet;
+    std::copy_n(codePageCharacters, alphabet.size(), alphabet.begin());
+    for (int letter = 'a'; letter <= 'z'; ++letter)
+        alphabet[static_cast<std::size_t>(letter)]
+            = static_cast<char16_t>(97 + ((letter - 97) - (shiftLetter - 97) + 26) % 26);
     return alphabet;
 }
 
-constexpr auto letterAlphabets = [] {
-    std::array<Alphabet, 26> alphabets {};
+auto const letterAlphabets = [] {
+    std::array<Alphabet, 26> alphabets;
     for (int i = 0; i < 26; ++i)
         alphabets[static_cast<std::size_t>(i)] = AlphabetOf('a' + i);
     return alphabets;
@@ -52,18 +51,12 @@ bool IsTidyBlock(char const* block)
 /// True if tidying would change nothing; may be false without a reason.
 bool IsTidy(std::string_view bytes)
 {
-    if (bytes.empty())
-        return true;
-    auto const last = bytes.size() - 1;
-    bool tidy = !MayBeUntidy(bytes[last], '\0');
-    std::size_t at = 0;
-    for (; at + blockSize <= last; at += blockSize)
-        tidy = tidy && IsTidyBlock(bytes.data() + at);
-    if (last >= blockSize) // The last block may see some bytes again.
-        return tidy && IsTidyBlock(bytes.data() + last - blockSize);
-    for (; at < last; ++at)
-        tidy = tidy && !MayBeUntidy(bytes[at], bytes[at + 1]);
-    return tidy;
+    for (; bytes.size() > blockSize; bytes.remove_prefix(blockSize))
+        if (!IsTidyBlock(bytes.data()))
+            return false;
+    char last[blockSize + 1] {};
+    std::copy(bytes.begin(), bytes.end(), last);
+    return IsTidyBlock(last);
 }
 
 enum class Blanks { Single, All };
@@ -110,36 +103,33 @@ void TrimInPlace(Text& text)
         text.erase(0, text.find_first_not_of(u' '));
 }
 
-/// Appends the text of bytes, tidied. `withPrevious` begins one byte earlier where there is one.
-void AppendTidied(Text& line, std::string_view bytes, std::string_view withPrevious, Blanks blanks)
-{
-    auto const from = line.size();
-    AppendFromCodePage(line, bytes);
-    if (!IsTidy(withPrevious))
-        Tidy(line, from, blanks);
-}
-
 /// Appends a scrambled body's text, tidied, with a turn for each byte unless `turns` is null. It
-/// goes by stretches that stay in the cache and end where a turn is due.
+/// goes by stretches that end where a turn is due.
 void AppendBody(
     Text& line, std::string_view body, Alphabet const& alphabet, Blanks blanks, Turns* turns)
 {
-    std::array<char, 512> decoded;
     for (std::size_t at = 0; at < body.size();) {
-        auto count = std::min(body.size() - at, decoded.size());
+        auto count = body.size() - at;
         if (turns)
             count = static_cast<std::size_t>(std::min<Turns::Count>(count, turns->UntilDue()));
-        std::transform(
-            body.begin() + at, body.begin() + at + count, decoded.begin(), [&](char byte) {
-                return static_cast<char>(alphabet[static_cast<unsigned char>(byte)]);
-            });
-        auto const before = std::min<std::size_t>(at, 1);
-        AppendTidied(
-            line, { decoded.data(), count }, body.substr(at - before, count + before), blanks);
+        auto const from = line.size();
+        line.resize(from + count);
+        std::transform(body.data() + at, body.data() + at + count, line.data() + from,
+            [&](char byte) { return alphabet[static_cast<unsigned char>(byte)]; });
+        auto const before = std::min<std::size_t>(at, 1); // A pair may lie across two stretches.
+        if (!IsTidy(body.substr(at - before, before + count)))
+            Tidy(line, from, blanks);
         at += count;
         if (turns)
             turns->GiveMany(count);
     }
+}
+
+void AppendPlain(Text& line, std::string_view raw, Blanks blanks)
+{
+    AppendFromCodePage(line, raw);
+    if (!IsTidy(raw))
+        Tidy(line, 0, blanks);
 }
 
 /// Makes the line the text of the raw line, tidied. `turns` may be null.
@@ -147,7 +137,7 @@ void Decode(std::string_view raw, Blanks blanks, Turns* turns, Text& line)
 {
     line.clear();
     if (!raw.starts_with('!'))
-        return AppendTidied(line, raw, raw, blanks);
+        return AppendPlain(line, raw, blanks);
     if (raw.size() < 3)
         return;
     auto const body = raw.substr(1, raw.size() - 2);
