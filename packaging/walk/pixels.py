@@ -4,12 +4,17 @@ import os
 import subprocess
 
 
-def grab(folder, x, y, width, height):
-    """A part of the screen as rows of (red, green, blue)."""
+def picture_of(folder, x, y, width, height):
+    """A part of the screen as a binary PPM picture."""
     file = os.path.join(folder, "grab.ppm")
     subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage", "-depth", "8", file], check=True)
     with open(file, "rb") as picture:
-        magic, size, depth, body = picture.read().split(b"\n", 3)
+        return picture.read()
+
+
+def grab(folder, x, y, width, height):
+    """A part of the screen as rows of (red, green, blue)."""
+    magic, size, depth, body = picture_of(folder, x, y, width, height).split(b"\n", 3)
     assert magic == b"P6" and depth == b"255"
     width, height = map(int, size.split())
     return [[tuple(body[at:at + 3]) for at in range(3 * width * row, 3 * width * (row + 1), 3)] for row in range(height)]
