@@ -22,7 +22,7 @@ import tempfile
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
 import two_copies  # noqa: E402
 import walk  # noqa: E402
-from person import Memory, Person  # noqa: E402
+from writer import Memory, Writer  # noqa: E402
 from program import NOTES, Ended, Fault, Program, note_forms, stored_answers  # noqa: E402
 
 ERRORS = ("enospc", "eio", "erofs", "short", "full")
@@ -63,7 +63,7 @@ def begin(bench, folder, start):
     user.mkdir()
     if start == "used":
         program = bench.program(user)
-        walk.earlier(Person(program, memory))
+        walk.earlier(Writer(program, memory))
         expect_end(program, 0)
     return user, memory
 
@@ -78,7 +78,7 @@ def check(bench, user, memory, after_kill):
     """Starts again without faults: every word must be there, on the screen and in the files."""
     program = bench.program(user)
     try:
-        person = Person(program, Memory(), strict=False)  # with no part in what is remembered
+        person = Writer(program, Memory(), strict=False)  # with no part in what is remembered
         person.enter()
         if person.messages or (messages := program.do("messages")["messages"]):
             raise Fault(f"the next start says {messages}")
@@ -117,7 +117,7 @@ def one_run(bench, mode, at, start, show=False):
         user, memory = begin(bench, folder, start)
         log = folder / "log"
         program = bench.program(user, bench.environment(user, log, mode, at))
-        person = Person(program, memory, strict=at == 0 or mode in KILLS)
+        person = Writer(program, memory, strict=at == 0 or mode in KILLS)
         try:
             walk.walk(person)
             status, said = program.end()

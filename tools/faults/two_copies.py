@@ -5,7 +5,7 @@ import pathlib
 import random
 import tempfile
 
-from person import Memory, Person
+from writer import Memory, Writer
 from program import Fault, stored
 
 LESSON = "mount-1.dat:1"
@@ -13,7 +13,7 @@ CHAPTERS = ("Jude 1", "Ruth 2", "2 John 1")
 STEPS = 60
 
 
-class Copy(Person):
+class Copy(Writer):
     """One of the two. Its box may show what the other has replaced since, so only the files are compared."""
 
     def __init__(self, program, memory, chance, name):

@@ -1,7 +1,7 @@
 """The walk during which the disk fails. Every kind of storing comes up: pages turned, saved, left for the catalogue and for the reader; answers
 deleted and written again; notes that code page 1252 can hold and others, each in the place of the other; the translation; the program's end.
 
-To extend it: take more steps of person.Person, which keep the memory of what is typed by themselves."""
+To extend it: take more steps of writer.Writer, which keep the memory of what is typed by themselves."""
 
 
 def earlier(person):

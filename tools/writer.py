@@ -36,7 +36,7 @@ class Box:
         self.control, self.place, self.text = control, place, text
 
 
-class Person:
+class Writer:
     """`strict`: the program must show exactly what is kept; otherwise the disk may fail, and a box may lack what couldn't be read."""
 
     def __init__(self, program, memory, strict=True):
