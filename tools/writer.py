@@ -80,6 +80,11 @@ class Writer:
         box.text = text
         self.do("type", box.control, text)
 
+    def wait_a_second(self, box):
+        """Long enough for the form's timer, which stores what has been typed."""
+        self.do("tick", box.control.split(".")[0] + ".tmrStore")
+        self.memory.left(box.place, box.text)
+
     # The start, and lessons.
 
     def enter(self):

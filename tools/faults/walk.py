@@ -28,6 +28,8 @@ def walk(person):
         person.next_page()
     person.go_to_page(2)
     person.answer_with(" more")
+    person.wait_a_second(person.answer)
+    person.answer_with(" and")
     person.save()
     person.answer_with(" yet")
     person.open_reader()
@@ -50,7 +52,11 @@ def walk(person):
 
 def notes(person):
     person.look_up("Jude 1")
-    person.write(person.note, " plain caf\u00e9")
+    person.write(person.note, " plain")
+    person.wait_a_second(person.note)
+    person.write(person.note, " caf\u00e9 \u03bb")
+    person.wait_a_second(person.note)
+    person.write(person.note, " behind")
     person.choose_translation(1)
     person.write(person.note, " more \u05d1\u05e8\u05d0")
     person.look_up("Ruth 2")
