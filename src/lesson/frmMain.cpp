@@ -82,7 +82,7 @@ void frmMain::Listen()
     Text3.LostFocus = [this] { Text3_LostFocus(); };
     Text3.Change = [this] { Text3_Change(); };
     Text3.Typed = [this] { StoreWhatIsTyped(); };
-    Text3.KeyDown = [this](int, int) { StatusBar1.Panel2 = u""; };
+    Text3.KeyDown = [this](int, int) { SaySaved(false); };
     tmrStore.Tick = [this] { tmrStore_Timer(); };
     Image1.Click = [this] { Image1_Click(); };
     Command1.Click = [this] { Command1_Click(); };
@@ -120,7 +120,7 @@ void frmMain::ShowLessonPage(int page)
     m_answerPage = ctlScrollbar.Value;
     Text3.Text = m_store.Fill(m_section, m_answerPage);
     StopStoring();
-    StatusBar1.Panel2 = u"";
+    SaySaved(false);
     if (!Visible)
         Show();
     Text3.Visible = true;
@@ -203,7 +203,15 @@ void frmMain::StoreAnswer()
 void frmMain::StoreWhatIsTyped()
 {
     tmrStore.Enabled = true;
-    StatusBar1.Panel2 = u"";
+    SaySaved(false);
+}
+
+/// Beside the caption of the progress, until the next key or page.
+void frmMain::SaySaved(bool isSaved)
+{
+    constexpr float progressCaption = 1800; // twips
+    StatusBar1.Panel1Width = isSaved ? progressCaption : 0;
+    StatusBar1.Panel2 = isSaved ? u"Saved" : u"";
 }
 
 void frmMain::StopStoring()
@@ -254,7 +262,7 @@ void frmMain::mnuFileSave_Click()
     auto const stored = m_store.Fill(m_section, m_answerPage);
     if (stored != Text3.Text())
         Text3.Text = stored;
-    StatusBar1.Panel2 = u"Saved";
+    SaySaved(true);
 }
 
 void frmMain::mnuFileClose_Click()
@@ -298,5 +306,5 @@ void frmMain::mnuEditDeleteLesson_Click()
         return;
     }
     Text3.Text = u"";
-    StatusBar1.Panel2 = u"";
+    SaySaved(false);
 }

@@ -83,6 +83,7 @@ private:
     void StoreAnswer();
     void StoreWhatIsTyped();
     void StopStoring();
+    void SaySaved(bool isSaved);
     void tmrStore_Timer();
     void EnableClipboardEntries(bool enabled);
 
