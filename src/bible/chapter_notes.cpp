@@ -93,8 +93,19 @@ static std::optional<Failure> Promote(FileSystem& files, Text const& path)
     return isPresent ? FailureOf(files.Write(Exact(path), *next)) : std::nullopt;
 }
 
+/// The folders of a path, where they are missing: what a full disk kept from being made, or has gone since.
+static void EnsureFolders(FileSystem& files, Text const& path)
+{
+    if (files.FolderExists(path.substr(0, path.rfind(u'\\'))))
+        return;
+    for (auto end = path.find(u'\\'); end != Text::npos; end = path.find(u'\\', end + 1))
+        if (Text const folder = path.substr(0, end); !files.FolderExists(folder))
+            static_cast<void>(files.CreateFolder(folder)); // Where that can't be, writing fails.
+}
+
 std::optional<Failure> ChapterNotes::Write(Text const& path, TextView text)
 {
+    EnsureFolders(m_files, path);
     if (m_unseen.contains(path)) {
         for (Text const& file : { path, Exact(path), Next(path) })
             if (m_files.FileExists(file))

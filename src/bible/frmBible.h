@@ -56,7 +56,6 @@ private:
     void ShowPage(TextView html);
     bool IsToGoOn() const;
     void EnsureFolder(TextView path);
-    void EnsureNotesFolder();
     Text NotesFolder() const;
     void SaveNotes(bool tell);
     void LoadNotes();

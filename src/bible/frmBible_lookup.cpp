@@ -101,16 +101,6 @@ void frmBible::EnsureFolder(TextView path)
         static_cast<void>(m_files.CreateFolder(path));
 }
 
-/// What couldn't be created when the form was loaded, or has gone since, is tried again with each saving.
-void frmBible::EnsureNotesFolder()
-{
-    auto const folder = NotesFolder();
-    if (m_files.FolderExists(folder))
-        return;
-    for (auto end = folder.find(u'\\'); end != Text::npos; end = folder.find(u'\\', end + 1))
-        EnsureFolder(folder.substr(0, end));
-}
-
 Text frmBible::NotesFolder() const
 {
     return driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes\\";
@@ -120,7 +110,6 @@ void frmBible::SaveNotes(bool tell)
 {
     if (!m_noteFile)
         return;
-    EnsureNotesFolder();
     if (txtNotes.Text() == m_keptNote) {
         m_notes.KeepPlace(*m_noteFile);
         return;
