@@ -3,6 +3,7 @@
 
     faults.py PROGRAMS DISC               a sample: one run of each kind, and two copies at once
     faults.py PROGRAMS DISC --all         each call in each mode, some 10,000 runs, and two copies 300 times over
+    faults.py PROGRAMS DISC --all --mode MODE         of these one mode
     faults.py PROGRAMS DISC --mode MODE --at K --start fresh|used [--show]      one run again, as a failure names it
 
 PROGRAMS is the folder with sparrowfield-drive and faults.so (build/dev/bin), DISC that of the disc (build/dev/disc). The modes stand in fault.h.
@@ -128,6 +129,8 @@ def one_run(bench, mode, at, start, show=False):
             if show:
                 print("\n".join(program.lines), *person.messages, sep="\n")
         calls = calls_in(log)
+        if show:
+            print("\n".join(" ".join(map(str, call)) for call in calls))
         hit = any(call[3] for call in calls)
         wanted = -signal.SIGKILL if hit and mode in KILLS else 0
         if status != wanted:
@@ -135,8 +138,6 @@ def one_run(bench, mode, at, start, show=False):
         # A disk that is full until the program ends: what came last is lost, and no promise says otherwise.
         if mode != "full" or len(calls) > at + 2 * FULL_FOR:
             check(bench, user, memory, mode in KILLS)
-        if show:
-            print("\n".join(" ".join(map(str, call)) for call in calls))
         return calls
 
 
@@ -189,13 +190,13 @@ def main():
     if options.copies_seed is not None:
         two_copies.run(bench, options.copies_seed)
         return
-    if options.mode:
+    if options.mode and not options.all:
         one_run(bench, options.mode, options.at, options.start, options.show)
         print("no word is lost")
         return
 
     runs = [run for start in ("fresh", "used") for run in plan(bench, start)]
-    runs = [run for run, _ in runs] if options.all else sample(runs)
+    runs = [run for run, _ in runs if options.mode in ("", run[0])] if options.all else sample(runs)
     faults = []
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         for fault in pool.map(lambda run: attempt(bench, run), runs):
