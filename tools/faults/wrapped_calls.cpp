@@ -94,6 +94,8 @@ mode_t Permissions(int flags, std::va_list words)
 } // namespace
 
 extern "C" {
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): those of the C library are
+// reserved.
 
 int open(char const* path, int flags, ...)
 {
@@ -268,4 +270,5 @@ int close(int file)
         EndProcess();
     return fault == Fault::Fails ? Failed<int>(error) : result;
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 }
