@@ -72,11 +72,11 @@ int main(int count, char** arguments)
     Disc const disc(DiscFolder(count, arguments));
     for (Passage const& passage : { john3, psalms }) {
         std::string const name = passage.name;
-        RegisterFew(name, Page, disc, passage);
-        RegisterFew(name + ", floor", PageFloor, disc, passage);
+        RegisterShort(name, Page, disc, passage);
+        RegisterShort(name + ", floor", PageFloor, disc, passage);
     }
-    RegisterFew("CStringBuilder", Builder);
-    RegisterFew("std::u16string", PlainString);
+    RegisterShort("CStringBuilder", Builder);
+    RegisterShort("std::u16string", PlainString);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.PrintTime(john3.name, john3AtMost);

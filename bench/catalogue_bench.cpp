@@ -163,8 +163,8 @@ int main(int count, char** words)
     }
     Bench bench;
     benchmark::Initialize(&count, words);
-    RegisterFew("floor: the heads", ReadHeads);
-    RegisterFew("the catalogue", [&](benchmark::State& state) { LoadCatalogue(state, bench); });
+    RegisterShort("floor: the heads", ReadHeads);
+    RegisterShort("the catalogue", [&](benchmark::State& state) { LoadCatalogue(state, bench); });
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.PrintRatio("the catalogue", "floor: the heads", atMost);

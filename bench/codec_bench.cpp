@@ -107,19 +107,19 @@ int main(int count, char** arguments)
         runs[name + std::string(" 100,000")] = Repeated(part, 100'000);
     }
     auto const lines = ScrambledLines();
-    RegisterFew("scrambled lines", Lines, lines);
-    RegisterFew("scrambled lines, floor", LinesFloor, lines);
+    RegisterShort("scrambled lines", Lines, lines);
+    RegisterShort("scrambled lines, floor", LinesFloor, lines);
     for (auto const& [name, line] : longLines) {
-        RegisterFew(name, OneLine, line);
-        RegisterFew(name + ", floor", OneLineFloor, line);
+        RegisterShort(name, OneLine, line);
+        RegisterShort(name + ", floor", OneLineFloor, line);
     }
     for (auto const& [name, line] : runs)
-        RegisterFew(name, OneLine, line);
+        RegisterShort(name, OneLine, line);
     auto const prose = Prose(10'000);
-    RegisterFew("book names, none", Names, FromCodePage(prose));
-    RegisterFew("book names, none, floor", OneLineFloor, prose);
+    RegisterShort("book names, none", Names, FromCodePage(prose));
+    RegisterShort("book names, none, floor", OneLineFloor, prose);
     auto const references = Repeated("see Jn. 3 ", 1'000);
-    RegisterFew("book names, many", Names, FromCodePage(references));
+    RegisterShort("book names, many", Names, FromCodePage(references));
 
     benchmark::Initialize(&count, arguments);
     RatioReporter reporter;

@@ -136,8 +136,8 @@ int main(int count, char** arguments)
     fs::create_directory(folder);
     BenchDisc(count > 1 ? arguments[1] : SPARROWFIELD_SOURCE_DIR "/build/exports", folder);
     WriteLargeStudy(folder);
-    RegisterFew("check of a 10 MB study", Check, folder / "large-1.dat");
-    RegisterFew("check of a 10 MB study, floor", CheckFloor, folder / "large-1.dat");
+    RegisterShort("check of a 10 MB study", Check, folder / "large-1.dat");
+    RegisterShort("check of a 10 MB study, floor", CheckFloor, folder / "large-1.dat");
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("(the check reads the other part's list of lessons too)\n");

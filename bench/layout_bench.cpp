@@ -117,10 +117,10 @@ int main(int count, char** arguments)
     fs::create_directories(folder / "user");
     fs::current_path(folder);
     WriteDisc();
-    RegisterFew("five panels at 3840x2160", Repaint);
-    RegisterFew("five panels at 3840x2160, floor", RepaintFloor);
-    RegisterFew("a resize step at 1920x1080", ResizeStep);
-    RegisterFew("a map is arranged", ArrangeMapView);
+    RegisterShort("five panels at 3840x2160", Repaint);
+    RegisterShort("five panels at 3840x2160, floor", RepaintFloor);
+    RegisterShort("a resize step at 1920x1080", ResizeStep);
+    RegisterShort("a map is arranged", ArrangeMapView);
     benchmark::Initialize(&count, arguments);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

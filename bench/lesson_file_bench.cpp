@@ -105,10 +105,10 @@ int main(int count, char** arguments)
     RealFile const small("small_study-1.dat", Study(sizes[0]));
     RealFile const large("large_study-1.dat", Study(sizes[1]));
     std::printf("100 lessons: %zu bytes, 1,000 lessons: %zu bytes\n", small.Size(), large.Size());
-    RegisterFew("last of 100", LastLesson, std::cref(small), sizes[0]);
-    RegisterFew("last of 100, floor", Floor, std::cref(small));
-    RegisterFew("last of 1,000", LastLesson, std::cref(large), sizes[1]);
-    RegisterFew("last of 1,000, floor", Floor, std::cref(large));
+    RegisterShort("last of 100", LastLesson, std::cref(small), sizes[0]);
+    RegisterShort("last of 100, floor", Floor, std::cref(small));
+    RegisterShort("last of 1,000", LastLesson, std::cref(large), sizes[1]);
+    RegisterShort("last of 1,000, floor", Floor, std::cref(large));
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.PrintRatio("last of 100", "last of 100, floor", atMost);
     reporter.PrintRatio("last of 1,000", "last of 1,000, floor", atMost);

@@ -75,10 +75,10 @@ int main(int count, char** arguments)
         return 1;
     }
     std::printf("the library's text: %zu bytes for John 3, %zu for Psalms\n", chapter.size(), book.size());
-    RegisterFew("John 3", Page, disc, john3);
-    RegisterFew("John 3, library", Library, module, john);
-    RegisterFew("Psalms", Page, disc, psalms);
-    RegisterFew("Psalms, library", Library, module, psalter);
+    RegisterShort("John 3", Page, disc, john3);
+    RegisterShort("John 3, library", Library, module, john);
+    RegisterShort("Psalms", Page, disc, psalms);
+    RegisterShort("Psalms, library", Library, module, psalter);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.PrintGain("John 3", "John 3, library", john3AtLeast);

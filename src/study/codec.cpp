@@ -136,6 +136,7 @@ void AppendPlain(Text& line, std::string_view raw, Blanks blanks)
 void Decode(std::string_view raw, Blanks blanks, Turns* turns, Text& line)
 {
     line.clear();
+    line.reserve(raw.size());
     if (!raw.starts_with('!'))
         return AppendPlain(line, raw, blanks);
     if (raw.size() < 3)
