@@ -1,5 +1,5 @@
 """Two copies of the program on one user's folder, who answer the same lesson and write notes on the same chapters in turns. What stands at a place in
-the end is what was last written there by either: leaving a box that nobody touched never takes away what the other copy wrote."""
+the end is what was last written or saved there by either: leaving a box that nobody touched never takes away what the other copy wrote."""
 
 import pathlib
 import random
@@ -38,6 +38,11 @@ class Copy(Writer):
 
     def write_note(self):
         self.write(self.note, self.word())
+
+    def save(self):
+        """Stores what the box shows, also where the other copy has written since."""
+        super().save()
+        self.memory.left(self.answer.place, self.answer.text)
 
     def turn_page(self):
         self.go_to_page(self.chance.randint(1, 3))
