@@ -1,6 +1,7 @@
 """The program without a screen, run for the tools beside this file: one copy of it, asked a line at a time, and what its user's folder holds."""
 
 import json
+import os
 import pathlib
 import re
 import select
@@ -8,6 +9,8 @@ import sqlite3
 import subprocess
 
 NOTES = "drive_c/Program Files/Sparrowfield Interactive Software/notes"
+# Where the folders of the runs lie: in memory if that can be, since each storing is flushed.
+FOLDERS = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 PATIENCE = 60  # seconds; the slowest command takes a few under the sanitizers
 
 

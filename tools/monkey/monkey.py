@@ -20,7 +20,7 @@ import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
 from actions import Actions  # noqa: E402
-from program import Ended, Fault, Program, stored  # noqa: E402
+from program import FOLDERS, Ended, Fault, Program, stored  # noqa: E402
 
 Shown = collections.namedtuple("Shown", "place text has_focus")
 DELETE = ("click", "frmMain.mnuEditDeleteLesson")
@@ -29,7 +29,7 @@ DELETE = ("click", "frmMain.mnuEditDeleteLesson")
 def lesson_names(drive, disc):
     """The study keys of the lessons, by what the lesson screen shows of their titles."""
     names = {}
-    with tempfile.TemporaryDirectory() as user:
+    with tempfile.TemporaryDirectory(dir=FOLDERS) as user:
         program = Program(drive, disc, user)
         program.do("setting", "Parameters", "showhelp", "false")
         program.do("press", "frmSplash", 32)
@@ -149,7 +149,7 @@ class Monkey:
 
 
 def run(drive, disc, seed, count, lessons, show):
-    with tempfile.TemporaryDirectory() as user:
+    with tempfile.TemporaryDirectory(dir=FOLDERS) as user:
         monkey = Monkey(drive, disc, pathlib.Path(user), random.Random(seed), lessons)
         number = 0
         try:
