@@ -1,6 +1,7 @@
 """The program without a screen, run for the tools beside this file: one copy of it, asked a line at a time, and what its user's folder holds."""
 
 import json
+import os
 import pathlib
 import re
 import select
@@ -8,6 +9,8 @@ import sqlite3
 import subprocess
 
 NOTES = "drive_c/Program Files/Sparrowfield Interactive Software/notes"
+# Where the folders of the runs lie: in memory if that can be, since each storing is flushed.
+FOLDERS = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 PATIENCE = 60  # seconds; the slowest command takes a few under the sanitizers
 
 
@@ -24,31 +27,41 @@ class Program:
 
     def __init__(self, drive, disc, user, environment=None):
         self.lines = []  # what it was told
+        self.said = b""  # what it has said and nobody read yet
         self.process = subprocess.Popen([drive, "--app", disc, "--data", disc, "--user", str(user)], stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, env=environment)
+                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=environment)
 
     def ask(self, *words):
         """Gives a command without waiting for its answer."""
         line = " ".join(word if re.fullmatch(r"[A-Za-z0-9._:-]+", word) else json.dumps(word) for word in map(str, words))
         self.lines.append(line)
         try:
-            self.process.stdin.write(line + "\n")
+            self.process.stdin.write(line.encode() + b"\n")
             self.process.stdin.flush()
         except BrokenPipeError as error:
             raise Ended from error
 
     def answer(self):
-        if not select.select([self.process.stdout], [], [], PATIENCE)[0]:
-            raise Fault(f"{self.lines[-1]}: no answer in {PATIENCE} seconds")
-        line = self.process.stdout.readline()
-        if not line.endswith("\n"):
-            raise Ended
+        while b"\n" not in self.said:
+            if not select.select([self.process.stdout], [], [], PATIENCE)[0]:
+                raise Fault(f"{self.lines[-1]}: no answer in {PATIENCE} seconds")
+            block = os.read(self.process.stdout.fileno(), 1 << 20)
+            if not block:
+                raise Ended
+            self.said += block
+        line, _, self.said = self.said.partition(b"\n")
         return json.loads(line)
 
     def attempt(self, *words):
         """The answer, which may be a refusal."""
         self.ask(*words)
         return self.answer()
+
+    def attempt_all(self, *commands):
+        """The answers to several commands given at once, which spares waiting where other programs keep the machine busy."""
+        for command in commands:
+            self.ask(*command)
+        return [self.answer() for _ in commands]
 
     def do(self, *words):
         answer = self.attempt(*words)
@@ -69,7 +82,7 @@ class Program:
         except BrokenPipeError:
             pass
         try:
-            said = self.process.stderr.read()
+            said = self.process.stderr.read().decode(errors="replace")
             self.process.stdout.read()
             return self.process.wait(60), said
         finally:

@@ -24,7 +24,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
 import two_copies  # noqa: E402
 import walk  # noqa: E402
 from writer import Memory, Writer  # noqa: E402
-from program import NOTES, Ended, Fault, Program, note_forms, stored_answers  # noqa: E402
+from program import FOLDERS, NOTES, Ended, Fault, Program, note_forms, stored_answers  # noqa: E402
 
 ERRORS = ("enospc", "eio", "erofs", "short", "full")
 KILLS = ("kill-before", "kill-half", "kill-after")
@@ -113,7 +113,7 @@ def holds_words(memory, place, text):
 
 def one_run(bench, mode, at, start, show=False):
     """The calls that were counted. Raises a Fault if a word is lost."""
-    with tempfile.TemporaryDirectory() as folder:
+    with tempfile.TemporaryDirectory(dir=FOLDERS) as folder:
         folder = pathlib.Path(folder).resolve()
         user, memory = begin(bench, folder, start)
         log = folder / "log"

@@ -6,7 +6,7 @@ import random
 import tempfile
 
 from writer import Memory, Writer
-from program import Fault, stored
+from program import FOLDERS, Fault, stored
 
 LESSON = "mount-1.dat:1"
 CHAPTERS = ("Jude 1", "Ruth 2", "2 John 1")
@@ -53,7 +53,7 @@ class Copy(Writer):
 
 def run(bench, seed):
     chance = random.Random(seed)
-    with tempfile.TemporaryDirectory() as folder:
+    with tempfile.TemporaryDirectory(dir=FOLDERS) as folder:
         user = pathlib.Path(folder).resolve()
         # One truth of what is stored, and for each copy what its own boxes hold.
         sure = {}

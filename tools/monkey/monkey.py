@@ -20,7 +20,7 @@ import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
 from actions import Actions  # noqa: E402
-from program import Ended, Fault, Program, stored  # noqa: E402
+from program import FOLDERS, Ended, Fault, Program, stored  # noqa: E402
 
 Shown = collections.namedtuple("Shown", "place text has_focus")
 DELETE = ("click", "frmMain.mnuEditDeleteLesson")
@@ -29,7 +29,7 @@ DELETE = ("click", "frmMain.mnuEditDeleteLesson")
 def lesson_names(drive, disc):
     """The study keys of the lessons, by what the lesson screen shows of their titles."""
     names = {}
-    with tempfile.TemporaryDirectory() as user:
+    with tempfile.TemporaryDirectory(dir=FOLDERS) as user:
         program = Program(drive, disc, user)
         program.do("setting", "Parameters", "showhelp", "false")
         program.do("press", "frmSplash", 32)
@@ -62,19 +62,18 @@ class Monkey:
         self.held = {}  # of each box on show, what it held since it was filled
         self.look()
 
-    def look(self):
+    def look(self, forms=None):
         """Learns what is on show: the active form and the boxes."""
-        forms = self.program.do("forms")["forms"]
-        active = [form["name"] for form in forms if form["active"]]
-        self.form = active[0] if active else None
-        self.dump = self.program.do("dump", self.form) if active else None
+        forms = self.program.do("forms")["forms"] if forms is None else forms
+        self.form = next((form["name"] for form in forms if form["active"]), None)
+        wanted = [form["name"] for form in forms if form["name"] == self.form or (form["visible"] and form["name"] in ("frmMain", "frmBible"))]
+        dumps = dict(zip(wanted, self.program.attempt_all(*(("dump", name) for name in wanted))))
+        self.dump = dumps.get(self.form)
         self.boxes = {}
-        for form in forms:
-            if form["visible"] and form["name"] in ("frmMain", "frmBible"):
-                dump = self.dump if form["name"] == self.form else self.program.do("dump", form["name"])
-                box = self.answer_box(dump) if form["name"] == "frmMain" else self.note_box(dump)
-                if box:
-                    self.boxes[form["name"]] = box._replace(has_focus=box.has_focus and form["name"] == self.form)
+        for name, dump in dumps.items():
+            box = self.answer_box(dump) if name == "frmMain" else self.note_box(dump) if name == "frmBible" else None
+            if box:
+                self.boxes[name] = box._replace(has_focus=box.has_focus and name == self.form)
 
     def answer_box(self, dump):
         text = dump["controls"]["Text3"]
@@ -100,15 +99,15 @@ class Monkey:
             action = self.actions.make(self.program, self.form, self.dump)
         before = self.boxes
         try:
-            self.program.attempt(*action)
-            runs = self.program.do("running")["running"]
+            _, running, messages, forms = self.program.attempt_all(action, ("running",), ("messages",), ("forms",))
+            runs = running["running"]
         except Ended:
             runs = False
             if action[0] != "program-ends":
-                raise Fault(f"the program is gone: {self.program.process.stderr.read()}") from None
+                raise Fault(f"the program is gone: {self.program.end()[1]}") from None
         if runs:
-            self.expect_quiet()
-            self.look()
+            self.expect_quiet(messages["messages"])
+            self.look(forms["forms"])
         else:
             self.boxes = {}
             status, said = self.program.end()
@@ -118,8 +117,8 @@ class Monkey:
         if not runs:
             self.start()
 
-    def expect_quiet(self):
-        for message in self.program.do("messages")["messages"]:
+    def expect_quiet(self, messages):
+        for message in messages:
             if "settings.db" in message["text"] or "can't be" in message["text"]:
                 raise Fault(message["text"])
 
@@ -149,7 +148,7 @@ class Monkey:
 
 
 def run(drive, disc, seed, count, lessons, show):
-    with tempfile.TemporaryDirectory() as user:
+    with tempfile.TemporaryDirectory(dir=FOLDERS) as user:
         monkey = Monkey(drive, disc, pathlib.Path(user), random.Random(seed), lessons)
         number = 0
         try:
