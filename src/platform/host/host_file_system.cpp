@@ -52,13 +52,23 @@ struct OpenFile {
     std::uint64_t size; // bytes
 };
 
+/// True for the name of an entry of the current directory: taken exactly, it is its own place.
+bool IsBareName(TextView path)
+{
+    return !path.empty() && path != u"." && path != u".." && path.find_first_of(TextView(u"\\/:\0", 4)) == TextView::npos;
+}
+
 /// Opens a regular file; a pipe or a device would keep the program waiting.
 Outcome<OpenFile> OpenRegular(TextView path, fs::path const& drive)
 {
-    auto const place = PlaceOf(path, drive);
-    if (!place)
-        return NoSuchPlace(path);
-    Descriptor file(::open(place->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    static constexpr int mode = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+    Descriptor file(IsBareName(path) ? ::open(ToUtf8(path).c_str(), mode) : -1);
+    if (!file) {
+        auto const place = PlaceOf(path, drive);
+        if (!place)
+            return NoSuchPlace(path);
+        file = Descriptor(::open(place->c_str(), mode));
+    }
     struct stat status { };
     if (!file || ::fstat(file.Number(), &status) != 0)
         return SystemFailure(path);
@@ -251,19 +261,21 @@ Outcome<Done> HostFileSystem::Delete(TextView path)
 std::vector<Text> HostFileSystem::List(TextView pattern) const
 {
     Text const lower = ToLowerLatin(pattern);
-    std::vector<Text> names;
+    std::vector<std::pair<Text, Text>> found; // each in lower case and as it stands
     std::error_code error;
     fs::directory_iterator entries(".", error);
     for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
         Text name = FromUtf8(entries->path().filename().string());
+        Text key = ToLowerLatin(name);
         std::error_code unknown;
-        if (Matches(ToLowerLatin(name), lower) && entries->is_regular_file(unknown))
-            names.push_back(std::move(name));
+        if (Matches(key, lower) && entries->is_regular_file(unknown))
+            found.emplace_back(std::move(key), std::move(name));
     }
-    std::sort(names.begin(), names.end(), [](Text const& left, Text const& right) {
-        auto const a = ToLowerLatin(left), b = ToLowerLatin(right);
-        return a != b ? a < b : left < right;
-    });
+    std::sort(found.begin(), found.end());
+    std::vector<Text> names;
+    names.reserve(found.size());
+    for (auto& [key, name] : found)
+        names.push_back(std::move(name));
     return names;
 }
 
