@@ -121,10 +121,10 @@ def one_kill(drive, disc, user, stored, chance):
             break
     time.sleep(chance.uniform(0, 0.15))
     program.process.kill()
-    answers = program.process.stdout.read().splitlines()
+    answers = program.process.stdout.read().split(b"\n")[:-1]  # without one that was cut off
     program.process.wait()
     for answer in answers:
-        if "error" in answer:
+        if b"error" in answer:
             sys.exit(f"typing_kill: {answer}")
     done = len(answers)
     at_least = script.after[done - 1] if done else stored
