@@ -42,15 +42,15 @@ private:
 
 static void AddStudy(StudyHead const& head, std::function<void(CatalogueNode const&)> const& add)
 {
+    static NodeLook const lessonLook { 3, false, catalogueBackColor }, partLook { 0, false, catalogueBackColor };
     Text const& file = head.fileName;
-    add({ file, {}, head.title, 4, true, catalogueBackColor, head.description });
+    add({ 0, file, head.title, { 4, true, catalogueBackColor, head.description } });
     Changing lesson(file), caption(u"Lesson "), partOne(file + u":"), partTwo(PartTwoName(file) + u":");
     for (std::size_t i = 0; i < head.lessonTitles.size(); ++i) {
         Text const number = FromNumber(static_cast<std::int64_t>(i) + 1);
-        TextView const key = lesson.With(number);
-        add({ key, file, caption.With(number + u": ", head.lessonTitles[i]), 3 });
-        add({ partOne.With(number), key, u"Part One" });
-        add({ partTwo.With(number), key, u"Part Two" });
+        add({ 1, lesson.With(number), caption.With(number + u": ", head.lessonTitles[i]), lessonLook });
+        add({ 2, partOne.With(number), u"Part One", partLook });
+        add({ 2, partTwo.With(number), u"Part Two", partLook });
     }
 }
 

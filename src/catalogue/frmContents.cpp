@@ -64,22 +64,11 @@ void frmContents::Form_Load()
     FindControl("mnuHelpVideo")->Enabled = m_files.FileExists(m_files.ApplicationFolder() + u"\\sparrowfield.wmv");
     TreeView1.Clear();
     TreeView1.SetBackgroundColour(catalogueBackColor);
-    Node* last = nullptr;
-    BuildCatalogue(m_files, File1.List(), [&](CatalogueNode const& node) { last = AddNode(last, node); });
-}
-
-/// Adds a node behind the one added last, which is its parent or stands below it, and gives it.
-Node* frmContents::AddNode(Node* last, CatalogueNode const& node)
-{
-    Node* parent = last;
-    while (parent && !std::ranges::equal(parent->Key(), node.parentKey)) // several characters at once, as != doesn't
-        parent = parent->Parent();
-    Node& added = parent ? TreeView1.Add(*parent, node.key, node.text) : TreeView1.Add(node.key, node.text);
-    added.SetBold(node.bold);
-    added.SetBackColor(node.backColor);
-    added.SetImage(node.image);
-    added.SetTag(node.tag);
-    return &added;
+    Node* last[catalogueLevels] {};
+    BuildCatalogue(m_files, File1.List(), [&](CatalogueNode const& node) {
+        last[node.level] = node.level == 0 ? &TreeView1.Add(node.key, node.text, node.look)
+                                           : &TreeView1.Add(*last[node.level - 1], node.key, node.text, node.look);
+    });
 }
 
 /// Lengths are twips; a value used on the right is the one just set.

@@ -27,7 +27,6 @@ private:
     void KeepWithinLimits();
     void TreeView1_NodeClick(Node& node);
     void mnuFileExit_Click();
-    Node* AddNode(Node* last, CatalogueNode const& node);
     void ShowDescription(Node const& study);
     void OpenLesson(TextView studyKey);
 

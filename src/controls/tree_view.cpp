@@ -5,6 +5,9 @@
 /// Characters of the texts for which memory is taken at once.
 static constexpr std::size_t textBlock = 4096;
 
+/// Children for which memory is taken with the first.
+static constexpr std::size_t fewChildren = 2;
+
 void Node::SetExpanded(bool expanded)
 {
     Set(m_expanded, expanded);
@@ -68,35 +71,39 @@ TreeView::TreeView(Form& form, Control& container, char const* name, Bounds boun
 {
 }
 
-Node& TreeView::Add(TextView key, TextView text)
+char16_t* TreeView::TakeRoom(std::size_t size)
 {
-    return Enter(nullptr, key, text);
-}
-
-Node& TreeView::Add(Node& parent, TextView key, TextView text)
-{
-    return Enter(&parent, key, text);
+    auto& room = m_content->room;
+    if (room.size() < size) {
+        auto const taken = std::max(size, textBlock);
+        room = { std::pmr::polymorphic_allocator<char16_t>(&m_content->memory).allocate(taken), taken };
+    }
+    char16_t* const start = room.data();
+    room = room.subspan(size);
+    return start;
 }
 
 TextView TreeView::Keep(TextView text)
 {
-    auto& room = m_content->room;
-    if (room.size() < text.size()) {
-        auto const size = std::max(text.size(), textBlock);
-        room = { std::pmr::polymorphic_allocator<char16_t>(&m_content->memory).allocate(size), size };
-    }
-    auto const kept = room.first(text.size());
-    std::copy(text.begin(), text.end(), kept.begin());
-    room = room.subspan(text.size());
-    return { kept.data(), kept.size() };
+    if (text.empty())
+        return {};
+    char16_t* const kept = TakeRoom(text.size());
+    std::copy(text.begin(), text.end(), kept);
+    return { kept, text.size() };
 }
 
-Node& TreeView::Enter(Node* parent, TextView key, TextView text)
+Node& TreeView::Enter(Node* parent, TextView key, TextView text, NodeLook const& look)
 {
-    Node& node = m_content->nodes.emplace_back(*this, parent, &m_content->memory);
-    node.m_key = Keep(key);
-    node.m_text = Keep(text);
+    Node& node = m_content->nodes.Add(*this, parent, look);
+    char16_t* const texts = TakeRoom(key.size() + text.size());
+    std::copy(text.begin(), text.end(), std::copy(key.begin(), key.end(), texts));
+    node.m_texts = texts;
+    node.m_keySize = static_cast<std::uint32_t>(key.size());
+    node.m_captionSize = static_cast<std::uint32_t>(text.size());
+    node.m_tag = Keep(look.tag);
     auto& siblings = parent ? parent->m_children : m_content->roots;
+    if (siblings.empty())
+        siblings.reserve(fewChildren);
     node.m_row = static_cast<int>(siblings.size());
     siblings.push_back(&node);
     ContentChanged();

@@ -3,7 +3,7 @@
 
 #include "controls/picture.h"
 
-#include <deque>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -18,11 +18,19 @@ class TreeView;
 /// The picture of a node in the tree's image list: its place from 1, its key (a literal), or 0 for none.
 using NodeImage = std::variant<int, char const*>;
 
+/// What a node may be given when it is added.
+struct NodeLook {
+    NodeImage image = 0;
+    bool bold = false;
+    Colour backColor = 0xFFFFFF;
+    TextView tag = {};
+};
+
 /// A node of a tree. Its texts lie with the tree's.
 class Node {
 public:
-    TextView Key() const { return m_key; }
-    TextView Caption() const { return m_text; }
+    TextView Key() const { return { m_texts, m_keySize }; }
+    TextView Caption() const { return { m_texts + m_keySize, m_captionSize }; }
     /// Nothing for a node at the root.
     Node* Parent() const { return m_parent; }
     std::pmr::vector<Node*> const& Children() const { return m_children; }
@@ -44,10 +52,13 @@ public:
     void SetSelectedImage(NodeImage image);
 
     /// Made by its tree alone.
-    Node(TreeView& tree, Node* parent, std::pmr::memory_resource* memory)
+    Node(TreeView& tree, Node* parent, NodeLook const& look, std::pmr::memory_resource* memory)
         : m_tree(tree)
         , m_parent(parent)
         , m_children(memory)
+        , m_image(look.image)
+        , m_backColor(look.backColor)
+        , m_bold(look.bold)
     {
     }
 
@@ -58,12 +69,70 @@ private:
     TreeView& m_tree;
     Node* m_parent;
     std::pmr::vector<Node*> m_children;
-    TextView m_key, m_text, m_tag;
-    NodeImage m_image = 0, m_selectedImage = 0;
-    Colour m_backColor = 0xFFFFFF;
+    char16_t const* m_texts = nullptr; // the key and, right behind it, the caption
+    std::uint32_t m_keySize = 0, m_captionSize = 0; // characters
+    TextView m_tag;
+    NodeImage m_image, m_selectedImage = 0;
+    Colour m_backColor;
     int m_row = 0;
     bool m_expanded = false;
-    bool m_bold = false;
+    bool m_bold;
+};
+
+/// The nodes of a tree, in large blocks. They stay where they are, and are never destroyed: they have nothing outside the memory
+/// that they are given.
+class NodeList {
+public:
+    template <class List, class Value> class Iterator {
+    public:
+        Iterator(List& list, std::size_t place)
+            : m_list(list)
+            , m_place(place)
+        {
+        }
+        Value& operator*() const { return m_list[m_place]; }
+        Iterator& operator++()
+        {
+            ++m_place;
+            return *this;
+        }
+        bool operator==(Iterator const& other) const { return m_place == other.m_place; }
+
+    private:
+        List& m_list;
+        std::size_t m_place;
+    };
+
+    explicit NodeList(std::pmr::memory_resource& memory)
+        : m_memory(memory)
+        , m_blocks(&memory)
+    {
+    }
+
+    std::size_t size() const { return m_size; }
+    bool empty() const { return m_size == 0; }
+    Node& operator[](std::size_t place) { return m_blocks[place / blockSize][place % blockSize]; }
+    Node const& operator[](std::size_t place) const { return m_blocks[place / blockSize][place % blockSize]; }
+    auto begin() { return Iterator<NodeList, Node>(*this, 0); }
+    auto end() { return Iterator<NodeList, Node>(*this, m_size); }
+    auto begin() const { return Iterator<NodeList const, Node const>(*this, 0); }
+    auto end() const { return Iterator<NodeList const, Node const>(*this, m_size); }
+
+    Node& Add(TreeView& tree, Node* parent, NodeLook const& look)
+    {
+        if (m_size % blockSize == 0)
+            m_blocks.push_back(std::pmr::polymorphic_allocator<Node>(&m_memory).allocate(blockSize));
+        Node* const node = new (m_blocks.back() + m_size % blockSize) Node(tree, parent, look, &m_memory);
+        ++m_size;
+        return *node;
+    }
+
+private:
+    static constexpr std::size_t blockSize = 32;
+
+    std::pmr::memory_resource& m_memory;
+    std::pmr::vector<Node*> m_blocks;
+    std::size_t m_size = 0;
 };
 
 /// A node stays where it is in memory until the tree is cleared.
@@ -75,14 +144,14 @@ public:
     bool CanFocus() const override { return true; }
 
     /// Adds a node at the root, or as the last child of a node of this tree. Keys are meant to be unique.
-    Node& Add(TextView key, TextView text);
-    Node& Add(Node& parent, TextView key, TextView text);
+    Node& Add(TextView key, TextView text, NodeLook const& look = {}) { return Enter(nullptr, key, text, look); }
+    Node& Add(Node& parent, TextView key, TextView text, NodeLook const& look = {}) { return Enter(&parent, key, text, look); }
     void Clear();
     /// The first node with the key; nothing if there is none.
     Node* Find(TextView key) const;
     /// All nodes in the order in which they were added.
-    std::pmr::deque<Node> const& Nodes() const { return m_content->nodes; }
-    std::pmr::deque<Node>& Nodes() { return m_content->nodes; }
+    NodeList const& Nodes() const { return m_content->nodes; }
+    NodeList& Nodes() { return m_content->nodes; }
     std::pmr::vector<Node*> const& Roots() const { return m_content->roots; }
     Node* Selected() const { return m_selected; }
     void Select(Node* node);
@@ -137,14 +206,15 @@ private:
 
         std::pmr::monotonic_buffer_resource memory;
         std::span<char16_t> room; // for the next texts
-        std::pmr::polymorphic_allocator<> allocator { &memory };
-        std::pmr::deque<Node>& nodes = *allocator.new_object<std::pmr::deque<Node>>();
-        std::pmr::vector<Node*>& roots = *allocator.new_object<std::pmr::vector<Node*>>();
+        NodeList nodes { memory };
+        std::pmr::vector<Node*> roots { &memory };
         std::unordered_set<Node*, KeyHash, SameKey> byKey; // of the first `indexed` nodes: brought up to date by Find
         std::size_t indexed = 0;
     };
 
-    Node& Enter(Node* parent, TextView key, TextView text);
+    Node& Enter(Node* parent, TextView key, TextView text, NodeLook const& look);
+    /// Room for so many characters, until the tree is cleared.
+    char16_t* TakeRoom(std::size_t size);
     TextView Keep(TextView text);
 
     KeptBlocks m_blocks;
