@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-/// The survey takes so many bytes at once: few enough for a count of one byte, and a fixed number, so that the compiler counts
-/// several with one instruction.
+/// The survey takes so many bytes at once: few enough for a count of one byte, and a fixed number,
+/// so that the compiler counts several with one instruction.
 static constexpr std::size_t blockSize = 128;
 
 /// Adds what a block holds, the byte behind it known.

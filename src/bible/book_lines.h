@@ -1,10 +1,12 @@
 #pragma once
-// The lines of a book file, one after the other. What a line means is book_file.h's work and chapter_page.h's.
+// The lines of a book file, one after the other. What a line means is book_file.h's work and
+// chapter_page.h's.
 
 #include <string>
 #include <string_view>
 
-/// The lines, split at every line feed, without their carriage returns. The bytes outlive this object.
+/// The lines, split at every line feed, without their carriage returns. The bytes outlive this
+/// object.
 class BookLines {
 public:
     explicit BookLines(std::string_view bytes);
@@ -24,7 +26,8 @@ public:
     std::string_view Without(char character, std::string_view line);
 
 private:
-    /// What a file holds, found out in one pass, so that no line is searched for what the whole file lacks.
+    /// What a file holds, found out in one pass, so that no line is searched for what the whole
+    /// file lacks.
     struct Survey {
         int lineFeeds = 0;
         bool hasLoneReturns = false; // carriage returns that no line feed follows

@@ -1,7 +1,8 @@
 #pragma once
-// The reader's notes, a text file for each chapter in a folder of the user's, and the box in which one of them is typed. No note is
-// lost when the disk fails: what can't be written is kept here and tried again. The files of a note are note_file.h's work, the
-// rules stand in docs/formats/notes.md.
+// The reader's notes, a text file for each chapter in a folder of the user's, and the box in which
+// one of them is typed. No note is lost when the disk fails: what can't be written is kept here and
+// tried again. The files of a note are note_file.h's work, the rules stand in
+// docs/formats/notes.md.
 
 #include "base/failure.h"
 #include "platform/file_system.h"
@@ -21,19 +22,21 @@ public:
     {
     }
 
-    /// The text for the box of the note at a path, with CR LF line ends: one that waits to be written, else what the file holds;
-    /// empty if there is neither or it can't be read. It becomes the base of the box. A file that couldn't be read is
-    /// never overwritten: an empty text doesn't replace it, and for any other it is given another name first.
+    /// The text for the box of the note at a path, with CR LF line ends: one that waits to be
+    /// written, else what the file holds; empty if there is neither or it can't be read. It becomes
+    /// the base of the box. A file that couldn't be read is never overwritten: an empty text
+    /// doesn't replace it, and for any other it is given another name first.
     Text Fill(TextView path);
 
-    /// The user leaves the box with this text. It is written and becomes the base. A text that equals the base leaves the
-    /// file alone, be it another copy's now, but for what has gone of it: then it is written from the box. All that waits is tried
-    /// again. Gives the failure that the user is to be told: the first one since nothing waited. Where the user isn't to be
-    /// told now (`tell` false), he is at the next time.
+    /// The user leaves the box with this text. It is written and becomes the base. A text that
+    /// equals the base leaves the file alone, be it another copy's now, but for what has gone of
+    /// it: then it is written from the box. All that waits is tried again. Gives the failure that
+    /// the user is to be told: the first one since nothing waited. Where the user isn't to be told
+    /// now (`tell` false), he is at the next time.
     std::optional<Failure> Leave(TextView text, bool tell);
 
-    /// Hands a text that is being typed to the writer, by the rule of Leave, but waits for nothing. To be asked again as
-    /// long as that isn't over.
+    /// Hands a text that is being typed to the writer, by the rule of Leave, but waits for nothing.
+    /// To be asked again as long as that isn't over.
     TypedOutcome KeepTyped(TextView text);
 
     /// Tries to write all that waits, for the end of the program. Gives the first failure.

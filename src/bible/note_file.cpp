@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-// Each step of writing replaces one file, and after each the old note or the new one can be read whole: the exact text that
-// counts is the one whose nearest form the usual file holds.
+// Each step of writing replaces one file, and after each the old note or the new one can be read
+// whole: the exact text that counts is the one whose nearest form the usual file holds.
 static constexpr TextView exactEnding = u".utf8";
 static constexpr TextView nextEnding = u".utf8-next";
 
@@ -73,8 +73,8 @@ static std::optional<Failure> Drop(FileSystem& files, Text const& path)
     return files.LookFor(path) == Presence::Absent ? std::nullopt : FailureOf(files.Delete(path));
 }
 
-/// Where a power cut left the exact form of the present note in the second file alone, it moves to the first before the second is
-/// used again.
+/// Where a power cut left the exact form of the present note in the second file alone, it moves to
+/// the first before the second is used again.
 static std::optional<Failure> Promote(FileSystem& files, Text const& path)
 {
     if (!files.FileExists(Next(path)) || !files.FileExists(path))
@@ -89,7 +89,8 @@ static std::optional<Failure> Promote(FileSystem& files, Text const& path)
     return isPresent ? FailureOf(files.Write(Exact(path), *next)) : std::nullopt;
 }
 
-/// Makes the folders on the way to a file, from the top, if its own is missing. Where that fails, so does the writing.
+/// Makes the folders on the way to a file, from the top, if its own is missing. Where that fails,
+/// so does the writing.
 static void MakeFolders(FileSystem& files, TextView path)
 {
     auto const end = path.rfind(u'\\');

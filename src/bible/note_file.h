@@ -1,17 +1,20 @@
 #pragma once
-// The files of one note. A note that the code page can't hold stands in UTF-8 in a file of its own, and its nearest form in the
-// usual one (docs/formats/notes.md). Whatever fails on the way, the old note or the new one can be read whole.
+// The files of one note. A note that the code page can't hold stands in UTF-8 in a file of its own,
+// and its nearest form in the usual one (docs/formats/notes.md). Whatever fails on the way, the old
+// note or the new one can be read whole.
 
 #include "base/failure.h"
 #include "platform/file_system.h"
 
 #include <optional>
 
-/// The path of the note on a chapter: the folder (with a separator at its end), the book, the chapter as typed and ".dat".
-/// Nothing if such a file can't be: a part of a path, a character that names can't hold, "." or blanks at the ends.
+/// The path of the note on a chapter: the folder (with a separator at its end), the book, the
+/// chapter as typed and ".dat". Nothing if such a file can't be: a part of a path, a character that
+/// names can't hold, "." or blanks at the ends.
 std::optional<Text> NoteFile(TextView folder, TextView bookName, TextView chapter);
 
-/// The note at a path; empty if there is none. Fails also where it can't be told whether there is one.
+/// The note at a path; empty if there is none. Fails also where it can't be told whether there is
+/// one.
 Outcome<Text> ReadNote(FileSystem const& files, Text const& path);
 
 /// Writes a note; its folders are made if they are missing.
@@ -20,6 +23,7 @@ std::optional<Failure> WriteNote(FileSystem& files, Text const& path, TextView t
 /// Gives whatever stands in the places of the note's files other names.
 std::optional<Failure> SetNoteAside(FileSystem& files, Text const& path);
 
-/// Writes what is missing of a note that is on show and hasn't been changed: all of it if its file has gone, the exact form
-/// if only that has. A note that somebody else has put there stays. Fails silently.
+/// Writes what is missing of a note that is on show and hasn't been changed: all of it if its file
+/// has gone, the exact form if only that has. A note that somebody else has put there stays. Fails
+/// silently.
 void RestoreNote(FileSystem& files, Text const& path, TextView text);

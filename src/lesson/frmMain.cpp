@@ -199,7 +199,7 @@ void frmMain::StoreAnswer()
         OwnScreen().Message(failure->Message());
 }
 
-/// The user has changed the answer: it is stored a second later, however long he goes on.
+/// The user has changed the answer: it is stored one second later, even if the typing goes on.
 void frmMain::StoreWhatIsTyped()
 {
     tmrStore.Enabled = true;

@@ -24,7 +24,7 @@ public:
     virtual Outcome<std::size_t> Read(std::span<char> block) = 0;
 };
 
-/// Whether a file is at a path.
+/// Whether there is a file at a path.
 enum class Presence {
     There,
     Absent, ///< neither a file nor anything else

@@ -1,6 +1,6 @@
 #pragma once
-// A settings store beside which a writer is at work: everything that is asked of it comes behind what the writer was given
-// before, so the program sees one order of events.
+// A settings store beside which a writer is at work: everything that is asked of it comes behind
+// what the writer was given before, so the program sees one order of events.
 
 #include "platform/settings_store.h"
 #include "platform/writer.h"

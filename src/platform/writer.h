@@ -1,6 +1,7 @@
 #pragma once
-// Work on files and the settings store that is done behind the caller's back, so that a key that the user presses never
-// waits for the disk. All work is done in the order in which it was handed over.
+// Work on files and the settings store that is done behind the caller's back, so that a key that
+// the user presses never waits for the disk. All work is done in the order in which it was handed
+// over.
 
 #include "base/failure.h"
 
@@ -11,8 +12,9 @@ class Writer {
 public:
     virtual ~Writer() = default;
 
-    /// Does the work later, or at once. It may run on another thread: it uses nothing but files, the settings store and what
-    /// its owner leaves alone until IsIdle or Wait has told that it is done.
+    /// Does the work later, or at once. It may run on another thread: it uses nothing but files,
+    /// the settings store and what its owner leaves alone until IsIdle or Wait has told that it is
+    /// done.
     virtual void Later(std::function<void()> work) = 0;
     /// True if all work is done. Never waits.
     virtual bool IsIdle() const = 0;

@@ -14,9 +14,11 @@ AnswerStore::Key AnswerStore::PageKey(TextView section, int page)
     return { Text(section), u"Page" + FromNumber(page) };
 }
 
-Text AnswerStore::SectionOf(TextView studyKey, std::function<bool(TextView file)> const& isThere) const
+Text AnswerStore::SectionOf(
+    TextView studyKey, std::function<bool(TextView file)> const& isThere) const
 {
-    auto const page = m_settings.Read(studyKey, u"currentindex"); // which every lesson that was shown has
+    auto const page
+        = m_settings.Read(studyKey, u"currentindex"); // which every lesson that was shown has
     if (!page || *page)
         return Text(studyKey);
     auto const sections = m_settings.Sections();
@@ -24,7 +26,8 @@ Text AnswerStore::SectionOf(TextView studyKey, std::function<bool(TextView file)
         return Text(studyKey);
     std::vector<Text> alike;
     for (Text const& section : *sections)
-        if (ToLower(section) == ToLower(studyKey) && !isThere(TextView(section).substr(0, section.find(u':'))))
+        if (ToLower(section) == ToLower(studyKey)
+            && !isThere(TextView(section).substr(0, section.find(u':'))))
             alike.push_back(section);
     return alike.size() == 1 ? alike.front() : Text(studyKey);
 }
@@ -109,7 +112,8 @@ void AnswerStore::EnterIfMissing(Key const& key)
 {
     auto const stored = m_settings.Read(key.first, key.second);
     if (stored && !*stored)
-        static_cast<void>(m_settings.WriteAll({ { key.first, key.second, {} } }, SettingsStore::Existing::Stays));
+        static_cast<void>(
+            m_settings.WriteAll({ { key.first, key.second, {} } }, SettingsStore::Existing::Stays));
 }
 
 TypedOutcome AnswerStore::KeepTyped(TextView text)
@@ -177,7 +181,9 @@ void AnswerStore::Finish(Storing const& storing)
         unseen->second = storing.unseen;
     if (storing.failure)
         return;
-    m_known[storing.key] = storing.isBehindUnseen ? Joined(storing.unseen.value_or(Text()), storing.text) : storing.text;
+    m_known[storing.key] = storing.isBehindUnseen
+        ? Joined(storing.unseen.value_or(Text()), storing.text)
+        : storing.text;
     if (m_box && m_box->key == storing.key)
         m_box->base = storing.text;
     auto const pending = m_pending.find(storing.key);
@@ -221,7 +227,8 @@ void AnswerStore::SetCurrentPage(TextView section, TextView page)
     static_cast<void>(m_settings.Write(section, u"currentindex", page));
 }
 
-/// What is stored in a section, with the texts in its place that are newer: those that wait, and that in the box.
+/// What is stored in a section, with the texts in its place that are newer: those that wait, and
+/// that in the box.
 std::vector<SettingsStore::Entry> AnswerStore::WithNewer(
     std::vector<SettingsStore::Entry> stored, TextView section, TextView boxText) const
 {
@@ -248,7 +255,8 @@ std::vector<SettingsStore::Entry> AnswerStore::WithNewer(
 static bool HoldWords(std::vector<SettingsStore::Entry> const& entries)
 {
     return std::any_of(entries.begin(), entries.end(), [](auto const& entry) {
-        return entry.key.starts_with(u"Page") && entry.value.find_first_not_of(u" \t\r\n") != Text::npos;
+        return entry.key.starts_with(u"Page")
+            && entry.value.find_first_not_of(u" \t\r\n") != Text::npos;
     });
 }
 

@@ -1,4 +1,5 @@
-// Answers, and that none is lost when the store fails or another copy of the program writes into it.
+// Answers, and that none is lost when the store fails or another copy of the program writes into
+// it.
 
 #include "study/answer_store.h"
 
@@ -22,7 +23,10 @@ protected:
 
     /// What the store holds on a page; "(none)" for nothing.
     Text Stored(int page) const { return store.Value(lesson, u"Page" + FromNumber(page)); }
-    void Put(int page, TextView text) { ASSERT_TRUE(store.Write(lesson, u"Page" + FromNumber(page), text)); }
+    void Put(int page, TextView text)
+    {
+        ASSERT_TRUE(store.Write(lesson, u"Page" + FromNumber(page), text));
+    }
     Text Fill(int page) { return answers.Fill(lesson, page); }
     /// Goes to a page, makes this text of it and leaves it.
     std::optional<Failure> Answer(int page, TextView text)
@@ -57,31 +61,27 @@ TEST_F(AnswerStoreTest, KeepsAnswersAndThePageByLesson)
     EXPECT_EQ(answers.Fill(u"ruth-2.dat:1", 3), u"another");
 }
 
-/// What a box shows, what another copy does meanwhile, what the user makes of the box, and what is stored when it is left, and
-/// when it is saved by the menu instead.
+/// What a box shows, what another copy does meanwhile, what the user makes of the box, and what is
+/// stored when it is left, and when it is saved by the menu instead.
 TEST_F(AnswerStoreTest, ABoxIsStoredUnlessItIsLeftAsItWasFilled)
 {
     struct {
-        char const *shown, *others, *left, *stored, *saved; // "-": nothing is stored, or nothing happens
+        char const *shown, *others, *left, *stored,
+            *saved; // "-": nothing is stored, or nothing happens
     } const rows[] = {
-        { "-", "-", "", "", "" },
-        { "-", "-", "a", "a", "a" },
-        { "-", "theirs", "", "theirs", "" },
-        { "-", "theirs", "a", "a", "a" },
-        { "a", "-", "a", "a", "a" },
-        { "a", "-", "b", "b", "b" },
-        { "a", "-", "", "", "" },
-        { "a", "theirs", "a", "theirs", "a" },
-        { "a", "theirs", "b", "b", "b" },
-        { "a", "", "a", "", "a" },
-        { "a", "deleted", "a", "-", "a" },
-        { "a", "deleted", "b", "b", "b" },
+        { "-", "-", "", "", "" }, { "-", "-", "a", "a", "a" }, { "-", "theirs", "", "theirs", "" },
+        { "-", "theirs", "a", "a", "a" }, { "a", "-", "a", "a", "a" }, { "a", "-", "b", "b", "b" },
+        { "a", "-", "", "", "" }, { "a", "theirs", "a", "theirs", "a" },
+        { "a", "theirs", "b", "b", "b" }, { "a", "", "a", "", "a" },
+        { "a", "deleted", "a", "-", "a" }, { "a", "deleted", "b", "b", "b" },
         { "a", "deleted", "", "", "" },
-        { "two\nlines", "-", "two\r\nlines", "two\nlines", "two\r\nlines" }, // from elsewhere: a visit doesn't rewrite it
+        { "two\nlines", "-", "two\r\nlines", "two\nlines",
+            "two\r\nlines" }, // from elsewhere: a visit doesn't rewrite it
     };
     for (auto const& row : rows) {
         for (bool const byMenu : { false, true }) {
-            SCOPED_TRACE(std::string(row.shown) + ", " + row.others + ", " + row.left + (byMenu ? ", by menu" : ""));
+            SCOPED_TRACE(std::string(row.shown) + ", " + row.others + ", " + row.left
+                + (byMenu ? ", by menu" : ""));
             ASSERT_TRUE(store.DeleteSection(lesson, SettingsStore::NoBackup));
             if (*row.shown != '-')
                 Put(1, FromUtf8(row.shown));
@@ -90,7 +90,8 @@ TEST_F(AnswerStoreTest, ABoxIsStoredUnlessItIsLeftAsItWasFilled)
                 ASSERT_TRUE(store.DeleteSection(lesson, SettingsStore::NoBackup));
             else if (std::string(row.others) != "-")
                 Put(1, FromUtf8(row.others));
-            EXPECT_FALSE(byMenu ? answers.Save(FromUtf8(row.left)) : answers.Leave(FromUtf8(row.left)));
+            EXPECT_FALSE(
+                byMenu ? answers.Save(FromUtf8(row.left)) : answers.Leave(FromUtf8(row.left)));
             auto const* const expected = byMenu ? row.saved : row.stored;
             EXPECT_EQ(ToUtf8(Stored(1)), *expected == '-' ? "(none)" : expected);
         }
@@ -287,10 +288,12 @@ TEST_F(AnswerStoreTest, ALessonKeepsItsSectionWhenItsFileIsRenamedInCase)
     } const rows[] = {
         { "nothing stored", {}, {}, lesson },
         { "the exact one", { lesson, u"RUTH-1.dat:1" }, {}, lesson },
-        { "the only other", { u"RUTH-1.dat:1", u"RUTH-1.dat:2", u"job-1.dat:1" }, {}, u"RUTH-1.dat:1" },
+        { "the only other", { u"RUTH-1.dat:1", u"RUTH-1.dat:2", u"job-1.dat:1" }, {},
+            u"RUTH-1.dat:1" },
         { "of a study that is there", { u"RUTH-1.dat:1" }, { u"RUTH-1.dat" }, lesson },
         { "two others", { u"RUTH-1.dat:1", u"Ruth-1.dat:1" }, {}, lesson },
-        { "two, one of a study that is there", { u"RUTH-1.dat:1", u"Ruth-1.dat:1" }, { u"Ruth-1.dat" }, u"RUTH-1.dat:1" },
+        { "two, one of a study that is there", { u"RUTH-1.dat:1", u"Ruth-1.dat:1" },
+            { u"Ruth-1.dat" }, u"RUTH-1.dat:1" },
     };
     for (auto const& row : rows) {
         MemorySettingsStore settings;

@@ -1,5 +1,6 @@
 #pragma once
-// The one file in which all that a user has written is kept (docs/formats/backup.md), or what a deletion takes away.
+// The one file in which all that a user has written is kept (docs/formats/backup.md), or what a
+// deletion takes away.
 
 #include "base/failure.h"
 #include "platform/settings_store.h"
@@ -25,6 +26,8 @@ Outcome<Done> WriteBackup(UserWork const& work, std::filesystem::path const& fil
 /// whose names could lead out of their folder.
 Outcome<UserWork> ReadBackup(std::filesystem::path const& file);
 
-/// Writes what is about to be deleted into `before-delete-N.backup` in the folder, with a number above all that are there. Of
-/// these files only the last ten stay. Gives the failure if it couldn't be written.
-std::optional<Failure> WriteBackupBeforeDelete(UserWork const& work, std::filesystem::path const& folder);
+/// Writes what is about to be deleted into `before-delete-N.backup` in the folder, with a number
+/// above all that are there. Of these files only the last ten stay. Gives the failure if it
+/// couldn't be written.
+std::optional<Failure> WriteBackupBeforeDelete(
+    UserWork const& work, std::filesystem::path const& folder);

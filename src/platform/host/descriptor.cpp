@@ -138,7 +138,7 @@ Outcome<bool> CreateFile(
         isTaken = errno == EEXIST;
         if (errno != EINVAL && errno != ENOSYS)
             return false;
-        // A file system that can't rename in this way: a second name, where it has such, tells the same.
+        // Not every file system can rename in this way; a hard link fails likewise if the name is taken.
         bool const isMade = ::link(fresh, place.c_str()) == 0;
         isTaken = !isMade && errno == EEXIST;
         return isMade && ::unlink(fresh) == 0;

@@ -242,7 +242,7 @@ Outcome<Done> HostFileSystem::CreateFolder(TextView path)
     if (!place)
         return NoSuchPlace(path);
     auto const parent = place->parent_path();
-    std::error_code ignored; // What can't be made is told by what follows.
+    std::error_code ignored; // If this fails, so does what follows, with the reason.
     if (*place == m_folders.drive)
         fs::create_directories(parent, ignored);
     return MakeFolder(place->string(), parent.empty() ? "." : parent.string(), path);

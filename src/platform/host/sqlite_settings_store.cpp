@@ -182,7 +182,7 @@ private:
             if (IsDamage(code)) {
                 if (auto const failure = SetAside())
                     return *failure;
-            } else if (code != SQLITE_ERROR) { // which is what a store gives that was emptied while it was open
+            } else if (code != SQLITE_ERROR) { // the code for a store that was emptied while it was open
                 break;
             }
         }
@@ -195,7 +195,7 @@ private:
         if (m_database && HasMoved()) {
             Close();
             m_isSeenWhole = false;
-            m_report = Fail(u"it has gone, or another file has taken its place; what is on show is stored in the one that is there now");
+            m_report = Fail(u"it was removed or replaced by another file; what is on show has been stored in the present one");
         }
         int code = Open();
         if (code == SQLITE_OK)
@@ -219,7 +219,7 @@ private:
             return SQLITE_OK;
         // Made here, so that it is the user's own from the first moment. One that exists isn't
         // touched: closing it would drop the locks of every other connection within this process.
-        std::error_code ignored; // The reason is told by what follows.
+        std::error_code ignored; // If this fails, so does opening, with the reason.
         fs::create_directories(fs::absolute(m_file).parent_path(), ignored);
         Descriptor fresh(::open(m_file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
         m_systemError = fresh || errno == EEXIST ? 0 : errno;
@@ -230,7 +230,7 @@ private:
         int code = sqlite3_open_v2(m_file.c_str(), &m_database, SQLITE_OPEN_READWRITE, nullptr);
         if (code == SQLITE_OK) {
             sqlite3_busy_handler(m_database, &Connection::Wait, this);
-            // Of what a file brings along beside the table, nothing runs.
+            // Triggers and views that a file brings along are never run.
             sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
             sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
             code = Check();
@@ -261,7 +261,7 @@ private:
         // A database without tables that has pages may have lost them by damage: it isn't filled again.
         if (tables == 0 && pages == 0) {
             if (m_isSeenWhole)
-                m_report = Fail(u"it has been emptied; what is on show is stored in it anew");
+                m_report = Fail(u"it was emptied; what is on show has been stored in it again");
             SetUp();
             code = MakeStore(m_database);
             m_isSeenWhole = code == SQLITE_OK;

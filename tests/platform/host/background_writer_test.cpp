@@ -44,9 +44,19 @@ TEST(BackgroundWriter, EverythingAskedOfTheStoreComesBehindIt)
         [&] { EXPECT_EQ(**ordered.Read(u"s", u"k"), u"late"); },
         [&] { EXPECT_EQ(ordered.All()->size(), 1U); },
         [&] { EXPECT_EQ(ordered.Sections()->size(), 1U); },
-        [&] { EXPECT_TRUE(ordered.Write(u"s", u"k", u"last")); EXPECT_EQ(store.Value(u"s", u"k"), u"last"); },
-        [&] { EXPECT_TRUE(ordered.WriteAll({ { u"s", u"k", u"last" } }, SettingsStore::Existing::Stays)); EXPECT_EQ(store.Value(u"s", u"k"), u"late"); },
-        [&] { EXPECT_TRUE(ordered.DeleteSection(u"s", SettingsStore::NoBackup)); EXPECT_EQ(store.Value(u"s", u"k"), u"(none)"); },
+        [&] {
+            EXPECT_TRUE(ordered.Write(u"s", u"k", u"last"));
+            EXPECT_EQ(store.Value(u"s", u"k"), u"last");
+        },
+        [&] {
+            EXPECT_TRUE(
+                ordered.WriteAll({ { u"s", u"k", u"last" } }, SettingsStore::Existing::Stays));
+            EXPECT_EQ(store.Value(u"s", u"k"), u"late");
+        },
+        [&] {
+            EXPECT_TRUE(ordered.DeleteSection(u"s", SettingsStore::NoBackup));
+            EXPECT_EQ(store.Value(u"s", u"k"), u"(none)");
+        },
     };
     for (auto const& operation : operations) {
         writer.Later([&ordered] {
