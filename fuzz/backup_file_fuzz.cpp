@@ -4,8 +4,8 @@
 
 #include "base/code_page.h"
 #include "check.h"
-#include "kit/backup_file.h"
 #include "kit/kit_bench.h"
+#include "platform/host/backup_file.h"
 
 static bool IsSame(UserWork const& left, UserWork const& right)
 {

@@ -2,7 +2,7 @@
 // note on any chapter is a file of its folder, which a backup takes up.
 
 #include "base/code_page.h"
-#include "bible/chapter_notes.h"
+#include "bible/note_file.h"
 #include "check.h"
 #include "kit/user_work.h"
 #include "platform/host/path_rules.h"

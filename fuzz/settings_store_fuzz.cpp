@@ -43,19 +43,21 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t siz
     std::vector<Text> before;
     {
         SqliteSettingsStore store(file, std::chrono::milliseconds(50));
-        auto const report = store.OpeningReport();
-        auto const aside = FilesAside(folder.Path());
-        CHECK(aside.size() == (report ? 1u : 0u));
-        if (report) {
-            CHECK(!report->reason.empty());
-            CHECK(BehindHead(folder.Read(aside[0])) == BehindHead(bytes));
-        }
-        // The first may meet damage that the opening had no eye for.
-        for (int attempt = 0; attempt < 2; ++attempt)
-            if (auto const all = store.All())
-                before = ValuesOf(*all);
+        bool isSetAside = store.OpeningReport().has_value();
+        CHECK(FilesAside(folder.Path()).size() == (isSetAside ? 1u : 0u));
+        if (auto const all = store.All())
+            before = ValuesOf(*all);
+        isSetAside |= store.TakeReport().has_value();
         auto const written = store.Write(section, key, value);
         CHECK(written || !written.failure().reason.empty());
+        // Damage that only the write has met: the store is a new one.
+        if (store.TakeReport()) {
+            before.clear();
+            isSetAside = true;
+        }
+        auto const aside = FilesAside(folder.Path());
+        CHECK(aside.size() == (isSetAside ? 1u : 0u));
+        CHECK(aside.empty() || BehindHead(folder.Read(aside[0])) == BehindHead(bytes));
         if (!written)
             return 0;
     }
@@ -64,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t siz
     CHECK(read && *read && **read == value);
     auto const all = next.All();
     CHECK(all && ValuesOf(*all) == before);
-    CHECK(next.DeleteSection(section));
+    CHECK(next.DeleteSection(section, SettingsStore::NoBackup));
     auto const gone = next.Read(section, key);
     CHECK(gone && !*gone);
     return 0;

@@ -1,5 +1,7 @@
 #include "catalogue/catalogue_nodes.h"
 
+#include "catalogue/study_head.h"
+
 #include <utility>
 
 static constexpr TextView partOneEnd = u"-1.dat";
@@ -40,15 +42,15 @@ private:
 
 }
 
-static void AddStudy(StudyHead const& head, std::function<void(CatalogueNode const&)> const& add)
+static void AddStudy(StudyHead& head, Text const& file, std::function<void(CatalogueNode const&)> const& add)
 {
     static NodeLook const lessonLook { 3, false, catalogueBackColor }, partLook { 0, false, catalogueBackColor };
-    Text const& file = head.fileName;
-    add({ 0, file, head.title, { 4, true, catalogueBackColor, head.description } });
+    add({ 0, file, head.Title(), { 4, true, catalogueBackColor, head.Description() } });
     Changing lesson(file), caption(u"Lesson "), partOne(file + u":"), partTwo(PartTwoName(file) + u":");
-    for (std::size_t i = 0; i < head.lessonTitles.size(); ++i) {
-        Text const number = FromNumber(static_cast<std::int64_t>(i) + 1);
-        add({ 1, lesson.With(number), caption.With(number + u": ", head.lessonTitles[i]), lessonLook });
+    std::int64_t count = 0;
+    while (auto const title = head.NextLesson()) {
+        Text const number = FromNumber(++count);
+        add({ 1, lesson.With(number), caption.With(number + u": ", *title), lessonLook });
         add({ 2, partOne.With(number), u"Part One", partLook });
         add({ 2, partTwo.With(number), u"Part Two", partLook });
     }
@@ -58,6 +60,6 @@ void BuildCatalogue(FileSystem const& files, std::span<Text const> fileList,
     std::function<void(CatalogueNode const&)> const& add)
 {
     for (Text const& fileName : fileList)
-        if (auto const head = ReadStudyHead(files, fileName))
-            AddStudy(*head, add);
+        if (auto head = StudyHead::Open(files, fileName))
+            AddStudy(*head, fileName, add);
 }

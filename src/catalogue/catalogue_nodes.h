@@ -1,8 +1,8 @@
 #pragma once
 // The nodes of the catalogue's tree: study, lesson, and the two parts of a lesson.
 
-#include "catalogue/study_head.h"
 #include "controls/tree_view.h"
+#include "platform/file_system.h"
 
 #include <cstddef>
 #include <functional>

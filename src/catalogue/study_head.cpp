@@ -1,33 +1,42 @@
 #include "catalogue/study_head.h"
 
-#include "platform/text_lines.h"
 #include "study/codec.h"
 
 #include <algorithm>
 
-std::optional<StudyHead> ReadStudyHead(FileSystem const& files, TextView fileName)
+StudyHead::StudyHead(TextLines lines)
+    : m_lines(std::move(lines))
+{
+}
+
+std::optional<StudyHead> StudyHead::Open(FileSystem const& files, TextView fileName)
 {
     auto lines = TextLines::Open(files, fileName);
     if (!lines)
         return std::nullopt;
-    auto const next = [&]() -> std::optional<Text> {
-        auto const line = lines->NextBytes();
-        if (!line)
-            return std::nullopt;
-        return DecodeCatalogueLine(*line);
-    };
-    auto title = next();
-    auto description = next();
-    if (!title || !description)
+    std::optional<StudyHead> head = StudyHead(std::move(*lines));
+    if (!head->ReadLine(head->m_title) || !head->ReadLine(head->m_description))
         return std::nullopt;
-    std::replace(description->begin(), description->end(), u'/', u' ');
-    StudyHead head { Text(fileName), *std::move(title), *std::move(description), {} };
-    while (auto line = next()) {
-        if (line->ends_with(u'/'))
-            line->pop_back();
-        if (line->starts_with(u'-') || line->starts_with(u'>'))
-            break;
-        head.lessonTitles.push_back(*std::move(line));
-    }
+    std::replace(head->m_description.begin(), head->m_description.end(), u'/', u' ');
     return head;
+}
+
+bool StudyHead::ReadLine(Text& line)
+{
+    auto const bytes = m_lines.NextBytes();
+    if (bytes)
+        DecodeCatalogueLine(*bytes, line);
+    return static_cast<bool>(bytes);
+}
+
+std::optional<TextView> StudyHead::NextLesson()
+{
+    if (!ReadLine(m_lesson))
+        return std::nullopt;
+    TextView title = m_lesson;
+    if (title.ends_with(u'/'))
+        title.remove_suffix(1);
+    if (title.starts_with(u'-') || title.starts_with(u'>'))
+        return std::nullopt;
+    return title;
 }

@@ -2,18 +2,29 @@
 // The head of a study file, as the catalogue reads it: docs/formats/study-files.md.
 
 #include "base/text.h"
-#include "platform/file_system.h"
+#include "platform/text_lines.h"
 
 #include <optional>
-#include <vector>
 
-struct StudyHead {
-    Text fileName; ///< the bare name
-    Text title; ///< the first line, whole
-    Text description; ///< the second line, each "/" as a blank
-    std::vector<Text> lessonTitles;
+/// A study file open for its head: the title, the description, and the lessons one after the other. What is behind the head is
+/// never decoded.
+class StudyHead {
+public:
+    /// Nothing if the file can't be read or has fewer than two lines.
+    static std::optional<StudyHead> Open(FileSystem const& files, TextView fileName);
+
+    Text const& Title() const { return m_title; } ///< the first line, whole
+    Text const& Description() const { return m_description; } ///< the second line, each "/" as a blank
+
+    /// The title of the next lesson, valid until the next call. Nothing from the line on that begins with "-" or ">", or at the
+    /// end of the file.
+    std::optional<TextView> NextLesson();
+
+private:
+    explicit StudyHead(TextLines lines);
+    /// Reads the next line into `line`; false if there is none.
+    bool ReadLine(Text& line);
+
+    TextLines m_lines;
+    Text m_title, m_description, m_lesson;
 };
-
-/// Reads the head of a study file up to the line that begins with "-", and no further; the list of lessons also ends at a line
-/// that begins with ">" and at the file's end. Nothing if the file can't be read or has fewer than two lines.
-std::optional<StudyHead> ReadStudyHead(FileSystem const& files, TextView fileName);

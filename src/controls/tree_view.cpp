@@ -8,6 +8,8 @@ static constexpr std::size_t textBlock = 4096;
 /// Children for which memory is taken with the first.
 static constexpr std::size_t fewChildren = 2;
 
+std::pmr::vector<Node*> const Node::noNodes;
+
 void Node::SetExpanded(bool expanded)
 {
     Set(m_expanded, expanded);
@@ -23,9 +25,16 @@ void Node::SetBackColor(Colour colour)
     Set(m_backColor, colour);
 }
 
+Node::Further& Node::TakeFurther()
+{
+    if (!m_further)
+        m_further = m_tree.Make<Further>();
+    return *m_further;
+}
+
 void Node::SetTag(TextView tag)
 {
-    m_tag = m_tree.Keep(tag);
+    TakeFurther().tag = m_tree.Keep(tag);
 }
 
 void Node::SetImage(NodeImage image)
@@ -35,7 +44,7 @@ void Node::SetImage(NodeImage image)
 
 void Node::SetSelectedImage(NodeImage image)
 {
-    Set(m_selectedImage, image);
+    Set(TakeFurther().selectedImage, image);
 }
 
 /// Most of what a new node is given it has already, and the host needn't hear of that.
@@ -100,8 +109,11 @@ Node& TreeView::Enter(Node* parent, TextView key, TextView text, NodeLook const&
     node.m_texts = texts;
     node.m_keySize = static_cast<std::uint32_t>(key.size());
     node.m_captionSize = static_cast<std::uint32_t>(text.size());
-    node.m_tag = Keep(look.tag);
-    auto& siblings = parent ? parent->m_children : m_content->roots;
+    if (!look.tag.empty())
+        node.SetTag(look.tag);
+    if (parent && !parent->m_children)
+        parent->m_children = Make<std::pmr::vector<Node*>>(&m_content->memory);
+    auto& siblings = parent ? *parent->m_children : m_content->roots;
     if (siblings.empty())
         siblings.reserve(fewChildren);
     node.m_row = static_cast<int>(siblings.size());

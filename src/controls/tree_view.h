@@ -33,16 +33,16 @@ public:
     TextView Caption() const { return { m_texts + m_keySize, m_captionSize }; }
     /// Nothing for a node at the root.
     Node* Parent() const { return m_parent; }
-    std::pmr::vector<Node*> const& Children() const { return m_children; }
+    std::pmr::vector<Node*> const& Children() const { return m_children ? *m_children : noNodes; }
     /// The place among the children of its parent, or at the root, from 0.
     int Row() const { return m_row; }
 
     bool Expanded() const { return m_expanded; }
     bool Bold() const { return m_bold; }
     Colour BackColor() const { return m_backColor; }
-    TextView Tag() const { return m_tag; }
+    TextView Tag() const { return m_further ? m_further->tag : TextView(); }
     NodeImage const& Image() const { return m_image; }
-    NodeImage const& SelectedImage() const { return m_selectedImage; }
+    NodeImage SelectedImage() const { return m_further ? m_further->selectedImage : 0; }
 
     void SetExpanded(bool expanded);
     void SetBold(bool bold);
@@ -52,10 +52,9 @@ public:
     void SetSelectedImage(NodeImage image);
 
     /// Made by its tree alone.
-    Node(TreeView& tree, Node* parent, NodeLook const& look, std::pmr::memory_resource* memory)
+    Node(TreeView& tree, Node* parent, NodeLook const& look)
         : m_tree(tree)
         , m_parent(parent)
-        , m_children(memory)
         , m_image(look.image)
         , m_backColor(look.backColor)
         , m_bold(look.bold)
@@ -66,13 +65,23 @@ private:
     friend class TreeView;
     template <class Value> void Set(Value& member, Value value);
 
+    /// What few nodes have.
+    struct Further {
+        TextView tag;
+        NodeImage selectedImage = 0;
+    };
+    Further& TakeFurther();
+
+    static std::pmr::vector<Node*> const noNodes;
+
+    // A catalogue has tens of thousands of nodes, most of them leaves: filling the tree costs what its memory costs.
     TreeView& m_tree;
     Node* m_parent;
-    std::pmr::vector<Node*> m_children;
+    std::pmr::vector<Node*>* m_children = nullptr; // made with the first child
+    Further* m_further = nullptr; // made with the first of it
     char16_t const* m_texts = nullptr; // the key and, right behind it, the caption
     std::uint32_t m_keySize = 0, m_captionSize = 0; // characters
-    TextView m_tag;
-    NodeImage m_image, m_selectedImage = 0;
+    NodeImage m_image;
     Colour m_backColor;
     int m_row = 0;
     bool m_expanded = false;
@@ -122,7 +131,7 @@ public:
     {
         if (m_size % blockSize == 0)
             m_blocks.push_back(std::pmr::polymorphic_allocator<Node>(&m_memory).allocate(blockSize));
-        Node* const node = new (m_blocks.back() + m_size % blockSize) Node(tree, parent, look, &m_memory);
+        Node* const node = new (m_blocks.back() + m_size % blockSize) Node(tree, parent, look);
         ++m_size;
         return *node;
     }
@@ -213,6 +222,12 @@ private:
     };
 
     Node& Enter(Node* parent, TextView key, TextView text, NodeLook const& look);
+    /// An object that lives until the tree is cleared, and isn't destroyed then.
+    template <class Object, class... Arguments> Object* Make(Arguments&&... arguments)
+    {
+        auto* const room = std::pmr::polymorphic_allocator<Object>(&m_content->memory).allocate(1);
+        return new (room) Object(std::forward<Arguments>(arguments)...);
+    }
     /// Room for so many characters, until the tree is cleared.
     char16_t* TakeRoom(std::size_t size);
     TextView Keep(TextView text);

@@ -4,16 +4,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace {
 
-using Alphabet = std::array<char16_t, 256>;
-
-/// What each byte of a scrambled body stands for, given the byte that ends the line. Outside a to z
-/// the remainder takes the sign of the dividend, and what comes out may be no letter.
-Alphabet AlphabetOf(int shiftLetter)
+/// What each byte of a scrambled body stands for, given a byte at the end of the line that is no letter: outside a to z the
+/// remainder takes the sign of the dividend, and what comes out may be no letter.
+std::array<char16_t, 256> AlphabetOf(int shiftLetter)
 {
-    Alphabet alphabet;
+    std::array<char16_t, 256> alphabet;
     std::copy_n(codePageCharacters, alphabet.size(), alphabet.begin());
     for (int letter = 'a'; letter <= 'z'; ++letter)
         alphabet[static_cast<std::size_t>(letter)]
@@ -21,12 +21,62 @@ Alphabet AlphabetOf(int shiftLetter)
     return alphabet;
 }
 
-auto const letterAlphabets = [] {
-    std::array<Alphabet, 26> alphabets;
-    for (int i = 0; i < 26; ++i)
-        alphabets[static_cast<std::size_t>(i)] = AlphabetOf('a' + i);
-    return alphabets;
-}();
+/// The bytes that are shifted at once: a fixed number, so that the compiler shifts several with one instruction.
+constexpr std::size_t shiftedAtOnce = 16;
+
+/// Shifts back the letters a to z of a block by 0 to 25; all else stays.
+void ShiftBack(char const* block, std::uint8_t shift, char* to)
+{
+    std::uint8_t bytes[shiftedAtOnce];
+    std::memcpy(bytes, block, sizeof bytes);
+    for (std::uint8_t& byte : bytes) {
+        auto const letter = static_cast<std::uint8_t>(byte - 'a');
+        auto const back = static_cast<std::uint8_t>(letter - shift);
+        // Of the two, the one that didn't pass below zero is the smaller.
+        auto const inAlphabet = std::min(back, static_cast<std::uint8_t>(back + 26));
+        byte = letter < 26 ? static_cast<std::uint8_t>(inAlphabet + 'a') : byte;
+    }
+    std::memcpy(to, bytes, sizeof bytes);
+}
+
+/// The same for any number of bytes.
+void ShiftBackAll(std::string_view bytes, std::uint8_t shift, char* to)
+{
+    if (bytes.size() < shiftedAtOnce) {
+        char all[shiftedAtOnce] {}, shifted[shiftedAtOnce];
+        std::copy(bytes.begin(), bytes.end(), all);
+        ShiftBack(all, shift, shifted);
+        std::copy_n(shifted, bytes.size(), to);
+        return;
+    }
+    auto const last = bytes.size() - shiftedAtOnce;
+    for (std::size_t at = 0; at < last; at += shiftedAtOnce)
+        ShiftBack(bytes.data() + at, shift, to + at);
+    // The last block may shift some bytes again; that is quicker than the rest one by one.
+    ShiftBack(bytes.data() + last, shift, to + last);
+}
+
+void DescrambleLetters(std::string_view body, std::uint8_t shift, char16_t* to)
+{
+    std::array<char, 64 * shiftedAtOnce> letters;
+    while (!body.empty()) {
+        auto const part = body.substr(0, letters.size());
+        ShiftBackAll(part, shift, letters.data());
+        ConvertFromCodePage({ letters.data(), part.size() }, to);
+        to += part.size();
+        body.remove_prefix(part.size());
+    }
+}
+
+/// Descrambles a body whose line ends in this byte, one character for each byte.
+void Descramble(std::string_view body, unsigned char shiftLetter, char16_t* to)
+{
+    if (IsLowerLetter(shiftLetter))
+        return DescrambleLetters(body, static_cast<std::uint8_t>(shiftLetter - 'a'), to);
+    auto const alphabet = AlphabetOf(shiftLetter);
+    std::transform(body.begin(), body.end(), to,
+        [&](char byte) { return alphabet[static_cast<unsigned char>(byte)]; });
+}
 
 /// True if tidying may change a byte, given the one behind it. No letter is ever decoded into one
 /// of these, nor one of them into anything else.
@@ -51,12 +101,17 @@ bool IsTidyBlock(char const* block)
 /// True if tidying would change nothing; may be false without a reason.
 bool IsTidy(std::string_view bytes)
 {
-    for (; bytes.size() > blockSize; bytes.remove_prefix(blockSize))
-        if (!IsTidyBlock(bytes.data()))
+    if (bytes.size() <= blockSize) {
+        char all[blockSize + 1] {};
+        std::copy(bytes.begin(), bytes.end(), all);
+        return IsTidyBlock(all);
+    }
+    auto const last = bytes.size() - blockSize - 1;
+    for (std::size_t at = 0; at < last; at += blockSize)
+        if (!IsTidyBlock(bytes.data() + at))
             return false;
-    char last[blockSize + 1] {};
-    std::copy(bytes.begin(), bytes.end(), last);
-    return IsTidyBlock(last);
+    // The last block looks at some bytes again; that is quicker than copying the rest.
+    return IsTidyBlock(bytes.data() + last) && !MayBeUntidy(bytes.back(), '\0');
 }
 
 enum class Blanks { Single, All };
@@ -106,7 +161,7 @@ void TrimInPlace(Text& text)
 /// Appends a scrambled body's text, tidied, with a turn for each byte unless `turns` is null. It
 /// goes by stretches that end where a turn is due.
 void AppendBody(
-    Text& line, std::string_view body, Alphabet const& alphabet, Blanks blanks, Turns* turns)
+    Text& line, std::string_view body, unsigned char shiftLetter, Blanks blanks, Turns* turns)
 {
     for (std::size_t at = 0; at < body.size();) {
         auto count = body.size() - at;
@@ -114,8 +169,7 @@ void AppendBody(
             count = static_cast<std::size_t>(std::min<Turns::Count>(count, turns->UntilDue()));
         auto const from = line.size();
         line.resize(from + count);
-        std::transform(body.data() + at, body.data() + at + count, line.data() + from,
-            [&](char byte) { return alphabet[static_cast<unsigned char>(byte)]; });
+        Descramble(body.substr(at, count), shiftLetter, line.data() + from);
         auto const before = std::min<std::size_t>(at, 1); // A pair may lie across two stretches.
         if (!IsTidy(body.substr(at - before, before + count)))
             Tidy(line, from, blanks);
@@ -142,11 +196,7 @@ void Decode(std::string_view raw, Blanks blanks, Turns* turns, Text& line)
     if (raw.size() < 3)
         return;
     auto const body = raw.substr(1, raw.size() - 2);
-    auto const shiftLetter = static_cast<unsigned char>(raw.back());
-    if (IsLowerLetter(shiftLetter))
-        AppendBody(line, body, letterAlphabets[shiftLetter - 'a'], blanks, turns);
-    else
-        AppendBody(line, body, AlphabetOf(shiftLetter), blanks, turns);
+    AppendBody(line, body, static_cast<unsigned char>(raw.back()), blanks, turns);
 }
 
 } // namespace
@@ -165,9 +215,14 @@ Text DecodeLine(std::string_view raw, Turns& turns)
     return line;
 }
 
+void DecodeCatalogueLine(std::string_view raw, Text& line)
+{
+    Decode(raw, Blanks::All, nullptr, line);
+}
+
 Text DecodeCatalogueLine(std::string_view raw)
 {
     Text line;
-    Decode(raw, Blanks::All, nullptr, line);
+    DecodeCatalogueLine(raw, line);
     return line;
 }

@@ -25,8 +25,11 @@ void DecodeLine(std::string_view raw, Turns& turns, Text& line);
 /// The same, as a new text.
 Text DecodeLine(std::string_view raw, Turns& turns);
 
-/// Decodes one raw line for the catalogue: gives no turns, and keeps runs of blanks and the blanks
-/// at the ends.
+/// Decodes one raw line for the catalogue into `line`, whose memory is reused: gives no turns, and
+/// keeps runs of blanks and the blanks at the ends.
+void DecodeCatalogueLine(std::string_view raw, Text& line);
+
+/// The same, as a new text.
 Text DecodeCatalogueLine(std::string_view raw);
 
 /// Replaces abbreviated names of Bible books ("Jn.") by the full ones ("John"), anywhere in the
