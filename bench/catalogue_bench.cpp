@@ -54,7 +54,7 @@ public:
             return file.failure();
         return std::unique_ptr<InputFile>(std::make_unique<Input>(std::move(*file), bytes));
     }
-    Outcome<std::string> ReadAll(TextView path) const override { return m_files.ReadAll(path); }
+    Outcome<std::string> ReadAll(TextView path, std::uint64_t atMost) const override { return m_files.ReadAll(path, atMost); }
     Outcome<Done> Write(TextView path, std::string_view what) override { return m_files.Write(path, what); }
     Outcome<bool> Create(TextView path, std::string_view contents) override { return m_files.Create(path, contents); }
     Outcome<Done> WriteTemporary(TextView path, std::string_view what) override { return m_files.WriteTemporary(path, what); }

@@ -10,7 +10,7 @@
 static bool IsBook(std::optional<BookEntry> const& entry)
 {
     auto const chapters = entry ? ChaptersOf(*entry) : std::nullopt;
-    CHECK(!chapters || (*chapters >= 0 && *chapters <= INT16_MAX && !entry->name.empty()));
+    CHECK(!chapters || (*chapters >= 0 && !entry->name.empty()));
     return chapters.has_value();
 }
 

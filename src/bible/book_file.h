@@ -2,10 +2,14 @@
 // The text file of one book: verse records, each a verse line, any continuation lines and an empty line. Its form
 // and what a bad file gets stand in docs/formats/bible-files.md.
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+/// In bytes. A book of more counts as unreadable; the longest of the King James Version has 0.3 million.
+inline constexpr std::uint64_t largestBook = std::uint64_t { 8 } << 20;
 
 /// In code page 1252, as all texts of a book file.
 constexpr char paragraphMark = '\xB6';

@@ -1,7 +1,5 @@
 #include "bible/book_index.h"
 
-#include <cstdint>
-
 std::optional<BookEntry> ParseIndexLine(TextView line)
 {
     auto const fields = Split(line, u'|');
@@ -10,12 +8,12 @@ std::optional<BookEntry> ParseIndexLine(TextView line)
     return BookEntry { Text(fields[0]), Text(fields[1]) };
 }
 
-std::optional<int> ChaptersOf(BookEntry const& book)
+std::optional<std::int64_t> ChaptersOf(BookEntry const& book)
 {
     auto const count = ToInteger(book.chapterCount);
-    if (book.name.empty() || !count || *count < 0 || *count > INT16_MAX)
+    if (book.name.empty() || !count || *count < 0)
         return std::nullopt;
-    return static_cast<int>(*count);
+    return count;
 }
 
 BookSearch::BookSearch(TextView beginning)

@@ -4,7 +4,11 @@
 
 #include "base/text.h"
 
+#include <cstdint>
 #include <optional>
+
+/// In bytes. An index of more counts as unreadable.
+inline constexpr std::uint64_t largestIndex = std::uint64_t { 16 } << 20;
 
 struct BookEntry {
     Text name; ///< in its display spelling
@@ -15,9 +19,9 @@ struct BookEntry {
 /// another number of fields.
 std::optional<BookEntry> ParseIndexLine(TextView line);
 
-/// The number of chapters, 0 to 32,767; nothing for a line that is against the form of the index: without a name, or
+/// The number of chapters, 0 or more; nothing for a line that is against the form of the index: without a name, or
 /// with a count that is no such number. Such a line is no book, but counts in the numbering.
-std::optional<int> ChaptersOf(BookEntry const& book);
+std::optional<std::int64_t> ChaptersOf(BookEntry const& book);
 
 /// The search of a book by the beginning of its name, in any letter case, line by line of the index. The first book that
 /// fits wins; its whole name then takes the place of what was searched for.

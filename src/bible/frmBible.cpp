@@ -7,7 +7,14 @@
 #include "controls/screen.h"
 #include "platform/settings.h"
 
+#include <algorithm>
+#include <iterator>
+
 static constexpr TextView settingsSection = u"biblereader";
+
+// What the tree shows of an index: no Bible comes near it. What is left out is found all the same.
+static constexpr std::int64_t mostChapters = 999; // of a book
+static constexpr std::int64_t mostNodes = 20'000;
 
 static Text Capitals(TextView text)
 {
@@ -94,21 +101,22 @@ void frmBible::Form_Unload()
     static_cast<void>(m_files.Delete(pagePath));
 }
 
-/// The bytes of a data file. One that is missing comes into being empty, where that can be; one that can't be read counts as empty.
-std::string frmBible::ReadData(TextView path)
+/// The bytes of a data file. One that is missing comes into being empty, where that can be; one that can't be read, or is larger
+/// than `atMost`, counts as empty.
+std::string frmBible::ReadData(TextView path, std::uint64_t atMost)
 {
     if (m_files.LookFor(path) == Presence::Absent) {
         static_cast<void>(m_files.Create(path, {}));
         return {};
     }
-    auto bytes = m_files.ReadAll(path);
+    auto bytes = m_files.ReadAll(path, atMost);
     return bytes ? std::move(*bytes) : std::string();
 }
 
 /// Gives a turn before each line, and ends when the form is to go.
 void frmBible::ForEachIndexLine(std::function<void(TextView line)> const& take)
 {
-    Text const index = FromCodePage(ReadData(m_files.ApplicationFolder() + u"\\bible" + translation + u".idx"));
+    Text const index = FromCodePage(ReadData(m_files.ApplicationFolder() + u"\\bible" + translation + u".idx", largestIndex));
     TextView rest = index;
     while (!rest.empty()) {
         OwnScreen().OwnTurns().Give();
@@ -129,12 +137,13 @@ void frmBible::LoadBooks()
         auto const book = ParseIndexLine(line);
         auto const chapters = book ? ChaptersOf(*book) : std::nullopt;
         Text const key = book ? ToLower(book->name) : Text();
-        if (!chapters || TreeView1.Find(key))
+        if (!chapters || std::ssize(TreeView1.Nodes()) >= mostNodes || TreeView1.Find(key))
             return;
         Node& root = TreeView1.Add(key, book->name);
         root.SetImage("folder");
         root.SetSelectedImage("openfolder");
-        for (int number = 1; number <= *chapters; ++number)
+        auto const nodes = std::min({ *chapters, mostChapters, mostNodes - std::ssize(TreeView1.Nodes()) });
+        for (std::int64_t number = 1; number <= nodes; ++number)
             TreeView1.Add(root, key + u" " + FromNumber(number), u"Chapter " + FromNumber(number)).SetImage("book");
     });
 }

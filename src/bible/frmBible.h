@@ -30,6 +30,8 @@ public:
     int FindBook(Text& book);
     /// Fills the tree with the books of the translation.
     void LoadBooks();
+    /// Stores what has been typed into the note since the last store.
+    void StoreTyped() { tmrStore.Fire(); }
 
 private:
     void Form_Load() override;
@@ -49,7 +51,7 @@ private:
     void SetTranslation(TextView identifier);
     Text AboutTranslation() const;
     void UpdateChapterButtons();
-    std::string ReadData(TextView path);
+    std::string ReadData(TextView path, std::uint64_t atMost);
 
     // The lookup, the page and the notes, in frmBible_lookup.cpp.
     void cmdOkay_Click(); // "Find Verse"

@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "base/nearest_form.h"
 #include "base/rounding.h"
+#include "bible/book_file.h"
 #include "bible/chapter_page.h"
 #include "bible/frmBible.h"
 #include "bible/note_file.h"
@@ -63,7 +64,7 @@ bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
     chapter = wanted.chapter;
     verse = wanted.verse;
     auto const bookFile = ReadData(
-        m_files.ApplicationFolder() + u"\\" + translation + u"\\" + translation + FromNumber(bookNumber));
+        m_files.ApplicationFolder() + u"\\" + translation + u"\\" + translation + FromNumber(bookNumber), largestBook);
     PageListener listener;
     listener.begin = [this](int lastLine) {
         ProgressBar1.Min = 0;

@@ -42,24 +42,34 @@ private:
 
 }
 
-static void AddStudy(StudyHead& head, Text const& file, std::function<void(CatalogueNode const&)> const& add)
+/// No disc comes near it; a list of lessons without an end would take the memory of the whole machine.
+static constexpr std::int64_t mostLessons = 50'000;
+
+/// Gives the number of lessons, at most `most`.
+static std::int64_t AddStudy(StudyHead& head, Text const& file, std::int64_t most,
+    std::function<void(CatalogueNode const&)> const& add)
 {
     static NodeLook const lessonLook { 3, false, catalogueBackColor }, partLook { 0, false, catalogueBackColor };
     add({ 0, file, head.Title(), { 4, true, catalogueBackColor, head.Description() } });
     Changing lesson(file), caption(u"Lesson "), partOne(file + u":"), partTwo(PartTwoName(file) + u":");
     std::int64_t count = 0;
-    while (auto const title = head.NextLesson()) {
+    while (count < most) {
+        auto const title = head.NextLesson();
+        if (!title)
+            break;
         Text const number = FromNumber(++count);
         add({ 1, lesson.With(number), caption.With(number + u": ", *title), lessonLook });
         add({ 2, partOne.With(number), u"Part One", partLook });
         add({ 2, partTwo.With(number), u"Part Two", partLook });
     }
+    return count;
 }
 
 void BuildCatalogue(FileSystem const& files, std::span<Text const> fileList,
     std::function<void(CatalogueNode const&)> const& add)
 {
+    std::int64_t lessons = 0;
     for (Text const& fileName : fileList)
         if (auto head = StudyHead::Open(files, fileName))
-            AddStudy(*head, fileName, add);
+            lessons += AddStudy(*head, fileName, mostLessons - lessons, add);
 }

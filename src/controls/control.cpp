@@ -99,17 +99,10 @@ void Control::ContentChanged()
         m_form->OwnScreen().OwnHost().ContentChanged(*this);
 }
 
-bool Control::EnterHandler()
+void Control::RunHandler(std::function<void()> const& work)
 {
-    if (!m_form->IsLoaded())
-        return false;
-    m_form->OwnScreen().EnterHandler(*m_form);
-    return true;
-}
-
-void Control::LeaveHandler()
-{
-    m_form->OwnScreen().LeaveHandler(*m_form);
+    if (m_form->IsLoaded())
+        m_form->OwnScreen().RunHandler(*m_form, work);
 }
 
 TextControl::TextControl(Form& form, Control& container, char const* name, Bounds bounds)

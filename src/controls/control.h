@@ -118,17 +118,14 @@ protected:
     static float NotBelowZero(Control const&, float value) { return value > 0 ? value : 0; }
 
 private:
-    /// False if the form isn't loaded: then no handler may run.
-    bool EnterHandler();
-    void LeaveHandler();
+    /// Runs the work as a handler of the control's form, if that is loaded.
+    void RunHandler(std::function<void()> const& work);
 };
 
 template <class Handler, class... Arguments> void Control::Raise(Handler const& handler, Arguments... arguments)
 {
-    if (!handler || !EnterHandler())
-        return;
-    handler(arguments...);
-    LeaveHandler();
+    if (handler)
+        RunHandler([&] { handler(arguments...); });
 }
 
 /// A control that bears a text in a font of its own.

@@ -157,24 +157,18 @@ void Form::RunResize()
     if (m_resizing || !m_loaded)
         return;
     m_resizing = true;
-    m_screen.EnterHandler(*this);
-    Form_Resize();
-    m_screen.LeaveHandler(*this);
+    m_screen.RunHandler(*this, [this] { Form_Resize(); });
     m_resizing = false;
 }
 
 void Form::RaiseClick()
 {
-    m_screen.EnterHandler(*this);
-    Form_Click();
-    m_screen.LeaveHandler(*this);
+    m_screen.RunHandler(*this, [this] { Form_Click(); });
 }
 
 void Form::RaiseKeyPress(char16_t character)
 {
-    m_screen.EnterHandler(*this);
-    Form_KeyPress(character);
-    m_screen.LeaveHandler(*this);
+    m_screen.RunHandler(*this, [this, character] { Form_KeyPress(character); });
 }
 
 void Form::WishToClose()

@@ -96,13 +96,11 @@ template <class Action> Refusal Input::Act(Form& form, Action action)
         return {};
     }
     m_screen.Activate(form);
-    m_screen.EnterHandler(form);
-    m_screen.LeaveHandler(form);
+    m_screen.RunHandler(form, [] { });
     if (Blocked(form).empty())
         action();
     // What the action changed is shown also if no handler ran.
-    m_screen.EnterHandler(form);
-    m_screen.LeaveHandler(form);
+    m_screen.RunHandler(form, [] { });
     return {};
 }
 

@@ -1,6 +1,8 @@
 #include "controls/screen.h"
 
 #include <algorithm>
+#include <new>
+#include <stdexcept>
 
 Screen::Screen(Host& host)
     : m_host(host)
@@ -34,14 +36,46 @@ void Screen::LeaveHandler(Form& form)
 {
     --form.m_handlers;
     if (m_depth == 1)
-        SettleFocus();
+        Try([this] { SettleFocus(); });
     --m_depth;
     if (m_depth == 0) {
-        m_host.HandlersEnded();
-        if (handlersEnded)
-            handlersEnded();
+        Try([this] {
+            m_host.HandlersEnded();
+            if (handlersEnded)
+                handlersEnded();
+        });
+        TellOfFailure();
     }
-    form.RunKept();
+    Try([&form] { form.RunKept(); });
+}
+
+void Screen::RunHandler(Form& form, std::function<void()> const& handler)
+{
+    EnterHandler(form);
+    Try(handler);
+    LeaveHandler(form);
+}
+
+/// Memory that can't be had, and a length that no text can have, end the work and nothing else.
+void Screen::Try(std::function<void()> const& work)
+{
+    try {
+        work();
+    } catch (std::bad_alloc const&) {
+        m_handlerFailed = true;
+    } catch (std::length_error const&) {
+        m_handlerFailed = true;
+    }
+}
+
+void Screen::TellOfFailure()
+{
+    if (m_tellsOfFailure || !std::exchange(m_handlerFailed, false) || !handlerFailed)
+        return;
+    m_tellsOfFailure = true;
+    Try(handlerFailed);
+    m_tellsOfFailure = false;
+    m_handlerFailed = false; // It is told once.
 }
 
 void Screen::KeepDesigns()
@@ -68,7 +102,7 @@ void Screen::Load(Form& form)
     m_loaded.push_back(&form);
     m_everLoaded = true;
     m_host.FormLoaded(form);
-    form.Form_Load();
+    Try([&form] { form.Form_Load(); });
     LeaveHandler(form);
 }
 
@@ -127,9 +161,7 @@ void Screen::TellBlocked(Form const& modal)
     for (Form* form : std::vector(m_loaded)) {
         if (form == &modal || !form->m_loaded)
             continue;
-        EnterHandler(*form);
-        form->Form_Blocked();
-        LeaveHandler(*form);
+        RunHandler(*form, [form] { form->Form_Blocked(); });
     }
 }
 
@@ -155,7 +187,7 @@ void Screen::Unload(Form& form)
     EnterHandler(form);
     if (m_active == &form)
         LeaveActive();
-    form.Form_Unload();
+    Try([&form] { form.Form_Unload(); });
     form.m_loaded = false;
     form.m_unloading = false;
     form.m_kept.clear();

@@ -5,6 +5,7 @@
 #include "controls/form.h"
 #include "controls/host.h"
 
+#include <functional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -56,13 +57,19 @@ public:
     /// Closes every form, modal ones first, as at an orderly end of the program.
     void CloseAll();
 
-    /// Brackets every event handler. The outermost one settles the focus at its end and lets the host follow.
-    void EnterHandler(Form& form);
-    void LeaveHandler(Form& form);
+    /// Runs an event handler, or what else is to be seen as one. The outermost one settles the focus at its end and lets the
+    /// host follow. Where memory runs out, the innermost handler ends there, the others go on.
+    void RunHandler(Form& form, std::function<void()> const& handler);
     Event handlersEnded; ///< behind the outermost handler, when the host has followed
+    /// Behind the outermost handler, if memory ran out in one: a handler has done only a part of its work.
+    Event handlerFailed;
 
 private:
     friend class Form;
+    void EnterHandler(Form& form);
+    void LeaveHandler(Form& form);
+    void Try(std::function<void()> const& work);
+    void TellOfFailure();
     void Made(Form& form) { m_made.push_back(&form); }
     void TellBlocked(Form const& modal);
     void BringUp(Form& form);
@@ -81,6 +88,8 @@ private:
     Form* m_active = nullptr;
     bool m_holding = false; // the active form's focus control has had GotFocus and not yet LostFocus
     int m_depth = 0;
+    bool m_handlerFailed = false;
+    bool m_tellsOfFailure = false;
     bool m_everLoaded = false;
     bool m_ended = false;
 };

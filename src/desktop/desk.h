@@ -18,9 +18,14 @@ public:
     {
         if (IsMirroring() || !input)
             return;
-        ++m_acting;
-        action(*input);
-        --m_acting;
+        {
+            ++m_acting;
+            struct Acted {
+                int& count;
+                ~Acted() { --count; }
+            } const acting { m_acting };
+            action(*input);
+        }
         acted(control);
     }
     /// True while an action is under way: then no widget may be destroyed.

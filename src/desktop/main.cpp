@@ -18,8 +18,34 @@
 #include <QMessageBox>
 
 #include <filesystem>
+#include <functional>
+#include <new>
 
-static void RunProgram(QApplication& application)
+namespace {
+
+/// Where memory runs out while Qt handles an event, outside of any handler of a form, the event is dropped and the user told. No
+/// exception may pass through Qt's event loop.
+class Application final : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    std::function<void()> outOfMemory;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (std::bad_alloc const&) {
+            if (outOfMemory)
+                outOfMemory();
+        }
+        return false;
+    }
+};
+
+}
+
+static void RunProgram(Application& application)
 {
     auto const user = UserDataFolder();
     RunningCopy copy(RunningCopiesFolder(user), InstanceName(FolderIdentity(user), FolderIdentity(".")));
@@ -35,12 +61,14 @@ static void RunProgram(QApplication& application)
         return place ? place->u16string() : Text();
     });
     Program program(host, files, settings, writer, shell);
+    application.outOfMemory = [&program] { program.TellOfMemory(); };
     OrderlyEnd const end(application, [&] { program.Finish(); });
     SingleInstance const instance(
         copy, [&] { return host.MayComeUp(); }, [&] { host.ComeUp(); });
     program.Start(settings.OpeningReport());
     host.Run();
     program.Finish();
+    application.outOfMemory = {};
 }
 
 int main(int, char** words)
@@ -50,7 +78,7 @@ int main(int, char** words)
     // What the player says of its codecs and of a missing sound device helps no user.
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\nqt.multimedia.*=false"));
     int count = 1; // Qt's own options aren't for the user
-    QApplication application(count, words);
+    Application application(count, words);
     application.setApplicationName(QStringLiteral("Sparrowfield"));
     SetLook(application);
     try {

@@ -1,6 +1,7 @@
 #include "desktop/pictures.h"
 
 #include "desktop/convert.h"
+#include "platform/jpeg.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -24,42 +25,13 @@ Pictures::Pictures(FileSystem const& files)
     : m_files(files)
 {
     RegisterArtwork();
-    QImageReader::setAllocationLimit(static_cast<int>(largestBytes >> 20));
 }
 
-/// Fills the buffer with the file and gives true if there is one.
-static bool Open(QBuffer& buffer, FileSystem const& files, TextView name)
+/// The decoder would show what there is of a picture that is cut off, and fill the rest with grey.
+static bool CanBeDecoded(std::string_view file)
 {
-    auto const resource = ResourceOf(name);
-    if (!resource.isEmpty()) {
-        QFile file(resource);
-        if (!file.open(QIODevice::ReadOnly))
-            return false;
-        buffer.setData(file.readAll());
-    } else {
-        if (name.empty())
-            return false;
-        auto const bytes = files.ReadAll(name);
-        if (!bytes)
-            return false;
-        buffer.setData(bytes->data(), static_cast<int>(bytes->size()));
-    }
-    return buffer.open(QIODevice::ReadOnly);
-}
-
-/// A size of one that can be held in memory.
-static bool IsBearable(QSize size)
-{
-    return !size.isEmpty()
-        && std::int64_t { size.width() } * size.height() * 4 <= Pictures::largestBytes;
-}
-
-/// A JPEG whose closing marker (0xFFD9) is missing behind the last start of picture data (0xFFDA).
-/// The decoder would show what there is and fill the rest with grey.
-static bool IsCutOff(QByteArray const& file)
-{
-    return file.startsWith("\xFF\xD8")
-        && file.lastIndexOf("\xFF\xD9") <= file.lastIndexOf("\xFF\xDA");
+    auto const head = JpegHeadOf(file);
+    return head && head->isWhole && IsBearable(*head);
 }
 
 std::optional<Size> Pictures::SizeOf(TextView name)
@@ -87,11 +59,16 @@ QPixmap Pictures::Load(TextView name) const
         pixmap.setDevicePixelRatio(2);
         return pixmap;
     }
-    QBuffer buffer;
-    if (!Open(buffer, m_files, name) || IsCutOff(buffer.data()))
+    auto const file = name.empty() ? Outcome<std::string>(std::string()) : m_files.ReadAll(name);
+    if (!file || !CanBeDecoded(*file))
         return {};
-    QImageReader reader(&buffer);
-    return IsBearable(reader.size()) ? QPixmap::fromImageReader(&reader) : QPixmap();
+    auto bytes = QByteArray::fromRawData(file->data(), static_cast<qsizetype>(file->size()));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, "jpeg");
+    reader.setDecideFormatFromContent(false);
+    reader.setAutoDetectImageFormat(false);
+    return QPixmap::fromImageReader(&reader);
 }
 
 QPixmap Pictures::Find(TextView name)

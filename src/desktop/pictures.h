@@ -15,17 +15,14 @@ class Pictures {
 public:
     explicit Pictures(FileSystem const& files); // outlives this object
 
-    /// Empty if there is no such picture or it can't be decoded. The program's own come in the
+    /// Empty if there is no such picture or it can't be decoded. A file is a JPEG, or no picture. The program's own come in the
     /// resolution that the finest screen can show and are kept; a file is read at each call.
     QPixmap Find(TextView name);
     /// An icon of the program's own, such as "icon", in all its sizes.
     QIcon Icon(char const* name) const;
-    /// In pixels; nothing for what can't be decoded, and for a picture whose head claims to need
-    /// more than `largestBytes` of memory. The picture of a file is held for the next call of
-    /// `Find`.
+    /// In pixels; nothing for what can't be decoded, or would take too much to decode
+    /// (platform/jpeg.h). The picture of a file is held for the next call of `Find`.
     std::optional<Size> SizeOf(TextView name);
-
-    static constexpr std::int64_t largestBytes = std::int64_t { 512 } << 20;
 
 private:
     QPixmap Load(TextView name) const;

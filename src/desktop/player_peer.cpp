@@ -6,6 +6,7 @@
 
 #include <QAudioDevice>
 #include <QAudioOutput>
+#include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMediaDevices>
@@ -130,12 +131,25 @@ static bool HasFrameRates(QMediaPlayer const& player)
     });
 }
 
+/// True for a Windows Media file, by the identifier of its header object (ASF specification, 10.1). The player would take whatever
+/// else bears the name for what it looks like: a playlist, which opens other files and addresses.
+static bool IsWindowsMedia(QString const& place)
+{
+    static constexpr char headerObject[]
+        = { '\x30', '\x26', '\xB2', '\x75', '\x8E', '\x66', '\xCF', '\x11', '\xA6', '\xD9', '\x00', '\xAA', '\x00', '\x62', '\xCE', '\x6C' };
+    if (!QFileInfo(place).isFile()) // Opening a pipe would wait.
+        return false;
+    QFile file(place);
+    return file.open(QIODevice::ReadOnly)
+        && file.read(sizeof headerObject) == QByteArrayView(headerObject, sizeof headerObject);
+}
+
 void PlayerPeer::Open()
 {
     m_opened = m_control.URL;
     auto const place = m_desk.placeOf ? m_desk.placeOf(m_opened) : m_opened;
     // Without a file the player would go on "playing" for ever.
-    m_present = QFileInfo(ToQString(place)).isFile();
+    m_present = IsWindowsMedia(ToQString(place));
     m_player.setSource(
         m_present ? QUrl::fromLocalFile(QFileInfo(ToQString(place)).absoluteFilePath()) : QUrl());
     if (!HasFrameRates(m_player)) {

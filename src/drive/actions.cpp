@@ -22,9 +22,8 @@ static Json Set(Machine& machine, Arguments const& arguments)
         std::get<bool>(value) ? form.Show() : form.Hide();
         return Json::object();
     }
-    machine.screen.EnterHandler(form);
-    bool const isSet = property.Set(value);
-    machine.screen.LeaveHandler(form);
+    bool isSet = false;
+    machine.screen.RunHandler(form, [&] { isSet = property.Set(value); });
     if (!isSet)
         throw CommandError(arguments.Word(0) + " can't be set to " + arguments.Word(1));
     return Json::object();

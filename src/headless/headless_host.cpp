@@ -3,7 +3,7 @@
 #include "base/code_page.h"
 #include "controls/media.h"
 #include "controls/screen.h"
-#include "headless/picture_head.h"
+#include "platform/jpeg.h"
 #include "headless/text_measure.h"
 
 #include <utility>
@@ -54,7 +54,10 @@ Size HeadlessHost::FrameSize(Form const& form) const
 std::optional<Size> HeadlessHost::PictureSize(TextView picture)
 {
     auto const file = m_files.ReadAll(picture);
-    return file ? PictureSizeOf(*file) : std::nullopt;
+    auto const head = file ? JpegHeadOf(*file) : std::nullopt;
+    if (!head || !IsBearable(*head))
+        return std::nullopt;
+    return Size { static_cast<float>(head->width), static_cast<float>(head->height) };
 }
 
 void HeadlessHost::Navigate(WebBrowser& browser, TextView url)

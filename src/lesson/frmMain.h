@@ -39,6 +39,8 @@ public:
 
     /// Puts the number of the page into a store that was begun anew, and all answers that it lacks.
     void StoreAnew();
+    /// Stores what has been typed since the last store.
+    void StoreTyped() { tmrStore.Fire(); }
 
 private:
     // The load, in frmMain_load.cpp.
@@ -46,6 +48,7 @@ private:
     void NameAndOrder();
     void Listen();
     void Form_Load() override;
+    std::optional<Failure> TryToLoad();
     std::optional<Failure> LoadLesson();
     std::optional<Failure> LoadIntroduction(LessonReader& reader);
     std::optional<Failure> LoadPages(LessonReader& reader);

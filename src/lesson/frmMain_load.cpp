@@ -6,6 +6,8 @@
 #include "study/verse_file.h"
 
 #include <algorithm>
+#include <new>
+#include <stdexcept>
 
 /// Below this many characters a lesson's own introduction is followed by the general one.
 static constexpr int shortIntroduction = 120;
@@ -54,7 +56,7 @@ void frmMain::Form_Load()
     Form_Resize();
     Show(); // So that the loading panel can be seen.
     OwnScreen().OwnTurns().Give();
-    auto const failure = LoadLesson();
+    auto const failure = TryToLoad();
     if (!IsLoaded())
         return; // The program came to its end in a turn of the load.
     if (failure) {
@@ -63,6 +65,17 @@ void frmMain::Form_Load()
     }
     Resume(resumeAt);
     Frame1.Visible = false;
+}
+
+/// A lesson too large for the machine is given up like a damaged one.
+std::optional<Failure> frmMain::TryToLoad()
+{
+    try {
+        return LoadLesson();
+    } catch (std::bad_alloc const&) {
+    } catch (std::length_error const&) {
+    }
+    return Failure { studyKey, 0, u"there isn't enough memory for the lesson" };
 }
 
 std::optional<Failure> frmMain::LoadLesson()

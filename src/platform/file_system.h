@@ -48,8 +48,11 @@ public:
     /// Opens a file for reading. Fails if it is missing, no file or unreadable.
     virtual Outcome<std::unique_ptr<InputFile>> Open(TextView path) const = 0;
 
-    /// The whole file, read in one call.
-    virtual Outcome<std::string> ReadAll(TextView path) const = 0;
+    /// In bytes: no file of ours that is read whole comes near it.
+    static constexpr std::uint64_t largestWhole = std::uint64_t { 64 } << 20;
+
+    /// The whole file, read in one call. Fails for one of more than `atMost` bytes.
+    virtual Outcome<std::string> ReadAll(TextView path, std::uint64_t atMost = largestWhole) const = 0;
 
     /// Replaces the file, or creates it, by these bytes: whole, or not at all. What is reported as done
     /// survives a power cut.

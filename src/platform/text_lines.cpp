@@ -43,17 +43,23 @@ Outcome<std::string_view> TextLines::NextBytes()
             auto const withLineEnd = length + 1;
             if (length > 0 && from[length - 1] == '\r')
                 --length;
+            if (length > longestLine)
+                return GiveUp();
             return Take(length, withLineEnd);
         }
         searched = pending;
         if (m_finished)
             break;
+        if (searched > longestLine + 1) // One may be a carriage return.
+            return GiveUp();
         Fill();
     }
     if (!m_readFailure.empty())
         return Fail(m_readFailure);
     if (searched == 0)
         return Fail(u"the file ends here");
+    if (searched > longestLine)
+        return GiveUp();
     return Take(searched, searched);
 }
 
@@ -65,6 +71,17 @@ Outcome<TextView> TextLines::Next()
     m_line.clear();
     AppendFromCodePage(m_line, *bytes);
     return TextView(m_line);
+}
+
+/// Ends the reading at a line that is too long.
+Failure TextLines::GiveUp()
+{
+    ++m_lineNumber;
+    m_readFailure = u"a line is longer than 16 MB";
+    m_finished = true;
+    m_start = m_end = 0;
+    m_buffer = {};
+    return Fail(m_readFailure);
 }
 
 std::string_view TextLines::Take(std::size_t length, std::size_t withLineEnd)

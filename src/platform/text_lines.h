@@ -1,8 +1,9 @@
 #pragma once
 // A text file read forward line by line. A line ends at a line feed, one carriage return before it
 // dropped; a lone carriage return stays in its line. The end of the file ends the last line; a file
-// that ends in a line feed has no further, empty line. Lines may have any length and hold any byte.
-// The memory in use grows with the longest line, not with the file.
+// that ends in a line feed has no further, empty line. Lines may hold any byte. One of
+// more than 16 MB is a fault of the file, which can't be read any further. The memory in use grows
+// with the longest line, not with the file.
 
 #include "base/text.h"
 #include "platform/file_system.h"
@@ -14,6 +15,8 @@
 
 class TextLines {
 public:
+    static constexpr std::size_t longestLine = std::size_t { 16 } << 20; ///< bytes, without the line end
+
     /// Takes the file over; it is read in blocks and closed with this object. `name` stands in
     /// failures.
     TextLines(std::unique_ptr<InputFile> file, TextView name);
@@ -39,6 +42,7 @@ private:
     void Fill();
     void MakeRoom();
     std::string_view Take(std::size_t length, std::size_t withLineEnd);
+    Failure GiveUp();
     Failure Fail(TextView reason) const;
 
     std::unique_ptr<InputFile> m_file;

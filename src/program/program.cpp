@@ -22,6 +22,7 @@ Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Writer&
     frmMain.ReturnTo(frmContents);
     frmSplash.LeadTo(frmContents);
     m_screen.handlersEnded = [this] { TellOfStore(); };
+    m_screen.handlerFailed = [this] { TellOfMemory(); };
     m_screen.KeepDesigns();
 }
 
@@ -34,6 +35,13 @@ void Program::TellOfStore()
         return;
     frmMain.StoreAnew();
     m_screen.Message(report->Message());
+}
+
+void Program::TellOfMemory()
+{
+    frmMain.StoreTyped();
+    frmBible.StoreTyped();
+    m_screen.Message(u"There isn't enough memory for this, and it was left unfinished. What you have typed is stored.");
 }
 
 void Program::Start(std::optional<Failure> const& report)

@@ -37,6 +37,9 @@ public:
     /// opened.
     void Start(std::optional<Failure> const& report);
 
+    /// Memory ran out in the middle of something: stores what is typed, and tells the user.
+    void TellOfMemory();
+
     /// Closes what is still open, and tries once more to store what couldn't be stored.
     void Finish();
 

@@ -92,6 +92,7 @@ Outcome<Done> LessonReader::FindBlock()
     while (!m_line.starts_with(marker))
         if (auto const read = Next(wanted); !read)
             return read.failure();
+    m_isInLesson = true;
     return Done {};
 }
 
@@ -104,6 +105,8 @@ Outcome<Done> LessonReader::ReadIntroduction(
         return Done {};
     auto const line = std::move(m_line);
     auto const fields = Split(line, u'/');
+    if (!m_size.Add(0, fields.size()))
+        return Fail(u"the introduction has more than 40,000 paragraphs");
     for (std::size_t i = 0; i < fields.size(); ++i) {
         auto paragraph = ParagraphOf(fields[i], i);
         listener(paragraph);
@@ -147,6 +150,8 @@ Outcome<Done> LessonReader::Next(TextView wanted)
     auto const raw = m_lines.NextBytes();
     if (!raw)
         return raw.failure();
+    if (m_isInLesson && !m_size.Add(raw->size()))
+        return Fail(u"the lesson is larger than 4 MB, or has more than 40,000 lines");
     DecodeLine(*raw, *m_turns, m_line);
     return Done {};
 }

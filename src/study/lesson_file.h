@@ -48,6 +48,25 @@ struct LessonBlock {
     Text supplementalVerseName;
 };
 
+/// What a lesson takes of its file, or of its verse file. No lesson comes near these limits; without them a file of some hundred
+/// megabytes would take the memory of the whole machine.
+class LessonSize {
+public:
+    static constexpr std::size_t mostBytes = std::size_t { 4 } << 20;
+    static constexpr std::size_t mostLines = 40'000; ///< or paragraphs of the introduction
+
+    /// False if the lesson gets too large by these.
+    bool Add(std::size_t bytes, std::size_t lines = 1)
+    {
+        m_bytes += bytes;
+        m_lines += lines;
+        return m_bytes <= mostBytes && m_lines <= mostLines;
+    }
+
+private:
+    std::size_t m_bytes = 0, m_lines = 0;
+};
+
 /// Reads one lesson of a study file forward, step by step, so that a screen can show each piece
 /// when it has been read. The steps are called once each, in the order in which they stand here;
 /// after a failure none may follow. Each line read gives turns as DecodeLine does. The memory in
@@ -90,6 +109,8 @@ private:
     std::int64_t m_number;
     TextLines m_lines;
     Text m_line; // the current line
+    bool m_isInLesson = false; // behind its marker
+    LessonSize m_size;
 };
 
 /// Reads one lesson as a whole.

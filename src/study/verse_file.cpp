@@ -2,6 +2,7 @@
 
 #include "platform/text_lines.h"
 #include "study/codec.h"
+#include "study/lesson_file.h"
 
 #include <utility>
 
@@ -62,6 +63,8 @@ public:
             ExpandBookNames(m_line);
             if (!PassMarks())
                 return;
+            if (!m_size.Add(m_line.size()))
+                return;
             if (auto const item = ClassifyVerseLine(m_line); item && m_listener.item)
                 m_listener.item(*item);
         }
@@ -102,6 +105,7 @@ private:
     Turns& m_turns;
     VerseFileListener const& m_listener;
     Text m_line;
+    LessonSize m_size;
 };
 
 } // namespace

@@ -33,7 +33,7 @@ struct VerseFileListener {
 /// Reads the section of a lesson in the verse file of a name, "V-" and the name without blanks at
 /// its ends and without "^". Lesson numbers are compared by their numeric values. Each line read
 /// gives turns as DecodeLine does. Fails if the file can't be opened; later on, a line that can't
-/// be read ends the reading without a word, and a lesson without a section has no items.
+/// be read, or a section that gets too large (LessonSize), ends the reading without a word, and a lesson without a section has no items.
 Outcome<Done> ReadVerseSection(FileSystem const& files, TextView name, TextView lessonNumber,
     Turns& turns, VerseFileListener const& listener);
 

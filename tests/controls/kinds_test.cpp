@@ -109,12 +109,12 @@ TEST_F(KindsTest, ALabelGrowsWithItsTextAndAPictureBoxWithItsPicture)
     wrapped.WordWrap = true;
     wrapped.FontSize = 10;
     picture.AutoSize = true;
-    files.Put(u"map.gif", std::string("GIF89a\x20\x00\x10\x00", 10));
+    files.Put(u"map.jpg", std::string("\xFF\xD8\xFF\xC0\0\x11\x08\0\x10\0\x20\3\0\0\0\0\0\0\0\0\0", 21));
     a.Show();
     wrapped.Caption = u"ten chars and more"; // Ten characters of 120 twips a line.
     EXPECT_EQ(wrapped.Height, 2 * 240);
     EXPECT_EQ(wrapped.Width, 1200);
-    picture.Picture = u"map.gif";
+    picture.Picture = u"map.jpg";
     EXPECT_EQ(picture.Width, 32 * 15);
     EXPECT_EQ(picture.Height, 16 * 15);
 }

@@ -14,12 +14,12 @@
 #include <QTextBrowser>
 #include <QTextFrame>
 
-static std::string Png(int width, int height)
+static std::string Jpeg(int width, int height)
 {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(Qt::red);
     QBuffer buffer;
-    image.save(&buffer, "PNG");
+    image.save(&buffer, "JPG");
     return buffer.data().toStdString();
 }
 
@@ -36,8 +36,8 @@ TEST_F(DesktopTest, APageShowsItsTextAndPullsInItsBackgroundAlone)
 {
     frmPage reader(screen);
     auto const folder = ToUtf8(files.ApplicationFolder());
-    files.Put(files.ApplicationFolder() + u"\\bg.jpg", Png(8, 8));
-    files.Put(u"C:\\secret.png", Png(9, 9));
+    files.Put(files.ApplicationFolder() + u"\\bg.jpg", Jpeg(8, 8));
+    files.Put(u"C:\\secret.png", Jpeg(9, 9));
     files.Put(u"C:\\Temp\\p.htm",
         "<html><body background=\"file://" + folder
             + "\\bg.jpg\">caf\xE9 <img src=\"file://C:\\secret.png\"></body></html>");
@@ -63,7 +63,7 @@ TEST_F(DesktopTest, ThePageOfTheReaderHasItsBackgroundWhereverTheProgramLies)
         { u"C:\\Program Files\\Sparrowfield Interactive Software\\Sparrowfield", u"/app",
             u"/home/a #1 ?%20/app", u"/home/\u0142\u00F3d\u017A \u0416" }) {
         files.applicationFolder = folder;
-        files.Put(Text(folder) + u"\\bg.jpg", Png(8, 8));
+        files.Put(Text(folder) + u"\\bg.jpg", Jpeg(8, 8));
         for (auto const& page : { EmptyPage(folder),
                  *BuildChapterPage("Jude\r\n001 001 Jude,\r\n\r\n",
                      { Text(folder), false, ReadWantedVerses(u"Jude 1") }) }) {
@@ -80,7 +80,7 @@ TEST_F(DesktopTest, ThePageOfTheReaderHasItsBackgroundWhereverTheProgramLies)
 
 TEST_F(DesktopTest, PicturesTellTheirSize)
 {
-    files.Put(u"map1.jpg", Png(30, 20));
+    files.Put(u"map1.jpg", Jpeg(30, 20));
     files.Put(u"map2.jpg", "no picture");
     auto const map = host.PictureSize(u"map1.jpg");
     ASSERT_TRUE(map);

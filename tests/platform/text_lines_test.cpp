@@ -58,6 +58,15 @@ std::vector<std::string> AllLines(TextLines lines)
 
 } // namespace
 
+TEST(TextLines, ALineThatIsTooLongEndsTheReading)
+{
+    std::string const longest(TextLines::longestLine, 'x');
+    EXPECT_EQ(AllLines(LinesOf("a\n" + longest + "\r\nb", 65536)), (std::vector { "a"s, longest, "b"s }));
+    for (std::string const behind : { "x\nb", "xx", "x\r\nb\n", "xxxxx\n" })
+        EXPECT_EQ(AllLines(LinesOf("a\n" + longest + behind, 65536)),
+            (std::vector { "a"s, "! f.txt, line 2: a line is longer than 16 MB."s }));
+}
+
 TEST(TextLines, PartsBytesIntoLines)
 {
     struct Row {

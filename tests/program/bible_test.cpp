@@ -1,3 +1,4 @@
+#include "bible/book_file.h"
 #include "support/bible_bench.h"
 
 using testing::IsEmpty;
@@ -267,9 +268,12 @@ TEST_F(BibleTest, MissingOrBadBibleDataIsNoMatterForTheUser)
     CloseReader();
     PutLines(u"/app\\biblekjv.idx",
         { "", "John|x", "Job|1", "job|2", "No bar", "|3", "Jude|40000", "Joel|0" });
+    files.Put(u"/app\\kjv\\kjv7", std::string(largestBook + 1, '\n'));
     files.Remove(u"/app\\kjv\\kjv8");
     OpenReader();
-    EXPECT_EQ(Get<TreeView>(tree).Nodes().size(), 3u); // Job with its chapter, Joel
+    EXPECT_EQ(Get<TreeView>(tree).Nodes().size(), 1003u); // Job with its chapter, Jude with the first 999, Joel
+    LookUp(u"Jude 2000"); // in a book that is too large, so the page is empty
+    EXPECT_EQ(State(), "Jude 2000 |  | Jude | Notes for Jude 2000 |  | Jude 1999, Jude 2001");
     LookUp(u"Joel 1");
     EXPECT_EQ(State(), "Joel 1 |  | Joel | Notes for Joel 1 |  | -, -");
     EXPECT_TRUE(files.FileExists(u"/app\\kjv\\kjv8"));

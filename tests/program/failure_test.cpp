@@ -1,11 +1,20 @@
 // What the user meets when files and store are not as they should be.
 
 #include "controls/timer.h"
+#include "platform/text_lines.h"
 #include "support/program_bench.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+static std::string Repeated(char const* part, int times)
+{
+    std::string all;
+    while (times-- > 0)
+        all += part;
+    return all;
+}
 
 TEST_F(StudyTest, ALessonThatCannotBeShownLeadsBackToTheCatalogue)
 {
@@ -22,6 +31,14 @@ TEST_F(StudyTest, ALessonThatCannotBeShownLeadsBackToTheCatalogue)
         { "no marker", [this] { PutLines(u"james-1.dat", { "J:T", "D", "Lesson", "-", ">2" }); }, "james-1.dat" },
         { "a study of NULs", [this] { files.Put(u"james-1.dat", std::string(5000, '\0')); }, "james-1.dat" },
         { "an empty study", [this] { files.Put(u"james-1.dat", ""); }, "james-1.dat" },
+        { "a line that is too long", [this] { files.Put(u"james-1.dat", ">1\r\n" + std::string(TextLines::longestLine + 1, 'x')); },
+            "james-1.dat, line 2: a line is longer than 16 MB." },
+        { "an introduction of too many paragraphs", [&] { PutLines(u"james-1.dat", { "J:T", "D", "Lesson", "-", ">1", Repeated("a/", 50'000), "P", "-" }); },
+            "james-1.dat, line 6: the introduction has more than 40,000 paragraphs." },
+        { "too many pages", [&] { PutLines(u"james-1.dat", { "J:T", "D", "Lesson", "-", ">1", "I", Repeated("abc\r\n", 50'000), "-" }); },
+            "james-1.dat, line 40005: the lesson is larger than 4 MB, or has more than 40,000 lines." },
+        { "a file that takes more memory than there is", [this] { files.RunOutOfMemoryAt(u"V-James1"); },
+            "james-1.dat:1: there isn't enough memory for the lesson." },
     };
     for (auto const& row : rows) {
         PutStudy();
@@ -81,6 +98,22 @@ TEST_F(StudyTest, GeneralTextsMayBeMissing)
     EXPECT_TRUE(IsOpen("frmMain"));
     EXPECT_EQ(TextOf("frmMain.Text4"), u"Own\r\n\r\n");
     EXPECT_EQ(Get<ScrollBar>("frmMain.ctlScrollbar").Max, 1) << "no conclusion page";
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(StudyTest, WhereMemoryRunsOutWhatIsTypedIsStoredAndTheProgramGoesOn)
+{
+    files.Put(u"/app\\biblekjv.idx", "John|3\r\n");
+    Open(u"james-1.dat:1");
+    Write("frmMain.Text3", u"first");
+    files.RunOutOfMemoryAt(u"/app\\biblekjv.idx");
+    Click("frmMain.mnuBibleReader");
+    EXPECT_THAT(Messages(), ElementsAre("There isn't enough memory for this, and it was left unfinished. What you have typed is stored."));
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page1"), u"first");
+    EXPECT_FALSE(FormOf("frmBible").IsBusy());
+    EXPECT_EQ(input.Close(FormOf("frmBible")), "");
+    Click("frmMain.Command1");
+    EXPECT_EQ(Get<ScrollBar>("frmMain.ctlScrollbar").Value, 2);
     EXPECT_THAT(Messages(), IsEmpty());
 }
 

@@ -17,6 +17,8 @@ public:
     void Put(TextView path, std::string bytes) { m_files[ToLowerLatin(path)] = { Text(path), std::move(bytes) }; }
     void Remove(TextView path) { m_files.erase(ToLowerLatin(path)); }
     void MakeUnreadable(TextView path) { m_unreadable.insert(ToLowerLatin(path)); }
+    /// Reading the file throws, as where there is no memory for it.
+    void RunOutOfMemoryAt(TextView path) { m_tooLarge = ToLowerLatin(path); }
     /// Whether the file is there can't be told, until MakeVisible.
     void MakeInvisible(TextView path) { m_invisible.insert(ToLowerLatin(path)); }
     void MakeVisible(TextView path) { m_invisible.erase(ToLowerLatin(path)); }
@@ -57,9 +59,11 @@ public:
             return file.failure();
         return std::unique_ptr<InputFile>(std::make_unique<Reader>(*this, (*file)->name, (*file)->bytes));
     }
-    Outcome<std::string> ReadAll(TextView path) const override
+    Outcome<std::string> ReadAll(TextView path, std::uint64_t atMost = largestWhole) const override
     {
         auto const file = Find(path);
+        if (file && (*file)->bytes.size() > atMost)
+            return Failure { Text(path), 0, u"it is too large" };
         return file ? Outcome<std::string>((*file)->bytes) : file.failure();
     }
     Outcome<Done> Write(TextView path, std::string_view bytes) override
@@ -156,6 +160,8 @@ private:
             return Failure { Text(path), 0, u"the file doesn't exist" };
         if (Fails() || m_unreadable.contains(found->first))
             return Failure { Text(path), 0, u"it can't be read" };
+        if (found->first == m_tooLarge)
+            throw std::bad_alloc();
         return &found->second;
     }
 
@@ -171,6 +177,7 @@ private:
     std::map<Text, File> m_files;
     std::set<Text> m_folders { u"c:\\temp", u"c:\\program files" };
     std::set<Text> m_unreadable, m_invisible;
+    Text m_tooLarge;
     mutable int m_calls = 0;
     int m_failAt = 0;
     int m_names = 0;

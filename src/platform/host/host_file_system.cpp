@@ -14,10 +14,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// In bytes. No file of ours comes near it; one that does would take the machine's memory, not the
-/// program's alone.
-constexpr std::uint64_t largestWhole = std::uint64_t { 1 } << 30;
-
 Failure NoSuchPlace(TextView path)
 {
     return { Text(path), 0, u"there is no such place" };
@@ -58,24 +54,27 @@ bool IsBareName(TextView path)
     return !path.empty() && path != u"." && path != u".." && path.find_first_of(TextView(u"\\/:\0", 4)) == TextView::npos;
 }
 
-/// Opens a regular file; a pipe or a device would keep the program waiting.
+/// Opens a regular file. It is looked at before: opening a pipe can wait for ever, and opening a device can do what it is made for.
+/// Should one take the file's place in between, the opening still doesn't wait.
 Outcome<OpenFile> OpenRegular(TextView path, fs::path const& drive)
 {
-    static constexpr int mode = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
-    Descriptor file(IsBareName(path) ? ::open(ToUtf8(path).c_str(), mode) : -1);
-    if (!file) {
+    std::string name = IsBareName(path) ? ToUtf8(path) : std::string();
+    struct stat status { };
+    if (name.empty() || ::stat(name.c_str(), &status) != 0) {
         auto const place = PlaceOf(path, drive);
         if (!place)
             return NoSuchPlace(path);
-        file = Descriptor(::open(place->c_str(), mode));
+        name = place->string();
+        if (::stat(name.c_str(), &status) != 0)
+            return SystemFailure(path);
     }
-    struct stat status { };
-    if (!file || ::fstat(file.Number(), &status) != 0)
-        return SystemFailure(path);
     if (S_ISDIR(status.st_mode))
         return SystemFailure(path, EISDIR);
     if (!S_ISREG(status.st_mode))
         return Failure { Text(path), 0, u"it is no file" };
+    Descriptor file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file)
+        return SystemFailure(path);
     return OpenFile { std::move(file), static_cast<std::uint64_t>(status.st_size) };
 }
 
@@ -167,12 +166,12 @@ Outcome<std::unique_ptr<InputFile>> HostFileSystem::Open(TextView path) const
         std::make_unique<HostInputFile>(std::move(opened->file), path));
 }
 
-Outcome<std::string> HostFileSystem::ReadAll(TextView path) const
+Outcome<std::string> HostFileSystem::ReadAll(TextView path, std::uint64_t atMost) const
 {
     auto opened = OpenRegular(path, m_folders.drive);
     if (!opened)
         return opened.failure();
-    if (opened->size > largestWhole)
+    if (opened->size > atMost)
         return SystemFailure(path, EFBIG);
     HostInputFile file(std::move(opened->file), path);
     // One byte more than the file is said to have, so that its end is seen in the same pass.
@@ -186,6 +185,8 @@ Outcome<std::string> HostFileSystem::ReadAll(TextView path) const
             bytes.resize(filled);
             return bytes;
         }
+        if (filled > atMost)
+            return SystemFailure(path, EFBIG);
         if (filled == bytes.size())
             bytes.resize(bytes.size() * 2);
     }

@@ -21,7 +21,7 @@ public:
     bool FolderExists(TextView path) const override;
     Outcome<std::uint64_t> FileSize(TextView path) const override;
     Outcome<std::unique_ptr<InputFile>> Open(TextView path) const override;
-    Outcome<std::string> ReadAll(TextView path) const override;
+    Outcome<std::string> ReadAll(TextView path, std::uint64_t atMost = largestWhole) const override;
     Outcome<Done> Write(TextView path, std::string_view bytes) override;
     Outcome<bool> Create(TextView path, std::string_view bytes) override;
     Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) override;
