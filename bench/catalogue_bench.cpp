@@ -13,7 +13,7 @@
 
 namespace fs = std::filesystem;
 
-static constexpr double atMost = 4;
+static constexpr double atMost = 4.5;
 static constexpr int studies = 1000, lessons = 20;
 
 namespace {

@@ -26,6 +26,8 @@ for file in usr/bin/sparrowfield usr/bin/sparrowfield-kit usr/bin/sparrowfield-d
     usr/share/icons/hicolor/scalable/apps/sparrowfield.svg usr/share/man/man1/sparrowfield.1.gz; do
     [ -e "$root/$file" ] || [ -e "$root/${file%.gz}" ] || GiveUp "$file isn't there"
 done
+packaging/check_binaries.sh "$root"/usr/lib/sparrowfield/Program/sparrowfield "$root"/usr/bin/sparrowfield-{kit,drive} || GiveUp "its programs aren't built as they are to be"
+[ -n "$(ls build/package/*-dbgsym_*.ddeb 2>/dev/null)" ] || GiveUp "there are no debug symbols beside it"
 In ldd /usr/lib/sparrowfield/Program/sparrowfield | grep "not found" && GiveUp "a library is missing"
 In sparrowfield-kit --help >/dev/null
 printf 'press frmSplash 32\ntree frmContents.TreeView1\n' |

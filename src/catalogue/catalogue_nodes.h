@@ -14,8 +14,8 @@ inline constexpr Colour catalogueBackColor = 0xFCF4EF;
 /// A node as it is to be added; it stands, with its texts, only until the next one is built.
 struct CatalogueNode {
     std::size_t level; ///< 0 for a study, 1 for a lesson, 2 for a part
-    TextView key; ///< of a part: its file, ":" and the number of the lesson, and only there with a ":"
-    TextView text;
+    TextParts key; ///< of a part: its file, ":" and the number of the lesson, and only there with a ":"
+    TextParts text;
     NodeLook const& look; ///< a study's tag is its description
 };
 inline constexpr std::size_t catalogueLevels = 3;

@@ -66,8 +66,7 @@ void frmContents::Form_Load()
     TreeView1.SetBackgroundColour(catalogueBackColor);
     Node* last[catalogueLevels] {};
     BuildCatalogue(m_files, File1.List(), [&](CatalogueNode const& node) {
-        last[node.level] = node.level == 0 ? &TreeView1.Add(node.key, node.text, node.look)
-                                           : &TreeView1.Add(*last[node.level - 1], node.key, node.text, node.look);
+        last[node.level] = &TreeView1.Add(node.level == 0 ? nullptr : last[node.level - 1], node.key, node.text, node.look);
     });
 }
 

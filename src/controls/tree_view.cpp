@@ -101,14 +101,28 @@ TextView TreeView::Keep(TextView text)
     return { kept, text.size() };
 }
 
-Node& TreeView::Enter(Node* parent, TextView key, TextView text, NodeLook const& look)
+static std::size_t SizeOf(TextParts const& parts)
+{
+    return parts[0].size() + parts[1].size() + parts[2].size();
+}
+
+static char16_t* Join(TextParts const& parts, char16_t* to)
+{
+    for (TextView const part : parts)
+        if (!part.empty())
+            to = std::copy(part.begin(), part.end(), to);
+    return to;
+}
+
+Node& TreeView::Add(Node* parent, TextParts const& key, TextParts const& text, NodeLook const& look)
 {
     Node& node = m_content->nodes.Add(*this, parent, look);
-    char16_t* const texts = TakeRoom(key.size() + text.size());
-    std::copy(text.begin(), text.end(), std::copy(key.begin(), key.end(), texts));
+    auto const keySize = SizeOf(key), captionSize = SizeOf(text);
+    char16_t* const texts = TakeRoom(keySize + captionSize);
+    Join(text, Join(key, texts));
     node.m_texts = texts;
-    node.m_keySize = static_cast<std::uint32_t>(key.size());
-    node.m_captionSize = static_cast<std::uint32_t>(text.size());
+    node.m_keySize = static_cast<std::uint32_t>(keySize);
+    node.m_captionSize = static_cast<std::uint32_t>(captionSize);
     if (!look.tag.empty())
         node.SetTag(look.tag);
     if (parent && !parent->m_children)

@@ -3,6 +3,7 @@
 
 #include "controls/picture.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -25,6 +26,9 @@ struct NodeLook {
     Colour backColor = 0xFFFFFF;
     TextView tag = {};
 };
+
+/// A text in parts; those that aren't needed are empty.
+using TextParts = std::array<TextView, 3>;
 
 /// A node of a tree. Its texts lie with the tree's.
 class Node {
@@ -153,8 +157,10 @@ public:
     bool CanFocus() const override { return true; }
 
     /// Adds a node at the root, or as the last child of a node of this tree. Keys are meant to be unique.
-    Node& Add(TextView key, TextView text, NodeLook const& look = {}) { return Enter(nullptr, key, text, look); }
-    Node& Add(Node& parent, TextView key, TextView text, NodeLook const& look = {}) { return Enter(&parent, key, text, look); }
+    Node& Add(TextView key, TextView text, NodeLook const& look = {}) { return Add(nullptr, { key }, { text }, look); }
+    Node& Add(Node& parent, TextView key, TextView text, NodeLook const& look = {}) { return Add(&parent, { key }, { text }, look); }
+    /// The same for many nodes whose texts are put together; at the root if there is no parent.
+    Node& Add(Node* parent, TextParts const& key, TextParts const& text, NodeLook const& look);
     void Clear();
     /// The first node with the key; nothing if there is none.
     Node* Find(TextView key) const;
@@ -221,7 +227,6 @@ private:
         std::size_t indexed = 0;
     };
 
-    Node& Enter(Node* parent, TextView key, TextView text, NodeLook const& look);
     /// An object that lives until the tree is cleared, and isn't destroyed then.
     template <class Object, class... Arguments> Object* Make(Arguments&&... arguments)
     {
