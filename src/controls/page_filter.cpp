@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
 
 namespace {
@@ -16,8 +17,8 @@ class PageFilter {
 public:
     explicit PageFilter(Bytes page)
         : m_page(page)
-        , m_shown(page.size() + page.size() / 8 + 256, u'\0')
     {
+        m_shown.reserve(page.size() + page.size() / 64 + 256);
     }
 
     Text Filter(Bytes background)
@@ -34,7 +35,6 @@ public:
         }
         m_words.Pass(m_page.substr(at));
         Replace(m_page.size(), m_page.size(), "</body></html>");
-        m_shown.resize(m_size);
         return m_words.MayBeLong() ? BreakLongWords(m_shown) : std::move(m_shown);
     }
 
@@ -44,6 +44,10 @@ private:
     /// What begins with the "<" at this place. Gives the place behind it.
     std::size_t TakeMarkup(std::size_t at)
     {
+        if (auto const* const usual = FindUsualTag(m_page, at)) {
+            Tag const tag { usual->id, usual->closes, true, {}, at + usual->size };
+            return tag.closes ? TakeEnd(at, tag) : TakeStart(at, tag);
+        }
         if (auto const tag = ReadTag(m_page, at)) {
             if (tag->id >= TagId::Script)
                 return Replace(
@@ -68,8 +72,7 @@ private:
         if (m_depth >= (isParagraph ? deepest : deepest - 1))
             return Replace(at, tag.end);
         m_open[m_depth++] = tag.id;
-        return tag.id == TagId::Font ? Replace(at, tag.end, FontTag(tag.attributes))
-                                     : Keep(at, tag);
+        return tag.id == TagId::Font ? TakeFont(at, tag) : Keep(at, tag);
     }
 
     /// Each name would cost time in proportion to the names before it.
@@ -78,6 +81,16 @@ private:
         auto const anchor = m_anchors < mostAnchors ? AnchorTag(tag.attributes) : "";
         m_anchors += anchor.empty() ? 0 : 1;
         return Replace(at, tag.end, anchor);
+    }
+
+    /// Most are like the one before.
+    std::size_t TakeFont(std::size_t at, Tag const& tag)
+    {
+        if (m_fontTag.empty() || tag.attributes != m_fontAttributes) {
+            m_fontAttributes = tag.attributes;
+            m_fontTag = FontTag(tag.attributes);
+        }
+        return Replace(at, tag.end, m_fontTag);
     }
 
     std::size_t TakeEnd(std::size_t at, Tag const& tag)
@@ -130,12 +143,12 @@ private:
         return end != m_page.npos && m_page[end] == '>' ? end + 1 : at;
     }
 
-    /// A tag without attributes.
+    /// A tag without attributes. What needn't be written anew goes with the text around it.
     std::size_t Keep(std::size_t at, Tag const& tag)
     {
-        if (tag.isPlain)
-            return tag.end; // goes with the text around it
-        return Replace(at, tag.end, (tag.closes ? "</" : "<") + std::string(NameOf(tag.id)) + ">");
+        return tag.isPlain
+            ? tag.end
+            : Replace(at, tag.end, (tag.closes ? "</" : "<") + std::string(NameOf(tag.id)) + ">");
     }
 
     /// Writes the text up to `at`, and `text` for what stands from there to `end`. Gives `end`.
@@ -147,21 +160,16 @@ private:
         return end;
     }
 
-    void Write(Bytes bytes)
-    {
-        if (m_shown.size() - m_size < bytes.size())
-            m_shown.resize(std::max(m_shown.size() * 2, m_size + bytes.size()));
-        ConvertFromCodePage(bytes, m_shown.data() + m_size);
-        m_size += bytes.size();
-    }
+    void Write(Bytes bytes) { AppendFromCodePage(m_shown, bytes); }
 
     Bytes m_page;
     std::size_t m_from = 0; // what stands in front of it is written
-    Text m_shown; // longer than what has been written, which `m_size` tells
-    std::size_t m_size = 0;
+    Text m_shown;
     std::array<TagId, deepest> m_open {};
     std::size_t m_depth = 0;
     std::size_t m_anchors = 0;
+    Bytes m_fontAttributes;
+    std::string m_fontTag; // for these attributes
     WordWatch m_words;
     std::array<bool, 3> m_unclosed {}; // script, style, title: no closing tag follows any more
     bool m_hasNoCommentEnd = false; // likewise

@@ -22,7 +22,7 @@ constexpr bool IsDigit(char c)
 
 constexpr bool IsBlank(char c)
 {
-    return blanks.find(c) != blanks.npos;
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f';
 }
 
 constexpr char Small(char c)
@@ -50,20 +50,37 @@ constexpr auto packedNames = [] {
     return packed;
 }();
 
-TagId IdOf(Bytes name)
+TagId IdOf(std::uint64_t packed)
 {
-    if (name.size() > longestName)
-        return TagId::Other;
-    auto const found = std::find(packedNames.begin(), packedNames.end(), Packed(name));
+    auto const found = std::find(packedNames.begin(), packedNames.end(), packed);
     return static_cast<TagId>(found - packedNames.begin());
 }
 
-std::size_t NameEnd(Bytes page, std::size_t at)
+constexpr auto endsName = [] {
+    std::array<bool, 256> ends {};
+    for (char const c : { '>', '/', '<', ' ', '\t', '\r', '\n', '\f' })
+        ends[static_cast<unsigned char>(c)] = true;
+    return ends;
+}();
+
+struct Name {
+    std::size_t end;
+    TagId id;
+    bool isSmall;
+};
+
+/// The name that begins at this place, up to a blank, "/", ">" or the next "<".
+Name ReadName(Bytes page, std::size_t at)
 {
-    while (at < page.size() && page[at] != '>' && page[at] != '/' && page[at] != '<'
-        && !IsBlank(page[at]))
-        ++at;
-    return at;
+    std::uint64_t packed = 0; // what is beyond 8 characters falls out
+    auto end = at;
+    for (; end < page.size() && !endsName[static_cast<unsigned char>(page[end])]; ++end)
+        packed = packed << 8 | static_cast<unsigned char>(page[end]);
+    if (end - at > longestName)
+        return { end, TagId::Other, false };
+    auto const id = IdOf(packed);
+    return id != TagId::Other ? Name { end, id, true }
+                              : Name { end, IdOf(Packed(page.substr(at, end - at))), false };
 }
 
 /// A quoted value begins behind a "=" only: an apostrophe elsewhere is none.
@@ -148,15 +165,15 @@ bool IsColour(Bytes value)
 std::optional<Tag> ReadTag(Bytes page, std::size_t at)
 {
     Tag tag;
-    tag.closes = page.substr(at + 1).starts_with('/');
+    tag.closes = at + 1 < page.size() && page[at + 1] == '/';
     auto const name = at + (tag.closes ? 2 : 1);
     if (name >= page.size() || !IsLetter(page[name]))
         return std::nullopt;
-    auto const nameEnd = NameEnd(page, name);
-    tag.id = IdOf(page.substr(name, nameEnd - name));
+    auto const [nameEnd, id, isSmall] = ReadName(page, name);
+    tag.id = id;
     if (nameEnd < page.size() && page[nameEnd] == '>') {
         tag.end = nameEnd + 1;
-        tag.isPlain = tag.id != TagId::Other && page.substr(name, nameEnd - name) == NameOf(tag.id);
+        tag.isPlain = isSmall;
         return tag;
     }
     auto const next = page.find('<', nameEnd);

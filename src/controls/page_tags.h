@@ -2,8 +2,10 @@
 // The tags of a page: where one ends, what it is, which attributes stay. What becomes of them is
 // page_filter's work.
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,6 +37,39 @@ struct Tag {
     std::string_view attributes; ///< what stands between the name and the ">"
     std::size_t end = 0; ///< the place behind the ">"
 };
+
+/// A tag as nearly all of a page's are, recognised at a glance.
+struct UsualTag {
+    constexpr UsualTag(std::string_view text, TagId tagId)
+        : id(tagId)
+        , closes(text[1] == '/')
+        , size(text.size())
+        , mask(~std::uint64_t { 0 } >> (8 * (sizeof mask - size)))
+    {
+        for (auto i = size; i > 0; --i)
+            bytes = bytes << 8 | static_cast<unsigned char>(text[i - 1]);
+    }
+    TagId id;
+    bool closes;
+    std::size_t size; ///< at most 8
+    std::uint64_t mask, bytes = 0; ///< the first byte lowest
+};
+
+constexpr UsualTag usualTags[] = { { "<sup>", TagId::Superscript },
+    { "</sup>", TagId::Superscript }, { "<p>", TagId::Paragraph } };
+
+/// The usual tag at this place of the page; null if it is any other, or very near the end.
+inline UsualTag const* FindUsualTag(std::string_view page, std::size_t at)
+{
+    if (page.size() - at < sizeof(std::uint64_t) || std::endian::native != std::endian::little)
+        return nullptr;
+    std::uint64_t bytes;
+    std::memcpy(&bytes, page.data() + at, sizeof bytes);
+    for (auto const& tag : usualTags)
+        if ((bytes & tag.mask) == tag.bytes)
+            return &tag;
+    return nullptr;
+}
 
 /// The tag that begins at the "<" at this place of the page; nothing if none does, as in `1 < 2` or
 /// where the next "<" comes before a ">".

@@ -6,19 +6,16 @@
 static constexpr std::string_view blanks = " \t\r\n";
 static constexpr TextView breakMark = u"&#8203;";
 
+/// From blank to blank, as far as one word may reach.
 void WordWatch::Look(std::string_view text)
 {
-    auto left = longestWord - std::min(longestWord, m_length - text.size());
-    do {
-        auto const blank = text.substr(0, left + 1).find_last_of(blanks);
-        if (blank == text.npos) {
-            m_mayBeLong = true;
-            break;
-        }
+    auto left = longestWord - std::min(longestWord, m_length);
+    while (text.size() >= left && !m_mayBeLong) {
+        auto const blank = text.substr(0, left).find_last_of(blanks);
+        m_mayBeLong = blank == text.npos;
         text.remove_prefix(blank + 1);
         left = longestWord;
-    } while (text.size() > left);
-    m_length = text.size();
+    }
 }
 
 /// The length of what stands first in the text: a tag, an entity or a character.

@@ -18,15 +18,20 @@ public:
     /// The text between two tags, in code page 1252.
     void Pass(std::string_view text)
     {
-        m_length += text.size() + 1; // for a "<" that is text
-        if (m_length > longestWord)
+        auto end = text.size();
+        while (end > 0 && !IsBlank(text[end - 1]))
+            --end;
+        if (m_length + text.size() >= longestWord)
             Look(text);
+        // One more, for a "<" that is text.
+        m_length = text.size() - end + 1 + (end == 0 ? m_length : 0);
     }
 
     /// False if no word can be longer than `longestWord`.
     bool MayBeLong() const { return m_mayBeLong; }
 
 private:
+    static bool IsBlank(char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; }
     void Look(std::string_view text);
 
     std::size_t m_length = 0; // of the word that goes on, at most
