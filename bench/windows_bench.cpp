@@ -12,6 +12,7 @@
 #include <QTextBrowser>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <unistd.h>
@@ -77,8 +78,9 @@ void MeasurePage(Bench& bench)
         set.push_back(MillisecondsSince(start));
     }
     Expect(bare.toPlainText() == ours->toPlainText());
-    std::printf("the page of Psalms set and painted, median: %.1f ms, in a bare browser %.1f ms\n", Median(shown), Median(set));
-    Print("the page of Psalms beside the bare browser", Median(shown) / Median(set), "times", 1.25);
+    double const best = *std::min_element(shown.begin(), shown.end()), bareBest = *std::min_element(set.begin(), set.end());
+    std::printf("the page of Psalms set and painted, the fastest of %d: %.1f ms, in a bare browser %.1f ms\n", times, best, bareBest);
+    Print("the page of Psalms beside the bare browser", best / bareBest, "times", 1.25);
 }
 
 void MeasureReader(Bench& bench)

@@ -20,11 +20,6 @@ constexpr bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-constexpr bool IsBlank(char c)
-{
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f';
-}
-
 constexpr char Small(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
