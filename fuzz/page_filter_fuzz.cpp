@@ -1,5 +1,6 @@
-// Any bytes as a page: its copy for the browser control holds only tags and attributes that are known to be harmless, in bounded
-// depth and length, all text that needn't go, and is the same when it is filtered again.
+// Any bytes as a page: its copy for the browser control holds only tags and attributes that are
+// known to be harmless, in bounded depth and length, all text that needn't go, and is the same when
+// it is filtered again.
 
 #include "base/code_page.h"
 #include "check.h"
