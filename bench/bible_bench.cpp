@@ -1,9 +1,11 @@
 // Pages of the Bible reader, from the book file to the page's text, beside the reading of that file, each byte touched once,
-// and the writing of as many bytes as the page has; the text buffer that gathers a page beside a plain string.
+// and the writing of as many bytes as the page has; the copy of a page for the browser control, beside the conversion of each of its
+// bytes; the text buffer that gathers a page beside a plain string.
 //
 //   bible_bench [DISC]    a folder with the King James text as packaging/make_disc.sh leaves it (left out: build/disc)
 
 #include "book_pages.h"
+#include "controls/page_filter.h"
 #include "controls/string_builder.h"
 #include "ratios.h"
 
@@ -13,8 +15,9 @@
 namespace {
 
 constexpr double pageAtMost = 6; // times its floor
+constexpr double filterAtMost = 2; // times its floor
 constexpr double builderAtMost = 2; // times a plain string
-constexpr double john3AtMost = 0.4, psalmsAtMost = 5; // milliseconds
+constexpr double john3AtMost = 0.4, psalmsAtMost = 5, john3FilterAtMost = 0.02; // milliseconds
 
 void Page(benchmark::State& state, Disc const& disc, Passage const& passage)
 {
@@ -34,6 +37,24 @@ void PageFloor(benchmark::State& state, Disc const& disc, Passage const& passage
         auto const page = std::make_unique_for_overwrite<char[]>(pageSize);
         std::memset(page.get(), ' ', pageSize);
         benchmark::ClobberMemory();
+    }
+}
+
+void Filter(benchmark::State& state, Disc const& disc, Passage const& passage)
+{
+    auto const page = *ToCodePage(disc.Page(passage));
+    auto const background = *ToCodePage(u"file://" + disc.Folder() + u"\\bg.jpg");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(FilterPage(page, background).data());
+}
+
+void FilterFloor(benchmark::State& state, Disc const& disc, Passage const& passage)
+{
+    auto const page = *ToCodePage(disc.Page(passage));
+    for (auto _ : state) {
+        Text copy(page.size(), u'\0');
+        ConvertEach(page, copy.data());
+        benchmark::DoNotOptimize(copy.data());
     }
 }
 
@@ -74,6 +95,8 @@ int main(int count, char** arguments)
         std::string const name = passage.name;
         RegisterShort(name, Page, disc, passage);
         RegisterShort(name + ", floor", PageFloor, disc, passage);
+        RegisterShort(name + ", filter", Filter, disc, passage);
+        RegisterShort(name + ", filter's floor", FilterFloor, disc, passage);
     }
     RegisterShort("CStringBuilder", Builder);
     RegisterShort("std::u16string", PlainString);
@@ -83,5 +106,7 @@ int main(int count, char** arguments)
     reporter.PrintTime(psalms.name, psalmsAtMost);
     reporter.PrintRatio("John 3", "John 3, floor", pageAtMost);
     reporter.PrintRatio("Psalms", "Psalms, floor", pageAtMost);
+    reporter.PrintTime("John 3, filter", john3FilterAtMost);
+    reporter.PrintRatio("Psalms, filter", "Psalms, filter's floor", filterAtMost);
     reporter.PrintRatio("CStringBuilder", "std::u16string", builderAtMost);
 }

@@ -39,6 +39,8 @@ public:
     {
     }
 
+    Text Folder() const { return m_files.ApplicationFolder(); }
+
     std::string ReadBook(Passage const& passage) const
     {
         auto bytes = m_files.ReadAll(m_files.ApplicationFolder() + Text(passage.bookFile));

@@ -1,16 +1,19 @@
 #include "desktop/browser_peer.h"
 
-#include "base/code_page.h"
 #include "base/nearest_form.h"
+#include "controls/page_filter.h"
 #include "desktop/convert.h"
 
 #include <QKeyEvent>
+#include <QPixmap>
 #include <QScrollBar>
 #include <QTextBrowser>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <utility>
 
 /// The path that a file address names, as the program writes paths.
 static Text PathOf(TextView url)
@@ -19,19 +22,43 @@ static Text PathOf(TextView url)
     return Text(url.starts_with(scheme) ? url.substr(scheme.size()) : url);
 }
 
-/// What the view is told instead of the address of the background.
-static constexpr auto backgroundName = "bg.jpg";
-
-/// The page with another address of its background: many a path, such as one with a drive or with
-/// "#", makes an address that the view can't read.
-static std::string WithReadableBackground(std::string page, TextView applicationFolder)
+/// The address of the background as the reader writes it into a page.
+static std::string BackgroundAddress(TextView applicationFolder)
 {
-    auto const written
-        = NearestCodePage(u" background=\"file://" + Text(applicationFolder) + u"\\bg.jpg\"").bytes;
-    if (auto const at = page.find(written); at != page.npos)
-        page.replace(at, written.size(), std::string(" background=\"") + backgroundName + '"');
-    return page;
+    return NearestCodePage(u"file://" + Text(applicationFolder) + u"\\bg.jpg").bytes;
 }
+
+/// A picture that shows nothing. For an empty one the view would look by itself, in files that
+/// nobody gave it.
+static QPixmap NoPicture()
+{
+    QPixmap picture(1, 1);
+    picture.fill(Qt::transparent);
+    return picture;
+}
+
+/// The picture behind the pages, decoded once for what stands in its file.
+class Background {
+public:
+    QPixmap Find(Desk& desk)
+    {
+        auto const name = desk.files.ApplicationFolder() + u"\\bg.jpg";
+        auto file = desk.files.ReadAll(name);
+        if (!file)
+            return NoPicture();
+        if (m_picture.isNull() || *file != m_file) {
+            m_picture = desk.pictures.Find(name);
+            m_file = std::move(*file);
+            if (m_picture.isNull())
+                m_picture = NoPicture();
+        }
+        return m_picture;
+    }
+
+private:
+    std::string m_file;
+    QPixmap m_picture;
+};
 
 class PageView final : public QTextBrowser {
 public:
@@ -50,11 +77,12 @@ public:
         ApplyZoom();
     }
 
+    /// All that a page gets from outside: its background, or something empty.
     QVariant loadResource(int type, QUrl const& name) override
     {
-        if (type != QTextDocument::ImageResource || name != QUrl(QLatin1String(backgroundName)))
-            return {};
-        return m_desk.pictures.Find(m_desk.files.ApplicationFolder() + u"\\bg.jpg");
+        bool const isBackground = type == QTextDocument::ImageResource
+            && name == QUrl(QLatin1String(pageBackground.data()));
+        return isBackground ? m_background.Find(m_desk) : NoPicture();
     }
 
 protected:
@@ -80,7 +108,8 @@ protected:
             Zoom(m_desk.pageZoom + (turn > 0 ? 1 : -1));
     }
 
-    // A page has no caret: its frame shows that the keys scroll it. Both frames are as wide, so nothing is laid out anew.
+    // A page has no caret: its frame shows that the keys scroll it. Both frames are as wide, so
+    // nothing is laid out anew.
     void focusInEvent(QFocusEvent* event) override
     {
         QTextBrowser::focusInEvent(event);
@@ -112,6 +141,7 @@ private:
     }
 
     Desk& m_desk;
+    Background m_background;
 };
 
 BrowserPeer::BrowserPeer(Desk& desk, WebBrowser& control, QWidget& ground)
@@ -124,7 +154,7 @@ void BrowserPeer::Navigate(TextView url)
 {
     auto const page = m_desk.files.ReadAll(PathOf(url));
     Desk::Mirroring const ours(m_desk);
-    m_shown.setHtml(page ? ToQString(FromCodePage(
-                        WithReadableBackground(*page, m_desk.files.ApplicationFolder())))
-                         : QString());
+    m_shown.setHtml(page
+            ? ToQString(FilterPage(*page, BackgroundAddress(m_desk.files.ApplicationFolder())))
+            : QString());
 }

@@ -1,5 +1,13 @@
 #include "desktop/convert.h"
 
+#include <QTextDocument>
+
+QString ToToolTip(TextView text)
+{
+    auto const tip = ToQString(text);
+    return Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
+}
+
 QFont ToQFont(Font const& font)
 {
     QFont result(ToQString(font.name));

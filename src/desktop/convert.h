@@ -1,9 +1,9 @@
 #pragma once
 // The model's values as Qt's, and back.
 
-#include "controls/colour.h"
 #include "base/text.h"
 #include "controls/canvas.h"
+#include "controls/colour.h"
 #include "controls/host.h"
 
 #include <QColor>
@@ -17,6 +17,10 @@ inline QString ToQString(TextView text)
     return QString(
         reinterpret_cast<QChar const*>(text.data()), static_cast<qsizetype>(text.size()));
 }
+
+/// A tool tip that shows the text as it is, also where Qt would take it for markup and load what
+/// that names.
+QString ToToolTip(TextView text);
 
 inline Text ToText(QStringView text)
 {

@@ -11,7 +11,9 @@ ComboPeer::ComboPeer(Desk& desk, ComboBox& control, QWidget& ground)
     , m_shown(static_cast<QComboBox&>(*Widget()))
 {
     // To assistive tools the name of a combo box is its value, unless a label names it.
-    auto* const label = new QLabel(ToQString(control.accessibleName), &ground);
+    auto* const label = new QLabel(&ground);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(ToQString(control.accessibleName));
     label->setBuddy(&m_shown);
     label->hide();
     connect(&m_shown, &QComboBox::activated, this,

@@ -48,7 +48,8 @@ public:
 static void RunProgram(Application& application)
 {
     auto const user = UserDataFolder();
-    RunningCopy copy(RunningCopiesFolder(user), InstanceName(FolderIdentity(user), FolderIdentity(".")));
+    RunningCopy copy(
+        RunningCopiesFolder(user), InstanceName(FolderIdentity(user), FolderIdentity(".")));
     if (copy.HasRaisedAnother())
         return;
     auto const drive = user / "drive_c";
@@ -84,8 +85,10 @@ int main(int, char** words)
     try {
         RunProgram(application);
     } catch (std::filesystem::filesystem_error const& error) {
-        QMessageBox::critical(
-            nullptr, QStringLiteral("Sparrowfield"), QString::fromLocal8Bit(error.what()));
+        QMessageBox box(QMessageBox::Critical, QStringLiteral("Sparrowfield"), {}, QMessageBox::Ok);
+        box.setTextFormat(Qt::PlainText); // it names files
+        box.setText(QString::fromLocal8Bit(error.what()));
+        box.exec();
         return 1;
     }
     return 0;

@@ -46,7 +46,7 @@ void Peer::MirrorBounds()
 
 void Peer::MirrorState()
 {
-    m_widget->setToolTip(ToQString(m_control.ToolTipText));
+    m_widget->setToolTip(ToToolTip(m_control.ToolTipText));
     NameForAccess();
     m_widget->setEnabled(m_control.Enabled);
     m_widget->setVisible(m_control.Visible);
@@ -58,7 +58,8 @@ void Peer::NameForAccess()
     bool const hasText = m_control.FindProperty("Caption");
     if (hasText && m_control.accessibleName.empty())
         return;
-    auto name = m_control.accessibleName.empty() ? m_control.ToolTipText() : m_control.accessibleName;
+    auto name
+        = m_control.accessibleName.empty() ? m_control.ToolTipText() : m_control.accessibleName;
     for (Control* each = m_control.Container(); name.empty() && m_control.CanFocus() && each;
          each = each->Container())
         if (auto const* const panel = dynamic_cast<XPContainer*>(each))

@@ -49,7 +49,7 @@ TEST_F(DesktopTest, APageShowsItsTextAndPullsInItsBackgroundAlone)
         return shown.loadResource(
             QTextDocument::ImageResource, QUrl(QString::fromStdString("file://" + path)));
     };
-    EXPECT_FALSE(load("C:%5Csecret.png").isValid());
+    EXPECT_EQ(load("C:%5Csecret.png").value<QPixmap>().width(), 1) << "nothing that can be seen";
     Unload(reader);
     Settle();
 }
