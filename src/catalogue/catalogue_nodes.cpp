@@ -2,6 +2,8 @@
 
 #include "catalogue/study_head.h"
 
+#include <algorithm>
+
 static constexpr TextView partOneEnd = u"-1.dat";
 
 /// The name of the file of Part Two. File names match ignoring case, so the end may be written in capitals.
@@ -15,7 +17,8 @@ static Text PartTwoName(TextView partOne)
     return name;
 }
 
-/// No disc comes near it; a list of lessons without an end would take the memory of the whole machine.
+// No disc comes near them; a list of lessons without an end would take the memory of the whole machine.
+static constexpr std::int64_t mostLessonsOfAStudy = 1'000;
 static constexpr std::int64_t mostLessons = 50'000;
 
 /// Gives the number of lessons, at most `most`.
@@ -44,5 +47,5 @@ void BuildCatalogue(FileSystem const& files, std::span<Text const> fileList,
     std::int64_t lessons = 0;
     for (Text const& fileName : fileList)
         if (auto head = StudyHead::Open(files, fileName))
-            lessons += AddStudy(*head, fileName, mostLessons - lessons, add);
+            lessons += AddStudy(*head, fileName, std::min(mostLessonsOfAStudy, mostLessons - lessons), add);
 }

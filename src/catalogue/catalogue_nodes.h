@@ -21,6 +21,7 @@ struct CatalogueNode {
 inline constexpr std::size_t catalogueLevels = 3;
 
 /// Builds the nodes of the studies in these files and hands them on in the order in which they are to be added: a node's parent is
-/// the last one before it on the level above. A file that is no study is left out, and so are lessons behind the first 50,000 of all studies.
+/// the last one before it on the level above. A file that is no study is left out, and so are lessons behind
+/// the first 1,000 of a study and the first 50,000 of all.
 void BuildCatalogue(FileSystem const& files, std::span<Text const> fileList,
     std::function<void(CatalogueNode const&)> const& add);
