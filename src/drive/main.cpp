@@ -1,6 +1,7 @@
 // sparrowfield-drive: the whole program without a screen, driven line by line. Its manual is docs/drive.md.
 
 #include "drive/driver.h"
+#include "platform/host/folders.h"
 #include "platform/host/fresh_folder.h"
 #include "platform/host/host_file_system.h"
 #include "platform/host/sqlite_settings_store.h"
@@ -47,7 +48,8 @@ public:
                 throw std::runtime_error("can't make a folder for the user's data");
             return;
         }
-        fs::create_directories(named);
+        if (auto const made = MakeFolders(named); !made)
+            throw std::runtime_error(ToUtf8(made.failure().Message()));
         m_path = fs::absolute(named);
     }
 

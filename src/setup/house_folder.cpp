@@ -1,6 +1,6 @@
 #include "setup/house_folder.h"
 
-#include "setup/folders.h"
+#include "platform/host/folders.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,7 +1,7 @@
 #include "setup/menu_entry.h"
 
 #include "platform/host/descriptor.h"
-#include "setup/folders.h"
+#include "platform/host/folders.h"
 
 #include <cerrno>
 #include <fstream>
