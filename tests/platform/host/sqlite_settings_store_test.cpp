@@ -119,24 +119,33 @@ static void PutNumber(std::string& bytes, std::size_t place, std::size_t number)
         bytes[place + static_cast<std::size_t>(i)] = static_cast<char>(number);
 }
 
-/// A store whose table is a tree of 18 levels, each of which leads to the next by all of its pointers: a walk through it
-/// never ends.
+/// A store whose list of tables is a tree of 18 levels, each of which leads to the next by all of its pointers, with the same
+/// harmless index at the bottom: SQLite's walk through it never ends.
 static std::string WithEndlessTree(std::string const& good)
 {
-    constexpr std::size_t size = 4096, root = size;
-    auto bytes = After("with recursive n(i) as (select 1 union all select i + 1 from n where i < 500)"
-                       " insert into settings select x'00', i, zeroblob(60) from n")(good);
-    auto const at = [&](std::size_t place) { return static_cast<std::size_t>(static_cast<unsigned char>(bytes[place])); };
-    EXPECT_EQ(at(root), 2U) << "an inner page of an index";
-    auto const level = bytes.substr(root, size);
-    for (auto page = root, levels = std::size_t { 0 }; levels < 18; ++levels) {
-        auto const next = levels == 17 ? 3 : bytes.size() / size + 1;
-        for (std::size_t cell = 0, cells = at(page + 3) << 8 | at(page + 4); cell < cells; ++cell)
-            PutNumber(bytes, page + (at(page + 12 + 2 * cell) << 8 | at(page + 13 + 2 * cell)), next);
-        PutNumber(bytes, page + 8, next);
-        page = bytes.size();
-        if (levels < 17)
-            bytes += level;
+    constexpr std::size_t size = 4096, cell = 4000, levels = 17, pointers = 200;
+    auto bytes = After("create table more (a unique)")(good);
+    auto const list = bytes.substr(0, size);
+    auto const leaf = [&](char cells, std::size_t from) { // the cells of the list behind as many others
+        return std::string("\x0D\0\0\0", 4) + cells + list.substr(105, 3) + list.substr(108 + 2 * from, 2 * static_cast<std::size_t>(cells))
+            + list.substr(8 + 2 * static_cast<std::size_t>(cells));
+    };
+    auto const inner = [&](std::size_t begin, std::size_t cells, std::size_t child, std::size_t last) {
+        std::string page(size, '\0');
+        page[begin] = 5;
+        PutNumber(page, begin + 3, cells << 16 | cell);
+        PutNumber(page, begin + 8, last);
+        for (std::size_t i = 0; i < cells; ++i)
+            page.replace(begin + 12 + 2 * i, 2, { static_cast<char>(cell >> 8), static_cast<char>(cell & 0xFF) });
+        PutNumber(page, cell, child);
+        return page;
+    };
+    auto const first = bytes.size() / size + 1; // of the new pages: all rows, the index alone, the levels
+    bytes.replace(100, size - 100, inner(100, 1, first, first + 2).substr(100));
+    bytes += leaf(3, 0) + leaf(1, 2);
+    for (std::size_t level = 0; level < levels; ++level) {
+        auto const next = level + 1 == levels ? first + 1 : first + 3 + level;
+        bytes += inner(0, pointers, next, next);
     }
     PutNumber(bytes, 28, bytes.size() / size);
     return bytes;
