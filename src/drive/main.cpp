@@ -4,6 +4,7 @@
 #include "platform/host/folders.h"
 #include "platform/host/fresh_folder.h"
 #include "platform/host/host_file_system.h"
+#include "platform/host/leftover_pages.h"
 #include "platform/host/sqlite_settings_store.h"
 #include "program/program.h"
 
@@ -70,6 +71,7 @@ int RunScript(Options const& options, std::istream& script, Size screen)
         fs::current_path(options.data);
 
     HostFileSystem files({ application, user.Path() / "drive_c" });
+    RemoveLeftoverPages(user.Path() / "drive_c" / "Temp");
     SqliteSettingsStore settings(user.Path() / "settings.db");
     InlineWriter writer; // so that what a command has stored is there when it is answered
     RecordingShell shell;
