@@ -88,6 +88,8 @@ int RunUninstall(SetupPlaces const& places)
         return Tell(report.failure());
     std::cout << (wasInstalled ? "Removed: " : "No copy is installed: ") << Printable(places.target.string())
               << '\n';
+    if (!report->kept.empty())
+        std::cout << "Files of your own that lay in it are kept in " << Printable(report->kept.string()) << '\n';
     TellMenuFaults(*report, "Something of the menu entry couldn't be removed:");
     return report->menuFaults.empty() ? 0 : 1;
 }
