@@ -1,7 +1,7 @@
 // Any bytes as the file of the settings store: it works with them, or sets them aside as they are,
 // says so, and works with a new file. What is reported as written is there for the next copy of the
-// program, and nothing that could be read before is gone. None of it takes long, whatever views, triggers or trees the file
-// brings along.
+// program, and nothing that could be read before is gone. None of it takes long, whatever views,
+// triggers or trees the file brings along.
 
 #include "check.h"
 #include "kit/kit_bench.h"

@@ -12,13 +12,15 @@ static bool IsLow(char16_t character)
     return character >= 0xDC00 && character < 0xE000;
 }
 
-/// The Unicode standard: controls (Cc), separators (Zl, Zp), and of the format characters (Cf) those for directions, the
-/// byte order mark and the anchors of annotations.
+/// The Unicode standard: controls (Cc), separators (Zl, Zp), and of the format characters (Cf)
+/// those for directions, the byte order mark and the anchors of annotations.
 static bool IsUnprintable(char16_t character)
 {
-    return character < u' ' || (character >= 0x7F && character < 0xA0) || character == 0x061C || character == 0x200E
-        || character == 0x200F || (character >= 0x2028 && character <= 0x202E) || (character >= 0x2066 && character <= 0x206F)
-        || character == 0xFEFF || (character >= 0xFFF9 && character <= 0xFFFB) || character >= 0xFFFE;
+    return character < u' ' || (character >= 0x7F && character < 0xA0) || character == 0x061C
+        || character == 0x200E || character == 0x200F
+        || (character >= 0x2028 && character <= 0x202E)
+        || (character >= 0x2066 && character <= 0x206F) || character == 0xFEFF
+        || (character >= 0xFFF9 && character <= 0xFFFB) || character >= 0xFFFE;
 }
 
 Text Printable(TextView text)
@@ -35,7 +37,9 @@ Text Printable(TextView text)
             else
                 printable += { character, low };
         } else {
-            printable += IsHigh(character) || IsLow(character) || IsUnprintable(character) ? replacement : character;
+            printable += IsHigh(character) || IsLow(character) || IsUnprintable(character)
+                ? replacement
+                : character;
         }
     }
     return printable;

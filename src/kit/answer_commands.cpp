@@ -142,7 +142,8 @@ int RunAnswersRestore(AnswersArguments const& arguments)
     }
     if (auto const restored = Restore(plan, user, arguments.replaces); !restored)
         return Fail(restored.failure());
-    std::cout << Printable(user.string()) << ": restored from " << Counted(*backup) << "; " << plan.same
-              << " of them there already, " << plan.differing.size() << " in place of other words.\n";
+    std::cout << Printable(user.string()) << ": restored from " << Counted(*backup) << "; "
+              << plan.same << " of them there already, " << plan.differing.size()
+              << " in place of other words.\n";
     return 0;
 }

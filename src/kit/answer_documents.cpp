@@ -44,16 +44,20 @@ std::map<Text, Answers> AnswersOf(UserWork const& work)
 
 constexpr char const *othersName = "answers-without-their-study", *notesName = "chapter-notes";
 
-/// A bare file name for the document of a study. The study's own name comes from a section of the store, which may hold
-/// anything: what isn't a letter or digit (of Latin script, or anything beyond), "_", "-" or a blank becomes "_".
+/// A bare file name for the document of a study. The study's own name comes from a section of the
+/// store, which may hold anything: what isn't a letter or digit (of Latin script, or anything
+/// beyond), "_", "-" or a blank becomes "_".
 std::string BareName(TextView study)
 {
-    constexpr std::size_t longest = 60; // characters; of three bytes, they leave place for a number and an ending
+    constexpr std::size_t longest
+        = 60; // characters; of three bytes, they leave place for a number and an ending
     std::string name;
     for (char16_t const character : study.substr(0, longest)) {
-        bool const isSafe = (character >= u'a' && character <= u'z') || (character >= u'A' && character <= u'Z')
-            || (character >= u'0' && character <= u'9') || character == u'_' || character == u'-' || character == u' '
-            || (character >= 0xC0 && character < 0x2000) || (character >= 0x2C00 && character < 0xD800);
+        bool const isSafe = (character >= u'a' && character <= u'z')
+            || (character >= u'A' && character <= u'Z') || (character >= u'0' && character <= u'9')
+            || character == u'_' || character == u'-' || character == u' '
+            || (character >= 0xC0 && character < 0x2000)
+            || (character >= 0x2C00 && character < 0xD800);
         name += isSafe ? Printable(ToUtf8(TextView(&character, 1))) : "_";
     }
     return name.empty() || name[0] == ' ' || name[0] == '-' ? "_" + name : name;

@@ -38,8 +38,8 @@ int Deliver(OutputFiles const& files, std::filesystem::path const& to, Faults& f
     auto const replaced = ReplaceFiles(to, files, faults);
     if (!replaced)
         return Fail(faults);
-    std::cout << Printable(to.string()) << ": " << replaced->written << " files written, " << replaced->unchanged
-              << " were up to date.\n";
+    std::cout << Printable(to.string()) << ": " << replaced->written << " files written, "
+              << replaced->unchanged << " were up to date.\n";
     return 0;
 }
 

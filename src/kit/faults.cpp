@@ -4,5 +4,6 @@
 
 std::string ToString(Fault const& fault)
 {
-    return Printable(fault.file + (fault.line > 0 ? ":" + std::to_string(fault.line) : "") + ": " + fault.message);
+    return Printable(fault.file + (fault.line > 0 ? ":" + std::to_string(fault.line) : "") + ": "
+        + fault.message);
 }

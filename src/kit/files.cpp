@@ -30,7 +30,8 @@ bool IsUpToDate(fs::path const& path, std::string const& bytes, Readers readers)
 }
 
 /// `meant` is the file as the user knows it.
-void WriteWhole(fs::path const& path, std::string const& bytes, fs::path const& meant, Readers readers)
+void WriteWhole(
+    fs::path const& path, std::string const& bytes, fs::path const& meant, Readers readers)
 {
     fs::create_directories(path.parent_path());
     errno = 0;
@@ -45,7 +46,8 @@ void WriteWhole(fs::path const& path, std::string const& bytes, fs::path const& 
 
 constexpr char const* workName = ".kit-";
 /// The file by which a work folder is known for the kit's own, and what stands in it.
-constexpr char const *workMarker = "work-of-sparrowfield-kit", *workMarking = "Made by sparrowfield-kit, and removed by it.\n";
+constexpr char const *workMarker = "work-of-sparrowfield-kit",
+                     *workMarking = "Made by sparrowfield-kit, and removed by it.\n";
 
 /// True for a folder of this user, not a link, that holds our marker.
 bool IsOwnWorkFolder(fs::path const& folder)
@@ -85,7 +87,8 @@ public:
             throw fs::filesystem_error("", m_target, error);
         }
         fs::permissions(m_path, fs::perms::owner_all, error);
-        std::ofstream(m_path / workMarker, std::ios::binary) << workMarking; // Without it the folder would stay after a kill.
+        std::ofstream(m_path / workMarker, std::ios::binary)
+            << workMarking; // Without it the folder would stay after a kill.
     }
     ~WorkFolder()
     {
@@ -188,7 +191,8 @@ private:
 };
 
 /// Writes the files in the work folder and exchanges them. Throws with "nothing was changed" or where the old files lie.
-void WriteAndExchange(fs::path const& target, OutputFiles const& files, std::vector<fs::path> const& names, Readers readers)
+void WriteAndExchange(fs::path const& target, OutputFiles const& files,
+    std::vector<fs::path> const& names, Readers readers)
 {
     EndHeldBack const untilDone;
     WorkFolder work(target);
@@ -221,14 +225,17 @@ std::optional<std::string> ReadWhole(fs::path const& path, Faults& faults)
 static bool StaysBelow(fs::path const& name)
 {
     return !name.empty() && name.is_relative() && name.has_filename()
-        && std::none_of(name.begin(), name.end(), [](fs::path const& part) { return part == ".." || part == "."; });
+        && std::none_of(name.begin(), name.end(),
+            [](fs::path const& part) { return part == ".." || part == "."; });
 }
 
-std::optional<Replaced> ReplaceFiles(fs::path const& target, OutputFiles const& files, Faults& faults, Readers readers)
+std::optional<Replaced> ReplaceFiles(
+    fs::path const& target, OutputFiles const& files, Faults& faults, Readers readers)
 {
     for (auto const& [name, bytes] : files) {
         if (!StaysBelow(name)) {
-            faults.push_back({ name.string(), 0, "its name leads out of the folder; nothing was changed" });
+            faults.push_back(
+                { name.string(), 0, "its name leads out of the folder; nothing was changed" });
             return std::nullopt;
         }
     }

@@ -22,9 +22,10 @@ struct Replaced {
     std::size_t unchanged = 0;
 };
 
-/// Brings the files into the target folder, all of them or none: they are written in a folder beside it first, with
-/// every write checked, and then exchanged one by one; a failure on the way puts back what had been there. A file that
-/// has this content already is left alone. The target is made if only its last part is missing, and goes again if
-/// nothing came of it. Nothing, and a fault, on failure, and for a name that leads out of the target.
-std::optional<Replaced> ReplaceFiles(std::filesystem::path const& target, OutputFiles const& files, Faults& faults,
-    Readers readers = Readers::Everyone);
+/// Brings the files into the target folder, all of them or none: they are written in a folder
+/// beside it first, with every write checked, and then exchanged one by one; a failure on the way
+/// puts back what had been there. A file that has this content already is left alone. The target is
+/// made if only its last part is missing, and goes again if nothing came of it. Nothing, and a
+/// fault, on failure, and for a name that leads out of the target.
+std::optional<Replaced> ReplaceFiles(std::filesystem::path const& target, OutputFiles const& files,
+    Faults& faults, Readers readers = Readers::Everyone);

@@ -27,8 +27,8 @@ public:
             return;
         m_next = now + std::chrono::milliseconds(100);
         auto const percent = progress.total ? progress.done * 100 / progress.total : 100;
-        std::fprintf(
-            stderr, "\r\x1B[K%3u %%  %s", static_cast<unsigned>(percent), Printable(progress.file.string()).c_str());
+        std::fprintf(stderr, "\r\x1B[K%3u %%  %s", static_cast<unsigned>(percent),
+            Printable(progress.file.string()).c_str());
         std::fflush(stderr);
     }
 
@@ -60,8 +60,8 @@ int RunInstall(SetupPlaces const& places, std::function<bool()> const& isEndWish
         return Tell(plan.failure());
     std::cout << (IsInstalled(places) ? "Repairing the copy of " : "Installing ")
               << "Sparrowfield Interactive Bible Study\n  from " << Printable(places.disc.string())
-              << "\n  to   " << Printable(places.target.string()) << "\n  " << plan->files.size() << " files, "
-              << ToUtf8(SizeText(plan->bytes)) << std::endl;
+              << "\n  to   " << Printable(places.target.string()) << "\n  " << plan->files.size()
+              << " files, " << ToUtf8(SizeText(plan->bytes)) << std::endl;
     auto const report = [&] {
         ProgressLine line;
         return Install(places, *plan, [&](CopyProgress const& progress) {
@@ -86,10 +86,11 @@ int RunUninstall(SetupPlaces const& places)
     auto const report = Uninstall(places);
     if (!report)
         return Tell(report.failure());
-    std::cout << (wasInstalled ? "Removed: " : "No copy is installed: ") << Printable(places.target.string())
-              << '\n';
+    std::cout << (wasInstalled ? "Removed: " : "No copy is installed: ")
+              << Printable(places.target.string()) << '\n';
     if (!report->kept.empty())
-        std::cout << "Files of your own that lay in it are kept in " << Printable(report->kept.string()) << '\n';
+        std::cout << "Files of your own that lay in it are kept in "
+                  << Printable(report->kept.string()) << '\n';
     TellMenuFaults(*report, "Something of the menu entry couldn't be removed:");
     return report->menuFaults.empty() ? 0 : 1;
 }

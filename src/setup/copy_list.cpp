@@ -1,6 +1,7 @@
 #include "setup/copy_list.h"
 
-// The list has a record for each file: its size in bytes in decimal, a blank, its path below the copy, a NUL.
+// The list has a record for each file: its size in bytes in decimal, a blank, its path below the
+// copy, a NUL.
 
 #include "platform/host/descriptor.h"
 #include "platform/host/folders.h"
@@ -47,7 +48,8 @@ std::vector<UserFile> FindUserFiles(fs::path const& copy)
 {
     std::vector<UserFile> found;
     std::error_code error;
-    auto const list = fs::is_directory(fs::symlink_status(copy, error)) ? ReadCopyList(copy) : std::nullopt;
+    auto const list
+        = fs::is_directory(fs::symlink_status(copy, error)) ? ReadCopyList(copy) : std::nullopt;
     if (!list)
         return found;
     fs::recursive_directory_iterator entries(copy, error); // doesn't follow links
@@ -58,10 +60,12 @@ std::vector<UserFile> FindUserFiles(fs::path const& copy)
             continue;
         auto const listed = list->find(name.string());
         bool const isListed = listed != list->end();
-        if (!isListed || type != fs::file_type::regular || std::to_string(entries->file_size(error)) != listed->second)
+        if (!isListed || type != fs::file_type::regular
+            || std::to_string(entries->file_size(error)) != listed->second)
             found.push_back({ name, isListed });
     }
-    std::sort(found.begin(), found.end(), [](auto const& a, auto const& b) { return a.name < b.name; });
+    std::sort(
+        found.begin(), found.end(), [](auto const& a, auto const& b) { return a.name < b.name; });
     return found;
 }
 

@@ -85,7 +85,8 @@ Outcome<Done> PutFile(fs::path const& folder, std::string const& name, std::stri
 bool IsBehindLink(fs::path const& file, fs::path const& base)
 {
     std::error_code ignored;
-    for (auto folder = file.parent_path(); folder != base && folder.has_relative_path(); folder = folder.parent_path())
+    for (auto folder = file.parent_path(); folder != base && folder.has_relative_path();
+         folder = folder.parent_path())
         if (fs::is_symlink(fs::symlink_status(folder, ignored)))
             return true;
     return false;
@@ -94,8 +95,11 @@ bool IsBehindLink(fs::path const& file, fs::path const& base)
 /// True if the entry is a file that starts its program in the folder.
 bool PointsTo(fs::path const& entry, fs::path const& folder)
 {
-    auto const text = IsOwn(entry, fs::file_type::regular) ? ReadWholeFile(entry) : Outcome<std::string>(Failure());
-    return text && ('\n' + *text + '\n').find("\nPath=" + Value(folder.string()) + '\n') != std::string::npos;
+    auto const text = IsOwn(entry, fs::file_type::regular) ? ReadWholeFile(entry)
+                                                           : Outcome<std::string>(Failure());
+    return text
+        && ('\n' + *text + '\n').find("\nPath=" + Value(folder.string()) + '\n')
+        != std::string::npos;
 }
 
 /// True for a link into the copy, and for a file with the same bytes as the copy's.
@@ -149,7 +153,8 @@ std::vector<Failure> AddToMenu(SetupPlaces const& places)
 {
     std::vector<Failure> faults;
     if (auto const target = places.target.string(); ToUtf8(FromUtf8(target)) != target) {
-        faults.push_back({ FromUtf8(target), 0, u"its path isn't UTF-8, so there is no menu entry" });
+        faults.push_back(
+            { FromUtf8(target), 0, u"its path isn't UTF-8, so there is no menu entry" });
         return faults;
     }
     auto const put
@@ -174,7 +179,8 @@ std::vector<fs::path> FindMenuFiles(SetupPlaces const& places)
     if (hasOwnEntry)
         files.push_back(entry);
     for (auto const& icon : Icons())
-        if (auto const file = places.icons / icon.folder / icon.name; IsIconOfCopy(file, places.target / icon.from, hasOwnEntry))
+        if (auto const file = places.icons / icon.folder / icon.name;
+            IsIconOfCopy(file, places.target / icon.from, hasOwnEntry))
             files.push_back(file);
     return files;
 }
@@ -185,7 +191,8 @@ std::vector<Failure> RemoveFromMenu(SetupPlaces const& places, std::vector<fs::p
     for (auto const& file : files) {
         RemoveFile(file, places.menu.parent_path(), faults);
         auto const folder = file.parent_path();
-        if (folder != places.menu && !IsBehindLink(file, places.menu.parent_path()) && ::rmdir(folder.c_str()) == 0)
+        if (folder != places.menu && !IsBehindLink(file, places.menu.parent_path())
+            && ::rmdir(folder.c_str()) == 0)
             ::rmdir(folder.parent_path().c_str());
     }
     TellOfIcons(places.icons);

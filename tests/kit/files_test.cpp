@@ -83,7 +83,8 @@ TEST(Files, OfWorkFoldersOnlyOursAreRemoved)
     old(ours);
     folder.Write("b", "3");
     EXPECT_FALSE(fs::exists(ours));
-    for (auto const* const name : { ".kit-mine/letter", ".kit-kept/old/a", ".kit-other", ".kit-link" })
+    for (auto const* const name :
+        { ".kit-mine/letter", ".kit-kept/old/a", ".kit-other", ".kit-link" })
         EXPECT_TRUE(fs::exists(fs::symlink_status(folder.Path() / name))) << name;
     EXPECT_TRUE(fs::exists(folder.Path() / "linked" / marker.filename()));
 }
@@ -92,7 +93,7 @@ TEST(Files, LeadNowhereElseAndArePrivateIfTheyAreToBe)
 {
     TestFolder folder;
     auto const before = Tree(folder.Path());
-    for (fs::path const name : { "../out", "/tmp/out", "k/../../out", "", "k/" }) {
+    for (fs::path const name : { "../out", "/srv/out", "k/../../out", "", "k/" }) {
         Faults faults;
         EXPECT_FALSE(ReplaceFiles(folder.Path(), { { "a", "1" }, { name, "2" } }, faults)) << name;
         EXPECT_EQ(faults.size(), 1u);
@@ -101,7 +102,9 @@ TEST(Files, LeadNowhereElseAndArePrivateIfTheyAreToBe)
     folder.Write("a", "1");
     fs::permissions(folder.Path() / "a", fs::perms { 0644 });
     Faults faults;
-    EXPECT_EQ(ReplaceFiles(folder.Path(), { { "a", "1" }, { "b", "2" } }, faults, Readers::Owner)->written, 2u);
+    EXPECT_EQ(ReplaceFiles(folder.Path(), { { "a", "1" }, { "b", "2" } }, faults, Readers::Owner)
+                  ->written,
+        2u);
     for (auto const* const name : { "a", "b" })
         EXPECT_EQ(fs::status(folder.Path() / name).permissions(), fs::perms { 0600 }) << name;
 }
@@ -115,8 +118,10 @@ TEST(Files, PipesDevicesAndFoldersAreNotRead)
     struct {
         fs::path path;
         char const* reason;
-    } const rows[] = { { folder.Path() / "pipe", "it is not a regular file" }, { folder.Path() / "link", "it is not a regular file" },
-        { "/dev/zero", "it is not a regular file" }, { folder.Path(), "a folder stands in its place" } };
+    } const rows[] = { { folder.Path() / "pipe", "it is not a regular file" },
+        { folder.Path() / "link", "it is not a regular file" },
+        { "/dev/zero", "it is not a regular file" },
+        { folder.Path(), "a folder stands in its place" } };
     for (auto const& row : rows) {
         auto const child = fork();
         if (child == 0) {

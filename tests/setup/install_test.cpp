@@ -63,9 +63,11 @@ TEST_F(InstallTest, NothingIsChangedBehindALink)
         fs::remove_all(user / "drive_c");
         fs::create_directories(folder / "precious/Sparrowfield House/.new-mine");
         fs::create_directories(place.parent_path());
-        fs::create_directory_symlink(place == house ? folder / "precious/Sparrowfield House" : folder / "precious", place);
+        fs::create_directory_symlink(
+            place == house ? folder / "precious/Sparrowfield House" : folder / "precious", place);
         auto const before = Tree(folder / "precious");
-        auto const link = place.string() + ": it is a link, and Setup changes nothing behind a link.";
+        auto const link
+            = place.string() + ": it is a link, and Setup changes nothing behind a link.";
         EXPECT_EQ(Told(InstallAll()), link);
         EXPECT_EQ(Told(Uninstall(places)), link);
         EXPECT_EQ(Tree(folder / "precious"), before);

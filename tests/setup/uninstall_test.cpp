@@ -79,7 +79,8 @@ TEST_F(UninstallTest, TheUsersFilesInTheCopyAreKept)
     auto const report = Uninstall(places);
     ASSERT_TRUE(report);
     EXPECT_EQ(report->kept, house / "Kept files-1");
-    std::map<std::string, std::string> const kept { { "kjv", "/" }, { "kjv/kjv1", "my words" }, { "own-1.dat", "my study" } };
+    std::map<std::string, std::string> const kept { { "kjv", "/" }, { "kjv/kjv1", "my words" },
+        { "own-1.dat", "my study" } };
     EXPECT_EQ(Tree(report->kept), kept);
     EXPECT_EQ(Names(house), "Kept files-1 ");
     ASSERT_TRUE(InstallAll());
@@ -93,7 +94,8 @@ TEST_F(UninstallTest, MenuFilesOfOthersStay)
     for (int const size : { 16, 32, 48 })
         Put(disc / "icons" / ("sparrowfield-" + std::to_string(size) + ".png"), "icon");
     auto const entry = places.menu / "sparrowfield.desktop";
-    auto const icon = [&](char const* size) { return places.icons / size / "apps/sparrowfield.png"; };
+    auto const icon
+        = [&](char const* size) { return places.icons / size / "apps/sparrowfield.png"; };
     ASSERT_TRUE(InstallAll());
     Put(entry, MenuEntry("/elsewhere"));
     Put(icon("16x16"), "another icon");

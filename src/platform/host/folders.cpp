@@ -23,5 +23,6 @@ bool IsOwn(fs::path const& place, fs::file_type type)
 {
     struct stat status { };
     std::error_code error;
-    return ::lstat(place.c_str(), &status) == 0 && status.st_uid == ::geteuid() && fs::symlink_status(place, error).type() == type;
+    return ::lstat(place.c_str(), &status) == 0 && status.st_uid == ::geteuid()
+        && fs::symlink_status(place, error).type() == type;
 }

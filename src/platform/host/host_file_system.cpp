@@ -125,10 +125,13 @@ fs::path Plain(fs::path const& place)
 
 HostFileSystem::HostFileSystem(Folders const& folders)
 {
-    static_cast<void>(MakeFolders(folders.drive)); // What can't be made fails, with its reason, when it is used.
+    static_cast<void>(
+        MakeFolders(folders.drive)); // What can't be made fails, with its reason, when it is used.
     m_folders = { Plain(folders.application), Plain(folders.drive) };
     // Where a link stands for the drive, the folder behind it is the user's to guard.
-    if (Descriptor const own(::open(folders.drive.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)); own)
+    if (Descriptor const own(
+            ::open(folders.drive.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        own)
         static_cast<void>(::fchmod(own.Number(), 0700));
     for (TextView const folder : { u"C:\\Temp", u"C:\\Program Files" })
         static_cast<void>(CreateFolder(folder));

@@ -70,7 +70,8 @@ static Text Column(sqlite3_stmt* row, int column)
     return FromBytes(bytes, sqlite3_column_bytes(row, column));
 }
 
-/// A statement is interrupted only where it would never end, which no whole store of ours makes it do.
+/// A statement is interrupted only where it would never end, which no whole store of ours makes it
+/// do.
 static bool IsDamage(int code)
 {
     return code == SQLITE_NOTADB || code == SQLITE_CORRUPT || code == SQLITE_INTERRUPT;
@@ -79,7 +80,7 @@ static bool IsDamage(int code)
 /// The time that this thread has spent computing; waiting for a slow disk doesn't count.
 static std::chrono::nanoseconds ComputingTime()
 {
-    timespec spent { };
+    timespec spent {};
     ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &spent);
     return std::chrono::seconds(spent.tv_sec) + std::chrono::nanoseconds(spent.tv_nsec);
 }
@@ -108,21 +109,26 @@ static int RunStatement(
 
 /// The definition of our table, as SQLite keeps it in the schema behind "CREATE TABLE ".
 static constexpr char const* tableDefinition
-    = "settings (section blob not null, key blob not null, value blob not null, primary key (section, key)) without rowid";
+    = "settings (section blob not null, key blob not null, value blob not null, primary key "
+      "(section, key)) without rowid";
 
-/// How many objects the schema has that aren't ours: all but the table, and SQLite's own statistics and indexes.
+/// How many objects the schema has that aren't ours: all but the table, and SQLite's own statistics
+/// and indexes.
 static constexpr char const* countForeignObjects
     = "select count(*) from sqlite_master where not coalesce("
       "(type = 'table' and name = 'settings' and sql = 'CREATE TABLE ' || ?1)"
-      " or (type = 'table' and name = 'sqlite_stat1' and sql = 'CREATE TABLE sqlite_stat1(tbl,idx,stat)')"
-      " or (type = 'table' and name = 'sqlite_stat4' and sql = 'CREATE TABLE sqlite_stat4(tbl,idx,neq,nlt,ndlt,sample)')"
+      " or (type = 'table' and name = 'sqlite_stat1' and sql = 'CREATE TABLE "
+      "sqlite_stat1(tbl,idx,stat)')"
+      " or (type = 'table' and name = 'sqlite_stat4' and sql = 'CREATE TABLE "
+      "sqlite_stat4(tbl,idx,neq,nlt,ndlt,sample)')"
       " or (type = 'index' and name glob 'sqlite_autoindex_*' and sql is null), false)";
 
 /// Makes the table in an empty database and marks it as ours.
 static int MakeStore(sqlite3* database)
 {
-    static std::string const make = std::string("begin immediate; create table if not exists ") + tableDefinition
-        + "; pragma application_id = " + std::to_string(applicationId) + "; commit";
+    static std::string const make = std::string("begin immediate; create table if not exists ")
+        + tableDefinition + "; pragma application_id = " + std::to_string(applicationId)
+        + "; commit";
     int const code = sqlite3_exec(database, make.c_str(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         sqlite3_exec(database, "rollback", nullptr, nullptr, nullptr);
@@ -139,7 +145,8 @@ public:
         , m_damaged(damaged)
         , m_fullPatience(patience)
         , m_patience(patience)
-        , m_mostComputing(std::max<std::chrono::nanoseconds>(10 * patience, std::chrono::seconds(2)))
+        , m_mostComputing(
+              std::max<std::chrono::nanoseconds>(10 * patience, std::chrono::seconds(2)))
     {
     }
     ~Connection() { Close(); }
@@ -265,11 +272,14 @@ private:
             return SQLITE_OK;
         // Made here, so that it is the user's own from the first moment. One that exists isn't
         // touched: closing it would drop the locks of every other connection within this process.
-        static_cast<void>(MakeFolders(fs::absolute(m_file).parent_path())); // If this fails, so does opening, with the reason.
+        static_cast<void>(
+            MakeFolders(fs::absolute(m_file)
+                            .parent_path())); // If this fails, so does opening, with the reason.
         Descriptor fresh(::open(m_file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
         int const number = fresh || errno == EEXIST ? 0 : errno;
         fresh.Close();
-        m_obstacle = number != 0 ? SystemFailure(FromUtf8(m_file.string()), number) : CheckKinds(m_file);
+        m_obstacle
+            = number != 0 ? SystemFailure(FromUtf8(m_file.string()), number) : CheckKinds(m_file);
         if (m_obstacle)
             return SQLITE_CANTOPEN;
         m_identity = IdentityOf(m_file);
@@ -293,15 +303,16 @@ private:
     {
         sqlite3_busy_handler(m_database, &Connection::Wait, this);
         sqlite3_progress_handler(m_database, 1000, &Connection::HasComputedTooLong, this);
-        for (int const off : { SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_TRUSTED_SCHEMA,
-                 SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_DQS_DML })
+        for (int const off : { SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW,
+                 SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_DQS_DML })
             sqlite3_db_config(m_database, off, 0, nullptr);
         sqlite3_db_config(m_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
         Limit(m_database);
         Execute("pragma cell_size_check = on; pragma mmap_size = 0");
     }
 
-    /// As Check. A file that isn't ours by its head isn't waited for long, and doesn't become ours by being locked.
+    /// As Check. A file that isn't ours by its head isn't waited for long, and doesn't become ours
+    /// by being locked.
     int CheckInTime()
     {
         bool const isForeign = HasForeignHead();
@@ -311,15 +322,19 @@ private:
         return code == SQLITE_BUSY && isForeign && HasForeignHead() ? SQLITE_NOTADB : code;
     }
 
-    /// True for a file whose head, read without a lock, is that of something else. With a journal beside it that can't be told.
+    /// True for a file whose head, read without a lock, is that of something else. With a journal
+    /// beside it that can't be told.
     bool HasForeignHead()
     {
         sqlite3_file* file = nullptr;
-        sqlite3_file_control(m_database, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file));
+        sqlite3_file_control(
+            m_database, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file));
         unsigned char head[100];
-        if (HasJournal(m_file) || !file || !file->pMethods || file->pMethods->xRead(file, head, sizeof head, 0) != SQLITE_OK)
+        if (HasJournal(m_file) || !file || !file->pMethods
+            || file->pMethods->xRead(file, head, sizeof head, 0) != SQLITE_OK)
             return false;
-        return std::string_view(reinterpret_cast<char const*>(head), 16) != std::string_view("SQLite format 3\0", 16)
+        return std::string_view(reinterpret_cast<char const*>(head), 16)
+            != std::string_view("SQLite format 3\0", 16)
             || (head[68] << 24 | head[69] << 16 | head[70] << 8 | head[71]) != applicationId;
     }
 
@@ -357,7 +372,8 @@ private:
         return m_isSeenWhole ? SQLITE_OK : CheckWhole();
     }
 
-    /// Makes sure that the file has our table as we make it, and nothing that could compute, forbid or change something.
+    /// Makes sure that the file has our table as we make it, and nothing that could compute, forbid
+    /// or change something.
     int CheckSchema()
     {
         int foreign = 0;
@@ -371,7 +387,10 @@ private:
         if (code != SQLITE_ROW)
             return code;
         int entries = 0;
-        bool const hasTable = foreign == 0 && Ask("select count(*) from (select section, key, value from settings limit 1)", entries) != SQLITE_ERROR;
+        bool const hasTable = foreign == 0
+            && Ask("select count(*) from (select section, key, value from settings limit 1)",
+                   entries)
+                != SQLITE_ERROR;
         return hasTable ? SQLITE_OK : SQLITE_NOTADB;
     }
 
@@ -416,7 +435,8 @@ private:
         return 1;
     }
 
-    /// SQLite's progress handler: ends the statement if the operation has computed longer than any honest store makes it.
+    /// SQLite's progress handler: ends the statement if the operation has computed longer than any
+    /// honest store makes it.
     static int HasComputedTooLong(void* connection)
     {
         return ComputingTime() > static_cast<Connection*>(connection)->m_endOfComputing;
@@ -425,7 +445,8 @@ private:
     /// True if the file that was opened stands under its name no more.
     bool HasMoved() const { return IdentityOf(m_file) != m_identity; }
 
-    /// Renames the file, unless another copy of the program has done it. Gives the failure if the file has to stay.
+    /// Renames the file, unless another copy of the program has done it. Gives the failure if the
+    /// file has to stay.
     std::optional<Failure> SetAside()
     {
         Close();

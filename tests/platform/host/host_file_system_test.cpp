@@ -301,7 +301,8 @@ TEST_F(HostFiles, AFileIsCreatedOnlyWhereNoneIs)
 TEST_F(HostFiles, NewFoldersArePrivateAndALinkedDriveKeepsItsRights)
 {
     HostFileSystem const deep({ folder / "app", folder / "new/data home/sparrowfield/drive_c" });
-    for (char const* const made : { "new", "new/data home", "new/data home/sparrowfield", "new/data home/sparrowfield/drive_c" })
+    for (char const* const made : { "new", "new/data home", "new/data home/sparrowfield",
+             "new/data home/sparrowfield/drive_c" })
         EXPECT_EQ(Mode(folder / made), 0700U) << made;
 
     fs::create_directory(folder / "shared");
@@ -325,16 +326,18 @@ TEST_F(HostFiles, OldPagesThatAKillHasLeftAreRemoved)
         Put(place, "page");
         fs::last_write_time(place, fs::file_time_type::clock::now() - std::chrono::hours(hours));
     };
-    for (char const* const name : { "sf0123456789ab.htm", ".new-aB3xYz", "sf0123456789a.htm", "sf0123456789AB.htm", "sf0123456789abc.htm",
-             "letter.htm", ".new-aB3x.z" })
+    for (char const* const name : { "sf0123456789ab.htm", ".new-aB3xYz", "sf0123456789a.htm",
+             "sf0123456789AB.htm", "sf0123456789abc.htm", "letter.htm", ".new-aB3x.z" })
         left(temp / name, 25);
     left(temp / "sfaaaaaaaaaaaa.htm", 23);
     left(folder / "elsewhere/sfbbbbbbbbbbbb.htm", 25);
     fs::create_symlink(folder / "elsewhere/sfbbbbbbbbbbbb.htm", temp / "sfcccccccccccc.htm");
     fs::create_directory(temp / "sfdddddddddddd.htm");
     RemoveLeftoverPages(temp);
-    EXPECT_EQ(Names(temp), ".new-aB3x.z letter.htm sf0123456789AB.htm sf0123456789a.htm sf0123456789abc.htm sfaaaaaaaaaaaa.htm "
-                           "sfcccccccccccc.htm sfdddddddddddd.htm ");
+    EXPECT_EQ(Names(temp),
+        ".new-aB3x.z letter.htm sf0123456789AB.htm sf0123456789a.htm sf0123456789abc.htm "
+        "sfaaaaaaaaaaaa.htm "
+        "sfcccccccccccc.htm sfdddddddddddd.htm ");
     fs::create_directory_symlink(folder / "elsewhere", folder / "link");
     RemoveLeftoverPages(folder / "link");
     EXPECT_EQ(Names(folder / "elsewhere"), "sfbbbbbbbbbbbb.htm ");

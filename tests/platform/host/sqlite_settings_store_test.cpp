@@ -119,28 +119,33 @@ static void PutNumber(std::string& bytes, std::size_t place, std::size_t number)
         bytes[place + static_cast<std::size_t>(i)] = static_cast<char>(number);
 }
 
-/// A store whose list of tables is a tree of 18 levels, each of which leads to the next by all of its pointers, with the same
-/// harmless index at the bottom: SQLite's walk through it never ends.
+/// A store whose list of tables is a tree of 18 levels, each of which leads to the next by all of
+/// its pointers, with the same harmless index at the bottom: SQLite's walk through it never ends.
 static std::string WithEndlessTree(std::string const& good)
 {
     constexpr std::size_t size = 4096, cell = 4000, levels = 17, pointers = 200;
     auto bytes = After("create table more (a unique)")(good);
     auto const list = bytes.substr(0, size);
-    auto const leaf = [&](char cells, std::size_t from) { // the cells of the list behind as many others
-        return std::string("\x0D\0\0\0", 4) + cells + list.substr(105, 3) + list.substr(108 + 2 * from, 2 * static_cast<std::size_t>(cells))
-            + list.substr(8 + 2 * static_cast<std::size_t>(cells));
-    };
-    auto const inner = [&](std::size_t begin, std::size_t cells, std::size_t child, std::size_t last) {
-        std::string page(size, '\0');
-        page[begin] = 5;
-        PutNumber(page, begin + 3, cells << 16 | cell);
-        PutNumber(page, begin + 8, last);
-        for (std::size_t i = 0; i < cells; ++i)
-            page.replace(begin + 12 + 2 * i, 2, { static_cast<char>(cell >> 8), static_cast<char>(cell & 0xFF) });
-        PutNumber(page, cell, child);
-        return page;
-    };
-    auto const first = bytes.size() / size + 1; // of the new pages: all rows, the index alone, the levels
+    auto const leaf
+        = [&](char cells, std::size_t from) { // the cells of the list behind as many others
+              return std::string("\x0D\0\0\0", 4) + cells + list.substr(105, 3)
+                  + list.substr(108 + 2 * from, 2 * static_cast<std::size_t>(cells))
+                  + list.substr(8 + 2 * static_cast<std::size_t>(cells));
+          };
+    auto const inner
+        = [&](std::size_t begin, std::size_t cells, std::size_t child, std::size_t last) {
+              std::string page(size, '\0');
+              page[begin] = 5;
+              PutNumber(page, begin + 3, cells << 16 | cell);
+              PutNumber(page, begin + 8, last);
+              for (std::size_t i = 0; i < cells; ++i)
+                  page.replace(begin + 12 + 2 * i, 2,
+                      { static_cast<char>(cell >> 8), static_cast<char>(cell & 0xFF) });
+              PutNumber(page, cell, child);
+              return page;
+          };
+    auto const first
+        = bytes.size() / size + 1; // of the new pages: all rows, the index alone, the levels
     bytes.replace(100, size - 100, inner(100, 1, first, first + 2).substr(100));
     bytes += leaf(3, 0) + leaf(1, 2);
     for (std::size_t level = 0; level < levels; ++level) {
@@ -170,21 +175,27 @@ TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
         { "a damaged page", [](auto good) { return good.replace(4096 + 8, 4000, 4000, '\x5A'); } },
         { "a damaged list of tables", [](auto good) { return good.replace(103, 2, 2, '\0'); } },
         { "another program's database", [&](auto const&) { return foreign; } },
-        { "a trigger", After("create trigger t after insert on settings begin delete from settings; end") },
+        { "a trigger",
+            After("create trigger t after insert on settings begin delete from settings; end") },
         { "a view", After("create view v as select * from settings") },
         { "a view in the table's place",
-            After("drop table settings; create view settings as with recursive n(i) as (select 1 union all select i + 1 from n)"
+            After("drop table settings; create view settings as with recursive n(i) as (select 1 "
+                  "union all select i + 1 from n)"
                   " select i as section, i as key, i as value from n") },
         { "a view under a name of SQLite's own",
             After("create view v as select 1; pragma writable_schema = on;"
-                  "update sqlite_master set name = 'sqlite_v', tbl_name = 'sqlite_v', sql = 'CREATE VIEW sqlite_v as select 1'"
+                  "update sqlite_master set name = 'sqlite_v', tbl_name = 'sqlite_v', sql = "
+                  "'CREATE VIEW sqlite_v as select 1'"
                   " where name = 'v'") },
         { "another table", After("create table more (a)") },
         { "an index", After("create index i on settings (value)") },
-        { "a generated column", After("alter table settings add column more as (zeroblob(1000000000))") },
+        { "a generated column",
+            After("alter table settings add column more as (zeroblob(1000000000))") },
         { "a rule for values",
-            After("alter table settings rename to old; create table settings (section blob not null, key blob not null,"
-                  " value blob not null check (length(value) < 5), primary key (section, key)) without rowid; drop table old") },
+            After("alter table settings rename to old; create table settings (section blob not "
+                  "null, key blob not null,"
+                  " value blob not null check (length(value) < 5), primary key (section, key)) "
+                  "without rowid; drop table old") },
         { "an endless tree", WithEndlessTree },
     };
     auto const good = Bytes("settings.db");
@@ -219,7 +230,8 @@ TEST_F(SettingsFile, WhatSqliteKeepsForItselfIsNoHarm)
 TEST_F(SettingsFile, AJournalCannotDeleteAnotherFile)
 {
     Put("letter", "dear");
-    std::string const mark = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7", name = (folder / "data/letter").string();
+    std::string const mark = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7",
+                      name = (folder / "data/letter").string();
     std::string journal = mark + std::string(504, '\0'), end(4, '\0');
     PutNumber(journal, 20, 512); // the disk's sector
     PutNumber(journal, 16, fs::file_size("settings.db") / 4096); // the pages before
@@ -237,7 +249,8 @@ TEST_F(SettingsFile, AJournalCannotDeleteAnotherFile)
     EXPECT_TRUE(store.OpeningReport());
     EXPECT_EQ(Answer(store), "(none)");
     EXPECT_EQ(Bytes("letter"), "dear");
-    EXPECT_EQ(Names("."), "letter settings.db settings.db.damaged-1 settings.db.damaged-1-journal ");
+    EXPECT_EQ(
+        Names("."), "letter settings.db settings.db.damaged-1 settings.db.damaged-1-journal ");
     EXPECT_TRUE(Bytes("settings.db.damaged-1-journal") == journal);
 }
 
@@ -246,8 +259,9 @@ TEST_F(SettingsFile, PipesAndDevicesAreRefusedAtOnce)
 {
     struct {
         char const *name, *device; // without a device: a pipe
-    } const rows[] = { { "settings.db", nullptr }, { "settings.db", "/dev/zero" }, { "settings.db-journal", nullptr },
-        { "settings.db-wal", nullptr }, { "settings.db-journal", "/dev/tty" } };
+    } const rows[] = { { "settings.db", nullptr }, { "settings.db", "/dev/zero" },
+        { "settings.db-journal", nullptr }, { "settings.db-wal", nullptr },
+        { "settings.db-journal", "/dev/tty" } };
     auto const good = Bytes("settings.db");
     for (auto const& row : rows) {
         fs::remove(row.name);
@@ -259,7 +273,8 @@ TEST_F(SettingsFile, PipesAndDevicesAreRefusedAtOnce)
             alarm(5);
             auto store = Store();
             auto const told = std::string(row.name) + ": it is not a regular file.";
-            return !store.OpeningReport() && Answer(store) == told && Told(store.Write(u"s", u"k", u"v")) == told;
+            return !store.OpeningReport() && Answer(store) == told
+                && Told(store.Write(u"s", u"k", u"v")) == told;
         })) << row.name;
         EXPECT_EQ(fs::exists("settings.db.damaged-1"), false) << row.name;
         fs::remove(row.name);
@@ -273,7 +288,8 @@ TEST_F(SettingsFile, ALockDoesNotHoldUpWhatIsNoStore)
     auto const start = std::chrono::steady_clock::now();
     {
         OtherProgram const other("pragma application_id = 1; begin exclusive");
-        EXPECT_EQ(Answer(SqliteSettingsStore("settings.db", std::chrono::seconds(50))), "(none)") << "set aside";
+        EXPECT_EQ(Answer(SqliteSettingsStore("settings.db", std::chrono::seconds(50))), "(none)")
+            << "set aside";
     }
     Put("settings.db", std::string(5000, 'x'));
     {
