@@ -7,6 +7,7 @@
 #include "platform/host/background_writer.h"
 #include "platform/host/host_file_system.h"
 #include "platform/host/host_shell.h"
+#include "platform/host/leftover_pages.h"
 #include "platform/host/path_rules.h"
 #include "platform/host/running_copy.h"
 #include "platform/host/sqlite_settings_store.h"
@@ -54,6 +55,7 @@ static void RunProgram(Application& application)
         return;
     auto const drive = user / "drive_c";
     HostFileSystem files({ ProgramFolder(), drive });
+    RemoveLeftoverPages(drive / "Temp");
     SqliteSettingsStore settings(user / "settings.db");
     BackgroundWriter writer;
     HostShell shell;

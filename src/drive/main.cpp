@@ -1,8 +1,10 @@
 // sparrowfield-drive: the whole program without a screen, driven line by line. Its manual is docs/drive.md.
 
 #include "drive/driver.h"
+#include "platform/host/folders.h"
 #include "platform/host/fresh_folder.h"
 #include "platform/host/host_file_system.h"
+#include "platform/host/leftover_pages.h"
 #include "platform/host/sqlite_settings_store.h"
 #include "program/program.h"
 
@@ -47,7 +49,8 @@ public:
                 throw std::runtime_error("can't make a folder for the user's data");
             return;
         }
-        fs::create_directories(named);
+        if (auto const made = MakeFolders(named); !made)
+            throw std::runtime_error(ToUtf8(made.failure().Message()));
         m_path = fs::absolute(named);
     }
 
@@ -68,6 +71,7 @@ int RunScript(Options const& options, std::istream& script, Size screen)
         fs::current_path(options.data);
 
     HostFileSystem files({ application, user.Path() / "drive_c" });
+    RemoveLeftoverPages(user.Path() / "drive_c" / "Temp");
     SqliteSettingsStore settings(user.Path() / "settings.db");
     InlineWriter writer; // so that what a command has stored is there when it is answered
     RecordingShell shell;

@@ -1,5 +1,6 @@
 // The subcommands about a user's own work.
 
+#include "base/printable.h"
 #include "kit/answer_documents.h"
 #include "kit/commands.h"
 #include "kit/files.h"
@@ -8,13 +9,14 @@
 #include "platform/host/user_folders.h"
 
 #include <algorithm>
+#include <cassert>
 #include <iostream>
 
 namespace fs = std::filesystem;
 
 static int Fail(Failure const& failure)
 {
-    std::cerr << ToUtf8(failure.Message()) << '\n';
+    std::cerr << ToUtf8(Printable(failure.Message())) << '\n';
     return 1;
 }
 
@@ -38,6 +40,15 @@ static std::string Counted(UserWork const& work)
     return Counted(answers, "answer") + " and " + Counted(notes, "note");
 }
 
+static std::size_t QuestionsIn(std::vector<AnswerDocument> const& documents)
+{
+    std::size_t questions = 0;
+    for (auto const& document : documents)
+        for (auto const& lesson : document.lessons)
+            questions += lesson.questions.size();
+    return questions;
+}
+
 int RunAnswersExport(AnswersArguments const& arguments)
 {
     auto const user = UserFolder(arguments.user);
@@ -51,8 +62,11 @@ int RunAnswersExport(AnswersArguments const& arguments)
         return Fail({ FromUtf8(arguments.disc.string()), 0, FromUtf8(error.message()) });
     HostFileSystem files({ fs::current_path(), user / "drive_c" });
     auto documents = BuildAnswerDocuments(*work, files, arguments.withPublisher);
-    if (auto notes = BuildNotesDocument(*work, files); !notes.lessons.empty())
-        documents.push_back(std::move(notes));
+    auto const answers = QuestionsIn(documents);
+    auto notesDocument = BuildNotesDocument(*work, files);
+    auto const notes = notesDocument.lessons.size();
+    if (notes > 0)
+        documents.push_back(std::move(notesDocument));
     auto const format = arguments.format == "json" ? DocumentFormat::Json
         : arguments.format == "markdown"           ? DocumentFormat::Markdown
                                                    : DocumentFormat::Html;
@@ -62,20 +76,24 @@ int RunAnswersExport(AnswersArguments const& arguments)
     OutputFiles outputs;
     for (auto const& document : documents)
         outputs[document.name + ending] = Render(document, format);
+    assert(outputs.size() == documents.size());
     Faults faults;
-    auto const replaced = ReplaceFiles(to, outputs, faults);
+    auto const replaced = ReplaceFiles(to, outputs, faults, Readers::Owner);
     for (auto const& fault : faults)
         std::cerr << ToString(fault) << '\n';
     if (!replaced)
         return 1;
-    std::cout << to.string() << ": " << Counted(documents.size(), "document") << " with " << Counted(*work)
-              << ".\n";
+    std::cout << Printable(to.string()) << ": " << Counted(documents.size(), "document") << " with "
+              << Counted(answers, "answer") << " and " << Counted(notes, "note") << ".\n";
     return 0;
 }
 
 int RunAnswersBackup(AnswersArguments const& arguments)
 {
-    if (!arguments.replaces && fs::exists(fs::symlink_status(arguments.file)))
+    auto const present = fs::symlink_status(arguments.file);
+    if (fs::exists(present) && !fs::is_regular_file(present))
+        return Fail({ FromUtf8(arguments.file.string()), 0, u"it is not a regular file" });
+    if (!arguments.replaces && fs::exists(present))
         return Fail({ FromUtf8(arguments.file.string()), 0,
             u"it is there already; --replace overwrites it" });
     auto const work = LoadUserWork(UserFolder(arguments.user));
@@ -83,7 +101,7 @@ int RunAnswersBackup(AnswersArguments const& arguments)
         return Fail(work.failure());
     if (auto const written = WriteBackup(*work, arguments.file); !written)
         return Fail(written.failure());
-    std::cout << arguments.file.string() << ": " << Counted(*work) << ", "
+    std::cout << Printable(arguments.file.string()) << ": " << Counted(*work) << ", "
               << fs::file_size(arguments.file) << " bytes.\n";
     return 0;
 }
@@ -110,7 +128,7 @@ int RunAnswersRestore(AnswersArguments const& arguments)
     auto const plan = PlanRestore(*present, *backup, arguments.replaces);
     if (!plan.differing.empty() && !arguments.replaces) {
         for (auto const& name : plan.differing)
-            std::cerr << name << ": there is another text now\n";
+            std::cerr << Printable(name) << ": there is another text now\n";
         std::cerr << "Nothing was restored. With --replace the texts of the backup take the place "
                      "of these "
                   << plan.differing.size() << ".\n";
@@ -120,11 +138,12 @@ int RunAnswersRestore(AnswersArguments const& arguments)
         auto const copy = SafetyCopy(user);
         if (auto const written = WriteBackup(*present, copy); !written)
             return Fail(written.failure());
-        std::cout << "What was there is kept in " << copy.string() << ".\n";
+        std::cout << "What was there is kept in " << Printable(copy.string()) << ".\n";
     }
     if (auto const restored = Restore(plan, user, arguments.replaces); !restored)
         return Fail(restored.failure());
-    std::cout << user.string() << ": restored from " << Counted(*backup) << "; " << plan.same
-              << " of them there already, " << plan.differing.size() << " in place of other words.\n";
+    std::cout << Printable(user.string()) << ": restored from " << Counted(*backup) << "; "
+              << plan.same << " of them there already, " << plan.differing.size()
+              << " in place of other words.\n";
     return 0;
 }

@@ -1,10 +1,12 @@
 #include "kit/answer_documents.h"
 
+#include "base/printable.h"
 #include "bible/note_file.h"
 #include "study/lesson_file.h"
 
 #include <algorithm>
 #include <optional>
+#include <set>
 #include <tuple>
 
 namespace {
@@ -39,6 +41,42 @@ std::map<Text, Answers> AnswersOf(UserWork const& work)
             answers[entry.section][*page] = entry.value;
     return answers;
 }
+
+constexpr char const *othersName = "answers-without-their-study", *notesName = "chapter-notes";
+
+/// A bare file name for the document of a study. The study's own name comes from a section of the
+/// store, which may hold anything: what isn't a letter or digit (of Latin script, or anything
+/// beyond), "_", "-" or a blank becomes "_".
+std::string BareName(TextView study)
+{
+    constexpr std::size_t longest
+        = 60; // characters; of three bytes, they leave place for a number and an ending
+    std::string name;
+    for (char16_t const character : study.substr(0, longest)) {
+        bool const isSafe = (character >= u'a' && character <= u'z')
+            || (character >= u'A' && character <= u'Z') || (character >= u'0' && character <= u'9')
+            || character == u'_' || character == u'-' || character == u' '
+            || (character >= 0xC0 && character < 0x2000)
+            || (character >= 0x2C00 && character < 0xD800);
+        name += isSafe ? Printable(ToUtf8(TextView(&character, 1))) : "_";
+    }
+    return name.empty() || name[0] == ' ' || name[0] == '-' ? "_" + name : name;
+}
+
+/// Gives each document the name that it has, with "-2" and so on where another has it already.
+class Names {
+public:
+    std::string Take(std::string const& name)
+    {
+        auto taken = name;
+        for (int number = 2; !m_taken.insert(ToLower(FromUtf8(taken))).second; ++number)
+            taken = name + "-" + std::to_string(number);
+        return taken;
+    }
+
+private:
+    std::set<Text> m_taken { FromUtf8(othersName), FromUtf8(notesName) };
+};
 
 /// "ruth" of "ruth-1.dat".
 Text StudyName(TextView fileName)
@@ -95,7 +133,8 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
         return std::tie(a.study, a.lesson, a.file) < std::tie(b.study, b.lesson, b.file);
     });
     std::vector<AnswerDocument> documents;
-    AnswerDocument others { "answers-without-their-study", u"Answers without their study", {} };
+    AnswerDocument others { othersName, u"Answers without their study", {} };
+    Names names;
     Text last;
     for (auto const& place : places) {
         Turns turns;
@@ -105,7 +144,7 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
             continue;
         }
         if (documents.empty() || place.study != last)
-            documents.push_back({ ToUtf8(place.study), block->study.studyTitle, {} });
+            documents.push_back({ names.Take(BareName(place.study)), block->study.studyTitle, {} });
         last = place.study;
         documents.back().lessons.push_back(LessonOf(*block, place.answers, withPublisher));
     }
@@ -117,7 +156,7 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
 AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem const& files)
 {
     constexpr std::string_view ending = ".dat";
-    AnswerDocument document { "chapter-notes", u"Notes on chapters of the Bible", {} };
+    AnswerDocument document { notesName, u"Notes on chapters of the Bible", {} };
     for (auto const& [name, bytes] : work.notes) {
         if (!name.ends_with(ending))
             continue;

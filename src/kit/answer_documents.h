@@ -19,7 +19,8 @@ struct AnsweredLesson {
 };
 
 struct AnswerDocument {
-    std::string name; ///< of its file, without an ending
+    std::string name; ///< of its file, without an ending; bare, and no two alike, even on a disk
+                      ///< that ignores case
     Text title;
     std::vector<AnsweredLesson> lessons;
 };

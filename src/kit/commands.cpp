@@ -1,6 +1,7 @@
 #include "kit/commands.h"
 
 #include "base/nearest_form.h"
+#include "base/printable.h"
 #include "kit/bible_import.h"
 #include "kit/canon.h"
 #include "kit/files.h"
@@ -37,8 +38,8 @@ int Deliver(OutputFiles const& files, std::filesystem::path const& to, Faults& f
     auto const replaced = ReplaceFiles(to, files, faults);
     if (!replaced)
         return Fail(faults);
-    std::cout << to.string() << ": " << replaced->written << " files written, " << replaced->unchanged
-              << " were up to date.\n";
+    std::cout << Printable(to.string()) << ": " << replaced->written << " files written, "
+              << replaced->unchanged << " were up to date.\n";
     return 0;
 }
 
@@ -47,7 +48,7 @@ std::string Joined(std::vector<std::string> const& words)
     std::string text;
     for (auto const& word : words)
         text += (text.empty() ? "" : ", ") + word;
-    return text;
+    return Printable(text);
 }
 
 void Describe(BibleImport const& import)

@@ -1,6 +1,9 @@
 #include "kit/faults.h"
 
+#include "base/printable.h"
+
 std::string ToString(Fault const& fault)
 {
-    return fault.file + (fault.line > 0 ? ":" + std::to_string(fault.line) : "") + ": " + fault.message;
+    return Printable(fault.file + (fault.line > 0 ? ":" + std::to_string(fault.line) : "") + ": "
+        + fault.message);
 }

@@ -11,7 +11,8 @@ struct Fault {
     std::string message; ///< UTF-8, without a full stop
 };
 
-/// "file:line: message", or "file: message" without a line.
+/// "file:line: message", or "file: message" without a line: one line, fit for a terminal
+/// (base/printable.h).
 std::string ToString(Fault const& fault);
 
 using Faults = std::vector<Fault>;

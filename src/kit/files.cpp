@@ -1,11 +1,12 @@
 #include "kit/files.h"
 
 #include "platform/host/console.h"
+#include "platform/host/descriptor.h"
+#include "platform/host/folders.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <fstream>
 #include <random>
 #include <vector>
@@ -14,14 +15,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string Reason(int number)
-{
-    return number != 0 ? std::strerror(number) : "it can't be read";
-}
+constexpr auto ownersRights = fs::perms::owner_read | fs::perms::owner_write;
 
-bool HasContent(fs::path const& path, std::string const& bytes)
+/// True if the file is there as it would be written.
+bool IsUpToDate(fs::path const& path, std::string const& bytes, Readers readers)
 {
     std::error_code error;
+    if (readers == Readers::Owner && fs::symlink_status(path, error).permissions() != ownersRights)
+        return false;
     if (!fs::is_regular_file(path, error) || fs::file_size(path, error) != bytes.size() || error)
         return false;
     Faults ignored;
@@ -29,18 +30,34 @@ bool HasContent(fs::path const& path, std::string const& bytes)
 }
 
 /// `meant` is the file as the user knows it.
-void WriteWhole(fs::path const& path, std::string const& bytes, fs::path const& meant)
+void WriteWhole(
+    fs::path const& path, std::string const& bytes, fs::path const& meant, Readers readers)
 {
     fs::create_directories(path.parent_path());
     errno = 0;
     std::ofstream file(path, std::ios::binary);
+    if (readers == Readers::Owner) // while it is empty
+        fs::permissions(path, ownersRights);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();
     if (!file)
         throw fs::filesystem_error("", meant, std::error_code(errno, std::generic_category()));
 }
 
-constexpr char const* workMark = ".kit-";
+constexpr char const* workName = ".kit-";
+/// The file by which a work folder is known for the kit's own, and what stands in it.
+constexpr char const *workMarker = "work-of-sparrowfield-kit",
+                     *workMarking = "Made by sparrowfield-kit, and removed by it.\n";
+
+/// True for a folder of this user, not a link, that holds our marker.
+bool IsOwnWorkFolder(fs::path const& folder)
+{
+    auto const marker = folder / workMarker;
+    if (!IsOwn(folder, fs::file_type::directory) || !IsOwn(marker, fs::file_type::regular))
+        return false;
+    auto const marking = ReadWholeFile(marker);
+    return marking && *marking == workMarking;
+}
 
 /// Removes what a run that was killed has left. One that is younger than this may still be at work.
 void RemoveLeftovers(fs::path const& target)
@@ -48,7 +65,8 @@ void RemoveLeftovers(fs::path const& target)
     std::error_code ignored;
     auto const old = fs::file_time_type::clock::now() - std::chrono::hours(1);
     for (auto const& entry : fs::directory_iterator(target, ignored)) {
-        if (entry.path().filename().string().starts_with(workMark) && entry.last_write_time(ignored) < old)
+        if (entry.path().filename().string().starts_with(workName) && IsOwnWorkFolder(entry.path())
+            && entry.last_write_time(ignored) < old)
             fs::remove_all(entry.path(), ignored);
     }
 }
@@ -62,12 +80,15 @@ public:
         , m_madeTarget(fs::create_directory(m_target))
     {
         RemoveLeftovers(m_target);
-        m_path = m_target / (workMark + std::to_string(std::random_device {}()));
+        m_path = m_target / (workName + std::to_string(std::random_device {}()));
         std::error_code error;
         if (!fs::create_directory(m_path, error)) {
             RemoveMadeTarget();
             throw fs::filesystem_error("", m_target, error);
         }
+        fs::permissions(m_path, fs::perms::owner_all, error);
+        std::ofstream(m_path / workMarker, std::ios::binary)
+            << workMarking; // Without it the folder would stay after a kill.
     }
     ~WorkFolder()
     {
@@ -80,7 +101,13 @@ public:
     WorkFolder& operator=(WorkFolder const&) = delete;
 
     fs::path const& Path() const { return m_path; }
-    void Keep() { m_isKept = true; }
+    /// From now on it is the user's.
+    void Keep()
+    {
+        std::error_code ignored;
+        m_isKept = true;
+        fs::remove(m_path / workMarker, ignored);
+    }
 
 private:
     void RemoveMadeTarget()
@@ -164,12 +191,13 @@ private:
 };
 
 /// Writes the files in the work folder and exchanges them. Throws with "nothing was changed" or where the old files lie.
-void WriteAndExchange(fs::path const& target, OutputFiles const& files, std::vector<fs::path> const& names)
+void WriteAndExchange(fs::path const& target, OutputFiles const& files,
+    std::vector<fs::path> const& names, Readers readers)
 {
     EndHeldBack const untilDone;
     WorkFolder work(target);
     for (auto const& name : names)
-        WriteWhole(work.Path() / "new" / name, files.at(name), target / name);
+        WriteWhole(work.Path() / "new" / name, files.at(name), target / name, readers);
     Exchange exchange(target, work.Path());
     try {
         for (auto const& name : names)
@@ -186,36 +214,39 @@ void WriteAndExchange(fs::path const& target, OutputFiles const& files, std::vec
 
 std::optional<std::string> ReadWhole(fs::path const& path, Faults& faults)
 {
-    std::error_code error;
-    if (fs::is_directory(path, error)) {
-        faults.push_back({ path.string(), 0, "it is a folder" });
-        return std::nullopt;
-    }
-    errno = 0;
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    std::string bytes;
-    if (file) {
-        bytes.resize(static_cast<std::size_t>(std::max<std::streamoff>(file.tellg(), 0)));
-        file.seekg(0);
-        file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    }
-    if (!file) {
-        faults.push_back({ path.string(), 0, Reason(errno) });
-        return std::nullopt;
-    }
-    return bytes;
+    auto bytes = ReadWholeFile(path);
+    if (bytes)
+        return std::move(*bytes);
+    faults.push_back({ path.string(), 0, ToUtf8(bytes.failure().reason) });
+    return std::nullopt;
 }
 
-std::optional<Replaced> ReplaceFiles(fs::path const& target, OutputFiles const& files, Faults& faults)
+/// True for a name that stays in the folder in which it is taken.
+static bool StaysBelow(fs::path const& name)
 {
+    return !name.empty() && name.is_relative() && name.has_filename()
+        && std::none_of(name.begin(), name.end(),
+            [](fs::path const& part) { return part == ".." || part == "."; });
+}
+
+std::optional<Replaced> ReplaceFiles(
+    fs::path const& target, OutputFiles const& files, Faults& faults, Readers readers)
+{
+    for (auto const& [name, bytes] : files) {
+        if (!StaysBelow(name)) {
+            faults.push_back(
+                { name.string(), 0, "its name leads out of the folder; nothing was changed" });
+            return std::nullopt;
+        }
+    }
     try {
         std::vector<fs::path> changed;
         for (auto const& [name, bytes] : files) {
-            if (!HasContent(target / name, bytes))
+            if (!IsUpToDate(target / name, bytes, readers))
                 changed.push_back(name);
         }
         if (!changed.empty())
-            WriteAndExchange(target, files, changed);
+            WriteAndExchange(target, files, changed, readers);
         return Replaced { changed.size(), files.size() - changed.size() };
     } catch (fs::filesystem_error const& error) {
         auto const& path = error.path1().empty() ? target : error.path1();

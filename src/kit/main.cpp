@@ -1,5 +1,6 @@
 // sparrowfield-kit: the command line of those who write studies and put discs together. Its manual is docs/kit.md.
 
+#include "base/printable.h"
 #include "kit/bible_import.h"
 #include "kit/commands.h"
 
@@ -155,7 +156,7 @@ int main(int count, char** words)
     try {
         return CommandLine().Run(count, words);
     } catch (std::exception const& error) {
-        std::cerr << "sparrowfield-kit: " << error.what() << '\n';
+        std::cerr << "sparrowfield-kit: " << Printable(std::string_view(error.what())) << '\n';
         return 2;
     }
 }

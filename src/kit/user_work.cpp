@@ -1,6 +1,7 @@
 #include "kit/user_work.h"
 
 #include "platform/host/descriptor.h"
+#include "platform/host/folders.h"
 #include "platform/host/sqlite_settings_store.h"
 
 namespace fs = std::filesystem;
@@ -78,26 +79,10 @@ RestorePlan PlanRestore(UserWork const& present, UserWork const& backup, bool re
     return plan;
 }
 
-/// The folders down to one, private to their owner.
-static Outcome<Done> MakeFolders(fs::path const& from, fs::path const& to)
-{
-    std::error_code error;
-    fs::create_directories(from, error);
-    fs::path made = from;
-    for (auto const& name : to.lexically_relative(from)) {
-        auto const parent = made;
-        made /= name;
-        if (auto const done = MakeFolder(made.string(), parent.string(), FromUtf8(made.string()));
-            !done)
-            return done.failure();
-    }
-    return Done {};
-}
-
 Outcome<Done> Restore(RestorePlan const& plan, fs::path const& userFolder, bool replaces)
 {
     auto const notes = NotesFolder(userFolder);
-    if (auto const made = MakeFolders(userFolder, notes); !made)
+    if (auto const made = MakeFolders(notes); !made)
         return made.failure();
     for (auto const& [name, bytes] : plan.notes)
         if (auto const written

@@ -1,5 +1,6 @@
 #include "setup/console_setup.h"
 
+#include "base/printable.h"
 #include "platform/host/console.h"
 #include "setup/install.h"
 #include "setup/size_text.h"
@@ -26,8 +27,8 @@ public:
             return;
         m_next = now + std::chrono::milliseconds(100);
         auto const percent = progress.total ? progress.done * 100 / progress.total : 100;
-        std::fprintf(
-            stderr, "\r\x1B[K%3u %%  %s", static_cast<unsigned>(percent), progress.file.c_str());
+        std::fprintf(stderr, "\r\x1B[K%3u %%  %s", static_cast<unsigned>(percent),
+            Printable(progress.file.string()).c_str());
         std::fflush(stderr);
     }
 
@@ -40,7 +41,7 @@ private:
 
 int Tell(Failure const& failure)
 {
-    std::cerr << ToUtf8(failure.Message()) << '\n';
+    std::cerr << ToUtf8(Printable(failure.Message())) << '\n';
     return 1;
 }
 
@@ -58,9 +59,9 @@ int RunInstall(SetupPlaces const& places, std::function<bool()> const& isEndWish
     if (!plan)
         return Tell(plan.failure());
     std::cout << (IsInstalled(places) ? "Repairing the copy of " : "Installing ")
-              << "Sparrowfield Interactive Bible Study\n  from " << places.disc.string()
-              << "\n  to   " << places.target.string() << "\n  " << plan->files.size() << " files, "
-              << ToUtf8(SizeText(plan->bytes)) << std::endl;
+              << "Sparrowfield Interactive Bible Study\n  from " << Printable(places.disc.string())
+              << "\n  to   " << Printable(places.target.string()) << "\n  " << plan->files.size()
+              << " files, " << ToUtf8(SizeText(plan->bytes)) << std::endl;
     auto const report = [&] {
         ProgressLine line;
         return Install(places, *plan, [&](CopyProgress const& progress) {
@@ -75,7 +76,7 @@ int RunInstall(SetupPlaces const& places, std::function<bool()> const& isEndWish
         return 1;
     }
     TellMenuFaults(*report, "The program is installed, but its menu entry isn't complete:");
-    std::cout << "Installed: " << (places.target / installedProgram).string() << '\n';
+    std::cout << "Installed: " << Printable((places.target / installedProgram).string()) << '\n';
     return 0;
 }
 
@@ -85,8 +86,11 @@ int RunUninstall(SetupPlaces const& places)
     auto const report = Uninstall(places);
     if (!report)
         return Tell(report.failure());
-    std::cout << (wasInstalled ? "Removed: " : "No copy is installed: ") << places.target.string()
-              << '\n';
+    std::cout << (wasInstalled ? "Removed: " : "No copy is installed: ")
+              << Printable(places.target.string()) << '\n';
+    if (!report->kept.empty())
+        std::cout << "Files of your own that lay in it are kept in "
+                  << Printable(report->kept.string()) << '\n';
     TellMenuFaults(*report, "Something of the menu entry couldn't be removed:");
     return report->menuFaults.empty() ? 0 : 1;
 }

@@ -1,6 +1,7 @@
 #include "setup/copy_plan.h"
 
 #include "platform/host/descriptor.h"
+#include "setup/copy_list.h"
 #include "setup/places.h"
 
 #include <algorithm>
@@ -55,7 +56,7 @@ private:
             return SystemFailure(FromUtf8((m_disc / below).string()), error.value());
         std::sort(names.begin(), names.end());
         for (auto const& name : names)
-            if (!name.string().starts_with(".new-"))
+            if (!name.string().starts_with(".new-") && below / name != copyListName)
                 if (auto failure = Entry(below / name))
                     return failure;
         return std::nullopt;

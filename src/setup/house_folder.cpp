@@ -1,6 +1,6 @@
 #include "setup/house_folder.h"
 
-#include "setup/folders.h"
+#include "platform/host/folders.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -25,7 +25,8 @@ static void RemoveLeftovers(fs::path const& folder)
     std::vector<fs::path> leftovers;
     fs::directory_iterator entries(folder, error);
     for (; !error && entries != fs::directory_iterator(); entries.increment(error))
-        if (entries->path().filename().string().starts_with(asideName))
+        if (entries->path().filename().string().starts_with(asideName)
+            && IsOwn(entries->path(), fs::file_type::directory))
             leftovers.push_back(entries->path());
     for (auto const& leftover : leftovers)
         fs::remove_all(leftover, error);
@@ -35,7 +36,12 @@ Outcome<HouseFolder> HouseFolder::Hold(fs::path const& folder)
 {
     if (auto const made = MakeFolders(folder); !made)
         return made.failure();
-    Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    std::error_code error;
+    for (auto const& place : { folder.parent_path(), folder })
+        if (fs::is_symlink(fs::symlink_status(place, error)))
+            return Failure { FromUtf8(place.string()), 0,
+                u"it is a link, and Setup changes nothing behind a link" };
+    Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW));
     if (!descriptor)
         return About(folder);
     if (::flock(descriptor.Number(), LOCK_EX | LOCK_NB) != 0) {

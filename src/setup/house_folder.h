@@ -9,7 +9,8 @@
 class HouseFolder {
 public:
     /// Makes the folder and those above it, private to the user, where they are missing, and
-    /// removes what a run that was killed has left. Fails while another Setup holds it.
+    /// removes the folders that a run that was killed has left. Fails while another Setup holds it,
+    /// and where the folder or the one above it is a link.
     static Outcome<HouseFolder> Hold(std::filesystem::path const& folder);
     HouseFolder(HouseFolder&&) noexcept = default;
     HouseFolder& operator=(HouseFolder&&) = delete;

@@ -1,5 +1,6 @@
 #include "setup/install.h"
 
+#include "setup/copy_list.h"
 #include "setup/house_folder.h"
 #include "setup/menu_entry.h"
 #include "setup/size_text.h"
@@ -99,6 +100,10 @@ Outcome<Ending> InstallCopy(SetupPlaces const& places, CopyPlan const& plan, Wat
     auto copied = CopyFiles(plan, fresh.Path(), goesOn);
     if (!copied || *copied == Ending::Cancelled)
         return copied;
+    if (auto const carried = CarryUserFiles(places.target, fresh.Path()); !carried)
+        return carried.failure();
+    if (auto const listed = WriteCopyList(plan, fresh.Path()); !listed)
+        return listed.failure();
     if (auto const exchanged = house->Exchange(fresh.Path(), places.target); !exchanged)
         return exchanged.failure();
     return Ending::Complete;
@@ -114,8 +119,8 @@ Outcome<SetupReport> Install(SetupPlaces const& places, CopyPlan const& plan, Wa
     if (!ending)
         return ending.failure();
     if (*ending == Ending::Cancelled)
-        return SetupReport { Ending::Cancelled, {} };
-    return SetupReport { Ending::Complete, AddToMenu(places) };
+        return SetupReport { Ending::Cancelled, {}, {} };
+    return SetupReport { Ending::Complete, AddToMenu(places), {} };
 }
 
 Outcome<SetupReport> Uninstall(SetupPlaces const& places)
@@ -123,14 +128,21 @@ Outcome<SetupReport> Uninstall(SetupPlaces const& places)
     if (auto const hindrance = Hindrance(places))
         return *hindrance;
     auto const parent = places.target.parent_path();
+    auto const menuFiles = FindMenuFiles(places);
+    fs::path keptIn;
     std::error_code error;
     if (fs::exists(parent, error)) {
         auto const house = HouseFolder::Hold(parent);
         if (!house)
             return house.failure();
-        if (IsInstalled(places))
+        if (IsInstalled(places)) {
+            auto const kept = KeepUserFiles(places.target, parent);
+            if (!kept)
+                return kept.failure();
+            keptIn = *kept;
             if (auto const removed = house->Remove(places.target); !removed)
                 return removed.failure();
+        }
     }
-    return SetupReport { Ending::Complete, RemoveFromMenu(places) };
+    return SetupReport { Ending::Complete, RemoveFromMenu(places, menuFiles), keptIn };
 }

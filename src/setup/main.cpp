@@ -1,6 +1,7 @@
 // sparrowfield-setup, on the disc Setup.exe: installs the disc on which it lies. Its manual is
 // docs/setup.md.
 
+#include "base/printable.h"
 #include "platform/host/console.h"
 #include "platform/host/user_folders.h"
 #include "setup/console_setup.h"
@@ -43,7 +44,7 @@ int main(int count, char** words)
     try {
         return Run(*options, inWindow, words);
     } catch (std::exception const& error) {
-        std::cerr << "Setup.exe: " << error.what() << '\n';
+        std::cerr << "Setup.exe: " << Printable(std::string_view(error.what())) << '\n';
         return 1;
     }
 }

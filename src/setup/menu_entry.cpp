@@ -1,11 +1,9 @@
 #include "setup/menu_entry.h"
 
 #include "platform/host/descriptor.h"
-#include "setup/folders.h"
+#include "platform/host/folders.h"
 
 #include <cerrno>
-#include <fstream>
-#include <sstream>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -83,9 +81,46 @@ Outcome<Done> PutFile(fs::path const& folder, std::string const& name, std::stri
     return ReplaceFile(folder.string(), name, bytes, FromUtf8((folder / name).string()));
 }
 
-void RemoveFile(fs::path const& file, std::vector<Failure>& faults)
+/// True if a folder below `base` on the way to the file is a link.
+bool IsBehindLink(fs::path const& file, fs::path const& base)
 {
-    if (::unlink(file.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR)
+    std::error_code ignored;
+    for (auto folder = file.parent_path(); folder != base && folder.has_relative_path();
+         folder = folder.parent_path())
+        if (fs::is_symlink(fs::symlink_status(folder, ignored)))
+            return true;
+    return false;
+}
+
+/// True if the entry is a file that starts its program in the folder.
+bool PointsTo(fs::path const& entry, fs::path const& folder)
+{
+    auto const text = IsOwn(entry, fs::file_type::regular) ? ReadWholeFile(entry)
+                                                           : Outcome<std::string>(Failure());
+    return text
+        && ('\n' + *text + '\n').find("\nPath=" + Value(folder.string()) + '\n')
+        != std::string::npos;
+}
+
+/// True for a link into the copy, and for a file with the same bytes as the copy's.
+bool IsIconOfCopy(fs::path const& icon, fs::path const& copys, bool hasOwnEntry)
+{
+    std::error_code error;
+    if (auto const link = fs::read_symlink(icon, error); !error)
+        return (icon.parent_path() / link).lexically_normal() == copys;
+    if (!IsOwn(icon, fs::file_type::regular))
+        return false;
+    if (!fs::exists(copys, error))
+        return hasOwnEntry;
+    auto const bytes = ReadWholeFile(icon), original = ReadWholeFile(copys);
+    return bytes && original && *bytes == *original;
+}
+
+void RemoveFile(fs::path const& file, fs::path const& base, std::vector<Failure>& faults)
+{
+    if (IsBehindLink(file, base))
+        faults.push_back({ FromUtf8(file.string()), 0, u"it lies behind a link, and stays" });
+    else if (::unlink(file.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR)
         faults.push_back(SystemFailure(FromUtf8(file.string())));
 }
 
@@ -117,30 +152,47 @@ std::string MenuEntry(fs::path const& folder)
 std::vector<Failure> AddToMenu(SetupPlaces const& places)
 {
     std::vector<Failure> faults;
+    if (auto const target = places.target.string(); ToUtf8(FromUtf8(target)) != target) {
+        faults.push_back(
+            { FromUtf8(target), 0, u"its path isn't UTF-8, so there is no menu entry" });
+        return faults;
+    }
     auto const put
         = [&faults](fs::path const& folder, std::string const& name, std::string_view bytes) {
               if (auto const done = PutFile(folder, name, bytes); !done)
                   faults.push_back(done.failure());
           };
     for (auto const& icon : Icons()) {
-        std::ifstream file(places.target / icon.from, std::ios::binary);
-        std::ostringstream bytes;
-        if (file && bytes << file.rdbuf())
-            put(places.icons / icon.folder, icon.name, bytes.str());
+        if (auto const bytes = ReadWholeFile(places.target / icon.from))
+            put(places.icons / icon.folder, icon.name, *bytes);
     }
     TellOfIcons(places.icons);
     put(places.menu, entryName, MenuEntry(places.target));
     return faults;
 }
 
-std::vector<Failure> RemoveFromMenu(SetupPlaces const& places)
+std::vector<fs::path> FindMenuFiles(SetupPlaces const& places)
+{
+    std::vector<fs::path> files;
+    auto const entry = places.menu / entryName;
+    bool const hasOwnEntry = PointsTo(entry, places.target);
+    if (hasOwnEntry)
+        files.push_back(entry);
+    for (auto const& icon : Icons())
+        if (auto const file = places.icons / icon.folder / icon.name;
+            IsIconOfCopy(file, places.target / icon.from, hasOwnEntry))
+            files.push_back(file);
+    return files;
+}
+
+std::vector<Failure> RemoveFromMenu(SetupPlaces const& places, std::vector<fs::path> const& files)
 {
     std::vector<Failure> faults;
-    RemoveFile(places.menu / entryName, faults);
-    for (auto const& icon : Icons()) {
-        auto const folder = places.icons / icon.folder;
-        RemoveFile(folder / icon.name, faults);
-        if (::rmdir(folder.c_str()) == 0)
+    for (auto const& file : files) {
+        RemoveFile(file, places.menu.parent_path(), faults);
+        auto const folder = file.parent_path();
+        if (folder != places.menu && !IsBehindLink(file, places.menu.parent_path())
+            && ::rmdir(folder.c_str()) == 0)
             ::rmdir(folder.parent_path().c_str());
     }
     TellOfIcons(places.icons);

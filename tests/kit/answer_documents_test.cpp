@@ -54,6 +54,28 @@ TEST(AnswerDocuments, FollowTheStudiesAndLoseNoAnswer)
             EXPECT_TRUE(each.publisher.empty()) << "only on request";
 }
 
+TEST(AnswerDocuments, NamesAreBareAndDistinct)
+{
+    MemoryFileSystem files;
+    PutStudy(files);
+    auto const bytes = *files.ReadAll(u"ruth-1.dat");
+    UserWork work;
+    for (Text const study : { u"/srv/ruth", u"..\\ruth", u"C:\\ruth", u"Ruth", u"RUTH", u".x", u"",
+             u"-r", u"chapter-notes", u"Answers-Without-Their-Study", u"a\u202Eb\x1B[31m",
+             u"\u00C9t\u00FCde", u"_" }) {
+        files.Put(study + u"-1.dat", bytes);
+        work.entries.push_back({ study + u"-1.dat:1", u"Page1", u"x" });
+    }
+    work.entries.push_back({ u"gone-1.dat:1", u"Page1", u"x" });
+    std::vector<std::string> names;
+    for (auto const& document : BuildAnswerDocuments(work, files, false))
+        names.push_back(document.name);
+    EXPECT_THAT(names,
+        testing::UnorderedElementsAre("_srv_ruth", "___ruth", "RUTH", "Ruth-2", "_x", "_", "_-r",
+            "chapter-notes-2", "Answers-Without-Their-Study-2", "a_b__31m", "\u00C9t\u00FCde",
+            "_-2", "answers-without-their-study"));
+}
+
 TEST(AnswerDocuments, NotesComeExactAndByChapter)
 {
     MemoryFileSystem files;

@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """Exports, backs up and restores a user's work while the program is at it: answers.py KIT DRIVE DISC."""
 
+import json
+import os
 import pathlib
+import shutil
 import sqlite3
 import subprocess
 import sys
@@ -11,7 +14,7 @@ kit, drive, disc = sys.argv[1:4]
 
 
 def run(*words):
-    done = subprocess.run([kit, "answers", *map(str, words)], capture_output=True, text=True)
+    done = subprocess.run([kit, "answers", *map(str, words)], capture_output=True, text=True, timeout=60)
     return done.returncode, done.stdout, done.stderr
 
 
@@ -77,6 +80,29 @@ def refused(folder, user):
             holder.communicate(b"\n")
 
 
+def hostile(folder, user):
+    """What a foreign backup can bring neither leaves the folder of documents nor steers the terminal."""
+    def texts(*words):
+        return [word.encode("utf-16-be") for word in words]
+    with sqlite3.connect(user / "settings.db") as database:
+        for section in (f"{folder}/stolen/mount-1.dat:1", "Mount-1.dat:1", "a\x1b[31m\u202e-1.dat:1"):
+            database.execute("insert into settings values (?, ?, ?)", texts(section, "Page1", "x"))
+        database.execute("insert into settings values (?, ?, ?)", texts("Parameters", "Page9", "x"))
+    (folder / "stolen").mkdir()
+    shutil.copy(f"{disc}/mount-1.dat", folder / "stolen")
+    status, out, errors = run("export", "--to", folder / "safe", "--disc", disc, "--user", user, "--format", "json")
+    expect((status, errors, len(list((folder / "stolen").iterdir()))), (0, "", 1), "an export of foreign sections")
+    documents = [json.loads(file.read_text(encoding="utf-8")) for file in (folder / "safe").iterdir()]
+    notes = sum(len(d["lessons"]) for d in documents if d["title"].startswith("Notes"))
+    answers = sum(len(lesson["questions"]) for d in documents for lesson in d["lessons"]) - notes
+    expect(out, f"{folder}/safe: {len(documents)} documents with {answers} answers and {notes} note.\n", "what is counted is written")
+    run("backup", folder / "hostile.backup", "--user", user)
+    with sqlite3.connect(user / "settings.db") as database:
+        database.execute("update settings set value = x'0079' where value = x'0078'")
+    status, out, errors = run("restore", folder / "hostile.backup", "--user", user)
+    expect((status, "there is another text now" in errors, [c for c in errors if c in "\x1b\u202e"]), (1, True, []), "control characters")
+
+
 with tempfile.TemporaryDirectory() as folder:
     folder = pathlib.Path(folder)
     user = folder / "user"
@@ -107,11 +133,21 @@ with tempfile.TemporaryDirectory() as folder:
     status, out, errors = run("restore", kept, "--user", user)
     expect((status, "there is another text now" in errors), (1, True), "the text that went is in the backup that was kept")
     expect(run("backup", folder / "one.backup", "--user", user)[0], 1, "a backup over another")
-    for bad in (folder / "none", folder, "/dev/null", "/dev/full/x"):
+    os.mkfifo(folder / "pipe")
+    os.symlink(folder / "one.backup", folder / "link")
+    for bad in (folder, folder / "pipe", folder / "link", "/dev/null"):
+        status, out, errors = run("backup", bad, "--replace", "--user", user)
+        expect((status, out, errors), (1, "", f"{bad}: it is not a regular file.\n"), f"a backup that would replace {bad}")
+    os.chmod(folder / "two.backup", 0o644)
+    expect(run("backup", folder / "two.backup", "--replace", "--user", user)[0], 0, "a backup over another, as told")
+    for file in (folder / "two.backup", *(folder / "documents").iterdir()):
+        expect(oct(file.stat().st_mode & 0o777), "0o600", f"the rights of {file}")
+    for bad in (folder / "none", folder, folder / "pipe", "/dev/null", "/dev/full/x"):
         status, out, errors = run("restore", bad, "--user", user)
         expect((status, out, bool(errors)), (1, "", True), f"restore from {bad}")
     for bad in ("/dev/full/x", folder / "none" / "x", "/proc/x"):
         status, out, errors = run("backup", bad, "--user", user)
         expect((status, out, bool(errors)), (1, "", True), f"backup to {bad}")
     refused(folder, user)
+    hostile(folder, user)
 print("answers: export, backup and restore as told")

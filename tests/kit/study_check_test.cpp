@@ -154,7 +154,7 @@ TEST(StudyCheck, LooksForWhatBelongsToAFile)
     EXPECT_EQ(Check("introduction.txt", "!a\n!xB\n"), "f:2: a scrambled line has no shift letter: expected one from a to z at its end\n");
     Faults faults;
     CheckFile("/nowhere/V-x", faults);
-    EXPECT_EQ(Dump(faults), "/nowhere/V-x: No such file or directory\n");
+    EXPECT_EQ(Dump(faults), "/nowhere/V-x: the file doesn't exist\n");
 }
 
 }

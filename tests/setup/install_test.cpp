@@ -32,11 +32,46 @@ TEST_F(InstallTest, CopiesTheDiscInPlaceOfWhateverCopyStoodThere)
     EXPECT_EQ(Mode(user / "drive_c"), 0700U);
 
     Put(places.target / "kjv/kjv1", "damaged");
-    Put(places.target / "too much", "");
     fs::create_directories(house / ".new-left/kjv");
     EXPECT_EQ(Told(InstallAll()), "installed");
     EXPECT_EQ(Tree(places.target), WholeCopy());
     EXPECT_EQ(Names(house), "Sparrowfield Interactive Software ") << "no leftovers";
+}
+
+TEST_F(InstallTest, FilesThatTheUserHasPutIntoTheCopyAreCarriedOver)
+{
+    EXPECT_EQ(Told(InstallAll()), "installed");
+    fs::create_directories(places.target / "own/deep");
+    Put(places.target / "own/deep/study-1.dat", "my study");
+    Put(places.target / "new-1.dat", "my words");
+    Put(places.target / "kjv/kjv1", "damaged");
+    fs::create_symlink("/nowhere", places.target / "link");
+    Put(disc / "new-1.dat", "the disc's words");
+    EXPECT_EQ(Told(InstallAll()), "installed");
+    auto tree = WholeCopy();
+    tree["own"] = tree["own/deep"] = "/";
+    tree["own/deep/study-1.dat"] = "my study";
+    tree["new-1.dat.kept-1"] = "my words";
+    tree["link"] = "-> /nowhere";
+    EXPECT_EQ(Tree(places.target), tree);
+    EXPECT_EQ(Names(house), "Sparrowfield Interactive Software ");
+}
+
+TEST_F(InstallTest, NothingIsChangedBehindALink)
+{
+    for (auto const& place : { house, house.parent_path() }) {
+        fs::remove_all(user / "drive_c");
+        fs::create_directories(folder / "precious/Sparrowfield House/.new-mine");
+        fs::create_directories(place.parent_path());
+        fs::create_directory_symlink(
+            place == house ? folder / "precious/Sparrowfield House" : folder / "precious", place);
+        auto const before = Tree(folder / "precious");
+        auto const link
+            = place.string() + ": it is a link, and Setup changes nothing behind a link.";
+        EXPECT_EQ(Told(InstallAll()), link);
+        EXPECT_EQ(Told(Uninstall(places)), link);
+        EXPECT_EQ(Tree(folder / "precious"), before);
+    }
 }
 
 TEST_F(InstallTest, ALinkInTheCopysPlaceIsReplacedAndItsFolderLeftAlone)

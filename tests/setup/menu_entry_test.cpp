@@ -34,6 +34,17 @@ TEST(MenuEntry, QuotesThePathOfTheProgram)
 
 using MenuTest = SetupTest;
 
+TEST_F(MenuTest, APathThatIsNotUtf8GetsNoEntryAndSaysSo)
+{
+    auto const odd = FindPlaces(disc, folder / "data\xE9" / "sparrowfield");
+    auto const report = Install(odd, Plan(), [](CopyProgress const&) { return true; });
+    ASSERT_TRUE(report);
+    ASSERT_EQ(report->menuFaults.size(), 1U);
+    EXPECT_EQ(
+        ToUtf8(report->menuFaults[0].reason), "its path isn't UTF-8, so there is no menu entry");
+    EXPECT_FALSE(fs::exists(odd.menu));
+}
+
 TEST_F(MenuTest, WithoutAnEntryTheInstallationStandsAndTellsWhy)
 {
     Put(places.menu, "a file in the folder's place");

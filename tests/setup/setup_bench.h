@@ -2,6 +2,7 @@
 // A small disc and a user's data in a folder of their own.
 
 #include "platform/host/host_test.h"
+#include "setup/copy_list.h"
 #include "setup/install.h"
 
 #include <map>
@@ -56,6 +57,7 @@ protected:
     std::map<std::string, std::string> WholeCopy() const
     {
         auto tree = Tree(disc);
+        tree[copyListName] = Bytes(places.target / copyListName);
         auto node = tree.extract("sparrowfield");
         node.key() = "sparrowfield.exe";
         tree.insert(std::move(node));

@@ -1,4 +1,5 @@
 #include "setup/install.h"
+#include "setup/menu_entry.h"
 #include "setup/options.h"
 
 #include "setup/setup_bench.h"
@@ -68,6 +69,52 @@ TEST_F(UninstallTest, OfALinkOnlyTheLinkGoesAndOtherThingsBesideTheCopyStay)
     EXPECT_TRUE(Uninstall(places));
     EXPECT_EQ(Names(folder / "precious"), "letter ");
     ExpectOnlyAnswersAndNotes();
+}
+
+TEST_F(UninstallTest, TheUsersFilesInTheCopyAreKept)
+{
+    ASSERT_TRUE(InstallAll());
+    Put(places.target / "own-1.dat", "my study");
+    Put(places.target / "kjv/kjv1", "my words");
+    auto const report = Uninstall(places);
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->kept, house / "Kept files-1");
+    std::map<std::string, std::string> const kept { { "kjv", "/" }, { "kjv/kjv1", "my words" },
+        { "own-1.dat", "my study" } };
+    EXPECT_EQ(Tree(report->kept), kept);
+    EXPECT_EQ(Names(house), "Kept files-1 ");
+    ASSERT_TRUE(InstallAll());
+    EXPECT_TRUE(Uninstall(places)->kept.empty());
+    EXPECT_EQ(Tree(house / "Kept files-1"), kept);
+}
+
+TEST_F(UninstallTest, MenuFilesOfOthersStay)
+{
+    fs::create_directory(disc / "icons");
+    for (int const size : { 16, 32, 48 })
+        Put(disc / "icons" / ("sparrowfield-" + std::to_string(size) + ".png"), "icon");
+    auto const entry = places.menu / "sparrowfield.desktop";
+    auto const icon
+        = [&](char const* size) { return places.icons / size / "apps/sparrowfield.png"; };
+    ASSERT_TRUE(InstallAll());
+    Put(entry, MenuEntry("/elsewhere"));
+    Put(icon("16x16"), "another icon");
+    fs::remove(icon("32x32"));
+    fs::create_symlink("/elsewhere/icon.png", icon("32x32"));
+    ASSERT_TRUE(Uninstall(places)->menuFaults.empty());
+    EXPECT_EQ(Bytes(entry), MenuEntry("/elsewhere"));
+    EXPECT_EQ(Bytes(icon("16x16")), "another icon");
+    EXPECT_TRUE(fs::is_symlink(icon("32x32")));
+    EXPECT_FALSE(fs::exists(icon("48x48"))) << "the copy's own";
+
+    fs::create_directory(folder / "menus");
+    fs::remove_all(places.menu);
+    fs::create_directory_symlink(folder / "menus", places.menu);
+    ASSERT_TRUE(InstallAll());
+    auto const faults = Uninstall(places)->menuFaults;
+    ASSERT_EQ(faults.size(), 1U);
+    EXPECT_EQ(ToUtf8(faults[0].Message()), entry.string() + ": it lies behind a link, and stays.");
+    EXPECT_EQ(Names(folder / "menus"), "sparrowfield.desktop ");
 }
 
 TEST_F(UninstallTest, ARunningProgramKeepsItsFiles)

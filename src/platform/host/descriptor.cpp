@@ -5,8 +5,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
-#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -67,16 +65,56 @@ bool WriteAll(Descriptor const& file, std::string_view bytes)
     return true;
 }
 
+/// In bytes. No file of ours comes near it; one that does would take the machine's memory.
+static constexpr std::size_t largestWhole = std::size_t { 1 } << 30;
+
+Outcome<Descriptor> OpenRegularFile(std::filesystem::path const& file)
+{
+    auto const path = FromUtf8(file.string());
+    struct stat status { };
+    // Looked at first: opening some devices does something already.
+    if (::stat(file.c_str(), &status) != 0)
+        return SystemFailure(path);
+    if (S_ISDIR(status.st_mode))
+        return SystemFailure(path, EISDIR);
+    Failure const notRegular { path, 0, u"it is not a regular file" };
+    if (!S_ISREG(status.st_mode))
+        return notRegular;
+    Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (!opened || ::fstat(opened.Number(), &status) != 0)
+        return SystemFailure(path);
+    if (!S_ISREG(status.st_mode))
+        return notRegular;
+    return opened;
+}
+
 Outcome<std::string> ReadWholeFile(std::filesystem::path const& file)
 {
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream bytes;
-    if (!stream || !(bytes << stream.rdbuf()) || stream.bad()) {
-        if (stream && std::filesystem::is_regular_file(file) && std::filesystem::file_size(file) == 0)
-            return std::string();
-        return SystemFailure(FromUtf8(file.string()));
+    auto const opened = OpenRegularFile(file);
+    if (!opened)
+        return opened.failure();
+    struct stat status { };
+    auto const path = FromUtf8(file.string());
+    if (::fstat(opened->Number(), &status) != 0)
+        return SystemFailure(path);
+    if (static_cast<std::uint64_t>(status.st_size) > largestWhole)
+        return SystemFailure(path, EFBIG);
+    // One byte more than the file is said to have, so that its end is seen in the same pass.
+    std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
+    for (std::size_t filled = 0;;) {
+        auto const size = ::read(opened->Number(), bytes.data() + filled, bytes.size() - filled);
+        if (size < 0 && errno != EINTR)
+            return SystemFailure(path);
+        filled += size > 0 ? static_cast<std::size_t>(size) : 0;
+        if (size == 0) {
+            bytes.resize(filled);
+            return bytes;
+        }
+        if (filled > largestWhole)
+            return SystemFailure(path, EFBIG);
+        if (filled == bytes.size())
+            bytes.resize(bytes.size() * 2);
     }
-    return bytes.str();
 }
 
 /// A file system that keeps no folders to flush says EINVAL or ENOTSUP.

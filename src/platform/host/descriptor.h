@@ -42,7 +42,12 @@ Failure SystemFailure(TextView path, int number);
 /// Writes all the bytes; false, with the reason in the system's last error number, if it can't.
 bool WriteAll(Descriptor const& file, std::string_view bytes);
 
-/// A file's bytes. Fails with the system's reason.
+/// Opens a regular file to be read. Anything else (a folder, a pipe, a device) is refused at once,
+/// without waiting for its other end and without being read. Fails with the system's reason.
+Outcome<Descriptor> OpenRegularFile(std::filesystem::path const& file);
+
+/// The bytes of a regular file of at most 1 GiB. Fails as OpenRegularFile does, and where the file
+/// is larger.
 Outcome<std::string> ReadWholeFile(std::filesystem::path const& file);
 
 /// Brings the names in a folder to the disk, where its file system keeps any to bring there.

@@ -1,6 +1,7 @@
 #include "platform/host/host_file_system.h"
 
 #include "platform/host/descriptor.h"
+#include "platform/host/folders.h"
 #include "platform/host/path_rules.h"
 
 #include <algorithm>
@@ -123,12 +124,14 @@ fs::path Plain(fs::path const& place)
 
 HostFileSystem::HostFileSystem(Folders const& folders)
 {
-    std::error_code ignored; // What can't be made fails, with its reason, when it is used.
-    fs::create_directories(folders.drive.parent_path(), ignored);
-    m_folders = { Plain(folders.application), Plain(folders.drive) };
     static_cast<void>(
-        MakeFolder(m_folders.drive.string(), m_folders.drive.parent_path().string(), u"C:"));
-    fs::permissions(m_folders.drive, fs::perms::owner_all, ignored);
+        MakeFolders(folders.drive)); // What can't be made fails, with its reason, when it is used.
+    m_folders = { Plain(folders.application), Plain(folders.drive) };
+    // Where a link stands for the drive, the folder behind it is the user's to guard.
+    if (Descriptor const own(
+            ::open(folders.drive.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        own)
+        static_cast<void>(::fchmod(own.Number(), 0700));
     for (TextView const folder : { u"C:\\Temp", u"C:\\Program Files" })
         static_cast<void>(CreateFolder(folder));
 }
@@ -243,9 +246,8 @@ Outcome<Done> HostFileSystem::CreateFolder(TextView path)
     if (!place)
         return NoSuchPlace(path);
     auto const parent = place->parent_path();
-    std::error_code ignored; // If this fails, so does what follows, with the reason.
-    if (*place == m_folders.drive)
-        fs::create_directories(parent, ignored);
+    if (*place == m_folders.drive) // If this fails, so does what follows, with the reason.
+        static_cast<void>(MakeFolders(parent));
     return MakeFolder(place->string(), parent.empty() ? "." : parent.string(), path);
 }
 

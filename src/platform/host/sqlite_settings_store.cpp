@@ -2,13 +2,14 @@
 
 #include "platform/host/backup_file.h"
 #include "platform/host/descriptor.h"
+#include "platform/host/folders.h"
+#include "platform/host/store_file.h"
 
 #include <cerrno>
+#include <ctime>
 #include <fcntl.h>
 #include <functional>
 #include <sqlite3.h>
-#include <sys/file.h>
-#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
@@ -16,6 +17,30 @@ using Clock = std::chrono::steady_clock;
 static constexpr int applicationId
     = 0x53504631; // "SPF1", in the file's head, tells our stores from other databases
 static constexpr std::chrono::milliseconds shortPatience { 50 };
+
+/// What a store may be, of SQLite's limits: far above what ours are and what our statements need.
+static constexpr struct {
+    int limit, most;
+} limits[] = {
+    { SQLITE_LIMIT_LENGTH, 128 << 20 }, // bytes of a row
+    { SQLITE_LIMIT_SQL_LENGTH, 10'000 }, // bytes; the texts in a file's schema count too
+    { SQLITE_LIMIT_COLUMN, 100 },
+    { SQLITE_LIMIT_EXPR_DEPTH, 50 },
+    { SQLITE_LIMIT_COMPOUND_SELECT, 3 },
+    { SQLITE_LIMIT_VDBE_OP, 25'000 },
+    { SQLITE_LIMIT_FUNCTION_ARG, 8 },
+    { SQLITE_LIMIT_ATTACHED, 0 },
+    { SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 50 },
+    { SQLITE_LIMIT_VARIABLE_NUMBER, 10 },
+    { SQLITE_LIMIT_TRIGGER_DEPTH, 1 },
+    { SQLITE_LIMIT_WORKER_THREADS, 0 },
+};
+
+static void Limit(sqlite3* database)
+{
+    for (auto const& each : limits)
+        sqlite3_limit(database, each.limit, each.most);
+}
 
 /// A text as the bytes of its 16-bit characters, the higher one first, so that bytes sort as
 /// characters do.
@@ -45,9 +70,19 @@ static Text Column(sqlite3_stmt* row, int column)
     return FromBytes(bytes, sqlite3_column_bytes(row, column));
 }
 
+/// A statement is interrupted only where it would never end, which no whole store of ours makes it
+/// do.
 static bool IsDamage(int code)
 {
-    return code == SQLITE_NOTADB || code == SQLITE_CORRUPT;
+    return code == SQLITE_NOTADB || code == SQLITE_CORRUPT || code == SQLITE_INTERRUPT;
+}
+
+/// The time that this thread has spent computing; waiting for a slow disk doesn't count.
+static std::chrono::nanoseconds ComputingTime()
+{
+    timespec spent {};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &spent);
+    return std::chrono::seconds(spent.tv_sec) + std::chrono::nanoseconds(spent.tv_nsec);
 }
 
 using Row = std::function<void(sqlite3_stmt*)>;
@@ -72,15 +107,28 @@ static int RunStatement(
     return code;
 }
 
+/// The definition of our table, as SQLite keeps it in the schema behind "CREATE TABLE ".
+static constexpr char const* tableDefinition
+    = "settings (section blob not null, key blob not null, value blob not null, primary key "
+      "(section, key)) without rowid";
+
+/// How many objects the schema has that aren't ours: all but the table, and SQLite's own statistics
+/// and indexes.
+static constexpr char const* countForeignObjects
+    = "select count(*) from sqlite_master where not coalesce("
+      "(type = 'table' and name = 'settings' and sql = 'CREATE TABLE ' || ?1)"
+      " or (type = 'table' and name = 'sqlite_stat1' and sql = 'CREATE TABLE "
+      "sqlite_stat1(tbl,idx,stat)')"
+      " or (type = 'table' and name = 'sqlite_stat4' and sql = 'CREATE TABLE "
+      "sqlite_stat4(tbl,idx,neq,nlt,ndlt,sample)')"
+      " or (type = 'index' and name glob 'sqlite_autoindex_*' and sql is null), false)";
+
 /// Makes the table in an empty database and marks it as ours.
 static int MakeStore(sqlite3* database)
 {
-    static std::string const make
-        = "begin immediate;"
-          "create table if not exists settings (section blob not null, key blob not null,"
-          " value blob not null, primary key (section, key)) without rowid;"
-          "pragma application_id = "
-        + std::to_string(applicationId) + "; commit";
+    static std::string const make = std::string("begin immediate; create table if not exists ")
+        + tableDefinition + "; pragma application_id = " + std::to_string(applicationId)
+        + "; commit";
     int const code = sqlite3_exec(database, make.c_str(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         sqlite3_exec(database, "rollback", nullptr, nullptr, nullptr);
@@ -97,6 +145,8 @@ public:
         , m_damaged(damaged)
         , m_fullPatience(patience)
         , m_patience(patience)
+        , m_mostComputing(
+              std::max<std::chrono::nanoseconds>(10 * patience, std::chrono::seconds(2)))
     {
     }
     ~Connection() { Close(); }
@@ -186,12 +236,15 @@ private:
                 break;
             }
         }
+        if (code == SQLITE_CANTOPEN && m_obstacle)
+            return *m_obstacle;
         return code == SQLITE_DONE ? Outcome<Done>(Done {}) : Fail(ReasonFor(code));
     }
 
     int TryOnce(std::function<int()> const& work)
     {
         m_deadline = Clock::now() + m_patience;
+        m_endOfComputing = ComputingTime() + m_mostComputing;
         if (m_database && HasMoved()) {
             Close();
             m_isSeenWhole = false;
@@ -219,27 +272,70 @@ private:
             return SQLITE_OK;
         // Made here, so that it is the user's own from the first moment. One that exists isn't
         // touched: closing it would drop the locks of every other connection within this process.
-        std::error_code ignored; // If this fails, so does opening, with the reason.
-        fs::create_directories(fs::absolute(m_file).parent_path(), ignored);
+        static_cast<void>(
+            MakeFolders(fs::absolute(m_file)
+                            .parent_path())); // If this fails, so does opening, with the reason.
         Descriptor fresh(::open(m_file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
-        m_systemError = fresh || errno == EEXIST ? 0 : errno;
+        int const number = fresh || errno == EEXIST ? 0 : errno;
         fresh.Close();
-        if (m_systemError != 0)
+        m_obstacle
+            = number != 0 ? SystemFailure(FromUtf8(m_file.string()), number) : CheckKinds(m_file);
+        if (m_obstacle)
             return SQLITE_CANTOPEN;
-        m_identity = IdentityOnDisk();
+        m_identity = IdentityOf(m_file);
+        if (NamesSuperJournal(m_file))
+            return SQLITE_NOTADB;
         int code = sqlite3_open_v2(m_file.c_str(), &m_database, SQLITE_OPEN_READWRITE, nullptr);
         if (code == SQLITE_OK) {
-            sqlite3_busy_handler(m_database, &Connection::Wait, this);
-            // Triggers and views that a file brings along are never run.
-            sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-            sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-            code = Check();
+            Harden();
+            code = CheckInTime();
         }
         if (code != SQLITE_OK) {
-            m_systemError = sqlite3_system_errno(m_database);
+            if (int const system = sqlite3_system_errno(m_database); system != 0)
+                m_obstacle = SystemFailure(FromUtf8(m_file.string()), system);
             Close();
         }
         return code;
+    }
+
+    /// What a file brings along is never run, and can't make a statement run without end.
+    void Harden()
+    {
+        sqlite3_busy_handler(m_database, &Connection::Wait, this);
+        sqlite3_progress_handler(m_database, 1000, &Connection::HasComputedTooLong, this);
+        for (int const off : { SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW,
+                 SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_DQS_DDL, SQLITE_DBCONFIG_DQS_DML })
+            sqlite3_db_config(m_database, off, 0, nullptr);
+        sqlite3_db_config(m_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+        Limit(m_database);
+        Execute("pragma cell_size_check = on; pragma mmap_size = 0");
+    }
+
+    /// As Check. A file that isn't ours by its head isn't waited for long, and doesn't become ours
+    /// by being locked.
+    int CheckInTime()
+    {
+        bool const isForeign = HasForeignHead();
+        if (isForeign)
+            m_deadline = std::min(m_deadline, Clock::now() + shortPatience);
+        int const code = Check();
+        return code == SQLITE_BUSY && isForeign && HasForeignHead() ? SQLITE_NOTADB : code;
+    }
+
+    /// True for a file whose head, read without a lock, is that of something else. With a journal
+    /// beside it that can't be told.
+    bool HasForeignHead()
+    {
+        sqlite3_file* file = nullptr;
+        sqlite3_file_control(
+            m_database, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file));
+        unsigned char head[100];
+        if (HasJournal(m_file) || !file || !file->pMethods
+            || file->pMethods->xRead(file, head, sizeof head, 0) != SQLITE_OK)
+            return false;
+        return std::string_view(reinterpret_cast<char const*>(head), 16)
+            != std::string_view("SQLite format 3\0", 16)
+            || (head[68] << 24 | head[69] << 16 | head[70] << 8 | head[71]) != applicationId;
     }
 
     /// Makes sure that the database is ours, makes it if it is empty, and sees once that it is
@@ -267,16 +363,35 @@ private:
             m_isSeenWhole = code == SQLITE_OK;
             return code;
         }
+        m_isNewer = id > applicationId && id >> 8 == applicationId >> 8;
+        if (id != applicationId || tables == 0)
+            return SQLITE_NOTADB;
+        if ((code = CheckSchema()) != SQLITE_OK)
+            return code;
+        SetUp();
+        return m_isSeenWhole ? SQLITE_OK : CheckWhole();
+    }
+
+    /// Makes sure that the file has our table as we make it, and nothing that could compute, forbid
+    /// or change something.
+    int CheckSchema()
+    {
+        int foreign = 0;
+        sqlite3_stmt* prepared = nullptr;
+        int code = sqlite3_prepare_v2(m_database, countForeignObjects, -1, &prepared, nullptr);
+        if (code == SQLITE_OK)
+            code = sqlite3_bind_text(prepared, 1, tableDefinition, -1, SQLITE_STATIC);
+        if (code == SQLITE_OK && (code = sqlite3_step(prepared)) == SQLITE_ROW)
+            foreign = sqlite3_column_int(prepared, 0);
+        sqlite3_finalize(prepared);
+        if (code != SQLITE_ROW)
+            return code;
         int entries = 0;
-        bool const isOurs = id == applicationId
+        bool const hasTable = foreign == 0
             && Ask("select count(*) from (select section, key, value from settings limit 1)",
                    entries)
                 != SQLITE_ERROR;
-        m_isNewer = id > applicationId && id >> 8 == applicationId >> 8;
-        if (!isOurs)
-            return SQLITE_NOTADB;
-        SetUp();
-        return m_isSeenWhole ? SQLITE_OK : CheckWhole();
+        return hasTable ? SQLITE_OK : SQLITE_NOTADB;
     }
 
     void SetUp()
@@ -320,43 +435,33 @@ private:
         return 1;
     }
 
-    using Identity = std::pair<dev_t, ino_t>;
-    Identity IdentityOnDisk() const
+    /// SQLite's progress handler: ends the statement if the operation has computed longer than any
+    /// honest store makes it.
+    static int HasComputedTooLong(void* connection)
     {
-        struct stat status { };
-        return ::stat(m_file.c_str(), &status) == 0 ? Identity(status.st_dev, status.st_ino)
-                                                    : Identity();
+        return ComputingTime() > static_cast<Connection*>(connection)->m_endOfComputing;
     }
-    /// True if the file that was opened stands under its name no more.
-    bool HasMoved() const { return IdentityOnDisk() != m_identity; }
 
-    /// Renames the file to the first free name. A journal beside it has been played by now, or is dropped by SQLite as soon
-    /// as it meets the new file. Gives the failure if the file has to stay.
+    /// True if the file that was opened stands under its name no more.
+    bool HasMoved() const { return IdentityOf(m_file) != m_identity; }
+
+    /// Renames the file, unless another copy of the program has done it. Gives the failure if the
+    /// file has to stay.
     std::optional<Failure> SetAside()
     {
         Close();
         if (m_damaged == Damaged::Stays)
             return Fail(m_isNewer ? u"it was made by a newer version of this program"
                                   : u"it is damaged or no settings store");
-        // Only the holder of the old file's lock renames it, so that no copy sets aside another's new one.
-        Descriptor const old(::open(m_file.c_str(), O_RDONLY | O_CLOEXEC));
-        if (!old || ::flock(old.Number(), LOCK_EX) != 0)
-            return Fail(SystemFailure({}).reason);
+        auto const aside = SetStoreAside(m_file, m_identity, m_deadline);
+        if (!aside) {
+            m_patience = std::min(shortPatience, m_fullPatience);
+            return aside.failure();
+        }
         m_isSeenWhole = false;
-        if (HasMoved())
-            return std::nullopt; // another copy has done it
-        std::error_code error, ignored;
-        fs::path aside;
-        int number = 0;
-        do
-            aside = m_file.string() + ".damaged-" + std::to_string(++number);
-        while (fs::exists(fs::symlink_status(aside, ignored)));
-        fs::rename(m_file, aside, error);
-        if (error)
-            return Fail(u"it is damaged or no settings store, and can't be set aside: "
-                + FromUtf8(error.message()));
-        m_report = Fail(u"it is damaged or no settings store; it has been set aside as "
-            + FromUtf8(aside.filename().string()) + u", and a new one begun");
+        if (*aside)
+            m_report = Fail(u"it is damaged or no settings store; it has been set aside as "
+                + FromUtf8((*aside)->filename().string()) + u", and a new one begun");
         return std::nullopt;
     }
 
@@ -375,8 +480,7 @@ private:
         case SQLITE_TOOBIG:
             return u"the text is too long";
         case SQLITE_CANTOPEN:
-            return m_systemError != 0 ? SystemFailure({}, m_systemError).reason
-                                      : Text(u"it can't be opened");
+            return u"it can't be opened";
         default:
             return FromUtf8(sqlite3_errstr(code));
         }
@@ -393,9 +497,11 @@ private:
     std::chrono::milliseconds m_fullPatience;
     std::chrono::milliseconds m_patience;
     Clock::time_point m_deadline {};
+    std::chrono::nanoseconds m_mostComputing; // by one operation
+    std::chrono::nanoseconds m_endOfComputing {};
     sqlite3* m_database = nullptr;
-    Identity m_identity {};
-    int m_systemError = 0; // why the file couldn't be opened
+    FileIdentity m_identity {};
+    std::optional<Failure> m_obstacle; // why the file couldn't be opened
     bool m_isSeenWhole = false;
     bool m_isNewer = false; // as far as its head tells
     std::optional<Failure> m_report;
@@ -459,6 +565,7 @@ std::optional<std::string> BytesOfStore(std::vector<SettingsStore::Entry> const&
 {
     sqlite3* database = nullptr;
     int code = sqlite3_open(":memory:", &database);
+    Limit(database); // What couldn't be read again isn't written.
     if (code == SQLITE_OK && (code = MakeStore(database)) == SQLITE_OK)
         code = SQLITE_DONE;
     for (auto each = entries.begin(); code == SQLITE_DONE && each != entries.end(); ++each)

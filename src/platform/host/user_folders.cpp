@@ -1,5 +1,7 @@
 #include "platform/host/user_folders.h"
 
+#include "platform/host/folders.h"
+
 #include <cstdlib>
 #include <pwd.h>
 #include <unistd.h>
@@ -26,10 +28,8 @@ static fs::path DataHome()
 fs::path UserDataFolder()
 {
     fs::path folder = DataHome() / "sparrowfield";
-    std::error_code
-        ignored; // What is to be stored there fails, with its reason, when it is stored.
-    if (fs::create_directories(folder, ignored))
-        fs::permissions(folder, fs::perms::owner_all, ignored);
+    // Where this fails, so does what is to be stored there, with its reason.
+    static_cast<void>(MakeFolders(folder));
     return folder;
 }
 

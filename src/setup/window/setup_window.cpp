@@ -69,7 +69,8 @@ void SetupWindow::Uninstall_Click()
 {
     QMessageBox question(QMessageBox::Question, windowTitle(),
         tr("Remove the installed copy from this computer?"), QMessageBox::NoButton, this);
-    question.setInformativeText(tr("Your answers and notes stay."));
+    question.setInformativeText(
+        tr("Your answers and notes stay, and so do files that you have put into it yourself."));
     auto* const remove = question.addButton(tr("&Uninstall"), QMessageBox::AcceptRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
     question.exec();
@@ -123,6 +124,10 @@ void SetupWindow::Work_End(Outcome<SetupReport> const& outcome)
                 : tr("The copy was removed, but something of its menu entry wasn't:");
         for (auto const& fault : outcome->menuFaults)
             text += u'\n' + Message(fault);
+        if (!outcome->kept.empty())
+            text += u'\n'
+                + tr("Files of your own that lay in it are kept in %1.")
+                      .arg(QString::fromStdU16String(FromUtf8(outcome->kept.string())));
         Say(text, !outcome->menuFaults.empty());
     }
     ShowState();

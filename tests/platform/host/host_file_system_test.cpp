@@ -1,6 +1,7 @@
 #include "platform/host/host_file_system.h"
 
 #include "platform/host/host_test.h"
+#include "platform/host/leftover_pages.h"
 
 #include <sys/stat.h>
 
@@ -295,6 +296,51 @@ TEST_F(HostFiles, AFileIsCreatedOnlyWhereNoneIs)
     EXPECT_FALSE(*files.Create(u"C:\\Temp\\dangling", "x"));
     EXPECT_FALSE(files.Create(u"C:\\absent\\new", "x"));
     EXPECT_EQ(Names(drive / "Temp"), "dangling new ") << "nothing else is left";
+}
+
+TEST_F(HostFiles, NewFoldersArePrivateAndALinkedDriveKeepsItsRights)
+{
+    HostFileSystem const deep({ folder / "app", folder / "new/data home/sparrowfield/drive_c" });
+    for (char const* const made : { "new", "new/data home", "new/data home/sparrowfield",
+             "new/data home/sparrowfield/drive_c" })
+        EXPECT_EQ(Mode(folder / made), 0700U) << made;
+
+    fs::create_directory(folder / "shared");
+    fs::permissions(folder / "shared", fs::perms { 0755 });
+    fs::create_directory_symlink(folder / "shared", folder / "linked_c");
+    HostFileSystem linked({ folder / "app", folder / "linked_c" });
+    EXPECT_EQ(Told(linked.Write(u"C:\\Temp\\t.htm", "page")), "done");
+    EXPECT_EQ(Names(folder / "shared"), "Program Files Temp ");
+    EXPECT_EQ(Mode(folder / "shared"), 0755U);
+
+    fs::permissions(drive, fs::perms { 0755 });
+    HostFileSystem const again({ folder / "app", drive });
+    EXPECT_EQ(Mode(drive), 0700U);
+}
+
+TEST_F(HostFiles, OldPagesThatAKillHasLeftAreRemoved)
+{
+    auto const temp = drive / "Temp";
+    fs::create_directory(folder / "elsewhere");
+    auto const left = [&](fs::path const& place, int hours) {
+        Put(place, "page");
+        fs::last_write_time(place, fs::file_time_type::clock::now() - std::chrono::hours(hours));
+    };
+    for (char const* const name : { "sf0123456789ab.htm", ".new-aB3xYz", "sf0123456789a.htm",
+             "sf0123456789AB.htm", "sf0123456789abc.htm", "letter.htm", ".new-aB3x.z" })
+        left(temp / name, 25);
+    left(temp / "sfaaaaaaaaaaaa.htm", 23);
+    left(folder / "elsewhere/sfbbbbbbbbbbbb.htm", 25);
+    fs::create_symlink(folder / "elsewhere/sfbbbbbbbbbbbb.htm", temp / "sfcccccccccccc.htm");
+    fs::create_directory(temp / "sfdddddddddddd.htm");
+    RemoveLeftoverPages(temp);
+    EXPECT_EQ(Names(temp),
+        ".new-aB3x.z letter.htm sf0123456789AB.htm sf0123456789a.htm sf0123456789abc.htm "
+        "sfaaaaaaaaaaaa.htm "
+        "sfcccccccccccc.htm sfdddddddddddd.htm ");
+    fs::create_directory_symlink(folder / "elsewhere", folder / "link");
+    RemoveLeftoverPages(folder / "link");
+    EXPECT_EQ(Names(folder / "elsewhere"), "sfbbbbbbbbbbbb.htm ");
 }
 
 TEST_F(HostFiles, DriveCIsMadeAgainWhereItHasGone)

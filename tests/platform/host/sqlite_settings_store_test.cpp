@@ -4,7 +4,10 @@
 #include "platform/host/host_test.h"
 
 #include <cstring>
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
 
 namespace fs = std::filesystem;
@@ -26,9 +29,9 @@ static std::string Told(Outcome<Done> const& outcome)
 /// Another program's connection to the file.
 class OtherProgram {
 public:
-    explicit OtherProgram(char const* statements)
+    explicit OtherProgram(char const* statements, char const* file = "settings.db")
     {
-        EXPECT_EQ(sqlite3_open("settings.db", &m_database), SQLITE_OK);
+        EXPECT_EQ(sqlite3_open(file, &m_database), SQLITE_OK);
         EXPECT_EQ(sqlite3_exec(m_database, statements, nullptr, nullptr, nullptr), SQLITE_OK);
     }
     ~OtherProgram() { sqlite3_close(m_database); }
@@ -98,6 +101,61 @@ TEST_F(SettingsFile, SectionsAndKeysAreComparedExactly)
 /// What stands in the file's place, as bytes made from those of a good store.
 using Spoil = std::function<std::string(std::string)>;
 
+/// A store that another program has changed.
+static Spoil After(char const* statements)
+{
+    return [statements](std::string const& good) {
+        std::ofstream("changed.db", std::ios::binary) << good;
+        OtherProgram(statements, "changed.db");
+        std::ostringstream bytes;
+        bytes << std::ifstream("changed.db", std::ios::binary).rdbuf();
+        return bytes.str();
+    };
+}
+
+static void PutNumber(std::string& bytes, std::size_t place, std::size_t number)
+{
+    for (int i = 3; i >= 0; --i, number >>= 8)
+        bytes[place + static_cast<std::size_t>(i)] = static_cast<char>(number);
+}
+
+/// A store whose list of tables is a tree of 18 levels, each of which leads to the next by all of
+/// its pointers, with the same harmless index at the bottom: SQLite's walk through it never ends.
+static std::string WithEndlessTree(std::string const& good)
+{
+    constexpr std::size_t size = 4096, cell = 4000, levels = 17, pointers = 200;
+    auto bytes = After("create table more (a unique)")(good);
+    auto const list = bytes.substr(0, size);
+    auto const leaf
+        = [&](char cells, std::size_t from) { // the cells of the list behind as many others
+              return std::string("\x0D\0\0\0", 4) + cells + list.substr(105, 3)
+                  + list.substr(108 + 2 * from, 2 * static_cast<std::size_t>(cells))
+                  + list.substr(8 + 2 * static_cast<std::size_t>(cells));
+          };
+    auto const inner
+        = [&](std::size_t begin, std::size_t cells, std::size_t child, std::size_t last) {
+              std::string page(size, '\0');
+              page[begin] = 5;
+              PutNumber(page, begin + 3, cells << 16 | cell);
+              PutNumber(page, begin + 8, last);
+              for (std::size_t i = 0; i < cells; ++i)
+                  page.replace(begin + 12 + 2 * i, 2,
+                      { static_cast<char>(cell >> 8), static_cast<char>(cell & 0xFF) });
+              PutNumber(page, cell, child);
+              return page;
+          };
+    auto const first
+        = bytes.size() / size + 1; // of the new pages: all rows, the index alone, the levels
+    bytes.replace(100, size - 100, inner(100, 1, first, first + 2).substr(100));
+    bytes += leaf(3, 0) + leaf(1, 2);
+    for (std::size_t level = 0; level < levels; ++level) {
+        auto const next = level + 1 == levels ? first + 1 : first + 3 + level;
+        bytes += inner(0, pointers, next, next);
+    }
+    PutNumber(bytes, 28, bytes.size() / size);
+    return bytes;
+}
+
 TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
 {
     EXPECT_TRUE(Store().Write(u"long", u"long", Text(100'000, u'x')));
@@ -117,6 +175,28 @@ TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
         { "a damaged page", [](auto good) { return good.replace(4096 + 8, 4000, 4000, '\x5A'); } },
         { "a damaged list of tables", [](auto good) { return good.replace(103, 2, 2, '\0'); } },
         { "another program's database", [&](auto const&) { return foreign; } },
+        { "a trigger",
+            After("create trigger t after insert on settings begin delete from settings; end") },
+        { "a view", After("create view v as select * from settings") },
+        { "a view in the table's place",
+            After("drop table settings; create view settings as with recursive n(i) as (select 1 "
+                  "union all select i + 1 from n)"
+                  " select i as section, i as key, i as value from n") },
+        { "a view under a name of SQLite's own",
+            After("create view v as select 1; pragma writable_schema = on;"
+                  "update sqlite_master set name = 'sqlite_v', tbl_name = 'sqlite_v', sql = "
+                  "'CREATE VIEW sqlite_v as select 1'"
+                  " where name = 'v'") },
+        { "another table", After("create table more (a)") },
+        { "an index", After("create index i on settings (value)") },
+        { "a generated column",
+            After("alter table settings add column more as (zeroblob(1000000000))") },
+        { "a rule for values",
+            After("alter table settings rename to old; create table settings (section blob not "
+                  "null, key blob not null,"
+                  " value blob not null check (length(value) < 5), primary key (section, key)) "
+                  "without rowid; drop table old") },
+        { "an endless tree", WithEndlessTree },
     };
     auto const good = Bytes("settings.db");
     int number = 0;
@@ -125,23 +205,102 @@ TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
         Put("settings.db", bad);
         auto store = Store();
         auto const aside = "settings.db.damaged-" + std::to_string(++number);
+        auto const start = std::chrono::steady_clock::now();
         auto const report = store.OpeningReport();
         ASSERT_TRUE(report) << row.about;
         EXPECT_THAT(ToUtf8(report->Message()), HasSubstr(aside)) << row.about;
-        EXPECT_EQ(Bytes(aside), bad) << row.about;
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)) << row.about;
+        EXPECT_TRUE(Bytes(aside) == bad) << row.about;
         EXPECT_EQ(Answer(store), "(none)") << row.about;
         EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", u"new")) << row.about;
         EXPECT_FALSE(Store().OpeningReport()) << row.about;
         EXPECT_EQ(Answer(), "new") << row.about;
     }
-    EXPECT_EQ(number, 8);
+    EXPECT_EQ(number, static_cast<int>(std::size(rows)));
 }
 
-TEST_F(SettingsFile, WhatAFileBringsAlongDoesNotRun)
+TEST_F(SettingsFile, WhatSqliteKeepsForItselfIsNoHarm)
 {
-    OtherProgram("create trigger t after insert on settings begin delete from settings; end");
-    EXPECT_EQ(Told(Store().Write(u"james-1.dat:1", u"Page2", u"more")), "done");
+    OtherProgram("analyze; pragma journal_mode = wal");
     EXPECT_EQ(Answer(), "before");
+    EXPECT_FALSE(Store().OpeningReport());
+}
+
+/// SQLite would play this journal on the store, and delete the file that it names.
+TEST_F(SettingsFile, AJournalCannotDeleteAnotherFile)
+{
+    Put("letter", "dear");
+    std::string const mark = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7",
+                      name = (folder / "data/letter").string();
+    std::string journal = mark + std::string(504, '\0'), end(4, '\0');
+    PutNumber(journal, 20, 512); // the disk's sector
+    PutNumber(journal, 16, fs::file_size("settings.db") / 4096); // the pages before
+    PutNumber(journal, 24, 4096); // the size of a page
+    int sum = 0;
+    for (char const byte : name)
+        sum += byte;
+    std::string length = end, check = end, page = end;
+    PutNumber(page, 0, (1 << 30) / 4096 + 1);
+    PutNumber(length, 0, name.size());
+    PutNumber(check, 0, static_cast<std::size_t>(sum));
+    journal += page + name + length + check + mark;
+    Put("settings.db-journal", journal);
+    auto store = Store();
+    EXPECT_TRUE(store.OpeningReport());
+    EXPECT_EQ(Answer(store), "(none)");
+    EXPECT_EQ(Bytes("letter"), "dear");
+    EXPECT_EQ(
+        Names("."), "letter settings.db settings.db.damaged-1 settings.db.damaged-1-journal ");
+    EXPECT_TRUE(Bytes("settings.db.damaged-1-journal") == journal);
+}
+
+/// Runs in a process apart, which is ended if it hangs.
+TEST_F(SettingsFile, PipesAndDevicesAreRefusedAtOnce)
+{
+    struct {
+        char const *name, *device; // without a device: a pipe
+    } const rows[] = { { "settings.db", nullptr }, { "settings.db", "/dev/zero" },
+        { "settings.db-journal", nullptr }, { "settings.db-wal", nullptr },
+        { "settings.db-journal", "/dev/tty" } };
+    auto const good = Bytes("settings.db");
+    for (auto const& row : rows) {
+        fs::remove(row.name);
+        if (row.device)
+            fs::create_symlink(row.device, row.name);
+        else
+            ASSERT_EQ(mkfifo(row.name, 0600), 0);
+        EXPECT_TRUE(Apart([&] {
+            alarm(5);
+            auto store = Store();
+            auto const told = std::string(row.name) + ": it is not a regular file.";
+            return !store.OpeningReport() && Answer(store) == told
+                && Told(store.Write(u"s", u"k", u"v")) == told;
+        })) << row.name;
+        EXPECT_EQ(fs::exists("settings.db.damaged-1"), false) << row.name;
+        fs::remove(row.name);
+        Put("settings.db", good);
+        EXPECT_EQ(Answer(), "before") << row.name;
+    }
+}
+
+TEST_F(SettingsFile, ALockDoesNotHoldUpWhatIsNoStore)
+{
+    auto const start = std::chrono::steady_clock::now();
+    {
+        OtherProgram const other("pragma application_id = 1; begin exclusive");
+        EXPECT_EQ(Answer(SqliteSettingsStore("settings.db", std::chrono::seconds(50))), "(none)")
+            << "set aside";
+    }
+    Put("settings.db", std::string(5000, 'x'));
+    {
+        int const held = open("settings.db", O_RDONLY | O_CLOEXEC);
+        ASSERT_EQ(flock(held, LOCK_EX), 0);
+        EXPECT_EQ(Answer(), "settings.db: it is in use by another program.");
+        close(held);
+    }
+    EXPECT_EQ(Answer(), "(none)");
+    EXPECT_EQ(Names("."), "settings.db settings.db.damaged-1 settings.db.damaged-2 ");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 TEST_F(SettingsFile, AnEmptyFileIsANewStore)
