@@ -1,5 +1,6 @@
 #include "kit/check_lines.h"
 
+#include "platform/text_lines.h"
 #include "study/codec.h"
 
 #include <algorithm>
@@ -37,6 +38,11 @@ bool CheckLines::Next()
         raw.remove_suffix(1);
     m_rest.remove_prefix(taken);
     m_number += 1;
+    if (raw.size() > TextLines::longestLine) {
+        Report("a line is longer than 16 MB");
+        m_rest = {};
+        return false;
+    }
     m_raw = raw;
     CheckRaw(raw);
     DecodeLine(raw, m_turns, m_line);

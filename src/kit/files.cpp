@@ -212,9 +212,9 @@ void WriteAndExchange(fs::path const& target, OutputFiles const& files,
 
 }
 
-std::optional<std::string> ReadWhole(fs::path const& path, Faults& faults)
+std::optional<std::string> ReadWhole(fs::path const& path, Faults& faults, std::uint64_t atMost)
 {
-    auto bytes = ReadWholeFile(path);
+    auto bytes = ReadWholeFile(path, atMost);
     if (bytes)
         return std::move(*bytes);
     faults.push_back({ path.string(), 0, ToUtf8(bytes.failure().reason) });

@@ -2,14 +2,17 @@
 // The files that the kit reads and writes: whole files of the machine, named by its own paths.
 
 #include "kit/faults.h"
+#include "platform/file_system.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
 
-/// The bytes of a regular file; nothing, and a fault, if it is anything else or can't be read.
-std::optional<std::string> ReadWhole(std::filesystem::path const& path, Faults& faults);
+/// The bytes of a regular file; nothing, and a fault, if it is anything else, can't be read, or has more than `atMost` bytes.
+std::optional<std::string> ReadWhole(
+    std::filesystem::path const& path, Faults& faults, std::uint64_t atMost = FileSystem::largestWhole);
 
 /// Contents by path relative to a target folder, folders in between included.
 using OutputFiles = std::map<std::filesystem::path, std::string>;

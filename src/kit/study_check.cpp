@@ -3,9 +3,13 @@
 #include "kit/files.h"
 #include "kit/study_file_check.h"
 #include "kit/verse_file_check.h"
+#include "platform/text_lines.h"
 #include "study/codec.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -68,8 +72,31 @@ void CheckNeighbours(fs::path const& path, StudyOutline const& outline, Faults& 
 
 }
 
+/// The number of the first line of a large file that is too long for the program; 0 if there is none. Such a file isn't held in memory.
+static int OverlongLine(fs::path const& path)
+{
+    std::error_code error;
+    if (!fs::is_regular_file(path, error) || fs::file_size(path, error) <= TextLines::longestLine || error)
+        return 0;
+    std::ifstream file(path, std::ios::binary);
+    std::vector<char> block(std::size_t { 1 } << 16);
+    int line = 1;
+    for (std::size_t length = 0; file.read(block.data(), std::ssize(block)) || file.gcount() > 0;)
+        for (char const byte : std::string_view(block.data(), static_cast<std::size_t>(file.gcount()))) {
+            length = byte == '\n' ? 0 : length + 1;
+            line += byte == '\n';
+            if (length > TextLines::longestLine + 1) // One may be a carriage return.
+                return line;
+        }
+    return 0;
+}
+
 void CheckFile(fs::path const& path, Faults& faults)
 {
+    if (auto const line = OverlongLine(path)) {
+        faults.push_back({ path.string(), line, "a line is longer than 16 MB" });
+        return;
+    }
     auto const bytes = ReadWhole(path, faults);
     if (!bytes)
         return;

@@ -187,7 +187,7 @@ def attack(row, spoil):
 def kit_reads(about, make, *words):
     """The kit given such a file: it says what is wrong with it."""
     with tempfile.TemporaryDirectory() as scratch:
-        file = pathlib.Path(scratch, "file")
+        file = pathlib.Path(scratch, "V-file")
         make(file)
         started = time.monotonic()
         try:
@@ -195,7 +195,8 @@ def kit_reads(about, make, *words):
                                   preexec_fn=None if SANITIZED else limit_memory)
         except subprocess.TimeoutExpired:
             return "it waits"
-        if done.returncode in (1, 2) and str(file).encode() in done.stderr:
+        told = f"{file}:1: a line is longer than 16 MB" if words[:2] == ("study", "check") and about == "10 GB" else str(file)
+        if done.returncode in (1, 2) and told in done.stderr.decode():
             return None
         return f"{time.monotonic() - started:.1f} s, status {done.returncode}: {done.stderr.decode()}"
 
@@ -205,7 +206,7 @@ def limit_memory():
     resource.setrlimit(resource.RLIMIT_DATA, (400 << 20, 400 << 20))
 
 
-KIT_WORDS = [("study", "check", "{file}"), ("text", "decode", "{file}"), ("study", "make", "{file}", "--to", "{folder}"),
+KIT_WORDS = [("study", "check", "{file}"), ("study", "make", "{file}", "--bible", disc, "--to", "{folder}"),
              ("bible", "import", "--from", "{file}", "--as", "kjv", "--to", "{folder}/to"),
              ("answers", "restore", "{file}", "--user", "{folder}/user")]
 

@@ -88,7 +88,7 @@ Outcome<Descriptor> OpenRegularFile(std::filesystem::path const& file)
     return opened;
 }
 
-Outcome<std::string> ReadWholeFile(std::filesystem::path const& file)
+Outcome<std::string> ReadWholeFile(std::filesystem::path const& file, std::uint64_t atMost)
 {
     auto const opened = OpenRegularFile(file);
     if (!opened)
@@ -97,7 +97,7 @@ Outcome<std::string> ReadWholeFile(std::filesystem::path const& file)
     auto const path = FromUtf8(file.string());
     if (::fstat(opened->Number(), &status) != 0)
         return SystemFailure(path);
-    if (static_cast<std::uint64_t>(status.st_size) > largestWhole)
+    if (static_cast<std::uint64_t>(status.st_size) > atMost)
         return SystemFailure(path, EFBIG);
     // One byte more than the file is said to have, so that its end is seen in the same pass.
     std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
@@ -110,7 +110,7 @@ Outcome<std::string> ReadWholeFile(std::filesystem::path const& file)
             bytes.resize(filled);
             return bytes;
         }
-        if (filled > largestWhole)
+        if (filled > atMost)
             return SystemFailure(path, EFBIG);
         if (filled == bytes.size())
             bytes.resize(bytes.size() * 2);

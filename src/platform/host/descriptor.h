@@ -46,9 +46,10 @@ bool WriteAll(Descriptor const& file, std::string_view bytes);
 /// without waiting for its other end and without being read. Fails with the system's reason.
 Outcome<Descriptor> OpenRegularFile(std::filesystem::path const& file);
 
-/// The bytes of a regular file of at most 1 GiB. Fails as OpenRegularFile does, and where the file
-/// is larger.
-Outcome<std::string> ReadWholeFile(std::filesystem::path const& file);
+/// The bytes of a regular file of at most `atMost` bytes. Fails as OpenRegularFile does, and where
+/// the file is larger.
+Outcome<std::string> ReadWholeFile(
+    std::filesystem::path const& file, std::uint64_t atMost = std::uint64_t { 1 } << 30);
 
 /// Brings the names in a folder to the disk, where its file system keeps any to bring there.
 Outcome<Done> FlushFolder(std::string const& folder);
