@@ -65,9 +65,6 @@ bool WriteAll(Descriptor const& file, std::string_view bytes)
     return true;
 }
 
-/// In bytes. No file of ours comes near it; one that does would take the machine's memory.
-static constexpr std::size_t largestWhole = std::size_t { 1 } << 30;
-
 Outcome<Descriptor> OpenRegularFile(std::filesystem::path const& file)
 {
     auto const path = FromUtf8(file.string());
