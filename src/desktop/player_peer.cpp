@@ -131,7 +131,7 @@ static bool HasFrameRates(QMediaPlayer const& player)
     });
 }
 
-/// True for a Windows Media file, by the identifier of its header object (ASF specification, 10.1). The player would take whatever
+/// True for a Windows Media file, by the identifier of its header object (Advanced Systems Format, 10.1). The player would take whatever
 /// else bears the name for what it looks like: a playlist, which opens other files and addresses.
 static bool IsWindowsMedia(QString const& place)
 {
