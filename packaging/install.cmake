@@ -34,8 +34,8 @@ set(CPACK_PACKAGE_NAME sparrowfield)
 set(CPACK_PACKAGE_VENDOR "Sparrowfield House")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "workbook for Bible studies, with two Bibles and nine maps")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_STRIP_FILES ON)
-set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON) # the symbols, in a package beside it
+# Strips the programs, and puts the symbols into a package beside.
+set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/package)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Sparrowfield House <house@sparrowfield.example>")
