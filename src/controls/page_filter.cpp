@@ -146,9 +146,12 @@ private:
     /// A tag without attributes. What needn't be written anew goes with the text around it.
     std::size_t Keep(std::size_t at, Tag const& tag)
     {
-        return tag.isPlain
-            ? tag.end
-            : Replace(at, tag.end, (tag.closes ? "</" : "<") + std::string(NameOf(tag.id)) + ">");
+        return tag.isPlain ? tag.end : Rewrite(at, tag);
+    }
+
+    std::size_t Rewrite(std::size_t at, Tag const& tag)
+    {
+        return Replace(at, tag.end, (tag.closes ? "</" : "<") + std::string(NameOf(tag.id)) + ">");
     }
 
     /// Writes the text up to `at`, and `text` for what stands from there to `end`. Gives `end`.
