@@ -98,7 +98,8 @@ void ChapterNotes::Finish(Writing const& writing)
 /// Takes up what became of the notes that the writer was given, and gives the first failure.
 std::optional<Failure> ChapterNotes::Collect()
 {
-    m_writer.Wait();
+    if (!m_typed.empty()) // What else the writer is at work on is no note.
+        m_writer.Wait();
     std::optional<Failure> first;
     for (Writing const& writing : m_typed) {
         Finish(writing);

@@ -1,6 +1,7 @@
 #pragma once
 // A settings store beside which a writer is at work: everything that is asked of it comes behind
-// what the writer was given before, so the program sees one order of events.
+// what the writer was given before, so the program sees one order of events. Preferences are
+// written by the writer too.
 
 #include "platform/settings_store.h"
 #include "platform/writer.h"
@@ -21,6 +22,12 @@ public:
     Outcome<Done> Write(TextView section, TextView key, TextView value) override
     {
         return InOrder().Write(section, key, value);
+    }
+    void WriteUnwatched(TextView section, TextView key, TextView value) override
+    {
+        m_writer.Later([this, section = Text(section), key = Text(key), value = Text(value)] {
+            static_cast<void>(m_store.Write(section, key, value));
+        });
     }
     Outcome<Done> DeleteSection(TextView section, Backup const& backup) override
     {

@@ -8,5 +8,5 @@ Text ReadSetting(SettingsStore const& settings, TextView section, TextView key, 
 
 void WriteSetting(SettingsStore& settings, TextView section, TextView key, TextView value)
 {
-    static_cast<void>(settings.Write(section, key, value));
+    settings.WriteUnwatched(section, key, value);
 }

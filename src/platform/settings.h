@@ -7,4 +7,5 @@
 /// The stored value, or `fallback` if there is none or the store can't be read.
 Text ReadSetting(SettingsStore const& settings, TextView section, TextView key, TextView fallback);
 
+/// Doesn't wait for the disk (SettingsStore::WriteUnwatched).
 void WriteSetting(SettingsStore& settings, TextView section, TextView key, TextView value);

@@ -18,6 +18,9 @@ public:
     virtual Outcome<std::optional<Text>> Read(TextView section, TextView key) const = 0;
 
     virtual Outcome<Done> Write(TextView section, TextView key, TextView value) = 0;
+    /// The same for a value whose failure nobody would be told: the caller may be spared the wait for the disk. Whatever is asked
+    /// of the store afterwards sees the value.
+    virtual void WriteUnwatched(TextView section, TextView key, TextView value) { static_cast<void>(Write(section, key, value)); }
 
     struct Entry {
         Text section, key, value;

@@ -259,6 +259,19 @@ TEST_F(BibleTest, TheStatusBarTellsWhatTextStandsInATranslationsPlace)
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
+TEST_F(BibleTest, ALookupDoesNotWaitForTheDisk)
+{
+    OpenReader();
+    writer.isHolding = true;
+    LookUp(u"Jude 1");
+    LookUp(u"Job 2");
+    EXPECT_EQ(State(), "Job 2 | k-Job-2:1 k-Job-2:16 | Job | Notes for Job 2 |  | Job 1, -");
+    EXPECT_EQ(writer.waits, 0);
+    CloseReader();
+    OpenReader();
+    EXPECT_EQ(State(), "Job 2 | k-Job-2:1 k-Job-2:16 | Job | Notes for Job 2 |  | Job 1, -") << "the next reading sees what is still to be written";
+}
+
 TEST_F(BibleTest, MissingOrBadBibleDataIsNoMatterForTheUser)
 {
     files.Remove(u"/app\\biblekjv.idx");
