@@ -27,8 +27,8 @@ private:
 
 /// A line of a shoreline or river file.
 struct Shore {
-    int level = 0; ///< as the data set counts: of shores 1 the sea's, 2 lakes'; of rivers 1 and 2
-                   ///< the great ones
+    /// as the data set counts: of shores 1 the sea's, 2 lakes'; of rivers 1 and 2 the great ones
+    int level = 0;
     std::vector<Spot> spots;
 };
 
@@ -55,8 +55,8 @@ struct Ground {
     std::vector<Height> heights;
     std::vector<std::vector<Spot>> lakes, fertile;
     std::vector<Region> regions;
-    std::vector<std::pair<Spot, Spot>>
-        dry; ///< south-west and north-east corners of what is water today alone: canals, reservoirs
+    /// south-west and north-east corners of what is water today alone: canals, reservoirs
+    std::vector<std::pair<Spot, Spot>> dry;
     qreal roughness = 1; ///< of the hills between the known heights
     qreal steepness = 1; ///< of the light: how much steeper than it is the land looks
 };

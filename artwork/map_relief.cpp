@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
-static constexpr int step
-    = 3; // pixels of the sheet between two heights: finer than that hills are no hills any more
+// pixels of the sheet between two heights: finer than that hills are no hills any more
+static constexpr int step = 3;
 
 namespace {
 

@@ -249,7 +249,8 @@ void MapSheet::PaintSigns(QPainter& painter, Labels& labels)
     for (auto const& [place, style] : OwnPlaces()) {
         auto const at = m_projection->At(place->spot);
         style->paint(painter, at, style->radius);
-        labels.Take(QRectF(at - QPointF(style->radius, style->radius), QSizeF(style->radius, style->radius) * 2));
+        labels.Take(QRectF(
+            at - QPointF(style->radius, style->radius), QSizeF(style->radius, style->radius) * 2));
     }
 }
 

@@ -31,7 +31,9 @@ def add_note(start, half_tone, length, loudness, attack, decay, harmonics):
         t = n / RATE
         envelope = min(1.0, t / attack) * math.exp(-t / decay) * min(1.0, (length - t) * 8)
         turn = 2 * math.pi * frequency * t
-        samples[first + n] += loudness * envelope * sum(a * math.sin(h * turn) for h, a in harmonics)
+        samples[first + n] += (
+            loudness * envelope * sum(a * math.sin(h * turn) for h, a in harmonics)
+        )
 
 
 for bar, (bass, notes) in enumerate(CHORDS):
@@ -40,7 +42,15 @@ for bar, (bass, notes) in enumerate(CHORDS):
     for note in notes[:3]:
         add_note(start, note - 12, BAR + 0.6, 0.035, 0.9, 5.0, ((1, 1.0), (2, 0.15)))
     for step, which in enumerate((0, 1, 2, 3, 2, 1, 2, 1)):
-        add_note(start + step * BAR / 8, notes[which], 2.4, 0.11, 0.008, 0.7, ((1, 1.0), (2, 0.35), (3, 0.12), (4, 0.05)))
+        add_note(
+            start + step * BAR / 8,
+            notes[which],
+            2.4,
+            0.11,
+            0.008,
+            0.7,
+            ((1, 1.0), (2, 0.35), (3, 0.12), (4, 0.05)),
+        )
 
 for n in range(len(samples)):  # it comes and goes softly
     t = n / RATE

@@ -1,8 +1,10 @@
-// Pages of the Bible reader, from the book file to the page's text, beside the reading of that file, each byte touched once,
-// and the writing of as many bytes as the page has; the copy of a page for the browser control, beside the conversion of each of its
-// bytes; the text buffer that gathers a page beside a plain string.
+// Pages of the Bible reader, from the book file to the page's text, beside the reading of that
+// file, each byte touched once, and the writing of as many bytes as the page has; the copy of a
+// page for the browser control, beside the conversion of each of its bytes; the text buffer that
+// gathers a page beside a plain string.
 //
-//   bible_bench [DISC]    a folder with the King James text as packaging/make_disc.sh leaves it (left out: build/disc)
+//   bible_bench [DISC]    a folder with the King James text as packaging/make_disc.sh leaves it
+//   (left out: build/disc)
 
 #include "book_pages.h"
 #include "controls/page_filter.h"
@@ -59,8 +61,10 @@ void FilterFloor(benchmark::State& state, Disc const& disc, Passage const& passa
 }
 
 /// Pieces of the lengths that a page has.
-constexpr TextView pieces[] = { u"<sup>", u"16", u"</sup>&nbsp;", u"For God so loved the world, that he gave his only begotten ",
-    u"Son, that whosoever believeth in him should not perish, but have ", u"everlasting life. ", u"", u" ", u"<p>\r\n" };
+constexpr TextView pieces[] = { u"<sup>", u"16", u"</sup>&nbsp;",
+    u"For God so loved the world, that he gave his only begotten ",
+    u"Son, that whosoever believeth in him should not perish, but have ", u"everlasting life. ",
+    u"", u" ", u"<p>\r\n" };
 constexpr int rounds = 2000;
 
 void Builder(benchmark::State& state)
@@ -85,7 +89,7 @@ void PlainString(benchmark::State& state)
     }
 }
 
-}
+} // namespace
 
 int main(int count, char** arguments)
 {

@@ -1,5 +1,6 @@
 #pragma once
-// The two pages that the benchmarks of the Bible are about, built from the book files of a disc folder.
+// The two pages that the benchmarks of the Bible are about, built from the book files of a disc
+// folder.
 
 #include "base/turns.h"
 #include "bible/chapter_page.h"
@@ -19,12 +20,15 @@ struct Passage {
 constexpr Passage john3 { "John 3", u"\\kjv\\kjv43", u"John 3" };
 constexpr Passage psalms { "Psalms", u"\\kjv\\kjv19", u"Psalms" };
 
-/// The disc folder of the command line, else build/disc; says so and ends the process if it has no Bible.
+/// The disc folder of the command line, else build/disc; says so and ends the process if it has no
+/// Bible.
 inline std::filesystem::path DiscFolder(int count, char** arguments)
 {
     std::filesystem::path disc = count > 1 ? arguments[1] : SPARROWFIELD_SOURCE_DIR "/build/disc";
     if (!std::filesystem::exists(disc / "kjv" / "kjv43")) {
-        std::printf("%s: no King James text in this folder. Make the disc first (run.sh), or name its folder:\n    %s FOLDER\n",
+        std::printf(
+            "%s: no King James text in this folder. Make the disc first (run.sh), or name its "
+            "folder:\n    %s FOLDER\n",
             disc.c_str(), arguments[0]);
         std::exit(2);
     }
@@ -47,13 +51,16 @@ public:
         return bytes ? std::move(*bytes) : std::string();
     }
 
-    /// From the book file on the disk to the page's text, with a listener that follows it as the reader does.
+    /// From the book file on the disk to the page's text, with a listener that follows it as the
+    /// reader does.
     Text Page(Passage const& passage) const
     {
-        PageRequest const request { m_files.ApplicationFolder(), false, ReadWantedVerses(passage.reference) };
+        PageRequest const request { m_files.ApplicationFolder(), false,
+            ReadWantedVerses(passage.reference) };
         int progress = 0;
         Turns turns;
-        PageListener const listener { [&](int) { progress = 0; }, [&](int line) { progress = line; },
+        PageListener const listener { [&](int) { progress = 0; },
+            [&](int line) { progress = line; },
             [&] {
                 turns.Give();
                 return progress >= 0;

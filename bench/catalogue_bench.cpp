@@ -1,5 +1,6 @@
-// The catalogue of 1,000 studies with 20 lessons each, from real files to the tree of the loaded form. The floor is the heads
-// alone: each opened, read in one call, each byte converted to a 16-bit character.
+// The catalogue of 1,000 studies with 20 lessons each, from real files to the tree of the loaded
+// form. The floor is the heads alone: each opened, read in one call, each byte converted to a
+// 16-bit character.
 
 #include "catalogue/frmContents.h"
 #include "headless/headless_host.h"
@@ -21,7 +22,10 @@ namespace {
 /// Forgets everything.
 class NoSettings final : public SettingsStore {
 public:
-    Outcome<std::optional<Text>> Read(TextView, TextView) const override { return std::optional<Text>(); }
+    Outcome<std::optional<Text>> Read(TextView, TextView) const override
+    {
+        return std::optional<Text>();
+    }
     Outcome<Done> Write(TextView, TextView, TextView) override { return Done {}; }
     Outcome<Done> DeleteSection(TextView, Backup const&) override { return Done {}; }
     Outcome<std::vector<Text>> Sections() const override { return std::vector<Text>(); }
@@ -54,10 +58,22 @@ public:
             return file.failure();
         return std::unique_ptr<InputFile>(std::make_unique<Input>(std::move(*file), bytes));
     }
-    Outcome<std::string> ReadAll(TextView path, std::uint64_t atMost) const override { return m_files.ReadAll(path, atMost); }
-    Outcome<Done> Write(TextView path, std::string_view what) override { return m_files.Write(path, what); }
-    Outcome<bool> Create(TextView path, std::string_view contents) override { return m_files.Create(path, contents); }
-    Outcome<Done> WriteTemporary(TextView path, std::string_view what) override { return m_files.WriteTemporary(path, what); }
+    Outcome<std::string> ReadAll(TextView path, std::uint64_t atMost) const override
+    {
+        return m_files.ReadAll(path, atMost);
+    }
+    Outcome<Done> Write(TextView path, std::string_view what) override
+    {
+        return m_files.Write(path, what);
+    }
+    Outcome<bool> Create(TextView path, std::string_view contents) override
+    {
+        return m_files.Create(path, contents);
+    }
+    Outcome<Done> WriteTemporary(TextView path, std::string_view what) override
+    {
+        return m_files.WriteTemporary(path, what);
+    }
     Outcome<Done> SetAside(TextView path) override { return m_files.SetAside(path); }
     Outcome<Done> CreateFolder(TextView path) override { return m_files.CreateFolder(path); }
     Outcome<Done> Delete(TextView path) override { return m_files.Delete(path); }
@@ -92,9 +108,12 @@ private:
 std::string Head(int study)
 {
     std::string head = "Study " + std::to_string(study) + ": A title of some length\r\n"
-        + "A description of this study, in a sentence or two./It says what the study is about and for whom it is.\r\n";
+        + "A description of this study, in a sentence or two./It says what the study is about and "
+          "for whom it is.\r\n";
     for (int lesson = 1; lesson <= lessons; ++lesson)
-        head += (lesson % 2 ? "!Tjoz yvvbo lg dlkllub nlunjm/Thaaolw 5h" : "The title of a lesson/Matthew 6") + std::string("\r\n");
+        head += (lesson % 2 ? "!Tjoz yvvbo lg dlkllub nlunjm/Thaaolw 5h"
+                            : "The title of a lesson/Matthew 6")
+            + std::string("\r\n");
     return head + "-\r\n";
 }
 
@@ -145,7 +164,7 @@ void LoadCatalogue(benchmark::State& state, Bench& bench)
     }
 }
 
-}
+} // namespace
 
 int main(int count, char** words)
 {

@@ -1,6 +1,6 @@
 #pragma once
-// What the benchmarks of the desktop program share: the program on Qt's offscreen platform in a folder of its own, and figures held
-// against what is asked for.
+// What the benchmarks of the desktop program share: the program on Qt's offscreen platform in a
+// folder of its own, and figures held against what is asked for.
 
 #include "controls/input.h"
 #include "desktop/desktop_host.h"
@@ -74,7 +74,8 @@ inline double ResidentMegabytes()
 
 inline void Print(char const* about, double value, char const* unit, double atMost)
 {
-    std::printf("%-52s %7.1f %s, at most %g: %s\n", about, value, unit, atMost, value <= atMost ? "met" : "MISSED");
+    std::printf("%-52s %7.1f %s, at most %g: %s\n", about, value, unit, atMost,
+        value <= atMost ? "met" : "MISSED");
 }
 
 inline void GoToCatalogue(Bench& bench)

@@ -1,6 +1,7 @@
-// The desktop program on Qt's offscreen platform: from its start to the painted catalogue, beside an empty Qt window in the same run;
-// a lesson with 3,000 verses; the way to the next page; a resize step with a lesson as long as the demonstration's longest;
-// the memory in use. Starts itself for the times of whole processes.
+// The desktop program on Qt's offscreen platform: from its start to the painted catalogue, beside
+// an empty Qt window in the same run; a lesson with 3,000 verses; the way to the next page; a
+// resize step with a lesson as long as the demonstration's longest; the memory in use. Starts
+// itself for the times of whole processes.
 
 #include "controls/button.h"
 #include "controls/rich_text_box.h"
@@ -19,7 +20,8 @@
 #include <vector>
 
 static constexpr int verses = 3000, pages = 30, starts = 9;
-static constexpr int demonstrationVerses = 160; // the longest lesson of the demonstration disc has that many lines of verses
+// the longest lesson of the demonstration disc has that many lines of verses
+static constexpr int demonstrationVerses = 160;
 
 namespace {
 
@@ -29,14 +31,19 @@ void WriteStudy(std::string const& name, int verseCount)
     std::ofstream study(name + "-1.dat", std::ios::binary);
     study << name << ": A study\r\nA description.\r\nThe lesson\r\n-\r\n>1\r\nIntroduction\r\n";
     for (int page = 1; page <= pages; ++page)
-        study << page << ". A question of some length, so that it takes more than a line on the page?/And a second paragraph.\r\n[Answer]\r\n";
+        study
+            << page
+            << ". A question of some length, so that it takes more than a line on the page?/And a "
+               "second paragraph.\r\n[Answer]\r\n";
     study << "- Congratulations\r\n" << name << "\r\nshort\r\n";
     std::ofstream main("V-" + name, std::ios::binary);
     main << ">1\r\n";
     for (int verse = 0; verse < verseCount; ++verse) {
         if (verse % 30 == 0)
             main << "Psalms " << verse / 30 + 1 << "\r\n";
-        main << verse % 30 + 1 << " In those days there was a verse of the usual length, which went on for a little more than a line of text.\r\n";
+        main << verse % 30 + 1
+             << " In those days there was a verse of the usual length, which went on for a little "
+                "more than a line of text.\r\n";
     }
 }
 
@@ -44,7 +51,8 @@ void WriteDisc()
 {
     WriteStudy("bench", verses);
     WriteStudy("usual", demonstrationVerses);
-    std::ofstream("V-short", std::ios::binary) << ">1\r\nJohn 3:16\r\n16 For God so loved the world.\r\n";
+    std::ofstream("V-short", std::ios::binary)
+        << ">1\r\nJohn 3:16\r\n16 For God so loved the world.\r\n";
 }
 
 /// A process of its own: shows its window and tells when it is painted.
@@ -68,7 +76,8 @@ int Start(bool empty)
 double TimeOfStart(char const* role)
 {
     auto const start = Clock::now();
-    std::FILE* const child = popen((fs::read_symlink("/proc/self/exe").string() + " " + role + " 2>/dev/null").c_str(), "r");
+    std::FILE* const child = popen(
+        (fs::read_symlink("/proc/self/exe").string() + " " + role + " 2>/dev/null").c_str(), "r");
     char line[32] = "";
     if (!child || !std::fgets(line, sizeof line, child) || std::strcmp(line, "painted\n") != 0)
         std::abort();
@@ -77,7 +86,8 @@ double TimeOfStart(char const* role)
     return time;
 }
 
-/// A person drags the border: each step is a size of the window, and the layout and the panels follow.
+/// A person drags the border: each step is a size of the window, and the layout and the panels
+/// follow.
 void MeasureResize(Form& form)
 {
     QWidget* window = nullptr;
@@ -145,13 +155,14 @@ int MeasureLesson()
     _exit(0);
 }
 
-}
+} // namespace
 
 int main(int count, char** words)
 {
     std::string const role = count > 1 ? words[1] : "";
     if (role.empty()) {
-        auto const folder = fs::temp_directory_path() / ("desktop_bench-" + std::to_string(getpid()));
+        auto const folder
+            = fs::temp_directory_path() / ("desktop_bench-" + std::to_string(getpid()));
         fs::create_directories(folder / "user");
         fs::current_path(folder);
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -161,11 +172,15 @@ int main(int count, char** words)
             empty.push_back(TimeOfStart("empty"));
             splash.push_back(TimeOfStart("splash"));
         }
-        std::printf("from start to painted, median: an empty window %.1f ms, the start-up screen %.1f ms\n", Median(empty), Median(splash));
-        Print("the start-up screen beyond the empty window", Median(splash) - Median(empty), "ms", 150);
+        std::printf(
+            "from start to painted, median: an empty window %.1f ms, the start-up screen %.1f ms\n",
+            Median(empty), Median(splash));
+        Print("the start-up screen beyond the empty window", Median(splash) - Median(empty), "ms",
+            150);
         std::fflush(stdout);
         auto const self = fs::read_symlink("/proc/self/exe").string();
-        int const status = std::system((self + " usual 2>/dev/null && " + self + " lesson 2>/dev/null").c_str());
+        int const status
+            = std::system((self + " usual 2>/dev/null && " + self + " lesson 2>/dev/null").c_str());
         fs::current_path("/");
         fs::remove_all(folder);
         return status == 0 ? 0 : 1;

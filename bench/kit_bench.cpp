@@ -1,7 +1,9 @@
-// The publisher's kit: the check of a study file of 10 MB beside the reading of its bytes, each converted once; the import
-// of both Bibles and the making of both studies as a whole, from file to file.
+// The publisher's kit: the check of a study file of 10 MB beside the reading of its bytes, each
+// converted once; the import of both Bibles and the making of both studies as a whole, from file to
+// file.
 //
-//   kit_bench [EXPORTS]    a folder with the exports that packaging/make_disc.sh leaves (left out: build/exports)
+//   kit_bench [EXPORTS]    a folder with the exports that packaging/make_disc.sh leaves (left out:
+//   build/exports)
 
 #include "kit/bible_import.h"
 #include "kit/bible_texts.h"
@@ -25,10 +27,12 @@ constexpr double checkAtMost = 10; // times its floor
 constexpr double importAtMost = 3, makeAtMost = 1; // seconds
 constexpr double memoryAtMost = 150; // megabytes
 
-/// A study file of some 10 MB without a fault, every line scrambled, and its other part and verse file beside it.
+/// A study file of some 10 MB without a fault, every line scrambled, and its other part and verse
+/// file beside it.
 void WriteLargeStudy(fs::path const& folder)
 {
-    std::string const sentence = "Read the passage twice and tell in your own words what it says; then go on. ";
+    std::string const sentence
+        = "Read the passage twice and tell in your own words what it says; then go on. ";
     std::vector<std::string> lines { "Large: A Study", "For the bench." };
     int const lessons = 1000;
     for (int lesson = 1; lesson <= lessons; ++lesson)
@@ -47,7 +51,8 @@ void WriteLargeStudy(fs::path const& folder)
     for (std::size_t i = 0; i < lines.size(); ++i)
         bytes += FileLine(lines[i], i, false) + "\r\n";
     Faults faults;
-    ReplaceFiles(folder, { { "large-1.dat", bytes }, { "large-2.dat", bytes }, { "V-x", ">1\r\n" } }, faults);
+    ReplaceFiles(folder,
+        { { "large-1.dat", bytes }, { "large-2.dat", bytes }, { "V-x", ">1\r\n" } }, faults);
 }
 
 void Check(benchmark::State& state, fs::path const& file)
@@ -85,10 +90,12 @@ void Once(std::string const& what, double atMost, std::function<void(Faults&)> c
         seconds.count() <= atMost ? "met" : "MISSED");
 }
 
-void Import(fs::path const& file, std::string const& translation, fs::path const& disc, Faults& faults)
+void Import(
+    fs::path const& file, std::string const& translation, fs::path const& disc, Faults& faults)
 {
     auto const bytes = ReadWhole(file, faults);
-    auto const import = bytes ? ImportBible(*bytes, file.string(), translation, faults) : std::nullopt;
+    auto const import
+        = bytes ? ImportBible(*bytes, file.string(), translation, faults) : std::nullopt;
     if (import)
         ReplaceFiles(disc, import->files, faults);
 }
@@ -102,7 +109,8 @@ void MakeStudies(fs::path const& disc, Faults& faults)
             return;
         auto const study = ReadStudySource(*bytes, entry.path().string(), *bible, faults);
         if (study)
-            ReplaceFiles(disc, WriteStudy(*study, entry.path().stem().string(), false, "", faults), faults);
+            ReplaceFiles(
+                disc, WriteStudy(*study, entry.path().stem().string(), false, "", faults), faults);
     }
 }
 
@@ -112,7 +120,8 @@ void BenchDisc(fs::path const& exports, fs::path const& disc)
     for (auto const& entry : fs::directory_iterator(exports, error)) {
         auto const name = entry.path().filename().string();
         auto const translation = name.starts_with("engKJV") ? "kjv" : "nasb";
-        Once("import of " + name, importAtMost, [&](Faults& faults) { Import(entry.path(), translation, disc, faults); });
+        Once("import of " + name, importAtMost,
+            [&](Faults& faults) { Import(entry.path(), translation, disc, faults); });
     }
     if (error) {
         std::printf("%s: %s; make the disc first\n", exports.c_str(), error.message().c_str());
@@ -126,7 +135,7 @@ void BenchDisc(fs::path const& exports, fs::path const& disc)
     Once("both studies", makeAtMost, [&](Faults& faults) { MakeStudies(disc, faults); });
 }
 
-}
+} // namespace
 
 int main(int count, char** arguments)
 {

@@ -1,5 +1,6 @@
-// The lesson screen without a screen: a resize step with its panels at 1920x1080, and the repaint of all five panels at
-// 3840x2160 beside the filling of the same pixels. The arrangement of a map in its viewer.
+// The lesson screen without a screen: a resize step with its panels at 1920x1080, and the repaint
+// of all five panels at 3840x2160 beside the filling of the same pixels. The arrangement of a map
+// in its viewer.
 
 #include "controls/input.h"
 #include "controls/xp_container.h"
@@ -67,7 +68,9 @@ void RepaintFloor(benchmark::State& state)
     Bench bench({ 3840, 2160 });
     for (auto _ : state)
         for (auto const* const panel : bench.Panels()) {
-            std::vector<Colour> pixels(static_cast<std::size_t>(Pixels(panel->Width)) * static_cast<std::size_t>(Pixels(panel->Height)), panel->BackLightColor);
+            std::vector<Colour> pixels(static_cast<std::size_t>(Pixels(panel->Width))
+                    * static_cast<std::size_t>(Pixels(panel->Height)),
+                panel->BackLightColor);
             benchmark::DoNotOptimize(pixels.data());
         }
 }
@@ -104,11 +107,13 @@ void ArrangeMapView(benchmark::State& state)
 void WriteDisc()
 {
     std::ofstream("map1.jpg") << JpegHead(2300, 1667);
-    std::ofstream("bench-1.dat") << "Bench: A study\nA description.\nThe lesson\n-\n>1\nIntroduction\n1. A question\n[Answer]\n- Congratulations\nBench\nBench\n";
+    std::ofstream("bench-1.dat")
+        << "Bench: A study\nA description.\nThe lesson\n-\n>1\nIntroduction\n1. A question\n"
+           "[Answer]\n- Congratulations\nBench\nBench\n";
     std::ofstream("V-Bench") << ">1\nJohn 3:16\n16 For God so loved the world.\n";
 }
 
-}
+} // namespace
 
 int main(int count, char** arguments)
 {
@@ -124,7 +129,8 @@ int main(int count, char** arguments)
     benchmark::Initialize(&count, arguments);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.PrintRatio("five panels at 3840x2160", "five panels at 3840x2160, floor", repaintAtMost);
+    reporter.PrintRatio(
+        "five panels at 3840x2160", "five panels at 3840x2160, floor", repaintAtMost);
     reporter.PrintTime("a resize step at 1920x1080", stepAtMost);
     reporter.PrintTime("a map is arranged", mapAtMost);
     fs::current_path("/");

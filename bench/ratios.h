@@ -32,8 +32,8 @@ template <class... Arguments> void RegisterShort(std::string const& name, Argume
         ->UseRealTime();
 }
 
-/// Prints the fastest time of each benchmark, with its counters. Ratios are of the processor's time: a machine with other work
-/// keeps a long run waiting more often than a short one.
+/// Prints the fastest time of each benchmark, with its counters. Ratios are of the processor's
+/// time: a machine with other work keeps a long run waiting more often than a short one.
 class RatioReporter : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(Context const&) override { return true; }
@@ -67,7 +67,8 @@ public:
         if (!m_best.contains(name) || !m_best.contains(other))
             return;
         auto const gain = m_best.at(other).processor / m_best.at(name).processor;
-        std::printf("%-40s %6.2f times as fast, at least %g: %s\n", name.c_str(), gain, atLeast, gain >= atLeast ? "met" : "MISSED");
+        std::printf("%-40s %6.2f times as fast, at least %g: %s\n", name.c_str(), gain, atLeast,
+            gain >= atLeast ? "met" : "MISSED");
     }
 
     /// Says how long the benchmark takes, in milliseconds.
@@ -76,7 +77,8 @@ public:
         if (!m_best.contains(name))
             return;
         auto const time = m_best.at(name).real * 1000;
-        std::printf("%-40s %6.2f ms, at most %g: %s\n", name.c_str(), time, atMost, time <= atMost ? "met" : "MISSED");
+        std::printf("%-40s %6.2f ms, at most %g: %s\n", name.c_str(), time, atMost,
+            time <= atMost ? "met" : "MISSED");
     }
 
 private:
@@ -88,7 +90,8 @@ private:
     {
         auto const& name = run.run_name.function_name;
         auto const iterations = static_cast<double>(run.iterations);
-        Times const times { run.real_accumulated_time / iterations, run.cpu_accumulated_time / iterations };
+        Times const times { run.real_accumulated_time / iterations,
+            run.cpu_accumulated_time / iterations };
         auto& best = m_best.try_emplace(name, times).first->second;
         best = { std::min(best.real, times.real), std::min(best.processor, times.processor) };
         if (run.repetition_index + 1 < run.repetitions)

@@ -1,7 +1,9 @@
-// Two pages of the Bible reader beside another way to their text: the SWORD library, with the module from which the King James
-// text is imported, renders the same verses to HTML in the same process.
+// Two pages of the Bible reader beside another way to their text: the SWORD library, with the
+// module from which the King James text is imported, renders the same verses to HTML in the same
+// process.
 //
-//   sword_bench [DISC]    a folder with the King James text as packaging/make_disc.sh leaves it (left out: build/disc)
+//   sword_bench [DISC]    a folder with the King James text as packaging/make_disc.sh leaves it
+//   (left out: build/disc)
 
 #include "book_pages.h"
 #include "ratios.h"
@@ -22,7 +24,8 @@ struct Place {
     bool isWholeBook;
 };
 
-/// The verses of a passage as the library renders them, its options as they are: the words, without notes and numbers.
+/// The verses of a passage as the library renders them, its options as they are: the words, without
+/// notes and numbers.
 std::string Rendered(sword::SWModule& module, Place const& place)
 {
     auto& key = dynamic_cast<sword::VerseKey&>(*module.getKey());
@@ -30,7 +33,9 @@ std::string Rendered(sword::SWModule& module, Place const& place)
     auto const book = key.getBook();
     auto const chapter = key.getChapter();
     std::string page;
-    for (; !module.popError() && key.getBook() == book && (place.isWholeBook || key.getChapter() == chapter); module.increment())
+    for (; !module.popError() && key.getBook() == book
+         && (place.isWholeBook || key.getChapter() == chapter);
+         module.increment())
         page += module.renderText().c_str();
     return page;
 }
@@ -48,14 +53,15 @@ void Page(benchmark::State& state, Disc const& disc, Passage const& passage)
 }
 
 /// Both ways must lead to the same text, or nothing is measured.
-bool HasSame(Text const& page, std::string const& rendered, std::string const& first, std::string const& last)
+bool HasSame(Text const& page, std::string const& rendered, std::string const& first,
+    std::string const& last)
 {
     Text const firstWords(first.begin(), first.end()), lastWords(last.begin(), last.end());
-    return page.find(firstWords) != Text::npos && page.find(lastWords) != Text::npos && rendered.find(first) != std::string::npos
-        && rendered.find(last) != std::string::npos;
+    return page.find(firstWords) != Text::npos && page.find(lastWords) != Text::npos
+        && rendered.find(first) != std::string::npos && rendered.find(last) != std::string::npos;
 }
 
-}
+} // namespace
 
 int main(int count, char** arguments)
 {
@@ -70,11 +76,13 @@ int main(int count, char** arguments)
     Place const john { "John 3:1", false }, psalter { "Psalms 1:1", true };
     auto const chapter = Rendered(*module, john), book = Rendered(*module, psalter);
     if (!HasSame(disc.Page(john3), chapter, "a man of the Pharisees", "abideth on him")
-        || !HasSame(disc.Page(psalms), book, "walketh not in the counsel", "every thing that hath breath")) {
+        || !HasSame(disc.Page(psalms), book, "walketh not in the counsel",
+            "every thing that hath breath")) {
         std::puts("The pages and the library's text are not the same verses.");
         return 1;
     }
-    std::printf("the library's text: %zu bytes for John 3, %zu for Psalms\n", chapter.size(), book.size());
+    std::printf(
+        "the library's text: %zu bytes for John 3, %zu for Psalms\n", chapter.size(), book.size());
     RegisterShort("John 3", Page, disc, john3);
     RegisterShort("John 3, library", Library, module, john);
     RegisterShort("Psalms", Page, disc, psalms);

@@ -1,5 +1,6 @@
-// The Bible reader and the maps on Qt's offscreen platform, with the demonstration disc: from what a person does to the painted window, and the
-// memory in use; a long page beside the same in a bare browser of Qt's. Takes the folder of the disc.
+// The Bible reader and the maps on Qt's offscreen platform, with the demonstration disc: from what
+// a person does to the painted window, and the memory in use; a long page beside the same in a bare
+// browser of Qt's. Takes the folder of the disc.
 
 #include "desktop.h"
 
@@ -49,13 +50,15 @@ void Expect(bool holds)
         std::abort();
 }
 
-/// The page that the reader shows, set once more, and in a browser of the same size that is given it as it is.
+/// The page that the reader shows, set once more, and in a browser of the same size that is given
+/// it as it is.
 void MeasurePage(Bench& bench)
 {
     auto& page = bench.Get<WebBrowser>("frmBible", "Text1");
     QTextBrowser* ours = nullptr;
     for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* const found = window->findChild<QTextBrowser*>(page.Name()); found && found->isVisible())
+        if (auto* const found = window->findChild<QTextBrowser*>(page.Name());
+            found && found->isVisible())
             ours = found;
     Expect(ours);
     QTextBrowser bare;
@@ -78,8 +81,12 @@ void MeasurePage(Bench& bench)
         set.push_back(MillisecondsSince(start));
     }
     Expect(bare.toPlainText() == ours->toPlainText());
-    double const best = *std::min_element(shown.begin(), shown.end()), bareBest = *std::min_element(set.begin(), set.end());
-    std::printf("the page of Psalms set and painted, the fastest of %d: %.1f ms, in a bare browser %.1f ms\n", times, best, bareBest);
+    double const best = *std::min_element(shown.begin(), shown.end()),
+                 bareBest = *std::min_element(set.begin(), set.end());
+    std::printf(
+        "the page of Psalms set and painted, the fastest of %d: %.1f ms, in a bare browser %.1f "
+        "ms\n",
+        times, best, bareBest);
     Print("the page of Psalms beside the bare browser", best / bareBest, "times", 1.25);
 }
 
@@ -87,7 +94,8 @@ void MeasureReader(Bench& bench)
 {
     auto& screen = bench.program.OwnScreen();
     Form& reader = *screen.Find("frmBible");
-    auto const open = [&] { bench.input.Click(bench.Get<MenuEntry>("frmContents", "mnuBibleReader")); };
+    auto const open
+        = [&] { bench.input.Click(bench.Get<MenuEntry>("frmContents", "mnuBibleReader")); };
     open();
     ServeAll();
     auto const close = [&] { bench.input.Close(reader); };
@@ -97,8 +105,10 @@ void MeasureReader(Bench& bench)
     auto const leave = [&] { LookUp(bench, u"Jude 1"); };
     leave();
     Expect(page.CurrentText() == u"Jude 1");
-    Print("John 3, from Enter to its painted page", Measure(leave, [&] { LookUp(bench, u"John 3"); }), "ms", 10);
-    Print("Psalm 119, the longest chapter", Measure(leave, [&] { LookUp(bench, u"Psalms 119"); }), "ms", 30);
+    Print("John 3, from Enter to its painted page",
+        Measure(leave, [&] { LookUp(bench, u"John 3"); }), "ms", 10);
+    Print("Psalm 119, the longest chapter", Measure(leave, [&] { LookUp(bench, u"Psalms 119"); }),
+        "ms", 30);
     Print("the whole of Psalms", Measure(leave, [&] { LookUp(bench, u"Psalms"); }), "ms", 150);
     Expect(page.CurrentText() == u"Psalms");
     MeasurePage(bench);
@@ -117,7 +127,8 @@ void MeasureMaps(Bench& bench)
     auto const close = [&] { bench.input.Close(viewer); };
     open(widest);
     ServeAll();
-    Print("the widest map, from the menu to the painted window", Measure(close, [&] { open(widest); }), "ms", 120);
+    Print("the widest map, from the menu to the painted window",
+        Measure(close, [&] { open(widest); }), "ms", 120);
     Print("the longest map, likewise", Measure(close, [&] { open(8); }), "ms", 120);
     close();
     open(widest);
@@ -149,7 +160,7 @@ void MeasureMaps(Bench& bench)
     Print("resident memory with a map", ResidentMegabytes(), "MB", 110);
 }
 
-}
+} // namespace
 
 int main(int count, char** words)
 {

@@ -1,5 +1,5 @@
-// Any index and any beginning of a name: a line is two fields or no book, and the search ends at a book that fits, or there
-// is none.
+// Any index and any beginning of a name: a line is two fields or no book, and the search ends at a
+// book that fits, or there is none.
 
 #include "base/code_page.h"
 #include "bible/book_index.h"

@@ -1,5 +1,5 @@
-// Any book file and any reference: the page is the one of the plain definition, whoever listens; every line of the file is
-// reported once, and a listener who ends the building gets no page.
+// Any book file and any reference: the page is the one of the plain definition, whoever listens;
+// every line of the file is reported once, and a listener who ends the building gets no page.
 
 #include "base/code_page.h"
 #include "bible/book_file.h"
@@ -37,13 +37,15 @@ static PageListener Listener(Heard& heard, int turnsLeft)
 static void CheckRecords(std::string_view file)
 {
     for (auto const& record : ReadVerseRecords(file)) {
-        CHECK(record.chapter > -100 && record.chapter < 1000 && record.verse > -100 && record.verse < 1000);
-        CHECK(record.text.find('\n') == std::string::npos && record.text.find('\r') == std::string::npos);
+        CHECK(record.chapter > -100 && record.chapter < 1000 && record.verse > -100
+            && record.verse < 1000);
+        CHECK(record.text.find('\n') == std::string::npos
+            && record.text.find('\r') == std::string::npos);
     }
 }
 
-/// The first byte says whether verses run on, the second at which turn the building ends, the first line behind them is the
-/// reference and the rest the file.
+/// The first byte says whether verses run on, the second at which turn the building ends, the first
+/// line behind them is the reference and the rest the file.
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size)
 {
     if (size < 2)
@@ -51,7 +53,8 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t siz
     std::string_view file(reinterpret_cast<char const*>(data) + 2, size - 2);
     auto const reference = file.substr(0, file.find('\n'));
     file.remove_prefix(std::min(reference.size() + 1, file.size()));
-    PageRequest const request { u"/disc", data[0] % 2 == 1, ReadWantedVerses(FromCodePage(reference)) };
+    PageRequest const request { u"/disc", data[0] % 2 == 1,
+        ReadWantedVerses(FromCodePage(reference)) };
 
     auto const page = BuildChapterPage(file, request);
     CHECK(page && *page == PlainChapterPage(file, request));

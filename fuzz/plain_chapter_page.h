@@ -14,12 +14,14 @@ inline Text PlainLine(TextView line)
 
 inline Text PlainText(Text const& line, std::size_t from)
 {
-    return line.size() > from ? FromCodePage(TrimBlanks(*ToCodePage(line.substr(from)))) + u" " : u" ";
+    return line.size() > from ? FromCodePage(TrimBlanks(*ToCodePage(line.substr(from)))) + u" "
+                              : u" ";
 }
 
 inline Text PlainHead(TextView folder)
 {
-    return u"<html><head><title>Bible Reader</title>\r\n<script language=\"JavaScript\">\r\n<!--\r\n"
+    return u"<html><head><title>Bible Reader</title>\r\n<script language=\"JavaScript\">\r\n"
+           u"<!--\r\n"
            u"document.oncontextmenu = function(){return false}\r\n//-->\r\n</script>\r\n</head>\r\n"
            u"<body background=\"file://"
         + Text(folder) + u"\\bg.jpg\">\r\n<font size=2 face=\"verdana\">\r\n";
@@ -44,7 +46,8 @@ inline Text PlainChapterPage(std::string_view bookFile, PageRequest const& reque
         if (!chapter || !verse || !VerseWanted(request.wanted, *chapter, *verse))
             continue;
         if (*chapter != lastChapter)
-            page += u"<a name=chapter" + FromNumber(*chapter) + u"><p><b><font face=\"Arial\" color=darkblue>Chapter " + FromNumber(*chapter)
+            page += u"<a name=chapter" + FromNumber(*chapter)
+                + u"><p><b><font face=\"Arial\" color=darkblue>Chapter " + FromNumber(*chapter)
                 + u"</font></b><p>\r\n";
         lastChapter = *chapter;
         page += u"<sup>" + FromNumber(*verse) + u"</sup>&nbsp;" + PlainText(line, 8);

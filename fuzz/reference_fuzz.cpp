@@ -1,5 +1,5 @@
-// Any reference: the cleaning takes blanks alone, the book is what stands in front of the last one, and a verse is wanted
-// exactly when its numbers are.
+// Any reference: the cleaning takes blanks alone, the book is what stands in front of the last one,
+// and a verse is wanted exactly when its numbers are.
 
 #include "base/code_page.h"
 #include "bible/reference.h"
@@ -32,7 +32,8 @@ static bool IsInRange(int number)
 static int SingleVerse(WantedVerses const& wanted)
 {
     bool const isNumber = !wanted.verse.empty() && wanted.verse.size() < 5
-        && std::all_of(wanted.verse.begin(), wanted.verse.end(), [](char16_t digit) { return digit >= u'0' && digit <= u'9'; });
+        && std::all_of(wanted.verse.begin(), wanted.verse.end(),
+            [](char16_t digit) { return digit >= u'0' && digit <= u'9'; });
     int verse = 0;
     for (char16_t const digit : isNumber ? wanted.verse : Text())
         verse = verse * 10 + (digit - u'0');
@@ -71,7 +72,8 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t siz
     } else {
         Text const numbers = clean.substr(book.size());
         CHECK(numbers.rfind(u' ') == 0);
-        CHECK(numbers.substr(1).starts_with(wanted.verse.empty() ? wanted.chapter : wanted.chapter + u":" + wanted.verse));
+        CHECK(numbers.substr(1).starts_with(
+            wanted.verse.empty() ? wanted.chapter : wanted.chapter + u":" + wanted.verse));
     }
     CheckVerses(wanted);
     return 0;

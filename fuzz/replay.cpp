@@ -1,5 +1,5 @@
-// Runs a fuzz target once on each file of a folder, in name order. A rule that is broken stops it (check.h); the last file named is the
-// one it was broken by.
+// Runs a fuzz target once on each file of a folder, in name order. A rule that is broken stops it
+// (check.h); the last file named is the one it was broken by.
 
 #include <algorithm>
 #include <cstdio>

@@ -23,6 +23,7 @@ for program in "$@"; do
     grep -q __stack_chk_fail <<<"$symbols" || Lacks "$program" "stack protectors"
     grep -Eq '__[a-z]+_chk\b' <<<"$symbols" && hasCheckedCalls=1
     grep -q _ZSt21__glibcxx_assert_fail <<<"$symbols" || Lacks "$program" "checked containers (_GLIBCXX_ASSERTIONS)"
+    # shellcheck disable=SC2016 # $0x0 is a number of the assembler's.
     if grep -q 'Machine: *Advanced Micro Devices X86-64' <<<"$head"; then
         [ "$(grep -c endbr64 <<<"$code")" -gt 100 ] || Lacks "$program" "control-flow protection"
         grep -Eq 'or[ql]? +\$0x0,(0x0)?\(%rsp' <<<"$code" && hasProbes=1

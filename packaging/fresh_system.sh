@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # A fresh Debian system in a folder, of the same release as this machine and from where it gets its own packages. For the checks that
 # try the program as somebody does who has nothing yet. To be read by a bash script that runs as root, with debootstrap installed.
 
@@ -7,6 +8,7 @@ MakeSystem() {
     mkdir -p "$root"
     trap RemoveSystem EXIT
     local mirror
+    # shellcheck disable=SC2016 # apt-get replaces $(SITE).
     mirror=$(apt-get indextargets --format '$(SITE)' "Created-By: Packages" | head -n 1)
     debootstrap --variant=minbase "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$root" "$mirror" >"$root.log" 2>&1 ||
         { tail "$root.log" >&2; return 1; }

@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034 # The lists are for the scripts that source this one.
 # The Debian packages that the project needs, all in this one place, and the function that installs what is missing.
 # To be read by a bash script: source packaging/packages.sh
 
@@ -5,7 +6,7 @@ buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libxcb1-dev
 runPackages=(libqt6widgets6 libqt6printsupport6 libqt6multimediawidgets6 qt6-qpa-plugins
     fonts-liberation2 fonts-dejavu-core)
 discPackages=(libsword-utils sword-text-kjv sword-text-web)
-testPackages=(python3 libgtest-dev libgmock-dev libbenchmark-dev)
+testPackages=(python3 black clang-format shellcheck libgtest-dev libgmock-dev libbenchmark-dev)
 walkPackages=(xvfb xauth x11-utils openbox xdotool imagemagick poppler-utils dbus at-spi2-core python3-gi gir1.2-atspi-2.0) # a screen that is only a memory, and hands to use it
 
 # InstallMissing PACKAGE...: installs those that aren't there yet; asks apt-get only then. Says what it does;

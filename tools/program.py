@@ -28,12 +28,20 @@ class Program:
     def __init__(self, drive, disc, user, environment=None):
         self.lines = []  # what it was told
         self.said = b""  # what it has said and nobody read yet
-        self.process = subprocess.Popen([drive, "--app", disc, "--data", disc, "--user", str(user)], stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=environment)
+        self.process = subprocess.Popen(
+            [drive, "--app", disc, "--data", disc, "--user", str(user)],
+            stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE,
+            env=environment,
+        )
 
     def ask(self, *words):
         """Gives a command without waiting for its answer."""
-        line = " ".join(word if re.fullmatch(r"[A-Za-z0-9._:-]+", word) else json.dumps(word) for word in map(str, words))
+        line = " ".join(
+            word if re.fullmatch(r"[A-Za-z0-9._:-]+", word) else json.dumps(word)
+            for word in map(str, words)
+        )
         self.lines.append(line)
         try:
             self.process.stdin.write(line.encode() + b"\n")
@@ -123,12 +131,17 @@ def stored_answers(user):
 def note_forms(file):
     """The texts that stand in the files of a note: the exact ones, if there are any beside, then the code page's."""
     exact = [file.with_name(file.name + ending) for ending in (".utf8", ".utf8-next")]
-    return [plain(beside.read_bytes(), "utf-8") for beside in exact if beside.exists()] + [file.read_bytes().decode("cp1252", "replace")]
+    return [plain(beside.read_bytes(), "utf-8") for beside in exact if beside.exists()] + [
+        file.read_bytes().decode("cp1252", "replace")
+    ]
 
 
 def stored_notes(user):
     """The notes that aren't empty, by the names of their files without the ending."""
-    found = {("note", file.stem): note_forms(file)[0] for file in (pathlib.Path(user) / NOTES).glob("*.dat")}
+    found = {
+        ("note", file.stem): note_forms(file)[0]
+        for file in (pathlib.Path(user) / NOTES).glob("*.dat")
+    }
     return {place: text for place, text in found.items() if text}
 
 

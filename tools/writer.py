@@ -7,7 +7,9 @@ class Memory:
     """What was written at each place: ("answer", lesson, page) or ("note", book and chapter)."""
 
     def __init__(self):
-        self.sure = {}  # the text whose storing the program has told of by an answer; a missing one is empty
+        self.sure = (
+            {}
+        )  # the text whose storing the program has told of by an answer; a missing one is empty
         self.maybe = {}  # texts that the box held since; each may be stored by now
         self.words = {}  # every word that was typed and not deleted
 

@@ -14,12 +14,14 @@ if ! printf %s "$disc" | iconv -f UTF-8 -t UTF-8 >/dev/null 2>&1; then
     exit 1
 fi
 
+# shellcheck disable=SC1003 # A backslash in single quotes is meant as one.
 # The rules of the Desktop Entry Specification 1.5: a word of a command line is quoted; then the text becomes the value of a key.
 quoted() {
     local word=$1 character
     for character in '\' '"' '`' '$'; do word=${word//"$character"/"\\$character"}; done
     printf '"%s"' "$word"
 }
+# shellcheck disable=SC1003
 value() {
     local text=${1//'\'/'\\'}
     text=${text//$'\n'/'\n'}

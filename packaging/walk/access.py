@@ -5,7 +5,15 @@ import time
 from person import *  # noqa: F403
 from pixels import contrast_of_text, grab, picture_of
 
-TAKES_FOCUS = {"push button", "text", "tree", "check box", "combo box", "scroll bar", "slider"}  # roles that a person acts on
+TAKES_FOCUS = {
+    "push button",
+    "text",
+    "tree",
+    "check box",
+    "combo box",
+    "scroll bar",
+    "slider",
+}  # roles that a person acts on
 least = 4.5  # contrast of text, by the Web Content Accessibility Guidelines 2.1, level AA
 lowest = []
 
@@ -29,7 +37,9 @@ def all_showing(node):
 
 
 def what_is_told_of(form, node):
-    return [name for name, (_, role, title) in told[form].controls.items() if is_that(node, role, title)]
+    return [
+        name for name, (_, role, title) in told[form].controls.items() if is_that(node, role, title)
+    ]
 
 
 def check_names(form):
@@ -39,29 +49,48 @@ def check_names(form):
     for node in all_showing(window_of(form)):
         names = what_is_told_of(form, node)
         seen.update(names)
-        acts = has(node, Atspi.StateType.FOCUSABLE) and node.get_role_name() != "label" or node.get_role_name() in TAKES_FOCUS
+        acts = (
+            has(node, Atspi.StateType.FOCUSABLE)
+            and node.get_role_name() != "label"
+            or node.get_role_name() in TAKES_FOCUS
+        )
         inner = node.get_role_name() == "scroll bar" and node.get_name() == ""
         if acts and not inner and not names:
-            fail(f"{form} has a {node.get_role_name()} \"{name_of(node)}\" that docs/accessibility.md doesn't know")
-        if node.get_description() in told[form].controls and node.get_description() != node.get_name():
+            fail(
+                f'{form} has a {node.get_role_name()} "{name_of(node)}" that docs/accessibility.md doesn\'t know'
+            )
+        if (
+            node.get_description() in told[form].controls
+            and node.get_description() != node.get_name()
+        ):
             fail(f"a screen reader would say {node.get_description()} in {form}")
     return seen
 
 
 def focused(form):
     """A box around the buttons says that it has the focus when the first of them has it, though it can't take it."""
-    return search(window_of(form), lambda node: has(node, Atspi.StateType.FOCUSED) and has(node, Atspi.StateType.FOCUSABLE)
-                  and node.get_role_name() not in ("tree item", "table cell", "list item", "menu item"))
+    return search(
+        window_of(form),
+        lambda node: has(node, Atspi.StateType.FOCUSED)
+        and has(node, Atspi.StateType.FOCUSABLE)
+        and node.get_role_name() not in ("tree item", "table cell", "list item", "menu item"),
+    )
 
 
 def focus_name(form):
-    names = what_is_told_of(form, wait(lambda: focused(form), f"a control of {form} with the focus"))
+    names = what_is_told_of(
+        form, wait(lambda: focused(form), f"a control of {form} with the focus")
+    )
     return names[0] if names else "?"
 
 
 def order_told(form):
     stops = sorted((tab, name) for name, (tab, _, _) in told[form].controls.items() if tab)
-    return [name for _, name in stops if (node := control(form, name, True)) and has(node, Atspi.StateType.ENABLED)]
+    return [
+        name
+        for _, name in stops
+        if (node := control(form, name, True)) and has(node, Atspi.StateType.ENABLED)
+    ]
 
 
 def is_seen(node, without):
@@ -81,7 +110,9 @@ def check_tab(form, ends_at, begins_at):
     first = focus_name(form)
     if first != order[0]:
         fail(f"{form} begins at {first}, not at {order[0]}")
-    pictures_without = {name: picture_of(user.name, *place(control(form, name))) for name in order[1:]}
+    pictures_without = {
+        name: picture_of(user.name, *place(control(form, name))) for name in order[1:]
+    }
     for name in order[1:]:
         keys("Tab")
         if focus_name(form) != name:
@@ -104,10 +135,22 @@ def check_contrast(form):
     """That of all labels, buttons and menus that aren't greyed, and of the lines of texts and trees."""
     for node in list(all_showing(window_of(form))):
         role, (x, y, width, height) = node.get_role_name(), place(node)
-        bears_text = role in ("label", "push button", "text", "tree", "check box", "combo box", "menu bar")
+        bears_text = role in (
+            "label",
+            "push button",
+            "text",
+            "tree",
+            "check box",
+            "combo box",
+            "menu bar",
+        )
         if not bears_text or width < 8 or height < 8 or not has(node, Atspi.StateType.ENABLED):
             continue
-        if form == "frmSplash" or role == "push button" and (node.get_name().startswith("Click here") or form == "frmVideo"):
+        if (
+            form == "frmSplash"
+            or role == "push button"
+            and (node.get_name().startswith("Click here") or form == "frmVideo")
+        ):
             continue  # painted
         if role in ("text", "label") and Atspi.Text.get_character_count(node) == 0:
             continue
@@ -115,7 +158,7 @@ def check_contrast(form):
         if ratio is not None:
             lowest.append((ratio, f"{form}, {role} {name_of(node)!r}"))
             if ratio < least:
-                fail(f"{form}: {role} \"{name_of(node)}\" stands at {ratio:.1f}:1 against its ground")
+                fail(f'{form}: {role} "{name_of(node)}" stands at {ratio:.1f}:1 against its ground')
 
 
 def check(form, ends_at=None, begins_at=None):
@@ -124,7 +167,11 @@ def check(form, ends_at=None, begins_at=None):
     wait(lambda: is_active(form), form)
     time.sleep(0.6)
     seen = check_names(form)
-    order = check_tab(form, ends_at, begins_at) if any(tab for tab, _, _ in told[form].controls.values()) else []
+    order = (
+        check_tab(form, ends_at, begins_at)
+        if any(tab for tab, _, _ in told[form].controls.values())
+        else []
+    )
     check_contrast(form)
     expect(True, f"{form}: {len(seen)} controls with names, by Tab: {' '.join(order) or 'none'}")
     return seen

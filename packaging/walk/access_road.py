@@ -65,7 +65,11 @@ def walk():
     lesson_and_answer()
     keys("alt+f", "x")
     expect(wait_for_end() == 0, "the program ends by its menu")
-    print("   lowest contrast:", "; ".join(f"{ratio:.1f} {what}" for ratio, what in sorted(set(lowest))[:4]), flush=True)
+    print(
+        "   lowest contrast:",
+        "; ".join(f"{ratio:.1f} {what}" for ratio, what in sorted(set(lowest))[:4]),
+        flush=True,
+    )
 
 
 try:

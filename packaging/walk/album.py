@@ -45,7 +45,7 @@ SENTENCES = {
     "e-corner": "Its far corner, reached by the arrow keys.",
 }
 OF_SETUP = {
-    "f-setup": "Setup, opened by \"Install to Disk\".",
+    "f-setup": 'Setup, opened by "Install to Disk".',
     "f-installed": "The disc is installed.",
     "f-copy": "The installed copy, started from there.",
     "f-repair": "Setup again: the copy can be repaired or removed.",
@@ -56,21 +56,30 @@ OF_SETUP = {
 folder, screens = sys.argv[1], sys.argv[2:]
 # Of an enlarged screen a walk leaves pictures of some windows only; they lie beside the page.
 found = {name for name in os.listdir(folder) if name.endswith(".png") and "@" not in name}
-if any("-f-" in name for name in found): # a package has no Setup
+if any("-f-" in name for name in found):  # a package has no Setup
     SENTENCES.update(OF_SETUP)
 told = {f"{screen}-{name}.png" for screen in screens for name in SENTENCES}
 if found != told:
-    sys.exit("walk: " + "; ".join([f"{name} is missing" for name in sorted(told - found)]
-                                  + [f"nothing is told of {name}" for name in sorted(found - told)]))
+    sys.exit(
+        "walk: "
+        + "; ".join(
+            [f"{name} is missing" for name in sorted(told - found)]
+            + [f"nothing is told of {name}" for name in sorted(found - told)]
+        )
+    )
 with open(os.path.join(folder, "index.html"), "w", encoding="utf-8") as page:
-    page.write("<!DOCTYPE html>\n<html lang=\"en\"><meta charset=\"utf-8\"><title>A walk through Sparrowfield</title>\n"
-               "<style>body { font: 17px/1.5 serif; margin: 2em auto; max-width: 66em; color: #022d7b; background: #eff4fc }"
-               " figure { margin: 2em 0 } img { max-width: 100%; border: 1px solid #adc1dc }</style>\n"
-               "<h1>A walk through Sparrowfield</h1>\n")
+    page.write(
+        '<!DOCTYPE html>\n<html lang="en"><meta charset="utf-8"><title>A walk through Sparrowfield</title>\n'
+        "<style>body { font: 17px/1.5 serif; margin: 2em auto; max-width: 66em; color: #022d7b; background: #eff4fc }"
+        " figure { margin: 2em 0 } img { max-width: 100%; border: 1px solid #adc1dc }</style>\n"
+        "<h1>A walk through Sparrowfield</h1>\n"
+    )
     for name, sentence in SENTENCES.items():
         page.write(f"<h2>{html.escape(sentence)}</h2>\n<figure>")
         for screen in screens:
-            page.write(f'<a href="{screen}-{name}.png"><img src="{screen}-{name}.png" loading="lazy" '
-                       f'alt="{html.escape(sentence)} ({screen})" title="{screen}"></a>\n')
+            page.write(
+                f'<a href="{screen}-{name}.png"><img src="{screen}-{name}.png" loading="lazy" '
+                f'alt="{html.escape(sentence)} ({screen})" title="{screen}"></a>\n'
+            )
         page.write("</figure>\n")
 print(f"{len(found)} pictures: {os.path.join(folder, 'index.html')}")

@@ -10,7 +10,9 @@ from person import *  # noqa: F403
 def answer_page(text):
     run("xdotool", "mousemove", "--sync", 5, 5)
     type_text(text)
-    expect_soon(lambda: text in text_of("frmMain", "Text3"), f"the answer box holds what was typed: {text}")
+    expect_soon(
+        lambda: text in text_of("frmMain", "Text3"), f"the answer box holds what was typed: {text}"
+    )
 
 
 def label():
@@ -31,14 +33,24 @@ def walk():
     wait(lambda: is_active("frmContents"), "the catalogue")
     expect(not is_open("frmSplash"), "Run from CD leads to the catalogue")
     shot("1-catalogue")
-    study = search(control("frmContents", "TreeView1"), lambda node: showing(node) and ":" in node.get_name())
+    study = search(
+        control("frmContents", "TreeView1"), lambda node: showing(node) and ":" in node.get_name()
+    )
     title = study.get_name()
     click(study, x=12)
-    expect_soon(lambda: title in text_of("frmContents", "lblStudy"), f"the study's title stands beside its description: {title}")
+    expect_soon(
+        lambda: title in text_of("frmContents", "lblStudy"),
+        f"the study's title stands beside its description: {title}",
+    )
     expect(len(text_of("frmContents", "txtDesc")) > 40, "and so does the description")
     shot("2-study")
     tree = control("frmContents", "TreeView1")
-    lesson = wait(lambda: search(tree, lambda node: node.get_name().startswith("Lesson 1:") and showing(node)), "lesson 1")
+    lesson = wait(
+        lambda: search(
+            tree, lambda node: node.get_name().startswith("Lesson 1:") and showing(node)
+        ),
+        "lesson 1",
+    )
     click(lesson, x=12)
     click_item("frmContents", "TreeView1", "Part One")
     wait(lambda: is_active("frmWelcome"), "the welcome dialog")
@@ -59,7 +71,9 @@ def walk():
     keys("End")
     click(control("frmMain", "Image1"))
     wait(lambda: is_active("frmAnswer"), "the publisher's answer")
-    expect(len(control("frmAnswer", "Label1").get_name()) > 10, "the publisher's answer can be read")
+    expect(
+        len(control("frmAnswer", "Label1").get_name()) > 10, "the publisher's answer can be read"
+    )
     shot("5-answer")
     keys("Escape")
     wait(lambda: not is_open("frmAnswer"), "the answer window to close")
@@ -81,8 +95,11 @@ def walk():
         run("xdotool", "click", 4)
         time.sleep(0.25)
         return label() == first_label
+
     wait(turn_back, "page 1 by the wheel over the scroll bar")
-    expect(answers[0] in text_of("frmMain", "Text3"), "the scroll bar leads back to the first answer")
+    expect(
+        answers[0] in text_of("frmMain", "Text3"), "the scroll bar leads back to the first answer"
+    )
     next_page()
     second_label = label()
     expect(answers[1] in text_of("frmMain", "Text3"), "the second answer is in its place")
@@ -94,7 +111,13 @@ def walk():
     for part, same in (("Part Two", False), ("Part One", True)):
         click_item("frmContents", "TreeView1", title)
         tree = control("frmContents", "TreeView1")
-        click(wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1"), x=12)
+        click(
+            wait(
+                lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)),
+                "lesson 1",
+            ),
+            x=12,
+        )
         click_item("frmContents", "TreeView1", part)
         wait(lambda: is_active("frmMain") and control("frmMain", "Text3", True), part)
         time.sleep(0.5)
@@ -117,16 +140,28 @@ def walk():
     expect(True, "any key leads there too")
     click_item("frmContents", "TreeView1", title)
     tree = control("frmContents", "TreeView1")
-    click(wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1"), x=12)
+    click(
+        wait(
+            lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)),
+            "lesson 1",
+        ),
+        x=12,
+    )
     click_item("frmContents", "TreeView1", "Part One")
     wait(lambda: is_active("frmWelcome"), "the welcome dialog")
     keys("Return")
     wait(lambda: is_active("frmMain") and control("frmMain", "Text3", True), "the lesson")
     time.sleep(0.5)
-    expect(answers[2] in text_of("frmMain", "Text3"), "after a kill the lesson opens at the page that was gone to")
+    expect(
+        answers[2] in text_of("frmMain", "Text3"),
+        "after a kill the lesson opens at the page that was gone to",
+    )
     click(control("frmMain", "Command2"))
     wait(lambda: label() == second_label, "the page before")
-    expect(answers[1] + ", and more" in text_of("frmMain", "Text3"), "and the answer of the page left before the kill is there")
+    expect(
+        answers[1] + ", and more" in text_of("frmMain", "Text3"),
+        "and the answer of the page left before the kill is there",
+    )
     keys("alt+f", "x")
     expect(wait_for_end() == 0, "the program ends by its menu")
 

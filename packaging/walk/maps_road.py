@@ -39,7 +39,12 @@ def patch(x, y):
 
 
 def are_alike(one, other):
-    return subprocess.run(["compare", "-metric", "AE", one, other, "null:"], capture_output=True, text=True).stderr.strip() == "0"
+    return (
+        subprocess.run(
+            ["compare", "-metric", "AE", one, other, "null:"], capture_output=True, text=True
+        ).stderr.strip()
+        == "0"
+    )
 
 
 def drag_by_hand():
@@ -49,11 +54,18 @@ def drag_by_hand():
     run("xdotool", "mousedown", 1)
     for dx, dy in ((-100, -60), (-230, -140), (-300, -200)):
         go_to(x + dx, y + dy)
-    expect_soon(lambda: are_alike(before, patch(x - 300, y - 200)), "what was grabbed stays under the pointer")
+    expect_soon(
+        lambda: are_alike(before, patch(x - 300, y - 200)),
+        "what was grabbed stays under the pointer",
+    )
     shot("e-dragged")
-    expect_soon(lambda: map_place() == (-300 / scale, -200 / scale), "the map rests with the pointer")
+    expect_soon(
+        lambda: map_place() == (-300 / scale, -200 / scale), "the map rests with the pointer"
+    )
     go_to(x + 450, y - 250)
-    expect_soon(lambda: map_place() == (0, -250 / scale), "an edge stops one axis and leaves the other")
+    expect_soon(
+        lambda: map_place() == (0, -250 / scale), "an edge stops one axis and leaves the other"
+    )
     run("xdotool", "mousemove", "--sync", 2, 2)
     run("xdotool", "mouseup", 1)
     time.sleep(0.2)
@@ -69,7 +81,11 @@ def by_keys_and_bars():
 
     def is_at_corner():
         left, top = map_place()
-        return abs(view.width - 1 - shown.width - left) <= 1 and abs(view.height - 1 - shown.height - top) <= 1
+        return (
+            abs(view.width - 1 - shown.width - left) <= 1
+            and abs(view.height - 1 - shown.height - top) <= 1
+        )
+
     expect_soon(is_at_corner, "arrow keys lead to the far corner")
     last = map_place()
     shot("e-corner")

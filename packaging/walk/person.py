@@ -21,7 +21,9 @@ from gi.repository import Atspi  # noqa: E402
 disc, pictures, screen = sys.argv[1:4]
 scale = float(os.environ["WALK_SCALE"])
 user = tempfile.TemporaryDirectory()
-environment = dict(os.environ, XDG_DATA_HOME=user.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1")
+environment = dict(
+    os.environ, XDG_DATA_HOME=user.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1"
+)
 process = None
 
 
@@ -93,7 +95,9 @@ def kill():
 
 
 def windows():
-    applications = [found for found in children(Atspi.get_desktop(0)) if is_ours(found.get_process_id())]
+    applications = [
+        found for found in children(Atspi.get_desktop(0)) if is_ours(found.get_process_id())
+    ]
     return [window for found in applications for window in children(found) if showing(window)]
 
 
@@ -125,11 +129,16 @@ class Told:
 
 def read_page():
     forms, form = {}, None
-    with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../docs/accessibility.md"), encoding="utf-8") as page:
+    with open(
+        os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../docs/accessibility.md"),
+        encoding="utf-8",
+    ) as page:
         for line in page:
             if line.startswith("## "):
                 form = re.match(r"## `(\w+)`", line)
-            elif form and (window := re.match(r'An? (dialog|frame|alert) named (?:as the (map)|"(.+?)")', line)):
+            elif form and (
+                window := re.match(r'An? (dialog|frame|alert) named (?:as the (map)|"(.+?)")', line)
+            ):
                 forms[form[1]] = Told(window[1], window[3] or "*")
             elif form and line.startswith("| ") and "`" in line:
                 forms[form[1]].read(line)
@@ -156,7 +165,9 @@ def window_of(form):
     this = told[form]
     others = [other.title for other in told.values() if other.title != "*"]
     for window in windows():
-        if is_that(window, this.role, this.title) and (this.title != "*" or window.get_name().strip() not in others):
+        if is_that(window, this.role, this.title) and (
+            this.title != "*" or window.get_name().strip() not in others
+        ):
             return window
     return None
 
@@ -168,6 +179,7 @@ def control(form, name, missing_is_fine=False):
     def get():
         window = window_of(form)
         return window and search(window, lambda node: showing(node) and is_that(node, role, title))
+
     return get() if missing_is_fine else wait(get, f"{form}.{name}")
 
 
@@ -207,13 +219,17 @@ def click_at(x, y):
 
 def click(node, x=None):
     box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-    click_at(scale * (box.x + (box.width / 2 if x is None else x)), scale * (box.y + box.height / 2))
+    click_at(
+        scale * (box.x + (box.width / 2 if x is None else x)), scale * (box.y + box.height / 2)
+    )
 
 
 def item(form, tree, name):
     """A node of a tree, by its text; the one that is showing."""
+
     def get():
         return search(control(form, tree), lambda node: node.get_name() == name and showing(node))
+
     return wait(get, f"the node {name}")
 
 

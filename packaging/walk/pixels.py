@@ -7,7 +7,20 @@ import subprocess
 def picture_of(folder, x, y, width, height):
     """A part of the screen as a binary PPM picture."""
     file = os.path.join(folder, "grab.ppm")
-    subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage", "-depth", "8", file], check=True)
+    subprocess.run(
+        [
+            "import",
+            "-window",
+            "root",
+            "-crop",
+            f"{width}x{height}+{x}+{y}",
+            "+repage",
+            "-depth",
+            "8",
+            file,
+        ],
+        check=True,
+    )
     with open(file, "rb") as picture:
         return picture.read()
 
@@ -17,13 +30,18 @@ def grab(folder, x, y, width, height):
     magic, size, depth, body = picture_of(folder, x, y, width, height).split(b"\n", 3)
     assert magic == b"P6" and depth == b"255"
     width, height = map(int, size.split())
-    return [[tuple(body[at:at + 3]) for at in range(3 * width * row, 3 * width * (row + 1), 3)] for row in range(height)]
+    return [
+        [tuple(body[at : at + 3]) for at in range(3 * width * row, 3 * width * (row + 1), 3)]
+        for row in range(height)
+    ]
 
 
 def luminance(colour):
     """Relative luminance, 0 to 1, as the Web Content Accessibility Guidelines 2.1 define it."""
     parts = [value / 255 for value in colour]
-    red, green, blue = (part / 12.92 if part <= 0.03928 else ((part + 0.055) / 1.055) ** 2.4 for part in parts)
+    red, green, blue = (
+        part / 12.92 if part <= 0.03928 else ((part + 0.055) / 1.055) ** 2.4 for part in parts
+    )
     return 0.2126 * red + 0.7152 * green + 0.0722 * blue
 
 
@@ -35,7 +53,8 @@ def contrast(one, other):
 
 def contrast_of_text(rows):
     """The contrast between the letters in a picture and the ground around them: of the colour that most of each row has against the one farthest
-    from it, the best of the rows (letters are soft at their edges, and not every row holds a stem), and None where nothing is written."""
+    from it, the best of the rows (letters are soft at their edges, and not every row holds a stem), and None where nothing is written.
+    """
     best = None
     for row in rows:
         ground = max(set(row), key=row.count)

@@ -44,23 +44,37 @@ def walk():
     shot("d-reader")
     expect("For God so loved the world" in page(), "the reader opens with John 3:16")
     look_up("psalm 23")
-    expect_soon(lambda: "The LORD is my shepherd" in page() and "Chapter 23" in page(), "a reference that was typed comes up")
+    expect_soon(
+        lambda: "The LORD is my shepherd" in page() and "Chapter 23" in page(),
+        "a reference that was typed comes up",
+    )
     click(control("frmBible", "cmdNext"))
     wait(lambda: "The earth is the LORD" in page(), "Psalm 24")
     click(control("frmBible", "cmdPrev"))
     wait(lambda: "The LORD is my shepherd" in page(), "Psalm 23 again")
     click(control("frmBible", "txtNotes"))
-    type_text("He leads me, too." + " The column on the paper is as wide as the box, so this note is long enough for any screen." * 3)
+    type_text(
+        "He leads me, too."
+        + " The column on the paper is as wide as the box, so this note is long enough for any screen."
+        * 3
+    )
     shot("d-note")
     click(control("frmBible", "cmdPrint"))
     wait(message_is_up, "the message that names the file")
     keys("Return")
     wait(lambda: not message_is_up(), "the message to close")
     files = wait(lambda: glob.glob(os.path.join(documents, "*.pdf")), "the printed note")
-    printed = subprocess.run(["pdftotext", "-layout", files[0], "-"], capture_output=True, text=True, check=True).stdout
-    expect("He leads me, too." in printed and len(printed.split("\n")) > 2, "without a printer the note is in a PDF file")
+    printed = subprocess.run(
+        ["pdftotext", "-layout", files[0], "-"], capture_output=True, text=True, check=True
+    ).stdout
+    expect(
+        "He leads me, too." in printed and len(printed.split("\n")) > 2,
+        "without a printer the note is in a PDF file",
+    )
     look_up("Jude")
-    expect_soon(lambda: "Chapter 1" in page() and note_caption() == "Notes for Jude", "a book of its own")
+    expect_soon(
+        lambda: "Chapter 1" in page() and note_caption() == "Notes for Jude", "a book of its own"
+    )
     expect("He leads me" not in text_of("frmBible", "txtNotes"), "its note is another")
     shot("d-book")
     look_up("Psalms 23")
@@ -70,10 +84,16 @@ def walk():
     click(version)
     keys("Down", "Return")
     wait(lambda: "Yahweh is my shepherd" in page(), "the other translation")
-    expect("He leads me, too." in text_of("frmBible", "txtNotes"), "the note is that of the chapter in both translations")
+    expect(
+        "He leads me, too." in text_of("frmBible", "txtNotes"),
+        "the note is that of the chapter in both translations",
+    )
     shot("d-translation")
     look_up("Nowhere 3")
-    expect_soon(lambda: text_of("frmBible", "txtVerse") == "" and "Yahweh is my shepherd" in page(), "an unknown book empties the box, no more")
+    expect_soon(
+        lambda: text_of("frmBible", "txtVerse") == "" and "Yahweh is my shepherd" in page(),
+        "an unknown book empties the box, no more",
+    )
     keys("alt+F4")
     wait(lambda: not is_open("frmBible"), "the reader to close")
     open_reader()

@@ -7,6 +7,7 @@ road=$1 size=$2 dpi=$3 disc=$4 pictures=$5
 screen=$size
 [ "$dpi" -eq 96 ] || screen=$size@$dpi
 # Without -noreset the screen would forget its scale with the first client that leaves.
+# shellcheck disable=SC2016 # The inner shell expands its own parameters.
 said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten tcp -noreset" \
     dbus-run-session -- bash -c '
         xprop -root -format RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "$(printf "Xft.dpi:\t%s\n" "$1")"

@@ -16,13 +16,19 @@ started = []
 
 
 def start_again(directory=disc):
-    started.append(subprocess.Popen([os.path.join(disc, "sparrowfield")], cwd=directory, env=environment))
+    started.append(
+        subprocess.Popen([os.path.join(disc, "sparrowfield")], cwd=directory, env=environment)
+    )
     return started[-1]
 
 
 def active_window():
     """The caption of the window that has the keyboard, and its process."""
-    found = subprocess.run(["xdotool", "getactivewindow", "getwindowname", "getwindowpid"], capture_output=True, text=True)
+    found = subprocess.run(
+        ["xdotool", "getactivewindow", "getwindowname", "getwindowpid"],
+        capture_output=True,
+        text=True,
+    )
     name, _, pid = found.stdout.strip().rpartition("\n")
     return name, int(pid or 0)
 
@@ -68,10 +74,27 @@ def walk():
     wait(lambda: not is_open("frmAbout"), "frmAbout to close")
     tree = control("frmContents", "TreeView1")
     click(search(tree, lambda node: showing(node) and ":" in node.get_name()), x=12)
-    click(wait(lambda: search(tree, lambda node: node.get_name().startswith("Lesson 1:") and showing(node)), "lesson 1"), x=12)
+    click(
+        wait(
+            lambda: search(
+                tree, lambda node: node.get_name().startswith("Lesson 1:") and showing(node)
+            ),
+            "lesson 1",
+        ),
+        x=12,
+    )
     click_item("frmContents", "TreeView1", "Part One")
     wait(lambda: is_open("frmWelcome"), "frmWelcome")
-    run("xdotool", "search", "--onlyvisible", "--pid", first.pid, "--name", f"^{catalogue}$", "windowminimize")
+    run(
+        "xdotool",
+        "search",
+        "--onlyvisible",
+        "--pid",
+        first.pid,
+        "--name",
+        f"^{catalogue}$",
+        "windowminimize",
+    )
     wait(lambda: not is_active(first, "Welcome"), "all minimised")
     expect_raised("Welcome", "with the modal window that waits for an answer")
 
@@ -79,7 +102,10 @@ def walk():
     begin = time.monotonic()
     second = start_again()
     wait(lambda: active_window()[1] == second.pid, "a copy of its own")
-    expect(second.poll() is None, f"beside a copy that hangs another runs, after {time.monotonic() - begin:.1f} s")
+    expect(
+        second.poll() is None,
+        f"beside a copy that hangs another runs, after {time.monotonic() - begin:.1f} s",
+    )
     second.kill()
     second.wait()
     first.send_signal(signal.SIGCONT)

@@ -9,11 +9,19 @@ import person
 from access import check, check_all, has
 from person import *  # noqa: F403
 
-copy = os.path.join(user.name, "sparrowfield/drive_c/Program Files/Sparrowfield House/Sparrowfield Interactive Software")
+copy = os.path.join(
+    user.name,
+    "sparrowfield/drive_c/Program Files/Sparrowfield House/Sparrowfield Interactive Software",
+)
 
 
 def says(text):
-    return search(window_of("Setup"), lambda node: showing(node) and node.get_role_name() == "label" and node.get_name().startswith(text))
+    return search(
+        window_of("Setup"),
+        lambda node: showing(node)
+        and node.get_role_name() == "label"
+        and node.get_name().startswith(text),
+    )
 
 
 def install():
@@ -30,7 +38,10 @@ def install():
     keys("Return")
     wait(lambda: is_active("frmSplash"), "the installed program")
     expect(not is_open("Setup"), "Setup gives way to the program that it starts")
-    expect(not has(control("frmSplash", "lblInstallToDisk"), Atspi.StateType.ENABLED), "the installed copy doesn't offer to be installed")
+    expect(
+        not has(control("frmSplash", "lblInstallToDisk"), Atspi.StateType.ENABLED),
+        "the installed copy doesn't offer to be installed",
+    )
     shot("f-copy")
     click(control("frmSplash", "lblExit"))
     wait(lambda: not windows(), "the installed program's end")
@@ -46,7 +57,10 @@ def repair():
     shot("f-repair")
     keys("Return")
     wait(lambda: says("Sparrowfield is installed."), "the end of the repair")
-    expect(filecmp.cmp(damaged_file, os.path.join(disc, "biblekjv.idx"), shallow=False), "the repair put the damaged file right")
+    expect(
+        filecmp.cmp(damaged_file, os.path.join(disc, "biblekjv.idx"), shallow=False),
+        "the repair put the damaged file right",
+    )
     keys("alt+c")
     expect(wait_for_end() == 0, "Close ends Setup")
     return seen

@@ -26,5 +26,6 @@ for screen in "${screens[@]}"; do
             ;;
     esac
 done
+# shellcheck disable=SC2016 # The inner shell expands its own parameters.
 printf '%s\n' "${roads[@]}" | xargs -P 2 -I '{}' bash -c '"$0" $1 "${@:2}"' "$here/road.sh" '{}' "$disc" "$pictures"
 [ ${#sizes[@]} -eq 0 ] || /usr/bin/python3 -B "$here/album.py" "$pictures" "${sizes[@]}"

@@ -19,16 +19,23 @@ helpWindows = {  # the letters of the menus, the window, and how it is closed
 
 def active_window():
     """Its number, as the window manager counts."""
-    return int(subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True).stdout or 0)
+    return int(
+        subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True).stdout or 0
+    )
 
 
 def told_of(window, name):
     """What the window manager is told of a window, or tells."""
-    return subprocess.run(["xprop", "-id", str(window), name], capture_output=True, text=True).stdout
+    return subprocess.run(
+        ["xprop", "-id", str(window), name], capture_output=True, text=True
+    ).stdout
 
 
 def expect_owner(owner, form):
-    expect(f"{owner:#x}" in told_of(active_window(), "WM_TRANSIENT_FOR"), f"{form} can't be lost behind the window that called it")
+    expect(
+        f"{owner:#x}" in told_of(active_window(), "WM_TRANSIENT_FOR"),
+        f"{form} can't be lost behind the window that called it",
+    )
 
 
 def open_by_menu(menu, letter, form):
@@ -62,7 +69,10 @@ def open_lesson():
     tree = control("frmContents", "TreeView1")
     if not search(tree, lambda n: n.get_name() == "Part One" and showing(n)):
         click(search(tree, lambda n: showing(n) and ":" in n.get_name()), x=12)
-        lesson = wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1")
+        lesson = wait(
+            lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)),
+            "lesson 1",
+        )
         click(lesson, x=12)
     catalogue = active_window()
     click_item("frmContents", "TreeView1", "Part One")
@@ -78,7 +88,10 @@ def open_lesson():
 def walk():
     start()
     splash = active_window()
-    expect("_NET_WM_STATE_SKIP_TASKBAR" in told_of(splash, "_NET_WM_STATE"), "the start-up screen isn't in the task bar")
+    expect(
+        "_NET_WM_STATE_SKIP_TASKBAR" in told_of(splash, "_NET_WM_STATE"),
+        "the start-up screen isn't in the task bar",
+    )
     shot("a-start")
     if hasVideo:
         click(control("frmSplash", "lblWelcomeVideo"))
@@ -87,7 +100,10 @@ def walk():
         shot("a-video")
         expect_owner(splash, "frmVideo")
         for what in ("RESIZE", "MINIMIZE", "MAXIMIZE_VERT", "CLOSE"):
-            expect(f"ACTION_{what}" in told_of(active_window(), "_NET_WM_ALLOWED_ACTIONS"), f"the video's window has {what}")
+            expect(
+                f"ACTION_{what}" in told_of(active_window(), "_NET_WM_ALLOWED_ACTIONS"),
+                f"the video's window has {what}",
+            )
         close_active("frmVideo")
         expect(is_open("frmSplash"), "the start-up screen stays behind the video")
     keys("Return")

@@ -5,11 +5,12 @@
 #include <cstring>
 
 char16_t const codePageCharacters[256] = {
-#define ROW(base)                                                                                    \
-    (base), (base) + 1, (base) + 2, (base) + 3, (base) + 4, (base) + 5, (base) + 6, (base) + 7, (base) + 8, (base) + 9,  \
-        (base) + 10, (base) + 11, (base) + 12, (base) + 13, (base) + 14, (base) + 15
-    ROW(0x00), ROW(0x10), ROW(0x20), ROW(0x30), ROW(0x40), ROW(0x50), ROW(0x60), ROW(0x70),
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, //
+#define ROW(base)                                                                                  \
+    (base), (base) + 1, (base) + 2, (base) + 3, (base) + 4, (base) + 5, (base) + 6, (base) + 7,    \
+        (base) + 8, (base) + 9, (base) + 10, (base) + 11, (base) + 12, (base) + 13, (base) + 14,   \
+        (base) + 15
+    ROW(0x00), ROW(0x10), ROW(0x20), ROW(0x30), ROW(0x40), ROW(0x50), ROW(0x60), ROW(0x70), 0x20AC,
+    0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, //
     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F, //
     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, //
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178, //

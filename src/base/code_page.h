@@ -1,6 +1,7 @@
 #pragma once
-// Code page 1252, the single-byte form of every text file: all 256 values both ways. The five bytes that
-// the code page leaves unassigned (81, 8D, 8F, 90, 9D) are the control characters of the same value.
+// Code page 1252, the single-byte form of every text file: all 256 values both ways. The five bytes
+// that the code page leaves unassigned (81, 8D, 8F, 90, 9D) are the control characters of the same
+// value.
 
 #include "base/text.h"
 

@@ -14,35 +14,34 @@ struct LetterRow {
     std::string_view letters;
 };
 
-/// Latin Extended-A, a part of Latin Extended-B, Latin Extended Additional and Greek Extended, written in Latin letters
-/// (decompositions of Unicode 15).
+/// Latin Extended-A, a part of Latin Extended-B, Latin Extended Additional and Greek Extended,
+/// written in Latin letters (decompositions of Unicode 15).
 constexpr LetterRow letterRows[] = {
     { 0x0100,
-      "AaAaAaCcCcCcCcDdDdEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIi__JjKkkLlLlLlL"
-      "lLlNnNnNnnNnOoOoOo__RrRrRrSsSsSsSsTtTtTtUuUuUuUuUuUuWwYyYZzZzZzs" },
+        "AaAaAaCcCcCcCcDdDdEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIi__JjKkkLlLlLlL"
+        "lLlNnNnNnnNnOoOoOo__RrRrRrSsSsSsSsTtTtTtUuUuUuUuUuUuWwYyYZzZzZzs" },
     { 0x01CD,
-      "AaIiOoUuUuUuUuUu_AaAa____GgKkOoOo__jDDdGg__NnAa____AaAaEeEeIiIiO"
-      "oOoRrRrUuUuSsTt" },
+        "AaIiOoUuUuUuUuUu_AaAa____GgKkOoOo__jDDdGg__NnAa____AaAaEeEeIiIiO"
+        "oOoRrRrUuUuSsTt" },
     { 0x1E00,
-      "AaBbBbBbCcDdDdDdDdDdEeEeEeEeEeFfGgHhHhHhHhHhIiIiKkKkKkLlLlLlLlMm"
-      "MmMmNnNnNnNnOoOoOoOoPpPpRrRrRrRrSsSsSsSsSsTtTtTtTtUuUuUuUuUuVvVv"
-      "WwWwWwWwWwXxXxYyZzZzZzhtwyas____AaAaAaAaAaAaAaAaAaAaAaAaEeEeEeEe"
-      "EeEeEeEeIiIiOoOoOoOoOoOoOoOoOoOoOoOoUuUuUuUuUuUuUuYyYyYyYy______" },
+        "AaBbBbBbCcDdDdDdDdDdEeEeEeEeEeFfGgHhHhHhHhHhIiIiKkKkKkLlLlLlLlMm"
+        "MmMmNnNnNnNnOoOoOoOoPpPpRrRrRrRrSsSsSsSsSsTtTtTtTtUuUuUuUuUuVvVv"
+        "WwWwWwWwWwXxXxYyZzZzZzhtwyas____AaAaAaAaAaAaAaAaAaAaAaAaEeEeEeEe"
+        "EeEeEeEeIiIiOoOoOoOoOoOoOoOoOoOoOoOoUuUuUuUuUuUuUuYyYyYyYy______" },
     { 0x1F00,
-      "aaaaaaaaAAAAAAAAeeeeee__EEEEEE__eeeeeeeeEEEEEEEEiiiiiiiiIIIIIIII"
-      "oooooo__OOOOOO__yyyyyyyy_Y_Y_Y_YooooooooOOOOOOOOaaeeeeiiooyyoo__"
-      "aaaaaaaaAAAAAAAAeeeeeeeeEEEEEEEEooooooooOOOOOOOOaaaaa_aaAAAAA_i_"
-      "__eee_eeEEEEE___iiii__iiIIII____yyyyrryyYYYYR_____ooo_ooOOOOO___" },
+        "aaaaaaaaAAAAAAAAeeeeee__EEEEEE__eeeeeeeeEEEEEEEEiiiiiiiiIIIIIIII"
+        "oooooo__OOOOOO__yyyyyyyy_Y_Y_Y_YooooooooOOOOOOOOaaeeeeiiooyyoo__"
+        "aaaaaaaaAAAAAAAAeeeeeeeeEEEEEEEEooooooooOOOOOOOOaaaaa_aaAAAAA_i_"
+        "__eee_eeEEEEE___iiii__iiIIII____yyyyrryyYYYYR_____ooo_ooOOOOO___" },
 };
 
 /// U+0391 to U+03A9 and U+03B1 to U+03C9, capitals and small letters alike.
-constexpr char const* greek[]
-    = { "a", "b", "g", "d", "e", "z", "e", "th", "i", "k", "l", "m", "n", "x", "o", "p", "r", "s", "s", "t",
-          "y", "ph", "ch", "ps", "o" };
+constexpr char const* greek[] = { "a", "b", "g", "d", "e", "z", "e", "th", "i", "k", "l", "m", "n",
+    "x", "o", "p", "r", "s", "s", "t", "y", "ph", "ch", "ps", "o" };
 
 /// U+05D0 to U+05EA.
-constexpr char const* hebrew[] = { "'", "b", "g", "d", "h", "v", "z", "ch", "t", "y", "k", "k", "l", "m", "m",
-    "n", "n", "s", "'", "p", "p", "ts", "ts", "q", "r", "sh", "t" };
+constexpr char const* hebrew[] = { "'", "b", "g", "d", "h", "v", "z", "ch", "t", "y", "k", "k", "l",
+    "m", "m", "n", "n", "s", "'", "p", "p", "ts", "ts", "q", "r", "sh", "t" };
 
 struct Replacement {
     char16_t first, last;
@@ -134,7 +133,7 @@ std::string ReplacementOf(char16_t character)
     return "\xA4";
 }
 
-}
+} // namespace
 
 NearestForm NearestCodePage(TextView text)
 {

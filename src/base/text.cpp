@@ -15,7 +15,8 @@ std::vector<TextView> Split(TextView text, char16_t separator)
 {
     std::vector<TextView> fields;
     std::size_t start = 0;
-    for (auto end = text.find(separator); end != TextView::npos; end = text.find(separator, start)) {
+    for (auto end = text.find(separator); end != TextView::npos;
+         end = text.find(separator, start)) {
         fields.push_back(text.substr(start, end - start));
         start = end + 1;
     }
@@ -129,7 +130,8 @@ std::optional<std::int64_t> ToInteger(TextView text)
 
 static void AppendUtf8(std::string& bytes, char32_t code)
 {
-    auto const tail = [&](int shift) { bytes.push_back(static_cast<char>(0x80 | ((code >> shift) & 0x3F))); };
+    auto const tail
+        = [&](int shift) { bytes.push_back(static_cast<char>(0x80 | ((code >> shift) & 0x3F))); };
     if (code < 0x80) {
         bytes.push_back(static_cast<char>(code));
     } else if (code < 0x800) {
@@ -162,13 +164,17 @@ std::string ToUtf8(TextView text)
     return bytes;
 }
 
-/// Reads one code at `at` and moves behind it; U+FFFD, one byte further, where the bytes are no UTF-8.
+/// Reads one code at `at` and moves behind it; U+FFFD, one byte further, where the bytes are no
+/// UTF-8.
 static char32_t NextCode(std::string_view bytes, std::size_t& at)
 {
     auto const lead = static_cast<unsigned char>(bytes[at++]);
     if (lead < 0x80)
         return lead;
-    int const tails = lead >= 0xC2 && lead < 0xE0 ? 1 : lead >= 0xE0 && lead < 0xF0 ? 2 : lead >= 0xF0 && lead < 0xF5 ? 3 : 0;
+    int const tails = lead >= 0xC2 && lead < 0xE0 ? 1
+        : lead >= 0xE0 && lead < 0xF0             ? 2
+        : lead >= 0xF0 && lead < 0xF5             ? 3
+                                                  : 0;
     if (tails == 0 || at + static_cast<std::size_t>(tails) > bytes.size())
         return 0xFFFD;
     char32_t code = lead & (0x3F >> tails);

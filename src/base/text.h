@@ -16,7 +16,8 @@ using TextView = std::u16string_view;
 /// The text without leading and trailing blanks (U+0020 alone; tabs and line ends stay).
 TextView Trim(TextView text);
 
-/// The fields between the separators; an empty text has one empty field. The views point into `text`.
+/// The fields between the separators; an empty text has one empty field. The views point into
+/// `text`.
 std::vector<TextView> Split(TextView text, char16_t separator);
 
 bool Contains(TextView text, TextView part);
@@ -32,8 +33,8 @@ Text WithLineEnds(TextView text);
 Text FromNumber(std::int64_t number);
 
 /// What a decimal number at the start of the text gives, leading blanks skipped: an optional sign,
-/// digits, and an optional fraction. 0 where the text doesn't open with a number; infinite above the
-/// range.
+/// digits, and an optional fraction. 0 where the text doesn't open with a number; infinite above
+/// the range.
 double NumericValue(TextView text);
 
 /// The whole text as a decimal integer (optional sign, digits, blanks around it); nothing if it is
@@ -45,10 +46,13 @@ std::optional<std::int64_t> ToInteger(TextView text);
 std::string ToUtf8(TextView text);
 Text FromUtf8(std::string_view bytes);
 
-/// The text with the capital letters of code page 1252 as small ones, every other character as it is.
+/// The text with the capital letters of code page 1252 as small ones, every other character as it
+/// is.
 Text ToLower(TextView text);
-/// A small letter of code page 1252 as a capital, if that has one too; every other character as it is.
+/// A small letter of code page 1252 as a capital, if that has one too; every other character as it
+/// is.
 char16_t ToUpper(char16_t character);
 
-/// The text with `A` to `Z` as `a` to `z`, every other character as it is: the case rule of file names.
+/// The text with `A` to `Z` as `a` to `z`, every other character as it is: the case rule of file
+/// names.
 Text ToLowerLatin(TextView text);

@@ -1,13 +1,14 @@
 #pragma once
-// Turns of the event loop, given by long work to whoever shows the forms. A turn costs one decrement
-// while nothing is due; what a due turn does is the host's business.
+// Turns of the event loop, given by long work to whoever shows the forms. A turn costs one
+// decrement while nothing is due; what a due turn does is the host's business.
 
 #include <cstdint>
 #include <functional>
 #include <limits>
 #include <utility>
 
-/// An inline count-down: the host arms it with the number of turns after which it wants to be called.
+/// An inline count-down: the host arms it with the number of turns after which it wants to be
+/// called.
 class Turns {
 public:
     using Count = std::uint64_t;
@@ -28,8 +29,8 @@ public:
         m_armed = m_left = count;
     }
 
-    /// How many turns can be given from now on, the due one included: the size of a block for GiveMany.
-    /// At least 1.
+    /// How many turns can be given from now on, the due one included: the size of a block for
+    /// GiveMany. At least 1.
     Count UntilDue() const { return m_left; }
 
     /// Gives one turn.

@@ -26,7 +26,7 @@ std::string Padded(int number)
     return std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits;
 }
 
-}
+} // namespace
 
 std::string_view TrimBlanks(std::string_view text)
 {
@@ -41,7 +41,8 @@ std::optional<int> ColumnNumber(std::string_view line, std::size_t column)
     if (line.size() <= column)
         return std::nullopt;
     auto const field = line.substr(column, 3);
-    if (field.size() == 3 && std::all_of(field.begin(), field.end(), IsDigit)) // as in nearly every verse line
+    // as in nearly every verse line
+    if (field.size() == 3 && std::all_of(field.begin(), field.end(), IsDigit))
         return (field[0] - '0') * 100 + (field[1] - '0') * 10 + (field[2] - '0');
     auto const digits = TrimBlanks(field);
     int number = 0;

@@ -15,16 +15,18 @@ struct BookEntry {
     Text chapterCount; ///< as the index gives it: decimal digits in a well-formed line
 };
 
-/// One line of the index, without its line end: the name, "|" and the number of chapters. Nothing for a line of
-/// another number of fields.
+/// One line of the index, without its line end: the name, "|" and the number of chapters. Nothing
+/// for a line of another number of fields.
 std::optional<BookEntry> ParseIndexLine(TextView line);
 
-/// The number of chapters, 0 or more; nothing for a line that is against the form of the index: without a name, or
-/// with a count that is no such number. Such a line is no book, but counts in the numbering.
+/// The number of chapters, 0 or more; nothing for a line that is against the form of the index:
+/// without a name, or with a count that is no such number. Such a line is no book, but counts in
+/// the numbering.
 std::optional<std::int64_t> ChaptersOf(BookEntry const& book);
 
-/// The search of a book by the beginning of its name, in any letter case, line by line of the index. The first book that
-/// fits wins; its whole name then takes the place of what was searched for.
+/// The search of a book by the beginning of its name, in any letter case, line by line of the
+/// index. The first book that fits wins; its whole name then takes the place of what was searched
+/// for.
 class BookSearch {
 public:
     explicit BookSearch(TextView beginning);

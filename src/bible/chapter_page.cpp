@@ -14,8 +14,9 @@ namespace {
 /// The text from the ninth column on; empty where the line is shorter.
 constexpr std::size_t textColumn = 8;
 
-/// In bytes, a rough bound for the page of a whole book: its tags take more than the columns and line ends of the file, and each
-/// character takes two bytes. What isn't needed of it is never touched.
+/// In bytes, a rough bound for the page of a whole book: its tags take more than the columns and
+/// line ends of the file, and each character takes two bytes. What isn't needed of it is never
+/// touched.
 std::int32_t WholeBookCapacity(std::string_view bookFile)
 {
     constexpr std::size_t most = std::numeric_limits<std::int32_t>::max() / 2;
@@ -126,11 +127,12 @@ private:
     PageRequest const& m_request;
     PageListener const& m_listener;
     CStringBuilder m_page;
-    Text m_piece; // overwritten from its start: clearing it for each line would take longer than filling it
+    // overwritten from its start: clearing it for each line would take longer than filling it
+    Text m_piece;
     int m_lastChapter = 0;
 };
 
-}
+} // namespace
 
 std::optional<Text> BuildChapterPage(
     std::string_view bookFile, PageRequest const& request, PageListener const& listener)
@@ -140,6 +142,6 @@ std::optional<Text> BuildChapterPage(
 
 Text EmptyPage(TextView applicationFolder)
 {
-    return u"<html><head><title>Bible Reader</title></head>\r\n<body background=\"file://" + Text(applicationFolder)
-        + u"\\bg.jpg\">\r\n</body></html>\r\n";
+    return u"<html><head><title>Bible Reader</title></head>\r\n<body background=\"file://"
+        + Text(applicationFolder) + u"\\bg.jpg\">\r\n</body></html>\r\n";
 }

@@ -33,12 +33,14 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     opensAs = WindowState::Maximised;
     centred = true;
     keepsActions = true;
-    smallest = { 8500, 5000 }; // the buttons stand beside each other, and some lines of text below them
+    // the buttons stand beside each other, and some lines of text below them
+    smallest = { 8500, 5000 };
     BackColor = Rgb(0, 0, 0);
     Picture = u":reader";
     int order = 0;
-    for (Control* control : std::initializer_list<Control*> { &StatusBar1, &ProgressBar1, &XPContainer3, &txtVerse, &cmdOkay,
-             &XPContainer1, &TreeView1, &XPContainer2, &Text1, &XPContainer4, &txtNotes, &cmdPrev, &cmdNext, &cboVersion, &cmdPrint })
+    for (Control* control : std::initializer_list<Control*> { &StatusBar1, &ProgressBar1,
+             &XPContainer3, &txtVerse, &cmdOkay, &XPContainer1, &TreeView1, &XPContainer2, &Text1,
+             &XPContainer4, &txtNotes, &cmdPrev, &cmdNext, &cboVersion, &cmdPrint })
         control->TabIndex = order++;
     for (XPContainer* panel : { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4 })
         panel->HeaderLightColor = Rgb(255, 255, 255);
@@ -80,7 +82,9 @@ void frmBible::Form_Load()
     cmdPrev.Enabled = false;
     m_noteFile.reset();
     // There are two translations; a stored word that names neither counts as the second.
-    translation = ReadSetting(m_settings, settingsSection, u"translation", u"kjv") == u"kjv" ? u"kjv" : u"nasb";
+    translation = ReadSetting(m_settings, settingsSection, u"translation", u"kjv") == u"kjv"
+        ? u"kjv"
+        : u"nasb";
     LoadBooks();
     if (!IsToGoOn())
         return;
@@ -91,7 +95,8 @@ void frmBible::Form_Load()
     EnsureFolder(driveLetter + u":\\Program Files\\Sparrowfield Interactive Software");
     EnsureFolder(driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes");
     ShowPage(EmptyPage(m_files.ApplicationFolder()));
-    cboVersion.ListIndex = translation == u"kjv" ? 0 : 1; // Its click brings up the page of the last reference.
+    // Its click brings up the page of the last reference.
+    cboVersion.ListIndex = translation == u"kjv" ? 0 : 1;
     StatusBar1.Panel1 = Capitals(translation);
 }
 
@@ -101,8 +106,8 @@ void frmBible::Form_Unload()
     static_cast<void>(m_files.Delete(pagePath));
 }
 
-/// The bytes of a data file. One that is missing comes into being empty, where that can be; one that can't be read, or is larger
-/// than `atMost`, counts as empty.
+/// The bytes of a data file. One that is missing comes into being empty, where that can be; one
+/// that can't be read, or is larger than `atMost`, counts as empty.
 std::string frmBible::ReadData(TextView path, std::uint64_t atMost)
 {
     if (m_files.LookFor(path) == Presence::Absent) {
@@ -116,7 +121,8 @@ std::string frmBible::ReadData(TextView path, std::uint64_t atMost)
 /// Gives a turn before each line, and ends when the form is to go.
 void frmBible::ForEachIndexLine(std::function<void(TextView line)> const& take)
 {
-    Text const index = FromCodePage(ReadData(m_files.ApplicationFolder() + u"\\bible" + translation + u".idx", largestIndex));
+    Text const index = FromCodePage(
+        ReadData(m_files.ApplicationFolder() + u"\\bible" + translation + u".idx", largestIndex));
     TextView rest = index;
     while (!rest.empty()) {
         OwnScreen().OwnTurns().Give();
@@ -142,9 +148,11 @@ void frmBible::LoadBooks()
         Node& root = TreeView1.Add(key, book->name);
         root.SetImage("folder");
         root.SetSelectedImage("openfolder");
-        auto const nodes = std::min({ *chapters, mostChapters, mostNodes - std::ssize(TreeView1.Nodes()) });
+        auto const nodes
+            = std::min({ *chapters, mostChapters, mostNodes - std::ssize(TreeView1.Nodes()) });
         for (std::int64_t number = 1; number <= nodes; ++number)
-            TreeView1.Add(root, key + u" " + FromNumber(number), u"Chapter " + FromNumber(number)).SetImage("book");
+            TreeView1.Add(root, key + u" " + FromNumber(number), u"Chapter " + FromNumber(number))
+                .SetImage("book");
     });
 }
 

@@ -1,7 +1,8 @@
 #pragma once
-// The Bible reader: two translations, a tree of books and chapters, the page for a reference, and a note for each chapter.
-// Every way through the Bible puts a reference into txtVerse and looks it up. What a reference means is reference.h's work, the
-// page chapter_page.h's, the files of the notes chapter_notes.h's.
+// The Bible reader: two translations, a tree of books and chapters, the page for a reference, and a
+// note for each chapter. Every way through the Bible puts a reference into txtVerse and looks it
+// up. What a reference means is reference.h's work, the page chapter_page.h's, the files of the
+// notes chapter_notes.h's.
 
 #include "bible/chapter_notes.h"
 #include "bible/reference.h"
@@ -25,8 +26,8 @@ public:
     /// All outlive the form.
     frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, ChapterNotes& notes);
 
-    /// The number of the first book whose name begins with `book`, in any letter case, which becomes its name; 0 if none does,
-    /// then `book` is left in small letters.
+    /// The number of the first book whose name begins with `book`, in any letter case, which
+    /// becomes its name; 0 if none does, then `book` is left in small letters.
     int FindBook(Text& book);
     /// Fills the tree with the books of the translation.
     void LoadBooks();
@@ -85,22 +86,29 @@ private:
     Menu mnuFile { *this, "mnuFile", u"&File" };
     MenuEntry mnuFileExit { *this, mnuFile, "mnuFileExit", u"E&xit" };
     StatusBar StatusBar1 { *this, "StatusBar1", { 0, 7725, 8925, 375 } };
-    ProgressBar ProgressBar1 { *this, *this, "ProgressBar1", { 1560, 7800, 6975, 255 } }; // lines of the book file
-    XPContainer XPContainer3 { *this, *this, "XPContainer3", { 120, 120, 8655, 855 }, u"Navigation" };
+    // lines of the book file
+    ProgressBar ProgressBar1 { *this, *this, "ProgressBar1", { 1560, 7800, 6975, 255 } };
+    XPContainer XPContainer3 { *this, *this, "XPContainer3", { 120, 120, 8655, 855 },
+        u"Navigation" };
     TextBox txtVerse { *this, XPContainer3, "txtVerse", { 2520, 465, 1695, 285 } }; // the reference
-    CommandButton cmdOkay { *this, XPContainer3, "cmdOkay", { 4305, 495, 1095, 255 }, u"Find Verse" };
+    CommandButton cmdOkay { *this, XPContainer3, "cmdOkay", { 4305, 495, 1095, 255 },
+        u"Find Verse" };
     XPContainer XPContainer1 { *this, *this, "XPContainer1", { 120, 1200, 2415, 6375 }, u"Index" };
     TreeView TreeView1 { *this, XPContainer1, "TreeView1", { 120, 480, 2175, 5775 } };
-    XPContainer XPContainer2 { *this, *this, "XPContainer2", { 2640, 1200, 3495, 6375 }, u"Scripture Text" };
+    XPContainer XPContainer2 { *this, *this, "XPContainer2", { 2640, 1200, 3495, 6375 },
+        u"Scripture Text" };
     WebBrowser Text1 { *this, XPContainer2, "Text1", { 120, 480, 3255, 5775 } }; // the page
     XPContainer XPContainer4 { *this, *this, "XPContainer4", { 6240, 1200, 2535, 6375 }, u"Notes" };
     TextBox txtNotes { *this, XPContainer4, "txtNotes", { 120, 480, 2295, 5775 } };
-    CommandButton cmdPrev { *this, XPContainer3, "cmdPrev", { 5640, 480, 1455, 255 }, u"Previous chapter" };
-    CommandButton cmdNext { *this, XPContainer3, "cmdNext", { 7320, 480, 1215, 255 }, u"Next chapter" };
+    CommandButton cmdPrev { *this, XPContainer3, "cmdPrev", { 5640, 480, 1455, 255 },
+        u"Previous chapter" };
+    CommandButton cmdNext { *this, XPContainer3, "cmdNext", { 7320, 480, 1215, 255 },
+        u"Next chapter" };
     ComboBox cboVersion { *this, XPContainer3, "cboVersion", { 165, 420, 2175, 315 },
         { u"King James Version", u"New American Standard" } };
     CommandButton cmdPrint { *this, XPContainer4, "cmdPrint", { 1680, 120, 615, 255 }, u"Print" };
-    Timer tmrStore { *this, "tmrStore", 1000 }; // runs from a change of the note by the user until it is stored
+    // runs from a change of the note by the user until it is stored
+    Timer tmrStore { *this, "tmrStore", 1000 };
     ImageList ImageList1 { *this, "ImageList1",
         { { "folder", ":folder" }, { "openfolder", ":openfolder" }, { "book", ":book" } } };
 };

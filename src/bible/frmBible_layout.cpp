@@ -1,5 +1,6 @@
-// The layout of the reader: where the controls go when the window changes size. Lengths are twips; places inside a panel are
-// relative to it. A value used on the right is the one just set, so the order of the lines counts.
+// The layout of the reader: where the controls go when the window changes size. Lengths are twips;
+// places inside a panel are relative to it. A value used on the right is the one just set, so the
+// order of the lines counts.
 
 #include "base/rounding.h"
 #include "bible/frmBible.h"
@@ -39,8 +40,10 @@ void frmBible::PlaceNavigation()
 
 void frmBible::PlaceContents()
 {
-    // What four gaps leave of the width goes 0.65 parts to the index, 2 to the text and the rest to the notes.
-    auto const quarter = static_cast<float>(RoundToInt16(static_cast<double>((ScaleWidth - 360) / 4)));
+    // What four gaps leave of the width goes 0.65 parts to the index, 2 to the text and the rest to
+    // the notes.
+    auto const quarter
+        = static_cast<float>(RoundToInt16(static_cast<double>((ScaleWidth - 360) / 4)));
     XPContainer1.Left = 90;
     XPContainer1.Top = XPContainer3.Height + 180;
     XPContainer1.Width = quarter * 0.65F;

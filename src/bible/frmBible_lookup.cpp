@@ -63,8 +63,9 @@ bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
     XPContainer2.Caption = bookName;
     chapter = wanted.chapter;
     verse = wanted.verse;
-    auto const bookFile = ReadData(
-        m_files.ApplicationFolder() + u"\\" + translation + u"\\" + translation + FromNumber(bookNumber), largestBook);
+    auto const bookFile = ReadData(m_files.ApplicationFolder() + u"\\" + translation + u"\\"
+            + translation + FromNumber(bookNumber),
+        largestBook);
     PageListener listener;
     listener.begin = [this](int lastLine) {
         ProgressBar1.Min = 0;
@@ -77,8 +78,8 @@ bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
         OwnScreen().OwnTurns().Give();
         return IsToGoOn();
     };
-    auto const page
-        = ::BuildChapterPage(bookFile, { m_files.ApplicationFolder(), translation == u"nasb", wanted }, listener);
+    auto const page = ::BuildChapterPage(
+        bookFile, { m_files.ApplicationFolder(), translation == u"nasb", wanted }, listener);
     if (page)
         ShowPage(*page);
     MousePointer = pointerDefault;
@@ -116,7 +117,8 @@ Text frmBible::NotesFolder() const
     return driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes\\";
 }
 
-static constexpr TextView noteFails = u"Your note can't be saved now. It is kept, and will be tried again.\r\n\r\n";
+static constexpr TextView noteFails
+    = u"Your note can't be saved now. It is kept, and will be tried again.\r\n\r\n";
 
 void frmBible::SaveNotes(bool tell)
 {
@@ -130,7 +132,8 @@ void frmBible::SaveNotes(bool tell)
 /// The user has changed the note a second ago.
 void frmBible::tmrStore_Timer()
 {
-    auto const [isOver, failure] = m_noteFile ? m_notes.KeepTyped(txtNotes.Text()) : TypedOutcome { true, {} };
+    auto const [isOver, failure]
+        = m_noteFile ? m_notes.KeepTyped(txtNotes.Text()) : TypedOutcome { true, {} };
     tmrStore.Enabled = !isOver;
     if (failure)
         OwnScreen().Message(Text(noteFails) + failure->Message());
@@ -147,7 +150,8 @@ void frmBible::LoadNotes()
         txtNotes.Text = m_notes.Fill(*m_noteFile);
     cmdPrint.Enabled = HasNote();
     if (!m_noteFile)
-        OwnScreen().Message(u"There can be no note on \u201C" + bookName + u"\u201D: a file can't bear that name.");
+        OwnScreen().Message(
+            u"There can be no note on \u201C" + bookName + u"\u201D: a file can't bear that name.");
 }
 
 /// True if there is more in the box than blanks and line ends.
@@ -174,7 +178,8 @@ void frmBible::PrintNotes()
 {
     Printer& printer = OwnScreen().OwnHost().DefaultPrinter();
     printer.SetFont({ u"Arial", 10, false });
-    auto const rightMargin = RoundToEven(static_cast<double>(printer.ScaleWidth() - txtNotes.Width + 100));
+    auto const rightMargin
+        = RoundToEven(static_cast<double>(printer.ScaleWidth() - txtNotes.Width + 100));
     PrintWrapped(printer, txtNotes.Text(), 100, static_cast<std::int32_t>(rightMargin));
     printer.EndDoc();
 }

@@ -21,10 +21,12 @@ static void PrintSeparator(Printer& printer, char16_t separator, float left)
     }
 }
 
-void PrintWrapped(Printer& printer, TextView text, std::int32_t leftMargin, std::int32_t rightMargin)
+void PrintWrapped(
+    Printer& printer, TextView text, std::int32_t leftMargin, std::int32_t rightMargin)
 {
     auto const left = static_cast<float>(leftMargin);
-    float const limit = printer.ScaleLeft() + printer.ScaleWidth() - static_cast<float>(rightMargin);
+    float const limit
+        = printer.ScaleLeft() + printer.ScaleWidth() - static_cast<float>(rightMargin);
     printer.SetCurrentY(100);
     printer.SetCurrentX(left);
     for (std::size_t i = 0; i < text.size();) {

@@ -91,7 +91,8 @@ bool VerseWanted(WantedVerses const& wanted, int thisChapter, int thisVerse)
 {
     if (!wanted.isReadable || (!wanted.chapter.empty() && wanted.chapterNumber != thisChapter))
         return false;
-    return wanted.verses.empty() || std::any_of(wanted.verses.begin(), wanted.verses.end(), [=](auto const& range) {
-        return range.first <= thisVerse && thisVerse <= range.second;
-    });
+    return wanted.verses.empty()
+        || std::any_of(wanted.verses.begin(), wanted.verses.end(), [=](auto const& range) {
+               return range.first <= thisVerse && thisVerse <= range.second;
+           });
 }

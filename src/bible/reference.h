@@ -1,13 +1,14 @@
 #pragma once
-// References as a person types them: a book, a book and a chapter, or a book, a chapter and verses ("John 3:16",
-// "John 3:16-18", "John 3:16,18"). Which books there are is book_index.h's work.
+// References as a person types them: a book, a book and a chapter, or a book, a chapter and verses
+// ("John 3:16", "John 3:16-18", "John 3:16,18"). Which books there are is book_index.h's work.
 
 #include "base/text.h"
 
 #include <utility>
 #include <vector>
 
-/// The reference with single blanks and none around its marks. Blanks are taken in pairs, once: three become two.
+/// The reference with single blanks and none around its marks. Blanks are taken in pairs, once:
+/// three become two.
 Text CleanReference(TextView reference);
 
 /// The book: what stands before the last blank if the reference ends in a digit, else the whole.

@@ -6,7 +6,8 @@
 
 static constexpr TextView partOneEnd = u"-1.dat";
 
-/// The name of the file of Part Two. File names match ignoring case, so the end may be written in capitals.
+/// The name of the file of Part Two. File names match ignoring case, so the end may be written in
+/// capitals.
 static Text PartTwoName(TextView partOne)
 {
     Text name(partOne);
@@ -17,7 +18,8 @@ static Text PartTwoName(TextView partOne)
     return name;
 }
 
-// No disc comes near them; a list of lessons without an end would take the memory of the whole machine.
+// No disc comes near them; a list of lessons without an end would take the memory of the whole
+// machine.
 static constexpr std::int64_t mostLessonsOfAStudy = 1'000;
 static constexpr std::int64_t mostLessons = 50'000;
 
@@ -25,7 +27,8 @@ static constexpr std::int64_t mostLessons = 50'000;
 static std::int64_t AddStudy(StudyHead& head, Text const& file, std::int64_t most,
     std::function<void(CatalogueNode const&)> const& add)
 {
-    static NodeLook const lessonLook { 3, false, catalogueBackColor }, partLook { 0, false, catalogueBackColor };
+    static NodeLook const lessonLook { 3, false, catalogueBackColor },
+        partLook { 0, false, catalogueBackColor };
     add({ 0, { file }, { head.Title() }, { 4, true, catalogueBackColor, head.Description() } });
     Text const partTwo = PartTwoName(file);
     std::int64_t count = 0;
@@ -47,5 +50,6 @@ void BuildCatalogue(FileSystem const& files, std::span<Text const> fileList,
     std::int64_t lessons = 0;
     for (Text const& fileName : fileList)
         if (auto head = StudyHead::Open(files, fileName))
-            lessons += AddStudy(*head, fileName, std::min(mostLessonsOfAStudy, mostLessons - lessons), add);
+            lessons += AddStudy(
+                *head, fileName, std::min(mostLessonsOfAStudy, mostLessons - lessons), add);
 }

@@ -14,14 +14,16 @@ inline constexpr Colour catalogueBackColor = 0xFCF4EF;
 /// A node as it is to be added; it stands, with its texts, only until the next one is built.
 struct CatalogueNode {
     std::size_t level; ///< 0 for a study, 1 for a lesson, 2 for a part
-    TextParts key; ///< of a part: its file, ":" and the number of the lesson, and only there with a ":"
+    /// of a part: its file, ":" and the number of the lesson, and only there with a ":"
+    TextParts key;
     TextParts text;
     NodeLook const& look; ///< a study's tag is its description
 };
 inline constexpr std::size_t catalogueLevels = 3;
 
-/// Builds the nodes of the studies in these files and hands them on in the order in which they are to be added: a node's parent is
-/// the last one before it on the level above. A file that is no study is left out, and so are lessons behind
-/// the first 1,000 of a study and the first 50,000 of all.
+/// Builds the nodes of the studies in these files and hands them on in the order in which they are
+/// to be added: a node's parent is the last one before it on the level above. A file that is no
+/// study is left out, and so are lessons behind the first 1,000 of a study and the first 50,000 of
+/// all.
 void BuildCatalogue(FileSystem const& files, std::span<Text const> fileList,
     std::function<void(CatalogueNode const&)> const& add);

@@ -8,8 +8,8 @@
 
 static constexpr Colour titleBlue = Rgb(0, 0, 192);
 
-frmContents::frmContents(
-    Screen& screen, FileSystem& files, SettingsStore& settings, class frmMain& lesson, ReferenceForms const& reference)
+frmContents::frmContents(Screen& screen, FileSystem& files, SettingsStore& settings,
+    class frmMain& lesson, ReferenceForms const& reference)
     : Form(screen, "frmContents", u"Sparrowfield Interactive Bible Studies", 11085, 8190)
     , m_files(files)
     , m_settings(settings)
@@ -24,8 +24,8 @@ frmContents::frmContents(
     BackColor = Rgb(0, 0, 0);
     Picture = u":catalogue";
     Image2.Picture = u":logo";
-    for (MenuEntry* entry :
-        { &mnuFileSave, &mnuFileClose, &mnuEditCut, &mnuEditCopy, &mnuEditPaste, &mnuEditDeleteLesson })
+    for (MenuEntry* entry : { &mnuFileSave, &mnuFileClose, &mnuEditCut, &mnuEditCopy, &mnuEditPaste,
+             &mnuEditDeleteLesson })
         entry->Enabled = false;
     XPContainer1.HeaderLightColor = Rgb(255, 255, 255);
     XPContainer1.BackLightColor = Rgb(255, 255, 255);
@@ -44,8 +44,9 @@ frmContents::frmContents(
     }
     lblStudy.ForeColor = titleBlue;
     txtDesc.ScrollBar = true;
-    txtDesc.Text = u"Click on the name of a Bible study to see a description of the study and a list of all the lessons "
-                   u"for that study.  Then click on a lesson to begin.\r\n";
+    txtDesc.Text = u"Click on the name of a Bible study to see a description of the study and a "
+                   u"list of all the lessons for that study.  Then click on a lesson to "
+                   u"begin.\r\n";
     lblBack.Visible = false;
     Picture1.Visible = false;
     lblStudy.Visible = false;
@@ -61,12 +62,14 @@ frmContents::frmContents(
 void frmContents::Form_Load()
 {
     txtDesc.Tag = u"False";
-    FindControl("mnuHelpVideo")->Enabled = m_files.FileExists(m_files.ApplicationFolder() + u"\\sparrowfield.wmv");
+    FindControl("mnuHelpVideo")->Enabled
+        = m_files.FileExists(m_files.ApplicationFolder() + u"\\sparrowfield.wmv");
     TreeView1.Clear();
     TreeView1.SetBackgroundColour(catalogueBackColor);
     Node* last[catalogueLevels] {};
     BuildCatalogue(m_files, File1.List(), [&](CatalogueNode const& node) {
-        last[node.level] = &TreeView1.Add(node.level == 0 ? nullptr : last[node.level - 1], node.key, node.text, node.look);
+        last[node.level] = &TreeView1.Add(
+            node.level == 0 ? nullptr : last[node.level - 1], node.key, node.text, node.look);
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// The catalogue: the tree of the studies found in the current directory, with the description of a study beside it, and the
-// way into a lesson.
+// The catalogue: the tree of the studies found in the current directory, with the description of a
+// study beside it, and the way into a lesson.
 
 #include "catalogue/catalogue_nodes.h"
 #include "controls/label.h"
@@ -19,7 +19,8 @@
 class frmContents final : public Form {
 public:
     /// All outlive the form.
-    frmContents(Screen& screen, FileSystem& files, SettingsStore& settings, frmMain& lesson, ReferenceForms const& reference);
+    frmContents(Screen& screen, FileSystem& files, SettingsStore& settings, frmMain& lesson,
+        ReferenceForms const& reference);
 
 private:
     void Form_Load() override;
@@ -46,17 +47,23 @@ private:
     MenuEntry mnuEditCopy { *this, mnuEdit, "mnuEditCopy", u"Copy", u"Ctrl+C" };
     MenuEntry mnuEditPaste { *this, mnuEdit, "mnuEditPaste", u"Paste", u"Ctrl+V" };
     MenuEntry mnuEditSeparator { *this, mnuEdit, "mnuEditSeparator", u"-" };
-    MenuEntry mnuEditDeleteLesson { *this, mnuEdit, "mnuEditDeleteLesson", u"Delete Answers For This Lesson" };
+    MenuEntry mnuEditDeleteLesson { *this, mnuEdit, "mnuEditDeleteLesson",
+        u"Delete Answers For This Lesson" };
     ReferenceMenus m_referenceMenus;
 
     Image Image2 { *this, *this, "Image2", { 6000, 240, 4710, 1455 } }; // the logo
-    XPContainer XPContainer1 { *this, *this, "XPContainer1", { 840, 1980, 6975, 5325 }, u"Choose a Study" };
+    XPContainer XPContainer1 { *this, *this, "XPContainer1", { 840, 1980, 6975, 5325 },
+        u"Choose a Study" };
     TreeView TreeView1 { *this, XPContainer1, "TreeView1", { 60, 375, 2520, 4650 } };
-    Label lblBack { *this, XPContainer1, "lblBack", { 2775, 405, 1185, 1440 } }; // white ground behind the description
+    // white ground behind the description
+    Label lblBack { *this, XPContainer1, "lblBack", { 2775, 405, 1185, 1440 } };
     Image Picture1 { *this, XPContainer1, "Picture1", { 2775, 555, 525, 315 }, u":lamp" };
-    TextBox lblStudy { *this, XPContainer1, "lblStudy", { 3840, 480, 2895, 735 } }; // the chosen study's title
-    TextBox txtDesc { *this, XPContainer1, "txtDesc", { 2955, 1320, 3645, 3765 } }; // its description, or the prompt
+    // the chosen study's title
+    TextBox lblStudy { *this, XPContainer1, "lblStudy", { 3840, 480, 2895, 735 } };
+    // its description, or the prompt
+    TextBox txtDesc { *this, XPContainer1, "txtDesc", { 2955, 1320, 3645, 3765 } };
     StatusBar StatusBar1 { *this, "StatusBar1", { 0, 7890, 11085, 300 } };
     FileListBox File1;
-    ImageList ImageList1 { *this, "ImageList1", { { "", "" }, { "", "" }, { "", ":lesson" }, { "", ":study" } } };
+    ImageList ImageList1 { *this, "ImageList1",
+        { { "", "" }, { "", "" }, { "", ":lesson" }, { "", ":study" } } };
 };

@@ -6,18 +6,19 @@
 
 #include <optional>
 
-/// A study file open for its head: the title, the description, and the lessons one after the other. What is behind the head is
-/// never decoded.
+/// A study file open for its head: the title, the description, and the lessons one after the other.
+/// What is behind the head is never decoded.
 class StudyHead {
 public:
     /// Nothing if the file can't be read or has fewer than two lines.
     static std::optional<StudyHead> Open(FileSystem const& files, TextView fileName);
 
     Text const& Title() const { return m_title; } ///< the first line, whole
-    Text const& Description() const { return m_description; } ///< the second line, each "/" as a blank
+    /// the second line, each "/" as a blank
+    Text const& Description() const { return m_description; }
 
-    /// The title of the next lesson, valid until the next call. Nothing from the line on that begins with "-" or ">", or at the
-    /// end of the file.
+    /// The title of the next lesson, valid until the next call. Nothing from the line on that
+    /// begins with "-" or ">", or at the end of the file.
     std::optional<TextView> NextLesson();
 
 private:

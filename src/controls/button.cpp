@@ -1,6 +1,7 @@
 #include "controls/button.h"
 
-CommandButton::CommandButton(Form& form, Control& container, char const* name, Bounds bounds, TextView caption)
+CommandButton::CommandButton(
+    Form& form, Control& container, char const* name, Bounds bounds, TextView caption)
     : TextControl(form, container, name, bounds)
     , Caption(*this, "Caption", ::Text(caption))
     , Default(*this, "Default", false)
@@ -8,7 +9,8 @@ CommandButton::CommandButton(Form& form, Control& container, char const* name, B
 {
 }
 
-CheckBox::CheckBox(Form& form, Control& container, char const* name, Bounds bounds, TextView caption)
+CheckBox::CheckBox(
+    Form& form, Control& container, char const* name, Bounds bounds, TextView caption)
     : TextControl(form, container, name, bounds)
     , Caption(*this, "Caption", ::Text(caption))
     , Value(*this, "Value", 0, [](Control const&, int value) { return value == 0 ? 0 : 1; })

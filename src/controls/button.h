@@ -5,7 +5,8 @@
 
 class CommandButton final : public TextControl {
 public:
-    CommandButton(Form& form, Control& container, char const* name, Bounds bounds, TextView caption);
+    CommandButton(
+        Form& form, Control& container, char const* name, Bounds bounds, TextView caption);
 
     char const* Kind() const override { return "CommandButton"; }
     bool CanFocus() const override { return true; }
@@ -17,7 +18,8 @@ public:
 
 class CheckBox final : public TextControl {
 public:
-    CheckBox(Form& form, Control& container, char const* name, Bounds bounds, TextView caption = {});
+    CheckBox(
+        Form& form, Control& container, char const* name, Bounds bounds, TextView caption = {});
 
     char const* Kind() const override { return "CheckBox"; }
     bool CanFocus() const override { return true; }

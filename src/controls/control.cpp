@@ -89,9 +89,7 @@ float Control::TwipsPerUnit() const
     return m_form->TwipsPerUnit();
 }
 
-void Control::Assigned(PropertyBase const&, bool)
-{
-}
+void Control::Assigned(PropertyBase const&, bool) { }
 
 void Control::ContentChanged()
 {

@@ -1,7 +1,8 @@
 #pragma once
-// A control of a form: its place, its state and its events, without anything of how it looks on a monitor.
-// Lengths are twips (1440 to the inch), relative to the container, but for forms and picture boxes with a
-// pixel scale, whose children stand in pixels. Colours are 32-bit values with red in the low byte.
+// A control of a form: its place, its state and its events, without anything of how it looks on a
+// monitor. Lengths are twips (1440 to the inch), relative to the container, but for forms and
+// picture boxes with a pixel scale, whose children stand in pixels. Colours are 32-bit values with
+// red in the low byte.
 
 #include "base/text.h"
 #include "controls/property.h"
@@ -49,8 +50,9 @@ class Control {
     std::vector<PropertyBase*> m_properties;
 
 public:
-    /// `container` holds the control: a form, a panel or a picture box. `name` is a literal. Within a container
-    /// a control lies above those made before it. Forms, panels and names outlive the control's use.
+    /// `container` holds the control: a form, a panel or a picture box. `name` is a literal. Within
+    /// a container a control lies above those made before it. Forms, panels and names outlive the
+    /// control's use.
     Control(Form& form, Control& container, char const* name, Bounds bounds);
     virtual ~Control() = default;
     Control(Control const&) = delete;
@@ -82,19 +84,23 @@ public:
     virtual void Reset();
     /// Takes the present state as the design state.
     virtual void KeepDesign();
-    /// The client area of the form has this size now, in the form's scale: for controls that are docked.
+    /// The client area of the form has this size now, in the form's scale: for controls that are
+    /// docked.
     virtual void FormResized(Size) { }
-    /// How many twips a unit of the control's own scale has, in which its children and its mouse positions stand.
+    /// How many twips a unit of the control's own scale has, in which its children and its mouse
+    /// positions stand.
     virtual float TwipsPerUnit() const;
 
     Property<float> Left, Top, Width, Height;
     Property<bool> Visible, Enabled;
     Property<::Text> Tag, ToolTipText;
-    /// The place in the tab order of the form; controls of the same place follow in the order of their making.
+    /// The place in the tab order of the form; controls of the same place follow in the order of
+    /// their making.
     Property<int> TabIndex;
 
-    /// Of the design: what the control is to people who can't see where it stands, such as "Your answer". Where it is empty, the
-    /// control's own caption, its tip or the caption of its panel tells.
+    /// Of the design: what the control is to people who can't see where it stands, such as "Your
+    /// answer". Where it is empty, the control's own caption, its tip or the caption of its panel
+    /// tells.
     ::Text accessibleName;
 
     Event Click, GotFocus, LostFocus;
@@ -112,7 +118,8 @@ protected:
     /// Tells the host that something changed that is no property: text, nodes, entries.
     void ContentChanged();
     /// Runs a handler, if there is one, as an event of the control's form.
-    template <class Handler, class... Arguments> void Raise(Handler const& handler, Arguments... arguments);
+    template <class Handler, class... Arguments>
+    void Raise(Handler const& handler, Arguments... arguments);
 
     /// Holds a size at 0 where a formula gives less.
     static float NotBelowZero(Control const&, float value) { return value > 0 ? value : 0; }
@@ -122,7 +129,8 @@ private:
     void RunHandler(std::function<void()> const& work);
 };
 
-template <class Handler, class... Arguments> void Control::Raise(Handler const& handler, Arguments... arguments)
+template <class Handler, class... Arguments>
+void Control::Raise(Handler const& handler, Arguments... arguments)
 {
     if (handler)
         RunHandler([&] { handler(arguments...); });

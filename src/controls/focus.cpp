@@ -97,7 +97,8 @@ void Screen::MoveFocus(Form& form, Control* control)
 
 bool Screen::CanTake(Control const& control) const
 {
-    return control.CanFocus() && control.OwnForm().IsLoaded() && control.IsShown() && control.IsUsable();
+    return control.CanFocus() && control.OwnForm().IsLoaded() && control.IsShown()
+        && control.IsUsable();
 }
 
 Control* Screen::NextInTabOrder(Form const& form, Control const* from, bool backwards) const
@@ -113,13 +114,15 @@ Control* Screen::NextInTabOrder(Form const& form, Control const* from, bool back
     auto const found = std::find(stops.begin(), stops.end(), from);
     if (found != stops.end())
         std::rotate(stops.begin(), found + 1, stops.end());
-    auto const next = std::find_if(stops.begin(), stops.end(), [this](Control* control) { return CanTake(*control); });
+    auto const next = std::find_if(
+        stops.begin(), stops.end(), [this](Control* control) { return CanTake(*control); });
     return next == stops.end() ? nullptr : *next;
 }
 
 void Screen::SettleFocus()
 {
-    // Each move runs handlers, which can hide or disable the next control; a form that never comes to rest is left as it is.
+    // Each move runs handlers, which can hide or disable the next control; a form that never comes
+    // to rest is left as it is.
     for (int tries = 0; tries < 8 && m_active && m_holding; ++tries) {
         Form& form = *m_active;
         if (form.m_focus && CanTake(*form.m_focus))

@@ -6,7 +6,8 @@
 
 static constexpr float twipsPerPixel = 15;
 
-Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth, float clientHeight, ScaleMode scaleMode)
+Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth,
+    float clientHeight, ScaleMode scaleMode)
     : Control(name, {})
     , Caption(*this, "Caption", ::Text(caption))
     , BackColor(*this, "BackColor", Rgb(240, 240, 240))
@@ -57,8 +58,8 @@ bool Form::IsModal() const
 
 Control* Form::FindControl(std::string_view name) const
 {
-    auto const found = std::find_if(
-        m_controls.begin(), m_controls.end(), [&](Control* control) { return control->Name() == name; });
+    auto const found = std::find_if(m_controls.begin(), m_controls.end(),
+        [&](Control* control) { return control->Name() == name; });
     return found == m_controls.end() ? nullptr : *found;
 }
 
@@ -116,13 +117,15 @@ void Form::Assigned(PropertyBase const& property, bool changed)
         return;
     if (&property == &WindowState) {
         auto const state = WindowState();
-        auto const size = state == WindowState::Maximised ? m_screen.OwnHost().ScreenSize() : m_normal;
+        auto const size
+            = state == WindowState::Maximised ? m_screen.OwnHost().ScreenSize() : m_normal;
         if (state != WindowState::Minimised) {
             Width.Keep(size.width);
             Height.Keep(size.height);
         }
         bool const wasMaximised = m_openState == WindowState::Maximised;
-        if (state == WindowState::Normal && wasMaximised && centred && opensAs == WindowState::Maximised)
+        if (state == WindowState::Normal && wasMaximised && centred
+            && opensAs == WindowState::Maximised)
             Centre();
         RunResize();
     } else if (&property == &Width || &property == &Height) {

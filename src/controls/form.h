@@ -1,6 +1,6 @@
 #pragma once
-// A form: a window with its controls. The object lives as long as the program; loading and unloading it is
-// Screen's work (controls/screen.h).
+// A form: a window with its controls. The object lives as long as the program; loading and
+// unloading it is Screen's work (controls/screen.h).
 
 #include "controls/control.h"
 
@@ -15,11 +15,18 @@ class Screen;
 enum class WindowState : int { Normal = 0, Minimised = 1, Maximised = 2 };
 enum class BorderStyle : int { None = 0, Fixed = 1, Sizable = 2, Dialog = 3 };
 enum class ScaleMode : int { Twips = 1, Pixels = 3 };
-enum MousePointer : int { pointerDefault = 0, pointerSizeDiagonal = 8, pointerHourglass = 11, pointerHand = 98, pointerCustom = 99 };
+enum MousePointer : int {
+    pointerDefault = 0,
+    pointerSizeDiagonal = 8,
+    pointerHourglass = 11,
+    pointerHand = 98,
+    pointerCustom = 99
+};
 
 class Form : public Control {
 public:
-    /// The size is that of the client area in its normal state, in the form's scale. `screen` and `name` outlive the form.
+    /// The size is that of the client area in its normal state, in the form's scale. `screen` and
+    /// `name` outlive the form.
     Form(Screen& screen, char const* name, TextView caption, float clientWidth, float clientHeight,
         ScaleMode scale = ScaleMode::Twips);
 
@@ -28,17 +35,19 @@ public:
 
     /// Shows the form beside the others and activates it; loads it first if it isn't loaded.
     void Show();
-    /// Shows the form modally and returns when it has been unloaded. A form that is visible already is
-    /// activated, and the call returns at once.
+    /// Shows the form modally and returns when it has been unloaded. A form that is visible already
+    /// is activated, and the call returns at once.
     void ShowModal();
     void Hide();
     bool IsLoaded() const { return m_loaded; }
     /// True while the form is up modally.
     bool IsModal() const;
-    /// True while a handler of the form is running, which can only be seen from within a turn of the event loop.
+    /// True while a handler of the form is running, which can only be seen from within a turn of
+    /// the event loop.
     bool IsBusy() const { return m_handlers > 0; }
 
-    /// Keeps an action that came while the form was busy; it runs when the form is free, behind those kept before.
+    /// Keeps an action that came while the form was busy; it runs when the form is free, behind
+    /// those kept before.
     void Keep(std::function<void()> action) { m_kept.push_back(std::move(action)); }
     /// The user closed the form while it was busy: nothing that was kept before counts any more.
     void WishToClose();
@@ -50,17 +59,19 @@ public:
     /// The menus of the menu bar, in their order.
     std::vector<Menu*> const& Menus() const { return m_menus; }
     Control* FindControl(std::string_view name) const;
-    /// The outer size of the normal state, in twips: the present one, or the one to which the form returns.
+    /// The outer size of the normal state, in twips: the present one, or the one to which the form
+    /// returns.
     Size const& NormalSize() const { return m_normal; }
     /// The control that has the focus while the form is active; nothing if none has.
     Control* Focus() const { return m_focus; }
     float TwipsPerUnit() const override;
 
-    /// The host's own: the window got this outer size, in twips, in this state. Runs Form_Resize if something changed, be
-    /// it the frame alone.
+    /// The host's own: the window got this outer size, in twips, in this state. Runs Form_Resize if
+    /// something changed, be it the frame alone.
     void Resized(float width, float height, ::WindowState state);
-    /// Runs Form_Click and Form_KeyPress: the user clicked on the form's own ground, or pressed a key, other than a modifier by itself,
-    /// while no control had the focus. The character is 0 for a key that types none.
+    /// Runs Form_Click and Form_KeyPress: the user clicked on the form's own ground, or pressed a
+    /// key, other than a modifier by itself, while no control had the focus. The character is 0 for
+    /// a key that types none.
     void RaiseClick();
     void RaiseKeyPress(char16_t character);
     /// Another state: a normal form takes its last normal size, a maximised one the screen's.
@@ -98,8 +109,12 @@ public:
     ::WindowState opensAs = ::WindowState::Normal;
     ScaleMode scale; ///< of the places of its controls
     char const* icon = "icon"; ///< of the program's own pictures
-    bool keepsActions = false; ///< what the user does while a handler is inside a turn waits for the handler's end; else it is dropped
-    Size smallest; ///< outer, in twips, below which the user can't drag a window that isn't maximised; 0 for no limit
+    /// what the user does while a handler is inside a turn waits for the handler's end; else it is
+    /// dropped
+    bool keepsActions = false;
+    /// outer, in twips, below which the user can't drag a window that isn't maximised; 0 for no
+    /// limit
+    Size smallest;
 
 private:
     friend class Control;
@@ -118,7 +133,8 @@ private:
     std::vector<Menu*> m_menus;
     Control* m_focus = nullptr;
     Size m_designClient;
-    Size m_client; // at the last resize, in the form's scale: the frame may change while the outer size stays
+    // at the last resize, in the form's scale: the frame may change while the outer size stays
+    Size m_client;
     Size m_normal; // the outer size of the normal state
     ::WindowState m_openState = ::WindowState::Normal; // the last state other than minimised
     bool m_loaded = false;
@@ -132,9 +148,9 @@ private:
     bool m_wishedToClose = false;
 };
 
-/// Loads a form without showing it: its controls return to their design state, then Form_Load runs. Nothing if
-/// it is loaded.
+/// Loads a form without showing it: its controls return to their design state, then Form_Load runs.
+/// Nothing if it is loaded.
 void Load(Form& form);
-/// Unloads a form: Form_Unload runs, then the form is gone from the screen. Nothing if it isn't loaded. Safe from any
-/// handler of the form itself.
+/// Unloads a form: Form_Unload runs, then the form is gone from the screen. Nothing if it isn't
+/// loaded. Safe from any handler of the form itself.
 void Unload(Form& form);

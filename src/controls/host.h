@@ -1,6 +1,7 @@
 #pragma once
-// The interface of whoever shows the forms, and the services of the machine that go with a screen. The model tells
-// the host what changed; the host hands the user's actions back through Input (controls/input.h).
+// The interface of whoever shows the forms, and the services of the machine that go with a screen.
+// The model tells the host what changed; the host hands the user's actions back through Input
+// (controls/input.h).
 
 #include "base/text.h"
 #include "base/turns.h"
@@ -47,13 +48,15 @@ public:
     virtual Text ClipboardText() const = 0;
     /// Puts the text on the clipboard; an empty one leaves it empty.
     virtual void SetClipboardText(TextView text) = 0;
-    /// The size in twips of a text with its line ends, wrapped at blanks within `wrapWidth` twips if that is above 0.
+    /// The size in twips of a text with its line ends, wrapped at blanks within `wrapWidth` twips
+    /// if that is above 0.
     virtual Size MeasureText(Font const& font, TextView text, float wrapWidth) const = 0;
     /// The usable screen in twips.
     virtual Size ScreenSize() const = 0;
     /// What border, title and menu bar add to a form's client area, in twips.
     virtual Size FrameSize(Form const& form) const = 0;
-    /// The size in pixels of a picture file or of a picture of the program's own; nothing if it is none.
+    /// The size in pixels of a picture file or of a picture of the program's own; nothing if it is
+    /// none.
     virtual std::optional<Size> PictureSize(TextView picture) = 0;
     virtual Printer& DefaultPrinter() = 0;
     /// Loads and shows the page at a file address.

@@ -83,8 +83,9 @@ Refusal Input::Focus(Control& control)
     if (auto refusal = Blocked(control); !refusal.empty())
         return refusal;
     if (!control.CanFocus())
-        return std::string(control.OwnForm().Name()) + "." + control.Name() + " can't hold the focus";
-    return Act(control, true, [] { });
+        return std::string(control.OwnForm().Name()) + "." + control.Name()
+            + " can't hold the focus";
+    return Act(control, true, [] {});
 }
 
 Refusal Input::ClickNode(TreeView& tree, Node& node)
@@ -158,26 +159,31 @@ Refusal Input::Step(ScrollBar& bar, BarStep step)
 
 Refusal Input::KeyDown(Control& control, int keyCode, int shift)
 {
-    return Act(control, false, [&control, keyCode, shift] { control.Raise(control.KeyDown, keyCode, shift); });
+    return Act(control, false,
+        [&control, keyCode, shift] { control.Raise(control.KeyDown, keyCode, shift); });
 }
 
 Refusal Input::KeyPress(Control& control, char16_t character)
 {
     if (&control == &control.OwnForm())
-        return Act(control.OwnForm(), [&control, character] { control.OwnForm().RaiseKeyPress(character); });
-    return Act(control, false, [&control, character] { control.Raise(control.KeyPress, character); });
+        return Act(control.OwnForm(),
+            [&control, character] { control.OwnForm().RaiseKeyPress(character); });
+    return Act(
+        control, false, [&control, character] { control.Raise(control.KeyPress, character); });
 }
 
 Refusal Input::KeyUp(Control& control, int keyCode, int shift)
 {
-    return Act(control, false, [&control, keyCode, shift] { control.Raise(control.KeyUp, keyCode, shift); });
+    return Act(control, false,
+        [&control, keyCode, shift] { control.Raise(control.KeyUp, keyCode, shift); });
 }
 
 bool Input::PressDefault(Form& form, int keyCode)
 {
     for (Control* control : form.Controls()) {
         auto* const button = dynamic_cast<CommandButton*>(control);
-        bool const meant = button && ((keyCode == 13 && button->Default) || (keyCode == 27 && button->Cancel));
+        bool const meant
+            = button && ((keyCode == 13 && button->Default) || (keyCode == 27 && button->Cancel));
         if (!meant || !Blocked(*button).empty())
             continue;
         Act(*button, false, [button] { button->Raise(button->Click); });
@@ -197,7 +203,7 @@ MenuEntry* Input::FindShortcut(Form& form, TextView shortcut) const
 
 Refusal Input::Activate(Form& form)
 {
-    return Act(form, [] { });
+    return Act(form, [] {});
 }
 
 Refusal Input::Resize(Form& form, float width, float height)

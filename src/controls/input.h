@@ -1,8 +1,8 @@
 #pragma once
-// The road that a person's action takes to the model, whoever shows the forms: what can't be seen or used can't be
-// acted on, what takes the focus takes it before it acts, and actions on a form that is busy are dropped or, where the form
-// wants that, kept until it is free.
-// What keys do inside a text is the host's work; it hands over the result.
+// The road that a person's action takes to the model, whoever shows the forms: what can't be seen
+// or used can't be acted on, what takes the focus takes it before it acts, and actions on a form
+// that is busy are dropped or, where the form wants that, kept until it is free. What keys do
+// inside a text is the host's work; it hands over the result.
 
 #include "controls/form.h"
 #include "controls/list.h"
@@ -16,8 +16,8 @@
 
 class MenuEntry;
 
-/// Why an action couldn't be taken, in a few words that name the form or control; empty if it was taken, or dropped or
-/// kept because a handler of the form is inside a turn of the event loop.
+/// Why an action couldn't be taken, in a few words that name the form or control; empty if it was
+/// taken, or dropped or kept because a handler of the form is inside a turn of the event loop.
 using Refusal = std::string;
 
 enum class BarStep { Less, More, PageLess, PageMore }; ///< towards `Min`, or towards `Max`
@@ -29,8 +29,8 @@ public:
 
     /// A click on the form's own ground.
     Refusal Click(Form& form);
-    /// A click on a control: a check box turns over, a cover, a rule, a disabled label or picture pass it to the form. A
-    /// menu entry takes no focus.
+    /// A click on a control: a check box turns over, a cover, a rule, a disabled label or picture
+    /// pass it to the form. A menu entry takes no focus.
     Refusal Click(Control& control);
     /// Moves the focus, as Tab would.
     Refusal Focus(Control& control);
@@ -43,21 +43,25 @@ public:
     Refusal Select(TextInput& box, int start, int length);
     /// Picks an entry of a drop-down list.
     Refusal Choose(ComboBox& list, int index);
-    /// Drags the thumb: `Scroll`, and with `released` then `Change` if the value is another than before the drag.
+    /// Drags the thumb: `Scroll`, and with `released` then `Change` if the value is another than
+    /// before the drag.
     Refusal DragThumb(ScrollBar& bar, int value, bool released);
     Refusal Step(ScrollBar& bar, BarStep step);
     /// A mouse event in the control's own scale.
     Refusal Mouse(Control& control, MouseAction action, float x, float y);
-    /// Fires the timer; then a pointer that rests on a control that moved under it is reported anew.
+    /// Fires the timer; then a pointer that rests on a control that moved under it is reported
+    /// anew.
     Refusal Fire(Timer& timer);
 
     /// Raises the key events of a control, or of a form on which nothing has the focus.
     Refusal KeyDown(Control& control, int keyCode, int shift);
     Refusal KeyPress(Control& control, char16_t character);
     Refusal KeyUp(Control& control, int keyCode, int shift);
-    /// Enter (13) or Escape (27): clicks the form's default or cancel button, if there is a usable one. False if there is none.
+    /// Enter (13) or Escape (27): clicks the form's default or cancel button, if there is a usable
+    /// one. False if there is none.
     bool PressDefault(Form& form, int keyCode);
-    /// The menu entry with this shortcut, such as "Ctrl+X"; nothing if there is none or it is disabled.
+    /// The menu entry with this shortcut, such as "Ctrl+X"; nothing if there is none or it is
+    /// disabled.
     MenuEntry* FindShortcut(Form& form, TextView shortcut) const;
 
     /// The user brought a form to the front.
@@ -80,9 +84,11 @@ private:
     Screen& m_screen;
     ScrollBar* m_dragged = nullptr;
     int m_valueBeforeDrag = 0;
-    Control* m_underPointer = nullptr; // with where the pointer rests, in twips from the form's client area
+    // with where the pointer rests, in twips from the form's client area
+    Control* m_underPointer = nullptr;
     float m_pointerX = 0, m_pointerY = 0;
-    float m_reportedX = 0, m_reportedY = 0; // what the last mouse event told the control, in its own scale
+    // what the last mouse event told the control, in its own scale
+    float m_reportedX = 0, m_reportedY = 0;
 };
 
 /// Does what the user asked of a form, unless it can't be asked now.
@@ -96,11 +102,11 @@ template <class Action> Refusal Input::Act(Form& form, Action action)
         return {};
     }
     m_screen.Activate(form);
-    m_screen.RunHandler(form, [] { });
+    m_screen.RunHandler(form, [] {});
     if (Blocked(form).empty())
         action();
     // What the action changed is shown also if no handler ran.
-    m_screen.RunHandler(form, [] { });
+    m_screen.RunHandler(form, [] {});
     return {};
 }
 

@@ -15,12 +15,13 @@ Label::Label(Form& form, Control& container, char const* name, Bounds bounds, Te
 
 void Label::Assigned(PropertyBase const& property, bool)
 {
-    bool const measured = &property == &Caption || (&property == &Width && WordWrap) || &property == &FontName
-        || &property == &FontSize || &property == &FontBold;
+    bool const measured = &property == &Caption || (&property == &Width && WordWrap)
+        || &property == &FontName || &property == &FontSize || &property == &FontBold;
     if (!AutoSize || !measured)
         return;
     Font const font { FontName, FontSize, FontBold };
-    auto const size = OwnForm().OwnScreen().OwnHost().MeasureText(font, Caption, WordWrap ? Width() : 0);
+    auto const size
+        = OwnForm().OwnScreen().OwnHost().MeasureText(font, Caption, WordWrap ? Width() : 0);
     Height = size.height;
     if (!WordWrap)
         Width = size.width;

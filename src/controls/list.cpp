@@ -24,8 +24,8 @@ void ComboBox::Assigned(PropertyBase const& property, bool)
         Raise(Click);
 }
 
-FileListBox::FileListBox(
-    Form& form, char const* name, TextView pattern, std::function<std::vector<::Text>(TextView)> list)
+FileListBox::FileListBox(Form& form, char const* name, TextView pattern,
+    std::function<std::vector<::Text>(TextView)> list)
     : Control(form, form, name, {})
     , Pattern(*this, "Pattern", ::Text(pattern))
     , List(*this, "List")

@@ -8,7 +8,8 @@
 
 class ComboBox final : public TextControl {
 public:
-    ComboBox(Form& form, Control& container, char const* name, Bounds bounds, std::vector<::Text> entries);
+    ComboBox(Form& form, Control& container, char const* name, Bounds bounds,
+        std::vector<::Text> entries);
 
     char const* Kind() const override { return "ComboBox"; }
     bool CanFocus() const override { return true; }
@@ -27,7 +28,8 @@ protected:
 class FileListBox final : public Control {
 public:
     /// `list` gives the matching names in the order in which they are listed.
-    FileListBox(Form& form, char const* name, TextView pattern, std::function<std::vector<::Text>(TextView)> list);
+    FileListBox(Form& form, char const* name, TextView pattern,
+        std::function<std::vector<::Text>(TextView)> list);
 
     char const* Kind() const override { return "FileListBox"; }
     void Reset() override;

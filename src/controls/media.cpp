@@ -14,7 +14,8 @@ void WebBrowser::Navigate(TextView url)
     OwnForm().OwnScreen().OwnHost().Navigate(*this, url);
 }
 
-WindowsMediaPlayer::WindowsMediaPlayer(Form& form, Control& container, char const* name, Bounds bounds)
+WindowsMediaPlayer::WindowsMediaPlayer(
+    Form& form, Control& container, char const* name, Bounds bounds)
     : Control(form, container, name, bounds)
     , URL(*this, "URL")
     , autoStart(*this, "autoStart", true)

@@ -1,5 +1,6 @@
 #pragma once
-// Menus of a form's menu bar, and their entries. "&" in a caption marks the access key, the caption "-" a separator.
+// Menus of a form's menu bar, and their entries. "&" in a caption marks the access key, the caption
+// "-" a separator.
 
 #include "controls/control.h"
 

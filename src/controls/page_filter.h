@@ -7,21 +7,17 @@
 //     <P>In <i class="a>b">the</i> <img src="/dev/zero">beginning &amp; 1 < 2   becomes
 //     <p>In <i>the</i> beginning &amp; 1 &lt; 2
 //
-// - p, br, b, i, em, strong, u, sup, sub, span, font and a are kept. Of font stay the attributes
-// size (1 to 7), face (Verdana or
-//   Arial) and color (a name or #rrggbb), of a the name; an anchor is closed where it begins. No
-//   other attribute stays.
-// - Kept tags are nested at most 16 deep. Deeper ones are dropped, and so are closing tags of what
-// isn't open. A p ends the p before
-//   it with what was opened inside.
-// - Any other tag is dropped and its content kept, but for script, style and title: their content
-// goes too, if they are closed.
-//   Comments and declarations go.
-// - A tag ends at its first ">" outside of quotes, which stands in front of the next "<". A "<"
-// that opens no tag becomes "&lt;".
-// - All else is text and stays, entities too. A word of more than 250 characters may be broken
-// after each 250: the control takes time
-//   in proportion to the square of a word's length.
+// - p, br, b, i, em, strong, u, sup, sub, span, font and a are kept, with these attributes: size
+//   (1 to 7), face (Verdana or Arial) and color (a name or #rrggbb) of font, and the name of a. An
+//   anchor is closed where it begins.
+// - Kept tags are nested at most 16 deep. Deeper ones are dropped, and so are closing tags without
+//   an opening one. A p closes the p before it with everything that was opened inside.
+// - Any other tag is dropped and its content kept, except for script, style and title: their
+//   content is dropped too, if they are closed. Comments and declarations are dropped.
+// - A tag ends at its first ">" outside of quotes, provided that it comes before the next "<". A
+//   "<" that opens no tag becomes "&lt;".
+// - Everything else is text and is copied, entities too. A word of more than 250 characters may be
+//   broken after each 250: the control takes time in proportion to the square of a word's length.
 // - One html and one body stand around it all.
 //
 // This takes time in proportion to the page's length, whatever is in it. Filtering a filtered page
@@ -31,8 +27,7 @@
 
 #include <string_view>
 
-/// The address of the background picture in a filtered page: the one thing outside of it that such
-/// a page names.
+/// The address of the background picture in a filtered page: the only file that such a page names.
 constexpr std::string_view pageBackground = "bg.jpg";
 
 /// The copy for the control. `page` is in code page 1252. `background` is the address of the

@@ -10,7 +10,8 @@ Image::Image(Form& form, Control& container, char const* name, Bounds bounds, Te
 {
 }
 
-PictureBox::PictureBox(Form& form, Control& container, char const* name, Bounds bounds, TextView picture)
+PictureBox::PictureBox(
+    Form& form, Control& container, char const* name, Bounds bounds, TextView picture)
     : Control(form, container, name, bounds)
     , Picture(*this, "Picture", ::Text(picture))
     , AutoSize(*this, "AutoSize", false)

@@ -1,11 +1,12 @@
 #pragma once
-// Controls that show a picture. A picture is named by its file, or by the name of a picture of the program's own,
-// which begins with ":"; an empty name is no picture.
+// Controls that show a picture. A picture is named by its file, or by the name of a picture of the
+// program's own, which begins with ":"; an empty name is no picture.
 
 #include "controls/form.h"
 
-/// A picture without a window of its own. It can be clicked; where `TabStop` is set it can also be reached by Tab, and
-/// Enter or the space bar then click it, but a click by mouse never moves the focus to it.
+/// A picture without a window of its own. It can be clicked; where `TabStop` is set it can also be
+/// reached by Tab, and Enter or the space bar then click it, but a click by mouse never moves the
+/// focus to it.
 class Image final : public Control {
 public:
     Image(Form& form, Control& container, char const* name, Bounds bounds, TextView picture = {});
@@ -19,10 +20,12 @@ public:
     Property<bool> TabStop;
 };
 
-/// A picture with a window of its own, which can hold other controls and, where `TabStop` is set, the focus.
+/// A picture with a window of its own, which can hold other controls and, where `TabStop` is set,
+/// the focus.
 class PictureBox final : public Control {
 public:
-    PictureBox(Form& form, Control& container, char const* name, Bounds bounds, TextView picture = {});
+    PictureBox(
+        Form& form, Control& container, char const* name, Bounds bounds, TextView picture = {});
 
     char const* Kind() const override { return "PictureBox"; }
     bool CanFocus() const override { return TabStop; }

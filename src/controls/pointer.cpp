@@ -34,7 +34,8 @@ Refusal Input::Mouse(Control& control, MouseAction action, float x, float y)
     auto const* const handler = isDown ? &control.MouseDown
         : action == MouseAction::Move  ? &control.MouseMove
                                        : &control.MouseUp;
-    return Act(control, isDown && control.TakesFocusByClick(), [&control, handler, x, y] { control.Raise(*handler, x, y); });
+    return Act(control, isDown && control.TakesFocusByClick(),
+        [&control, handler, x, y] { control.Raise(*handler, x, y); });
 }
 
 Refusal Input::Fire(Timer& timer)

@@ -1,6 +1,6 @@
 #pragma once
-// The default printer, as the program uses it: text at a position in twips. A line that would begin past the page's end
-// starts a new page.
+// The default printer, as the program uses it: text at a position in twips. A line that would begin
+// past the page's end starts a new page.
 
 #include "controls/host.h"
 

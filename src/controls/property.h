@@ -1,5 +1,6 @@
 #pragma once
-// A property of a control: reads and is assigned like a field, and tells its control of each assignment.
+// A property of a control: reads and is assigned like a field, and tells its control of each
+// assignment.
 
 #include "base/text.h"
 #include "controls/value.h"
@@ -21,11 +22,12 @@ public:
     char const* Name() const { return m_name; }
 
     virtual Value Get() const = 0;
-    /// Assigns as code would. False, and nothing done, if the value is of another kind or the property is
-    /// read-only.
+    /// Assigns as code would. False, and nothing done, if the value is of another kind or the
+    /// property is read-only.
     virtual bool Set(Value const& value) = 0;
 
-    /// Keeps the present value as the design value, to which RestoreDesign returns without telling anyone.
+    /// Keeps the present value as the design value, to which RestoreDesign returns without telling
+    /// anyone.
     virtual void KeepDesign() = 0;
     virtual void RestoreDesign() = 0;
 
@@ -63,10 +65,7 @@ public:
     Property& operator=(Property const& other) { return *this = other.m_value; }
 
     operator T const&() const { return m_value; }
-    operator TextView() const requires std::same_as<T, Text>
-    {
-        return m_value;
-    }
+    operator TextView() const requires std::same_as<T, Text> { return m_value; }
     T const& operator()() const { return m_value; }
 
     /// Changes the value without telling the control: for what the control itself keeps in step.

@@ -4,7 +4,8 @@
 
 RichTextBox::RichTextBox(Form& form, Control& container, char const* name, Bounds bounds)
     : TextInput(form, container, name, bounds)
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): a property of any type hands over a value
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): a property of any type hands over a
+    // value
     , Text(*this, "Text", {}, [](Control const&, ::Text text) { return WithLineEnds(text); })
     , Locked(*this, "Locked", false)
     , Border(*this, "Border", true)
@@ -74,7 +75,8 @@ bool RichTextBox::Edited(::Text text, int start, int length)
     bool const changed = head + tail < old.size() || head + tail < text.size();
     if (changed) {
         auto const removed = static_cast<int>(old.size() - head - tail);
-        Splice(static_cast<int>(head), removed, TextView(text).substr(head, text.size() - head - tail));
+        Splice(static_cast<int>(head), removed,
+            TextView(text).substr(head, text.size() - head - tail));
     }
     Selected(start, length);
     ContentChanged();
@@ -91,7 +93,8 @@ void RichTextBox::Append(TextView text)
     if (m_runs.empty() || m_runs.back().format != WantedFormat())
         m_runs.push_back({ end, WantedFormat() });
     auto const format = m_paragraphs.back().format;
-    for (auto found = text.find(u'\n'); found != TextView::npos; found = text.find(u'\n', found + 1))
+    for (auto found = text.find(u'\n'); found != TextView::npos;
+         found = text.find(u'\n', found + 1))
         m_paragraphs.push_back({ end + static_cast<int>(found) + 1, format });
     Text.Part().append(text);
 }
@@ -109,11 +112,13 @@ void RichTextBox::SpliceRuns(int start, int length, int added)
 {
     auto const first = SplitRun(start);
     auto const last = SplitRun(start + length);
-    m_runs.erase(m_runs.begin() + static_cast<std::ptrdiff_t>(first), m_runs.begin() + static_cast<std::ptrdiff_t>(last));
+    m_runs.erase(m_runs.begin() + static_cast<std::ptrdiff_t>(first),
+        m_runs.begin() + static_cast<std::ptrdiff_t>(last));
     for (auto i = first; i < m_runs.size(); ++i)
         m_runs[i].start += added - length;
     if (added > 0)
-        m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(first), { start, WantedFormat() });
+        m_runs.insert(
+            m_runs.begin() + static_cast<std::ptrdiff_t>(first), { start, WantedFormat() });
 }
 
 void RichTextBox::SpliceParagraphs(int start, int length, TextView text)
@@ -121,21 +126,23 @@ void RichTextBox::SpliceParagraphs(int start, int length, TextView text)
     auto const at = ParagraphAt(start);
     auto const format = m_paragraphs[at].format;
     auto const next = m_paragraphs.begin() + static_cast<std::ptrdiff_t>(at) + 1;
-    auto const behind = std::find_if(
-        next, m_paragraphs.end(), [&](Paragraph const& paragraph) { return paragraph.start > start + length; });
+    auto const behind = std::find_if(next, m_paragraphs.end(),
+        [&](Paragraph const& paragraph) { return paragraph.start > start + length; });
     auto place = m_paragraphs.erase(next, behind);
     int const grown = static_cast<int>(text.size()) - length;
-    std::for_each(place, m_paragraphs.end(), [&](Paragraph& paragraph) { paragraph.start += grown; });
+    std::for_each(
+        place, m_paragraphs.end(), [&](Paragraph& paragraph) { paragraph.start += grown; });
     std::vector<Paragraph> added;
-    for (auto found = text.find(u'\n'); found != TextView::npos; found = text.find(u'\n', found + 1))
+    for (auto found = text.find(u'\n'); found != TextView::npos;
+         found = text.find(u'\n', found + 1))
         added.push_back({ start + static_cast<int>(found) + 1, format });
     m_paragraphs.insert(place, added.begin(), added.end());
 }
 
 std::size_t RichTextBox::RunAt(int offset) const
 {
-    auto const behind = std::upper_bound(
-        m_runs.begin(), m_runs.end(), offset, [](int at, Run const& run) { return at < run.start; });
+    auto const behind = std::upper_bound(m_runs.begin(), m_runs.end(), offset,
+        [](int at, Run const& run) { return at < run.start; });
     return behind == m_runs.begin() ? 0 : static_cast<std::size_t>(behind - m_runs.begin()) - 1;
 }
 
@@ -159,7 +166,8 @@ std::size_t RichTextBox::SplitRun(int offset)
     auto const at = RunAt(offset);
     if (m_runs[at].start == offset)
         return at;
-    m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(at) + 1, { offset, m_runs[at].format });
+    m_runs.insert(
+        m_runs.begin() + static_cast<std::ptrdiff_t>(at) + 1, { offset, m_runs[at].format });
     return at + 1;
 }
 
@@ -190,7 +198,8 @@ void RichTextBox::FormatParagraphs(PropertyBase const& property)
 {
     auto const first = ParagraphAt(SelStart);
     auto const last = ParagraphAt(SelLength > 0 ? SelStart + SelLength - 1 : SelStart());
-    // The last line, still empty, belongs to what is yet to be appended, unless everything is selected with it.
+    // The last line, still empty, belongs to what is yet to be appended, unless everything is
+    // selected with it.
     bool const toEnd = SelLength > 0 && SelStart + SelLength == Length();
     bool const nothingShown = SelLength == 0 && m_paragraphs[first].start == Length();
     for (auto i = first; i <= (toEnd ? m_paragraphs.size() - 1 : last); ++i) {
@@ -229,7 +238,8 @@ void RichTextBox::Assigned(PropertyBase const& property, bool changed)
     } else if (&property == &SelBold || &property == &SelFontSize || &property == &SelCharOffset) {
         if (SelLength > 0)
             FormatRuns(property);
-    } else if (&property == &SelIndent || &property == &SelRightIndent || &property == &SelHangingIndent) {
+    } else if (&property == &SelIndent || &property == &SelRightIndent
+        || &property == &SelHangingIndent) {
         FormatParagraphs(property);
     }
 }

@@ -13,15 +13,17 @@ struct CharacterFormat {
     bool operator==(CharacterFormat const&) const = default;
 };
 
-/// The indents of a paragraph, in twips. `hanging` is how much further in all lines but the first stand.
+/// The indents of a paragraph, in twips. `hanging` is how much further in all lines but the first
+/// stand.
 struct ParagraphFormat {
     float left = 0, right = 0, hanging = 0;
     bool operator==(ParagraphFormat const&) const = default;
 };
 
-/// Holds one text with CR LF line ends. A paragraph runs up to and including its line end; the caret at the end of the text
-/// stands in the last, possibly empty one. Text that is inserted takes the format before the caret, unless another was set
-/// since the caret was put there. Appending costs what is appended.
+/// Holds one text with CR LF line ends. A paragraph runs up to and including its line end; the
+/// caret at the end of the text stands in the last, possibly empty one. Text that is inserted takes
+/// the format before the caret, unless another was set since the caret was put there. Appending
+/// costs what is appended.
 class RichTextBox final : public TextInput {
 public:
     struct Run {
@@ -48,14 +50,16 @@ public:
     std::vector<Run> const& Runs() const { return m_runs; }
     /// Always at least one, which starts at 0.
     std::vector<Paragraph> const& Paragraphs() const { return m_paragraphs; }
-    /// How often what was already there has changed, other than by appending: a host that has shown this count and a part of
-    /// the text needs only the rest, and the format of the paragraph in which the rest begins.
+    /// How often what was already there has changed, other than by appending: a host that has shown
+    /// this count and a part of the text needs only the rest, and the format of the paragraph in
+    /// which the rest begins.
     unsigned Revision() const { return m_revision; }
-    /// How often the whole text has been set. Within one count a text grew out of the one before it, and the user may undo it;
-    /// another is a text of its own.
+    /// How often the whole text has been set. Within one count a text grew out of the one before
+    /// it, and the user may undo it; another is a text of its own.
     unsigned Generation() const { return m_generation; }
 
-    /// Setting it replaces the whole text in the design's format, puts the caret at the start and raises Change.
+    /// Setting it replaces the whole text in the design's format, puts the caret at the start and
+    /// raises Change.
     Property<::Text> Text;
     Property<bool> Locked;
     Property<bool> Border;
@@ -64,7 +68,8 @@ public:
     Property<float> SelFontSize, SelCharOffset;
     /// Of the paragraphs that the selection touches, or of the caret's.
     Property<float> SelIndent, SelRightIndent, SelHangingIndent;
-    /// The offset that stands in the top line; setting it scrolls there, also if it is set to what it was.
+    /// The offset that stands in the top line; setting it scrolls there, also if it is set to what
+    /// it was.
     Property<int> TopOffset;
 
     void Reset() override;

@@ -16,8 +16,8 @@ static void Remove(std::vector<Form*>& forms, Form& form)
 
 Form* Screen::Find(std::string_view name) const
 {
-    auto const found
-        = std::find_if(m_made.begin(), m_made.end(), [&](Form* form) { return form->Name() == name; });
+    auto const found = std::find_if(
+        m_made.begin(), m_made.end(), [&](Form* form) { return form->Name() == name; });
     return found == m_made.end() ? nullptr : *found;
 }
 

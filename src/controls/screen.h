@@ -1,6 +1,6 @@
 #pragma once
-// The forms of the program together: which are made, loaded and active, who has the focus, and which
-// handlers are running. Acting on them as a person does is Input's work (controls/input.h).
+// The forms of the program together: which are made, loaded and active, who has the focus, and
+// which handlers are running. Acting on them as a person does is Input's work (controls/input.h).
 
 #include "controls/form.h"
 #include "controls/host.h"
@@ -28,11 +28,13 @@ public:
     Form* Modal() const { return m_modal.empty() ? nullptr : m_modal.back(); }
     bool IsModal(Form const& form) const;
 
-    /// Takes the present state of all forms as their design: once, when all are made and before the first is loaded.
+    /// Takes the present state of all forms as their design: once, when all are made and before the
+    /// first is loaded.
     void KeepDesigns();
 
     void Load(Form& form);
-    /// Makes the form visible and active; one that is minimised returns to the state that it had before.
+    /// Makes the form visible and active; one that is minimised returns to the state that it had
+    /// before.
     void Show(Form& form);
     void ShowModal(Form& form);
     void Hide(Form& form);
@@ -41,10 +43,12 @@ public:
     /// Makes a visible form the active one: the form left loses its focus, this one gets it.
     void Activate(Form& form);
     void SetFocus(Control& control);
-    /// The window system took the active form's focus away, or gave it back: LostFocus and GotFocus.
+    /// The window system took the active form's focus away, or gave it back: LostFocus and
+    /// GotFocus.
     void SuspendFocus();
     void ResumeFocus();
-    /// The next control of the tab order behind `from` (nothing: from the beginning) that can take the focus.
+    /// The next control of the tab order behind `from` (nothing: from the beginning) that can take
+    /// the focus.
     Control* NextInTabOrder(Form const& form, Control const* from, bool backwards = false) const;
 
     /// A message box of the program, with its title.
@@ -57,11 +61,13 @@ public:
     /// Closes every form, modal ones first, as at an orderly end of the program.
     void CloseAll();
 
-    /// Runs an event handler, or what else is to be seen as one. The outermost one settles the focus at its end and lets the
-    /// host follow. Where memory runs out, the innermost handler ends there, the others go on.
+    /// Runs an event handler, or what else is to be seen as one. The outermost one settles the
+    /// focus at its end and lets the host follow. Where memory runs out, the innermost handler ends
+    /// there, the others go on.
     void RunHandler(Form& form, std::function<void()> const& handler);
     Event handlersEnded; ///< behind the outermost handler, when the host has followed
-    /// Behind the outermost handler, if memory ran out in one: a handler has done only a part of its work.
+    /// Behind the outermost handler, if memory ran out in one: a handler has done only a part of
+    /// its work.
     Event handlerFailed;
 
 private:
@@ -86,7 +92,8 @@ private:
     std::vector<Form*> m_order; // visible forms, the active one last
     std::vector<Form*> m_modal;
     Form* m_active = nullptr;
-    bool m_holding = false; // the active form's focus control has had GotFocus and not yet LostFocus
+    // the active form's focus control has had GotFocus and not yet LostFocus
+    bool m_holding = false;
     int m_depth = 0;
     bool m_handlerFailed = false;
     bool m_tellsOfFailure = false;

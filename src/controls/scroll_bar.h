@@ -52,7 +52,8 @@ public:
     Property<std::int64_t> Min, Max, Value;
 };
 
-/// A bar along the bottom of the form, which keeps its height and takes the form's width, with up to two texts.
+/// A bar along the bottom of the form, which keeps its height and takes the form's width, with up
+/// to two texts.
 class StatusBar final : public TextControl {
 public:
     StatusBar(Form& form, char const* name, Bounds bounds);

@@ -9,7 +9,8 @@ static constexpr std::int64_t mostBytes = std::numeric_limits<std::int32_t>::max
 /// Whole characters: even, at least 2.
 static std::int32_t EvenUnit(std::int32_t unit)
 {
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(std::int64_t { unit } + unit % 2, 2, mostBytes - 1));
+    return static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(std::int64_t { unit } + unit % 2, 2, mostBytes - 1));
 }
 
 static std::size_t Characters(std::int64_t bytes)
@@ -68,14 +69,16 @@ void CStringBuilder::Grow(std::int64_t bytes)
 char16_t CStringBuilder::Chars(std::int32_t position) const
 {
     if (position < 0 || position >= Length())
-        throw StringBuilderError("CStringBuilder.Chars", "Tried reading character past end of buffer.");
+        throw StringBuilderError(
+            "CStringBuilder.Chars", "Tried reading character past end of buffer.");
     return m_buffer[static_cast<std::size_t>(position)];
 }
 
 void CStringBuilder::SetChars(std::int32_t position, TextView value)
 {
     if (position < 0 || position >= Length() || value.empty())
-        throw StringBuilderError("CStringBuilder.Chars", "Tried assigning character past end of buffer.");
+        throw StringBuilderError(
+            "CStringBuilder.Chars", "Tried assigning character past end of buffer.");
     m_buffer[static_cast<std::size_t>(position)] = value.front();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// A growable text buffer, for texts that are built from many pieces. Capacities and growth units count bytes, lengths and
-// positions count 16-bit characters of two bytes each.
+// A growable text buffer, for texts that are built from many pieces. Capacities and growth units
+// count bytes, lengths and positions count 16-bit characters of two bytes each.
 
 #include "base/text.h"
 
@@ -27,14 +27,16 @@ public:
     CStringBuilder(CStringBuilder const&) = delete;
     CStringBuilder& operator=(CStringBuilder const&) = delete;
 
-    /// The unit in which the capacity grows next, in bytes: with sizing method 0 as it was set, with 1 the percentage of the
-    /// present capacity. Setting it counts with method 0 and above 0 alone; odd values go up by 1. Growth itself goes in
-    /// whole characters: an odd unit counts as one more, one below 2 as 2.
+    /// The unit in which the capacity grows next, in bytes: with sizing method 0 as it was set,
+    /// with 1 the percentage of the present capacity. Setting it counts with method 0 and above 0
+    /// alone; odd values go up by 1. Growth itself goes in whole characters: an odd unit counts as
+    /// one more, one below 2 as 2.
     std::int32_t BufferBump() const;
     void SetBufferBump(std::int32_t value);
 
-    /// Bytes. Setting it goes up to a whole number of units, cuts a text that is longer, and makes that unit the one of
-    /// method 0; a value of 0 or less is ignored. A value near the 32-bit limit raises std::length_error.
+    /// Bytes. Setting it goes up to a whole number of units, cuts a text that is longer, and makes
+    /// that unit the one of method 0; a value of 0 or less is ignored. A value near the 32-bit
+    /// limit raises std::length_error.
     std::int32_t Capacity() const { return m_capacity; }
     void SetCapacity(std::int32_t value);
     /// Makes the capacity at least this; gives the capacity.
@@ -45,7 +47,8 @@ public:
     /// Replaces it by the first character of the text; an empty text is an argument out of range.
     void SetChars(std::int32_t position, TextView value);
 
-    /// Characters. Setting it cuts the text, or lengthens it by whatever the buffer holds; a negative value is ignored.
+    /// Characters. Setting it cuts the text, or lengthens it by whatever the buffer holds; a
+    /// negative value is ignored.
     std::int32_t Length() const { return m_used / 2; }
     void SetLength(std::int32_t value);
 

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-/// The offset, held within the text and moved in front of a line end in whose middle it would stand.
+/// The offset, held within the text and moved in front of a line end in whose middle it would
+/// stand.
 static int Within(Text const& text, int offset)
 {
     int const held = std::clamp(offset, 0, static_cast<int>(text.size()));
@@ -43,7 +44,8 @@ void TextInput::Selected(int start, int length)
 
 TextBox::TextBox(Form& form, Control& container, char const* name, Bounds bounds)
     : TextInput(form, container, name, bounds)
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): a property of any type hands over a value
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): a property of any type hands over a
+    // value
     , Text(*this, "Text", {}, [](Control const&, ::Text text) { return WithLineEnds(text); })
     , MultiLine(*this, "MultiLine", false)
     , Locked(*this, "Locked", false)

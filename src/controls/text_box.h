@@ -3,8 +3,8 @@
 
 #include "controls/control.h"
 
-/// A control with a text, a caret and a selection. Offsets and lengths count 16-bit characters; a line end is CR LF and
-/// counts two.
+/// A control with a text, a caret and a selection. Offsets and lengths count 16-bit characters; a
+/// line end is CR LF and counts two.
 class TextInput : public TextControl {
 public:
     TextInput(Form& form, Control& container, char const* name, Bounds bounds);
@@ -14,16 +14,17 @@ public:
     virtual ::Text const& CurrentText() const = 0;
     virtual bool IsReadOnly() const = 0;
     virtual bool IsMultiLine() const = 0;
-    /// Replaces the selection by a text, whose lone CR or LF become line ends, puts the caret behind it and
-    /// raises Change.
+    /// Replaces the selection by a text, whose lone CR or LF become line ends, puts the caret
+    /// behind it and raises Change.
     virtual void ReplaceSelection(TextView text) = 0;
-    /// The host's own: what the user has made of the text, with the caret and the selection. True if the text is another.
+    /// The host's own: what the user has made of the text, with the caret and the selection. True
+    /// if the text is another.
     virtual bool Edited(::Text text, int start, int length) = 0;
     /// The host's own: where the user has put the caret; no event.
     void Selected(int start, int length);
 
-    /// Start of the selection, or the caret. Setting it empties the selection. Held within the text, and never between the
-    /// two characters of a line end.
+    /// Start of the selection, or the caret. Setting it empties the selection. Held within the
+    /// text, and never between the two characters of a line end.
     Property<int> SelStart;
     Property<int> SelLength;
 

@@ -85,7 +85,8 @@ char16_t* TreeView::TakeRoom(std::size_t size)
     auto& room = m_content->room;
     if (room.size() < size) {
         auto const taken = std::max(size, textBlock);
-        room = { std::pmr::polymorphic_allocator<char16_t>(&m_content->memory).allocate(taken), taken };
+        room = { std::pmr::polymorphic_allocator<char16_t>(&m_content->memory).allocate(taken),
+            taken };
     }
     char16_t* const start = room.data();
     room = room.subspan(size);

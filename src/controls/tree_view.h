@@ -16,7 +16,8 @@
 
 class TreeView;
 
-/// The picture of a node in the tree's image list: its place from 1, its key (a literal), or 0 for none.
+/// The picture of a node in the tree's image list: its place from 1, its key (a literal), or 0 for
+/// none.
 using NodeImage = std::variant<int, char const*>;
 
 /// What a node may be given when it is added.
@@ -78,7 +79,8 @@ private:
 
     static std::pmr::vector<Node*> const noNodes;
 
-    // A catalogue has tens of thousands of nodes, most of them leaves: filling the tree costs what its memory costs.
+    // A catalogue has tens of thousands of nodes, most of them leaves: filling the tree costs what
+    // its memory costs.
     TreeView& m_tree;
     Node* m_parent;
     std::pmr::vector<Node*>* m_children = nullptr; // made with the first child
@@ -92,8 +94,8 @@ private:
     bool m_bold;
 };
 
-/// The nodes of a tree, in large blocks. They stay where they are, and are never destroyed: they have nothing outside the memory
-/// that they are given.
+/// The nodes of a tree, in large blocks. They stay where they are, and are never destroyed: they
+/// have nothing outside the memory that they are given.
 class NodeList {
 public:
     template <class List, class Value> class Iterator {
@@ -125,7 +127,10 @@ public:
     std::size_t size() const { return m_size; }
     bool empty() const { return m_size == 0; }
     Node& operator[](std::size_t place) { return m_blocks[place / blockSize][place % blockSize]; }
-    Node const& operator[](std::size_t place) const { return m_blocks[place / blockSize][place % blockSize]; }
+    Node const& operator[](std::size_t place) const
+    {
+        return m_blocks[place / blockSize][place % blockSize];
+    }
     auto begin() { return Iterator<NodeList, Node>(*this, 0); }
     auto end() { return Iterator<NodeList, Node>(*this, m_size); }
     auto begin() const { return Iterator<NodeList const, Node const>(*this, 0); }
@@ -134,7 +139,8 @@ public:
     Node& Add(TreeView& tree, Node* parent, NodeLook const& look)
     {
         if (m_size % blockSize == 0)
-            m_blocks.push_back(std::pmr::polymorphic_allocator<Node>(&m_memory).allocate(blockSize));
+            m_blocks.push_back(
+                std::pmr::polymorphic_allocator<Node>(&m_memory).allocate(blockSize));
         Node* const node = new (m_blocks.back() + m_size % blockSize) Node(tree, parent, look);
         ++m_size;
         return *node;
@@ -156,9 +162,16 @@ public:
     char const* Kind() const override { return "TreeView"; }
     bool CanFocus() const override { return true; }
 
-    /// Adds a node at the root, or as the last child of a node of this tree. Keys are meant to be unique.
-    Node& Add(TextView key, TextView text, NodeLook const& look = {}) { return Add(nullptr, { key }, { text }, look); }
-    Node& Add(Node& parent, TextView key, TextView text, NodeLook const& look = {}) { return Add(&parent, { key }, { text }, look); }
+    /// Adds a node at the root, or as the last child of a node of this tree. Keys are meant to be
+    /// unique.
+    Node& Add(TextView key, TextView text, NodeLook const& look = {})
+    {
+        return Add(nullptr, { key }, { text }, look);
+    }
+    Node& Add(Node& parent, TextView key, TextView text, NodeLook const& look = {})
+    {
+        return Add(&parent, { key }, { text }, look);
+    }
     /// The same for many nodes whose texts are put together; at the root if there is no parent.
     Node& Add(Node* parent, TextParts const& key, TextParts const& text, NodeLook const& look);
     void Clear();
@@ -177,7 +190,8 @@ public:
     ImageList* Images = nullptr;
     std::function<void(Node& node)> NodeClick;
 
-    /// How often the tree has been cleared: a host that has seen this count and a number of nodes needs only the rest.
+    /// How often the tree has been cleared: a host that has seen this count and a number of nodes
+    /// needs only the rest.
     unsigned Revision() const { return m_revision; }
     void Reset() override;
 
@@ -194,11 +208,14 @@ private:
         using is_transparent = void;
         static TextView KeyOf(Node const* node) { return node->Key(); }
         static TextView KeyOf(TextView key) { return key; }
-        bool operator()(auto const& left, auto const& right) const { return KeyOf(left) == KeyOf(right); }
+        bool operator()(auto const& left, auto const& right) const
+        {
+            return KeyOf(left) == KeyOf(right);
+        }
     };
 
-    /// Keeps the blocks that are given back, for the next content: a tree is often filled anew with nearly the same nodes, and
-    /// fresh memory from the system takes longer than filling it.
+    /// Keeps the blocks that are given back, for the next content: a tree is often filled anew with
+    /// nearly the same nodes, and fresh memory from the system takes longer than filling it.
     class KeptBlocks final : public std::pmr::memory_resource {
     public:
         ~KeptBlocks() override;
@@ -206,13 +223,16 @@ private:
     private:
         void* do_allocate(std::size_t bytes, std::size_t alignment) override;
         void do_deallocate(void* block, std::size_t bytes, std::size_t alignment) override;
-        bool do_is_equal(std::pmr::memory_resource const& other) const noexcept override { return this == &other; }
+        bool do_is_equal(std::pmr::memory_resource const& other) const noexcept override
+        {
+            return this == &other;
+        }
 
         std::multimap<std::size_t, void*> m_blocks; // by size in bytes
     };
 
-    /// All that Clear forgets. It only grows until then, so its memory comes in large pieces and goes at once: the nodes have
-    /// nothing outside it and are not destroyed one by one.
+    /// All that Clear forgets. It only grows until then, so its memory comes in large pieces and
+    /// goes at once: the nodes have nothing outside it and are not destroyed one by one.
     struct Content {
         explicit Content(KeptBlocks& blocks)
             : memory(&blocks)
@@ -223,7 +243,8 @@ private:
         std::span<char16_t> room; // for the next texts
         NodeList nodes { memory };
         std::pmr::vector<Node*> roots { &memory };
-        std::unordered_set<Node*, KeyHash, SameKey> byKey; // of the first `indexed` nodes: brought up to date by Find
+        // of the first `indexed` nodes: brought up to date by Find
+        std::unordered_set<Node*, KeyHash, SameKey> byKey;
         std::size_t indexed = 0;
     };
 

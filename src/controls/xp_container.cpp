@@ -30,7 +30,8 @@ static constexpr PanelTheme themes[] = {
     { Hex(0xFCFAE4), Hex(0xF4EEB9), Hex(0xFDFCEE), Hex(0xFAF7DC), Hex(0xEAE195), Hex(0xE1D566) },
 };
 
-XPContainer::XPContainer(Form& form, Control& container, char const* name, Bounds bounds, TextView caption)
+XPContainer::XPContainer(
+    Form& form, Control& container, char const* name, Bounds bounds, TextView caption)
     : Control(form, container, name, bounds)
     , HeaderLightColor(*this, "HeaderLightColor", themes[0].headerLight)
     , HeaderDarkColor(*this, "HeaderDarkColor", themes[0].headerDark)
@@ -57,12 +58,14 @@ void XPContainer::Assigned(PropertyBase const& property, bool)
     TextColor = theme.text;
 }
 
-/// One part of a colour on its way down the rows of a gradient: a running value, rounded for each row alone.
+/// One part of a colour on its way down the rows of a gradient: a running value, rounded for each
+/// row alone.
 class RunningPart {
 public:
     RunningPart(Colour first, Colour second, int shift, int steps)
         : m_value(static_cast<float>((first >> shift) & 0xFF))
-        , m_step((m_value - static_cast<float>((second >> shift) & 0xFF)) / static_cast<float>(steps))
+        , m_step(
+              (m_value - static_cast<float>((second >> shift) & 0xFF)) / static_cast<float>(steps))
     {
     }
 
@@ -78,8 +81,8 @@ private:
     float m_value, m_step;
 };
 
-/// Rows of a gradient that reaches `second` after `steps` rows and runs on behind it. With no step there is no
-/// gradient, and nothing is painted.
+/// Rows of a gradient that reaches `second` after `steps` rows and runs on behind it. With no step
+/// there is no gradient, and nothing is painted.
 static void PaintGradient(
     Canvas& canvas, int left, int right, int top, int rows, int steps, Colour first, Colour second)
 {
@@ -87,7 +90,8 @@ static void PaintGradient(
         return;
     first = ResolvedColour(first);
     second = ResolvedColour(second);
-    RunningPart red(first, second, 0, steps), green(first, second, 8, steps), blue(first, second, 16, steps);
+    RunningPart red(first, second, 0, steps), green(first, second, 8, steps),
+        blue(first, second, 16, steps);
     for (int row = 0; row < rows; ++row) {
         unsigned const r = red.Next(), g = green.Next(), b = blue.Next();
         canvas.HorizontalLine(left, right, top + row, Rgb(r, g, b));
@@ -110,7 +114,8 @@ void XPContainer::PaintOn(Canvas& canvas) const
     if (Style == 0) {
         int const bodyTop = headerHeight + 1;
         int const steps = height - (headerHeight + 2) - 1;
-        PaintGradient(canvas, 0, inside, bodyTop, height - bodyTop, steps, BackLightColor, BackDarkColor);
+        PaintGradient(
+            canvas, 0, inside, bodyTop, height - bodyTop, steps, BackLightColor, BackDarkColor);
     } else {
         PaintGradient(canvas, 0, width, 0, height, height - 1, BackLightColor, BackDarkColor);
     }
@@ -121,5 +126,6 @@ void XPContainer::PaintOn(Canvas& canvas) const
     canvas.VerticalLine(width - 1, 0, height, border);
     // The strip lies on the panel, above the border where a panel is as low as the strip.
     if (Style == 0)
-        PaintGradient(canvas, 1, 1 + inside, 1, headerHeight, headerHeight - 1, HeaderLightColor, HeaderDarkColor);
+        PaintGradient(canvas, 1, 1 + inside, 1, headerHeight, headerHeight - 1, HeaderLightColor,
+            HeaderDarkColor);
 }

@@ -1,6 +1,7 @@
 #pragma once
-// The themed panel: a container with a one-pixel border, a vertical gradient and a header strip with a caption. It paints
-// itself, but for the caption, which a host puts over the strip as a label (`captionLeft`, Tahoma 8.25 bold, in `TextColor`).
+// The themed panel: a container with a one-pixel border, a vertical gradient and a header strip
+// with a caption. It paints itself, but for the caption, which a host puts over the strip as a
+// label (`captionLeft`, Tahoma 8.25 bold, in `TextColor`).
 
 #include "controls/canvas.h"
 
@@ -18,7 +19,8 @@ public:
     /// The same on a canvas of the caller's, which takes the panel's size.
     void PaintOn(Canvas& canvas) const;
 
-    Property<Colour> HeaderLightColor, HeaderDarkColor, BackLightColor, BackDarkColor, BorderColor, TextColor;
+    Property<Colour> HeaderLightColor, HeaderDarkColor, BackLightColor, BackDarkColor, BorderColor,
+        TextColor;
     Property<::Text> Caption;
     Property<int> Style; ///< 0 with a header strip, anything else without
     Property<int> Theme; ///< setting it overwrites the six colours by the theme's; 12 themes from 0

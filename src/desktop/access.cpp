@@ -46,10 +46,11 @@ QAccessibleInterface* MakeAccess(QString const&, QObject* object)
 {
     auto* const widget = qobject_cast<QWidget*>(object);
     auto const role = widget ? widget->property(roleProperty) : QVariant();
-    return role.isValid() ? new RoleAccess(*widget, static_cast<QAccessible::Role>(role.toInt())) : nullptr;
+    return role.isValid() ? new RoleAccess(*widget, static_cast<QAccessible::Role>(role.toInt()))
+                          : nullptr;
 }
 
-}
+} // namespace
 
 void TellRoles()
 {

@@ -56,7 +56,8 @@ public:
     std::function<void(Control& control)> acted;
     /// Where on the machine a file of the program's lies; set by whoever knows.
     std::function<Text(TextView path)> placeOf;
-    int pageZoom = 0; ///< how much larger than designed the text of pages is, in steps; for the run of the program
+    /// how much larger than designed the text of pages is, in steps; for the run of the program
+    int pageZoom = 0;
 
 private:
     bool m_mirroring = false;

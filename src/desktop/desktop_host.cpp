@@ -74,7 +74,8 @@ bool DesktopHost::MayComeUp() const
     return m_desk.screen && !m_desk.screen->Ended();
 }
 
-/// As if the user had called the window up: the model hears of it as of any act of the window system.
+/// As if the user had called the window up: the model hears of it as of any act of the window
+/// system.
 static void CallUp(QWidget& window)
 {
     QWindow* const owner = window.windowHandle()->transientParent();
@@ -213,8 +214,8 @@ void DesktopHost::Mirror()
     Reap();
 }
 
-/// The window from which the user called another up. It needn't be active any more: he may have gone to another program
-/// in between.
+/// The window from which the user called another up. It needn't be active any more: he may have
+/// gone to another program in between.
 QWidget* DesktopHost::OwnerOfNewWindows() const
 {
     bool const isUp = m_before && m_before->OwnForm().Visible && m_before->Widget()->isVisible();

@@ -29,8 +29,8 @@ public:
     void Run();
     /// Closes all forms, as at an orderly end of the program.
     void CloseAll();
-    /// Brings the window that the user would act on, and a message over it, to the front, also if it is minimised. May
-    /// be called while a handler waits for a modal form or a message.
+    /// Brings the window that the user would act on, and a message over it, to the front, also if
+    /// it is minimised. May be called while a handler waits for a modal form or a message.
     void ComeUp();
     /// False before the first form and after the program's end.
     bool MayComeUp() const;

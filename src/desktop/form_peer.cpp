@@ -120,7 +120,8 @@ void FormPeer::Place()
             window.resize(InnerSize({ m_form.Width, m_form.Height }, m_frame));
     }
     if (m_form.smallest.width > 0)
-        window.setMinimumSize(InnerSize(m_form.smallest, m_frame).boundedTo(window.screen()->availableSize()));
+        window.setMinimumSize(
+            InnerSize(m_form.smallest, m_frame).boundedTo(window.screen()->availableSize()));
     if (isNormal && std::exchange(m_moveWanted, false))
         window.move(Corner());
     if (window.isVisible() && m_state != m_form.WindowState()) {

@@ -15,7 +15,8 @@
 
 void DesktopHost::MessageBox(TextView text, TextView title)
 {
-    // A box that came up under a pressed button would take the click away from what the user pressed.
+    // A box that came up under a pressed button would take the click away from what the user
+    // pressed.
     if (QApplication::mouseButtons() != Qt::NoButton) {
         QTimer::singleShot(50, this,
             [this, later = Text(text), caption = Text(title)] { MessageBox(later, caption); });

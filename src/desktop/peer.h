@@ -29,8 +29,8 @@ public:
     virtual void Mirror();
 
     bool isDirty = true; ///< waits to be mirrored
-    bool isRetired
-        = false; ///< its form is gone, and the widget about to go: nothing is handed on any more
+    /// its form is gone, and the widget about to go: nothing is handed on any more
+    bool isRetired = false;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

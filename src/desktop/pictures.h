@@ -15,8 +15,9 @@ class Pictures {
 public:
     explicit Pictures(FileSystem const& files); // outlives this object
 
-    /// Empty if there is no such picture or it can't be decoded. A file is a JPEG, or no picture. The program's own come in the
-    /// resolution that the finest screen can show and are kept; a file is read at each call.
+    /// Empty if there is no such picture or it can't be decoded. A file is a JPEG, or no picture.
+    /// The program's own come in the resolution that the finest screen can show and are kept; a
+    /// file is read at each call.
     QPixmap Find(TextView name);
     /// An icon of the program's own, such as "icon", in all its sizes.
     QIcon Icon(char const* name) const;

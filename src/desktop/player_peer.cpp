@@ -66,7 +66,8 @@ void PlayerPeer::Listen()
 bool PlayerPeer::eventFilter(QObject* watched, QEvent* event)
 {
     bool const isKey = watched == Widget() && event->type() == QEvent::KeyPress;
-    return (isKey && UseKey(static_cast<QKeyEvent&>(*event).key())) || Peer::eventFilter(watched, event);
+    return (isKey && UseKey(static_cast<QKeyEvent&>(*event).key()))
+        || Peer::eventFilter(watched, event);
 }
 
 /// Space plays and halts, left and right go 5 seconds, up and down change the volume, M the sound.
@@ -121,7 +122,8 @@ void PlayerPeer::Noted(PropertyBase const& property)
     m_seekWanted |= &property == &m_control.currentPosition;
 }
 
-/// False for a damaged file with a picture of no frame rate: the player's back end (Qt 6.4) divides by it.
+/// False for a damaged file with a picture of no frame rate: the player's back end (Qt 6.4) divides
+/// by it.
 static bool HasFrameRates(QMediaPlayer const& player)
 {
     auto const tracks = player.videoTracks();
@@ -131,12 +133,13 @@ static bool HasFrameRates(QMediaPlayer const& player)
     });
 }
 
-/// True for a Windows Media file, by the identifier of its header object (Advanced Systems Format, 10.1). The player would take whatever
-/// else bears the name for what it looks like: a playlist, which opens other files and addresses.
+/// True for a Windows Media file, by the identifier of its header object (Advanced Systems Format,
+/// 10.1). The player would take whatever else bears the name for what it looks like: a playlist,
+/// which opens other files and addresses.
 static bool IsWindowsMedia(QString const& place)
 {
-    static constexpr char headerObject[]
-        = { '\x30', '\x26', '\xB2', '\x75', '\x8E', '\x66', '\xCF', '\x11', '\xA6', '\xD9', '\x00', '\xAA', '\x00', '\x62', '\xCE', '\x6C' };
+    static constexpr char headerObject[] = { '\x30', '\x26', '\xB2', '\x75', '\x8E', '\x66', '\xCF',
+        '\x11', '\xA6', '\xD9', '\x00', '\xAA', '\x00', '\x62', '\xCE', '\x6C' };
     if (!QFileInfo(place).isFile()) // Opening a pipe would wait.
         return false;
     QFile file(place);

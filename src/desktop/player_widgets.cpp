@@ -81,7 +81,8 @@ void PlayerBar::ShowTime(qint64 place, qint64 length)
 
 void PlayerBar::ShowMuted(bool muted)
 {
-    m_mute.setIcon(style()->standardIcon(muted ? QStyle::SP_MediaVolumeMuted : QStyle::SP_MediaVolume));
+    m_mute.setIcon(
+        style()->standardIcon(muted ? QStyle::SP_MediaVolumeMuted : QStyle::SP_MediaVolume));
     m_mute.setAccessibleName(muted ? tr("Sound on") : tr("Mute"));
     m_mute.setToolTip(m_mute.accessibleName());
 }

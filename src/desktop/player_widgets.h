@@ -24,7 +24,8 @@ private:
     QImage m_frame;
 };
 
-/// Play or halt, the place in the video in milliseconds, the time, mute, and the volume from 0 to 100.
+/// Play or halt, the place in the video in milliseconds, the time, mute, and the volume from 0 to
+/// 100.
 class PlayerBar final : public QWidget {
 public:
     explicit PlayerBar(QWidget* parent);

@@ -176,10 +176,11 @@ protected:
         if (!m_isPainted)
             m_panel.PaintOn(m_canvas);
         m_isPainted = true;
-        // A colour value has red in the low byte: the bytes of a pixel lie as red, green, blue and one unused.
+        // A colour value has red in the low byte: the bytes of a pixel lie as red, green, blue and
+        // one unused.
         static_assert(std::endian::native == std::endian::little);
-        QImage const image(reinterpret_cast<uchar const*>(m_canvas.Pixels().data()), m_canvas.Width(),
-            m_canvas.Height(), m_canvas.Width() * 4, QImage::Format_RGBX8888);
+        QImage const image(reinterpret_cast<uchar const*>(m_canvas.Pixels().data()),
+            m_canvas.Width(), m_canvas.Height(), m_canvas.Width() * 4, QImage::Format_RGBX8888);
         QPainter painter(this);
         for (QRect const& part : event->region())
             painter.drawImage(part.topLeft(), image, part);

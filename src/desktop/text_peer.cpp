@@ -103,7 +103,8 @@ TextBoxPeer::TextBoxPeer(Desk& desk, TextBox& control, QWidget& ground)
     : TextPeer(desk, control, ground)
     , m_textBox(control)
 {
-    m_shown.setVerticalScrollBarPolicy(control.ScrollBar ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    m_shown.setVerticalScrollBarPolicy(
+        control.ScrollBar ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
 void TextBoxPeer::MirrorText()

@@ -52,7 +52,8 @@ static Json ClickNode(Machine& machine, Arguments const& arguments)
 static Json Expand(Machine& machine, Arguments const& arguments)
 {
     bool const expanded = arguments.BooleanAt(2);
-    return Answer(machine.input.Expand(arguments.ControlOf<TreeView>(0), NodeAt(arguments), expanded));
+    return Answer(
+        machine.input.Expand(arguments.ControlOf<TreeView>(0), NodeAt(arguments), expanded));
 }
 
 static Json Focus(Machine& machine, Arguments const& arguments)
@@ -67,8 +68,8 @@ static Json TypeText(Machine& machine, Arguments const& arguments)
 
 static Json Select(Machine& machine, Arguments const& arguments)
 {
-    return Answer(
-        machine.input.Select(arguments.ControlOf<TextInput>(0), arguments.IntegerAt(1), arguments.IntegerAt(2)));
+    return Answer(machine.input.Select(
+        arguments.ControlOf<TextInput>(0), arguments.IntegerAt(1), arguments.IntegerAt(2)));
 }
 
 static Json PressKey(Machine& machine, Arguments const& arguments)
@@ -88,7 +89,8 @@ static Json Choose(Machine& machine, Arguments const& arguments)
 
 static Json Scroll(Machine& machine, Arguments const& arguments)
 {
-    return Answer(machine.input.DragThumb(arguments.ControlOf<ScrollBar>(0), arguments.IntegerAt(1), true));
+    return Answer(
+        machine.input.DragThumb(arguments.ControlOf<ScrollBar>(0), arguments.IntegerAt(1), true));
 }
 
 template <class Meaning> struct Named {
@@ -107,18 +109,20 @@ static Meaning Choice(std::string const& word, Named<Meaning> const (&choices)[s
 
 static Json Bar(Machine& machine, Arguments const& arguments)
 {
-    static constexpr Named<BarStep> steps[] = { { "less", BarStep::Less }, { "more", BarStep::More },
-        { "pageless", BarStep::PageLess }, { "pagemore", BarStep::PageMore } };
-    return Answer(machine.input.Step(arguments.ControlOf<ScrollBar>(0), Choice(arguments.Word(1), steps)));
+    static constexpr Named<BarStep> steps[]
+        = { { "less", BarStep::Less }, { "more", BarStep::More }, { "pageless", BarStep::PageLess },
+              { "pagemore", BarStep::PageMore } };
+    return Answer(
+        machine.input.Step(arguments.ControlOf<ScrollBar>(0), Choice(arguments.Word(1), steps)));
 }
 
 static Json Mouse(Machine& machine, Arguments const& arguments)
 {
-    static constexpr Named<MouseAction> mouseActions[]
-        = { { "down", MouseAction::Down }, { "move", MouseAction::Move }, { "up", MouseAction::Up } };
+    static constexpr Named<MouseAction> mouseActions[] = { { "down", MouseAction::Down },
+        { "move", MouseAction::Move }, { "up", MouseAction::Up } };
     auto const action = Choice(arguments.Word(1), mouseActions);
-    return Answer(
-        machine.input.Mouse(arguments.ControlAt(0), action, arguments.NumberAt(2), arguments.NumberAt(3)));
+    return Answer(machine.input.Mouse(
+        arguments.ControlAt(0), action, arguments.NumberAt(2), arguments.NumberAt(3)));
 }
 
 static Json Tick(Machine& machine, Arguments const& arguments)
@@ -132,14 +136,16 @@ static Json Tick(Machine& machine, Arguments const& arguments)
 
 static Json Resize(Machine& machine, Arguments const& arguments)
 {
-    return Answer(machine.input.Resize(arguments.FormAt(0), arguments.NumberAt(1), arguments.NumberAt(2)));
+    return Answer(
+        machine.input.Resize(arguments.FormAt(0), arguments.NumberAt(1), arguments.NumberAt(2)));
 }
 
 static Json State(Machine& machine, Arguments const& arguments)
 {
-    static constexpr Named<WindowState> states[] = { { "0", WindowState::Normal }, { "1", WindowState::Minimised },
-        { "2", WindowState::Maximised } };
-    return Answer(machine.input.ChangeState(arguments.FormAt(0), Choice(arguments.Word(1), states)));
+    static constexpr Named<WindowState> states[] = { { "0", WindowState::Normal },
+        { "1", WindowState::Minimised }, { "2", WindowState::Maximised } };
+    return Answer(
+        machine.input.ChangeState(arguments.FormAt(0), Choice(arguments.Word(1), states)));
 }
 
 static Json Close(Machine& machine, Arguments const& arguments)
@@ -157,7 +163,8 @@ static Json Clipboard(Machine& machine, Arguments const& arguments)
 
 static Json Setting(Machine& machine, Arguments const& arguments)
 {
-    auto const written = machine.settings.Write(arguments.TextAt(0), arguments.TextAt(1), arguments.TextAt(2));
+    auto const written
+        = machine.settings.Write(arguments.TextAt(0), arguments.TextAt(1), arguments.TextAt(2));
     if (!written)
         throw CommandError(ToUtf8(written.failure().Message()));
     return Json::object();

@@ -9,7 +9,8 @@
 
 class Arguments {
 public:
-    /// `words` are those behind the command's own. All functions throw CommandError if the word is missing or another thing.
+    /// `words` are those behind the command's own. All functions throw CommandError if the word is
+    /// missing or another thing.
     Arguments(Screen& screen, std::span<Word const> words)
         : m_screen(screen)
         , m_words(words)

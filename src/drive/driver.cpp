@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
-Driver::Driver(
-    Machine& machine, std::istream& script, std::ostream& answers, std::function<void(int status)> powerCut)
+Driver::Driver(Machine& machine, std::istream& script, std::ostream& answers,
+    std::function<void(int status)> powerCut)
     : m_machine(machine)
     , m_script(script)
     , m_answers(answers)
@@ -21,8 +21,11 @@ Driver::Driver(
         if (!machine.watched.contains(&property))
             return;
         bool const isForm = &control == &control.OwnForm();
-        std::string const owner = isForm ? control.Name() : std::string(control.OwnForm().Name()) + "." + control.Name();
-        machine.changes.push_back({ { "property", owner + "." + property.Name() }, { "value", ToJson(property.Get()) } });
+        std::string const owner = isForm
+            ? control.Name()
+            : std::string(control.OwnForm().Name()) + "." + control.Name();
+        machine.changes.push_back(
+            { { "property", owner + "." + property.Name() }, { "value", ToJson(property.Get()) } });
     };
 }
 
@@ -49,7 +52,8 @@ void Driver::Serve(Form* modal)
         if (first == std::string::npos || line[first] == '#')
             continue;
         ServeLine(line);
-        // The command that closed the modal form is answered when the handler that waited for it has gone on.
+        // The command that closed the modal form is answered when the handler that waited for it
+        // has gone on.
         if (!IsOver(modal))
             GiveAnswer();
     }
@@ -70,14 +74,16 @@ void Driver::ServeLine(std::string const& line)
     int const number = m_current->number;
     if (!answer)
         answer = Carry(words);
-    // A command that opened a modal form has been answered when that came up; what is open now is a later one.
+    // A command that opened a modal form has been answered when that came up; what is open now is a
+    // later one.
     if (m_current && m_current->number == number)
         m_current->answer = *answer;
 }
 
 void Driver::Begin(bool isTurn)
 {
-    m_current = Current { ++m_read, Json::object(), !isTurn && m_turn > 0, m_machine.host.turns.Given() };
+    m_current
+        = Current { ++m_read, Json::object(), !isTurn && m_turn > 0, m_machine.host.turns.Given() };
     if (!m_current->countsTurns)
         return;
     m_served.reset();
@@ -140,8 +146,9 @@ void Driver::ArmTurn(std::vector<Word> const& words)
     if (turn < 1)
         throw CommandError("turns are counted from 1");
     // The command may be written as one quoted word or as words of its own.
-    m_inTurn = words.size() == 3 && words[2].quoted ? SplitWords(words[2].text)
-                                                    : std::vector<Word>(words.begin() + 2, words.end());
+    m_inTurn = words.size() == 3 && words[2].quoted
+        ? SplitWords(words[2].text)
+        : std::vector<Word>(words.begin() + 2, words.end());
     if (m_inTurn.empty() || m_inTurn.front().text == "turn")
         throw CommandError("this can't be served in a turn");
     m_turn = static_cast<Turns::Count>(turn);

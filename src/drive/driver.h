@@ -12,9 +12,11 @@
 class Driver {
 public:
     /// Everything outlives the driver. `powerCut` ends the process at once.
-    Driver(Machine& machine, std::istream& script, std::ostream& answers, std::function<void(int status)> powerCut);
+    Driver(Machine& machine, std::istream& script, std::ostream& answers,
+        std::function<void(int status)> powerCut);
 
-    /// Serves the script from its first line to its end, or until the program has ended, and closes the forms.
+    /// Serves the script from its first line to its end, or until the program has ended, and closes
+    /// the forms.
     void Run();
 
     /// 1 if any command was answered with an error, else 0.

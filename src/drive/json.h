@@ -15,7 +15,8 @@ struct CommandError : std::runtime_error {
 };
 
 Json ToJson(TextView text);
-/// A number without a fraction becomes an integer, any other the shortest decimal that is the same float.
+/// A number without a fraction becomes an integer, any other the shortest decimal that is the same
+/// float.
 Json ToJson(float number);
 Json ToJson(Value const& value);
 /// All properties of a control by their names.

@@ -1,4 +1,5 @@
-// sparrowfield-drive: the whole program without a screen, driven line by line. Its manual is docs/drive.md.
+// sparrowfield-drive: the whole program without a screen, driven line by line. Its manual is
+// docs/drive.md.
 
 #include "drive/driver.h"
 #include "platform/host/folders.h"
@@ -65,8 +66,9 @@ private:
 int RunScript(Options const& options, std::istream& script, Size screen)
 {
     UserFolder user(options.user);
-    fs::path const application
-        = options.app.empty() ? fs::read_symlink("/proc/self/exe").parent_path() : fs::absolute(options.app);
+    fs::path const application = options.app.empty()
+        ? fs::read_symlink("/proc/self/exe").parent_path()
+        : fs::absolute(options.app);
     if (!options.data.empty())
         fs::current_path(options.data);
 
@@ -89,18 +91,24 @@ int RunScript(Options const& options, std::istream& script, Size screen)
     return driver.Status();
 }
 
-}
+} // namespace
 
 int main(int count, char** words)
 {
-    CLI::App app { "Runs the whole program without a screen, driven by a script of one command a line." };
+    CLI::App app {
+        "Runs the whole program without a screen, driven by a script of one command a line."
+    };
     Options options;
-    app.add_option("--app", options.app, "the application folder (left out: the folder of this program)")
+    app.add_option(
+           "--app", options.app, "the application folder (left out: the folder of this program)")
         ->check(CLI::ExistingDirectory);
-    app.add_option("--data", options.data, "the current directory of the run")->check(CLI::ExistingDirectory);
-    app.add_option("--user", options.user, "the user's own folder, kept for the next run (left out: a fresh one)");
+    app.add_option("--data", options.data, "the current directory of the run")
+        ->check(CLI::ExistingDirectory);
+    app.add_option("--user", options.user,
+        "the user's own folder, kept for the next run (left out: a fresh one)");
     app.add_option("--screen", options.screen, "the screen in pixels, WIDTHxHEIGHT");
-    app.add_option("SCRIPT", options.script, "a file with one command a line (left out: standard input)");
+    app.add_option(
+        "SCRIPT", options.script, "a file with one command a line (left out: standard input)");
     try {
         app.parse(count, words);
     } catch (CLI::ParseError const& error) {

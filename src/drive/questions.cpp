@@ -9,9 +9,10 @@ static Json Forms(Machine& machine, Arguments const&)
 {
     Json forms = Json::array();
     for (Form const* form : machine.screen.Loaded())
-        forms.push_back({ { "name", form->Name() }, { "caption", ToJson(TextView(form->Caption())) },
-            { "visible", form->Visible() }, { "modal", form->IsModal() },
-            { "active", machine.screen.Active() == form }, { "windowState", static_cast<int>(form->WindowState()) } });
+        forms.push_back({ { "name", form->Name() },
+            { "caption", ToJson(TextView(form->Caption())) }, { "visible", form->Visible() },
+            { "modal", form->IsModal() }, { "active", machine.screen.Active() == form },
+            { "windowState", static_cast<int>(form->WindowState()) } });
     return { { "forms", forms } };
 }
 
@@ -37,9 +38,12 @@ static Json Menus(Machine&, Arguments const& arguments)
     for (Menu const* menu : arguments.FormAt(0).Menus()) {
         Json entries = Json::array();
         for (MenuEntry const* entry : menu->Entries())
-            entries.push_back({ { "name", entry->Name() }, { "caption", ToJson(TextView(entry->Caption())) },
-                { "shortcut", ToJson(TextView(entry->Shortcut())) }, { "enabled", entry->Enabled() } });
-        menus.push_back({ { "name", menu->Name() }, { "caption", ToJson(TextView(menu->Caption())) }, { "entries", entries } });
+            entries.push_back(
+                { { "name", entry->Name() }, { "caption", ToJson(TextView(entry->Caption())) },
+                    { "shortcut", ToJson(TextView(entry->Shortcut())) },
+                    { "enabled", entry->Enabled() } });
+        menus.push_back({ { "name", menu->Name() },
+            { "caption", ToJson(TextView(menu->Caption())) }, { "entries", entries } });
     }
     return { { "menus", menus } };
 }
@@ -69,7 +73,8 @@ static Json Tree(Machine&, Arguments const& arguments)
     auto const& tree = arguments.ControlOf<TreeView>(0);
     Json nodes = Json::array();
     for (Node const& node : tree.Nodes())
-        nodes.push_back({ { "key", ToJson(node.Key()) }, { "parent", node.Parent() ? ToJson(node.Parent()->Key()) : "" },
+        nodes.push_back({ { "key", ToJson(node.Key()) },
+            { "parent", node.Parent() ? ToJson(node.Parent()->Key()) : "" },
             { "text", ToJson(TextView(node.Caption())) }, { "image", ImageOf(node.Image()) },
             { "selectedImage", ImageOf(node.SelectedImage()) }, { "bold", node.Bold() },
             { "expanded", node.Expanded() }, { "selected", tree.Selected() == &node },
@@ -91,22 +96,25 @@ static Json Rich(Machine&, Arguments const& arguments)
     for (auto const& [start, format] : box.Paragraphs())
         paragraphs.push_back({ { "start", start }, { "left", ToJson(format.left) },
             { "right", ToJson(format.right) }, { "hanging", ToJson(format.hanging) } });
-    return { { "text", ToJson(TextView(box.Text())) }, { "caret", box.SelStart() }, { "selectionLength", box.SelLength() },
-        { "top", box.TopOffset() }, { "runs", runs }, { "paragraphs", paragraphs } };
+    return { { "text", ToJson(TextView(box.Text())) }, { "caret", box.SelStart() },
+        { "selectionLength", box.SelLength() }, { "top", box.TopOffset() }, { "runs", runs },
+        { "paragraphs", paragraphs } };
 }
 
 static Json Messages(Machine& machine, Arguments const&)
 {
     Json messages = Json::array();
     for (auto const& message : machine.host.TakeMessages())
-        messages.push_back({ { "text", ToJson(TextView(message.text)) }, { "title", ToJson(TextView(message.title)) } });
+        messages.push_back({ { "text", ToJson(TextView(message.text)) },
+            { "title", ToJson(TextView(message.title)) } });
     return { { "messages", messages } };
 }
 
 static Json Page(Machine& machine, Arguments const& arguments)
 {
     auto const& browser = arguments.ControlOf<WebBrowser>(0);
-    return { { "url", ToJson(TextView(browser.Url())) }, { "html", ToJson(TextView(machine.host.Html(browser))) } };
+    return { { "url", ToJson(TextView(browser.Url())) },
+        { "html", ToJson(TextView(machine.host.Html(browser))) } };
 }
 
 static Json Printed(Machine& machine, Arguments const&)
@@ -117,10 +125,12 @@ static Json Printed(Machine& machine, Arguments const&)
         for (auto const& page : job.pages) {
             Json pieces = Json::array();
             for (auto const& [x, y, text] : page)
-                pieces.push_back({ { "x", ToJson(x) }, { "y", ToJson(y) }, { "text", ToJson(TextView(text)) } });
+                pieces.push_back(
+                    { { "x", ToJson(x) }, { "y", ToJson(y) }, { "text", ToJson(TextView(text)) } });
             pages.push_back(std::move(pieces));
         }
-        jobs.push_back({ { "font", ToJson(TextView(job.font)) }, { "size", ToJson(job.size) }, { "pages", pages } });
+        jobs.push_back({ { "font", ToJson(TextView(job.font)) }, { "size", ToJson(job.size) },
+            { "pages", pages } });
     }
     return { { "jobs", jobs } };
 }
@@ -132,7 +142,8 @@ static Json Settings(Machine& machine, Arguments const&)
         throw CommandError(ToUtf8(all.failure().Message()));
     Json settings = Json::array();
     for (auto const& [section, key, value] : *all)
-        settings.push_back({ { "section", ToJson(TextView(section)) }, { "key", ToJson(TextView(key)) }, { "value", ToJson(TextView(value)) } });
+        settings.push_back({ { "section", ToJson(TextView(section)) },
+            { "key", ToJson(TextView(key)) }, { "value", ToJson(TextView(value)) } });
     return { { "settings", settings } };
 }
 
@@ -140,7 +151,8 @@ static Json Opened(Machine& machine, Arguments const&)
 {
     Json opened = Json::array();
     for (auto const& [verb, file] : std::exchange(machine.shell.opened, {}))
-        opened.push_back({ { "verb", ToJson(TextView(verb)) }, { "file", ToJson(TextView(file)) } });
+        opened.push_back(
+            { { "verb", ToJson(TextView(verb)) }, { "file", ToJson(TextView(file)) } });
     return { { "opened", opened } };
 }
 

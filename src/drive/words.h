@@ -10,6 +10,6 @@ struct Word {
     bool quoted = false;
 };
 
-/// The words of a line, parted by blanks; a word that begins with `"` is a JSON string. Throws CommandError for a string
-/// that is none.
+/// The words of a line, parted by blanks; a word that begins with `"` is a JSON string. Throws
+/// CommandError for a string that is none.
 std::vector<Word> SplitWords(std::string_view line);

@@ -3,8 +3,8 @@
 #include "base/code_page.h"
 #include "controls/media.h"
 #include "controls/screen.h"
-#include "platform/jpeg.h"
 #include "headless/text_measure.h"
+#include "platform/jpeg.h"
 
 #include <utility>
 

@@ -6,13 +6,28 @@
 #include "controls/screen.h"
 #include "headless/text_keys.h"
 
-enum : int { tab = 9, enter = 13, escape = 27, space = 32, pageUp, pageDown, end, home, left, up, right, down, f4 = 115 };
+enum : int {
+    tab = 9,
+    enter = 13,
+    escape = 27,
+    space = 32,
+    pageUp,
+    pageDown,
+    end,
+    home,
+    left,
+    up,
+    right,
+    down,
+    f4 = 115
+};
 
-/// True for the keys that do nothing by themselves: Shift, Ctrl, Alt, the system's two, and those that lock.
+/// True for the keys that do nothing by themselves: Shift, Ctrl, Alt, the system's two, and those
+/// that lock.
 static bool IsModifier(int keyCode)
 {
-    return (keyCode >= 16 && keyCode <= 18) || keyCode == 20 || keyCode == 91 || keyCode == 92 || keyCode == 144
-        || keyCode == 145 || (keyCode >= 160 && keyCode <= 165);
+    return (keyCode >= 16 && keyCode <= 18) || keyCode == 20 || keyCode == 91 || keyCode == 92
+        || keyCode == 144 || keyCode == 145 || (keyCode >= 160 && keyCode <= 165);
 }
 
 /// A key that brought up another form is let go over that.
@@ -22,13 +37,14 @@ static bool HearsRelease(Input const& input, Control const& control)
     return input.Blocked(control).empty() && form.OwnScreen().Active() == &form;
 }
 
-/// The virtual key code of a character: letters by their capitals, digits and the blank by themselves.
+/// The virtual key code of a character: letters by their capitals, digits and the blank by
+/// themselves.
 static int KeyCodeOf(char16_t character)
 {
     if (character >= u'a' && character <= u'z')
         return character - u'a' + 'A';
-    bool const isItself = (character >= u'0' && character <= u'9') || (character >= u'A' && character <= u'Z')
-        || character == u' ' || character == u'\r';
+    bool const isItself = (character >= u'0' && character <= u'9')
+        || (character >= u'A' && character <= u'Z') || character == u' ' || character == u'\r';
     return isItself ? character : 0;
 }
 
@@ -155,7 +171,9 @@ static char16_t CharacterOf(int keyCode, int shift)
 static void Strike(Input& input, Screen& screen, Control& target, int keyCode, int shift)
 {
     Form& form = target.OwnForm();
-    Control* const next = keyCode == tab ? screen.NextInTabOrder(form, form.Focus(), (shift & shiftKey) != 0) : nullptr;
+    Control* const next = keyCode == tab
+        ? screen.NextInTabOrder(form, form.Focus(), (shift & shiftKey) != 0)
+        : nullptr;
     if (next) {
         input.Focus(*next);
         return;
@@ -178,7 +196,8 @@ static void Strike(Input& input, Screen& screen, Control& target, int keyCode, i
 Refusal Press(Input& input, Screen& screen, Control& target, int keyCode, int shift)
 {
     bool const isForm = &target == &target.OwnForm();
-    if (auto refusal = isForm ? input.Blocked(target.OwnForm()) : input.Blocked(target); !refusal.empty())
+    if (auto refusal = isForm ? input.Blocked(target.OwnForm()) : input.Blocked(target);
+        !refusal.empty())
         return refusal;
     if (!isForm && target.CanFocus())
         input.Focus(target);

@@ -2,7 +2,18 @@
 
 #include <algorithm>
 
-enum : int { backspace = 8, pageUp = 33, pageDown, end, home, left, up, right, down, deleteKey = 46 };
+enum : int {
+    backspace = 8,
+    pageUp = 33,
+    pageDown,
+    end,
+    home,
+    left,
+    up,
+    right,
+    down,
+    deleteKey = 46
+};
 
 Refusal ReplaceByUser(Input& input, TextInput& box, TextView text)
 {
@@ -14,16 +25,19 @@ Refusal ReplaceByUser(Input& input, TextInput& box, TextView text)
 
 static bool IsLineEnd(Text const& text, int at)
 {
-    return at >= 0 && static_cast<std::size_t>(at) + 1 < text.size() && text[static_cast<std::size_t>(at)] == u'\r'
+    return at >= 0 && static_cast<std::size_t>(at) + 1 < text.size()
+        && text[static_cast<std::size_t>(at)] == u'\r'
         && text[static_cast<std::size_t>(at) + 1] == u'\n';
 }
 
-/// True if two 16-bit characters stand here that no key parts: a line end, or the halves of one character.
+/// True if two 16-bit characters stand here that no key parts: a line end, or the halves of one
+/// character.
 static bool IsPair(Text const& text, int at)
 {
     if (at < 0 || static_cast<std::size_t>(at) + 1 >= text.size())
         return false;
-    char16_t const first = text[static_cast<std::size_t>(at)], second = text[static_cast<std::size_t>(at) + 1];
+    char16_t const first = text[static_cast<std::size_t>(at)],
+                   second = text[static_cast<std::size_t>(at) + 1];
     return IsLineEnd(text, at) || ((first & 0xFC00) == 0xD800 && (second & 0xFC00) == 0xDC00);
 }
 
@@ -93,7 +107,8 @@ static void MoveCaret(Input& input, TextInput& box, int keyCode, int shift)
 {
     auto const& text = box.CurrentText();
     int const selectionEnd = box.SelStart + box.SelLength;
-    bool const forwards = keyCode == right || keyCode == down || keyCode == end || keyCode == pageDown;
+    bool const forwards
+        = keyCode == right || keyCode == down || keyCode == end || keyCode == pageDown;
     bool const control = (shift & controlKey) != 0;
     if ((shift & shiftKey) != 0) {
         // Of a selection the end in the key's direction moves, the other stays.
@@ -103,7 +118,8 @@ static void MoveCaret(Input& input, TextInput& box, int keyCode, int shift)
     } else if (box.SelLength > 0 && (keyCode == left || keyCode == right)) {
         input.Select(box, keyCode == left ? box.SelStart() : selectionEnd, 0);
     } else {
-        input.Select(box, Moved(text, forwards ? selectionEnd : box.SelStart(), keyCode, control), 0);
+        input.Select(
+            box, Moved(text, forwards ? selectionEnd : box.SelStart(), keyCode, control), 0);
     }
 }
 
@@ -121,8 +137,9 @@ static void Erase(Input& input, TextInput& box, bool backwards)
 
 static bool PressClipboardKey(Input& input, Host& host, TextInput& box, int keyCode)
 {
-    auto const selected
-        = TextView(box.CurrentText()).substr(static_cast<std::size_t>(box.SelStart()), static_cast<std::size_t>(box.SelLength()));
+    auto const selected = TextView(box.CurrentText())
+                              .substr(static_cast<std::size_t>(box.SelStart()),
+                                  static_cast<std::size_t>(box.SelLength()));
     switch (keyCode) {
     case 'A':
         input.Select(box, 0, static_cast<int>(box.CurrentText().size()));

@@ -45,7 +45,7 @@ private:
     }
 };
 
-}
+} // namespace
 
 Size MeasureFixed(Font const& font, TextView text, float wrapWidth)
 {

@@ -49,8 +49,8 @@ constexpr char const *othersName = "answers-without-their-study", *notesName = "
 /// beyond), "_", "-" or a blank becomes "_".
 std::string BareName(TextView study)
 {
-    constexpr std::size_t longest
-        = 60; // characters; of three bytes, they leave place for a number and an ending
+    // characters; of three bytes, they leave place for a number and an ending
+    constexpr std::size_t longest = 60;
     std::string name;
     for (char16_t const character : study.substr(0, longest)) {
         bool const isSafe = (character >= u'a' && character <= u'z')
@@ -160,8 +160,8 @@ AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem const& files)
     for (auto const& [name, bytes] : work.notes) {
         if (!name.ends_with(ending))
             continue;
-        auto const note = ReadNote(
-            files, u"C:\\Program Files\\Sparrowfield Interactive Software\\notes\\" + FromUtf8(name));
+        auto const note = ReadNote(files,
+            u"C:\\Program Files\\Sparrowfield Interactive Software\\notes\\" + FromUtf8(name));
         if (!note || Trim(*note).empty())
             continue;
         // "John3" is John 3, "2 John" the whole of 2 John.

@@ -9,8 +9,8 @@ struct AnsweredQuestion {
     Text number; ///< of the page
     std::vector<Text> question; ///< paragraphs; none if the study isn't there
     Text answer; ///< the user's own, with its line ends
-    std::vector<Text> publisher; ///< paragraphs of the publisher's answer; none if it wasn't asked
-                                 ///< for or there is none
+    /// paragraphs of the publisher's answer; none if it wasn't asked for or there is none
+    std::vector<Text> publisher;
 };
 
 struct AnsweredLesson {
@@ -19,8 +19,8 @@ struct AnsweredLesson {
 };
 
 struct AnswerDocument {
-    std::string name; ///< of its file, without an ending; bare, and no two alike, even on a disk
-                      ///< that ignores case
+    /// of its file, without an ending; bare, and no two alike, even on a disk that ignores case
+    std::string name;
     Text title;
     std::vector<AnsweredLesson> lessons;
 };

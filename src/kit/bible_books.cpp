@@ -15,7 +15,7 @@ bool IsEmpty(std::vector<GatheredVerse> const& verses)
     return std::ranges::all_of(verses, [](auto const& verse) { return verse.text.empty(); });
 }
 
-}
+} // namespace
 
 BibleBooks::BibleBooks()
 {
@@ -35,7 +35,9 @@ bool BibleBooks::Has(std::size_t book, int chapter, int verse)
 
 GatheredVerse& BibleBooks::At(std::size_t book, int chapter, int verse)
 {
-    return m_books.at(book).at(static_cast<std::size_t>(chapter) - 1).at(static_cast<std::size_t>(verse) - 1);
+    return m_books.at(book)
+        .at(static_cast<std::size_t>(chapter) - 1)
+        .at(static_cast<std::size_t>(verse) - 1);
 }
 
 bool BibleBooks::PartRomans()
@@ -64,8 +66,8 @@ bool BibleBooks::PartRomans()
     return true;
 }
 
-void BibleBooks::CheckChapter(std::size_t book, std::size_t chapter, std::vector<std::string>& absent,
-    std::vector<std::string>& missing) const
+void BibleBooks::CheckChapter(std::size_t book, std::size_t chapter,
+    std::vector<std::string>& absent, std::vector<std::string>& missing) const
 {
     auto const& verses = m_books[book][chapter];
     if (IsEmpty(verses)) {
@@ -75,13 +77,15 @@ void BibleBooks::CheckChapter(std::size_t book, std::size_t chapter, std::vector
     for (std::size_t verse = 0; verse < verses.size(); ++verse) {
         if (!verses[verse].text.empty())
             continue;
-        bool const isUsual
-            = IsOftenAbsent(Canon()[book].name, static_cast<int>(chapter) + 1, static_cast<int>(verse) + 1);
-        (isUsual ? absent : missing).push_back(Reference(book, chapter + 1) + ':' + std::to_string(verse + 1));
+        bool const isUsual = IsOftenAbsent(
+            Canon()[book].name, static_cast<int>(chapter) + 1, static_cast<int>(verse) + 1);
+        (isUsual ? absent : missing)
+            .push_back(Reference(book, chapter + 1) + ':' + std::to_string(verse + 1));
     }
 }
 
-std::vector<std::string> BibleBooks::CheckWhole(std::string const& file, int lastLine, Faults& faults) const
+std::vector<std::string> BibleBooks::CheckWhole(
+    std::string const& file, int lastLine, Faults& faults) const
 {
     std::vector<std::string> absent, missing;
     for (std::size_t book = 0; book < m_books.size(); ++book) {

@@ -61,7 +61,10 @@ public:
     bool IsEmpty() const { return m_bookName.empty(); }
 
 private:
-    void Report(int line, std::string message) { m_faults.push_back({ m_file, line, std::move(message) }); }
+    void Report(int line, std::string message)
+    {
+        m_faults.push_back({ m_file, line, std::move(message) });
+    }
 
     void OpenBook(ExportEntry const& entry)
     {
@@ -94,7 +97,8 @@ private:
         }
         auto& place = m_books.At(m_book, entry.chapter, entry.verse);
         if (place.line > 0)
-            Report(entry.line, reference + " a second time, first in line " + std::to_string(place.line));
+            Report(entry.line,
+                reference + " a second time, first in line " + std::to_string(place.line));
         place = { verse.text, verse.startsParagraph, entry.line };
     }
 
@@ -111,18 +115,22 @@ private:
     std::vector<std::string> m_furtherBooks;
 };
 
-/// A verse as it may stand in a book file: in code page 1252, with single blanks, what has a meaning there or in a page of
-/// HTML replaced.
+/// A verse as it may stand in a book file: in code page 1252, with single blanks, what has a
+/// meaning there or in a page of HTML replaced.
 NearestForm FileText(std::string const& utf8)
 {
     auto form = NearestCodePage(FromUtf8(utf8));
-    form.replaced += std::erase_if(form.bytes, [](char byte) { return byte == '*' || byte == paragraphMark; });
+    form.replaced += std::erase_if(
+        form.bytes, [](char byte) { return byte == '*' || byte == paragraphMark; });
     std::string bytes;
     for (char const byte : form.bytes) {
         bool const isBlank = byte >= 0 && byte <= ' ';
         if (isBlank && (bytes.empty() || bytes.ends_with(' ')))
             continue;
-        bytes += isBlank ? " " : byte == '&' ? "&amp;" : byte == '<' ? "&lt;" : std::string(1, byte);
+        bytes += isBlank  ? " "
+            : byte == '&' ? "&amp;"
+            : byte == '<' ? "&lt;"
+                          : std::string(1, byte);
     }
     if (bytes.ends_with(' '))
         bytes.pop_back();
@@ -140,7 +148,8 @@ std::string WriteBook(std::size_t book, BibleBooks& books, BibleImport& result)
             if (gathered.text.empty())
                 continue;
             auto const text = FileText(gathered.text);
-            bytes += WriteVerseRecord({ chapter, verse, gathered.startsParagraph, text.bytes }, lineWidth);
+            bytes += WriteVerseRecord(
+                { chapter, verse, gathered.startsParagraph, text.bytes }, lineWidth);
             result.verses += 1;
             result.paragraphs += gathered.startsParagraph;
             result.replaced += text.replaced;
@@ -150,7 +159,7 @@ std::string WriteBook(std::size_t book, BibleBooks& books, BibleImport& result)
     return bytes;
 }
 
-}
+} // namespace
 
 bool IsAboutText(std::string const& utf8)
 {
@@ -176,7 +185,8 @@ std::optional<BibleImport> ImportBible(
         return std::nullopt;
     std::string index;
     for (std::size_t book = 0; book < bookCount; ++book) {
-        auto const name = std::filesystem::path(translation) / (translation + std::to_string(book + 1));
+        auto const name
+            = std::filesystem::path(translation) / (translation + std::to_string(book + 1));
         result.files[name] = WriteBook(book, gathering.Books(), result);
         auto const& canon = Canon()[book];
         index += ToUtf8(canon.name) + '|' + std::to_string(canon.verseCounts.size()) + "\r\n";

@@ -15,7 +15,7 @@ Text PlainText(std::string_view bytes)
     return text;
 }
 
-}
+} // namespace
 
 std::optional<BibleTexts> BibleTexts::Open(
     std::filesystem::path const& folder, std::string const& translation, Faults& faults)
@@ -47,7 +47,8 @@ BibleTexts::Chapters const& BibleTexts::ReadBook(std::size_t book, Faults& fault
     auto const [place, isNew] = m_read.try_emplace(book);
     if (!isNew)
         return place->second;
-    auto const bytes = ReadWhole(m_folder / m_translation / (m_translation + std::to_string(book + 1)), faults, largestBook);
+    auto const bytes = ReadWhole(
+        m_folder / m_translation / (m_translation + std::to_string(book + 1)), faults, largestBook);
     if (!bytes)
         return place->second;
     for (auto const& record : ReadVerseRecords(*bytes))

@@ -1,7 +1,7 @@
 #pragma once
-// The 66 books in the order of their numbers, as the Bible files count them, with the chapters and verses of the King
-// James Version (1,189 and 31,102, counted in the Debian package sword-text-kjv). Other translations are held against
-// the same numbers.
+// The 66 books in the order of their numbers, as the Bible files count them, with the chapters and
+// verses of the King James Version (1,189 and 31,102, counted in the Debian package
+// sword-text-kjv). Other translations are held against the same numbers.
 
 #include "base/text.h"
 
@@ -20,9 +20,10 @@ constexpr std::size_t bookCount = 66;
 
 std::span<CanonBook const, bookCount> Canon();
 
-/// True for the books that exports hold beside the 66, by their names there: deuterocanonical and apocryphal ones.
+/// True for the books that exports hold beside the 66, by their names there: deuterocanonical and
+/// apocryphal ones.
 bool IsFurtherBook(std::string_view exportName);
 
-/// True for the verses that stand in the King James Version but not in the oldest manuscripts, and that newer
-/// translations leave out; `book` as the program spells it.
+/// True for the verses that stand in the King James Version but not in the oldest manuscripts, and
+/// that newer translations leave out; `book` as the program spells it.
 bool IsOftenAbsent(TextView book, int chapter, int verse);

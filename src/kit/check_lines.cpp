@@ -18,7 +18,7 @@ bool IsControl(char byte)
     return value < 0x20 && byte != '\t';
 }
 
-}
+} // namespace
 
 CheckLines::CheckLines(std::string_view bytes, std::string file, Faults& faults)
     : m_rest(bytes)

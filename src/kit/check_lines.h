@@ -1,6 +1,6 @@
 #pragma once
-// The lines of a file of the disc while it is checked: decoded as the lesson side reads them, with a fault for each line
-// that isn't well formed in itself (docs/formats/study-files.md, "A line").
+// The lines of a file of the disc while it is checked: decoded as the lesson side reads them, with
+// a fault for each line that isn't well formed in itself (docs/formats/study-files.md, "A line").
 
 #include "base/text.h"
 #include "base/turns.h"
@@ -25,7 +25,10 @@ public:
 
     /// A fault in the present line.
     void Report(std::string message) { Report(m_number, std::move(message)); }
-    void Report(int line, std::string message) { m_faults.push_back({ m_file, line, std::move(message) }); }
+    void Report(int line, std::string message)
+    {
+        m_faults.push_back({ m_file, line, std::move(message) });
+    }
 
 private:
     void CheckRaw(std::string_view raw);

@@ -53,13 +53,14 @@ std::string Joined(std::vector<std::string> const& words)
 
 void Describe(BibleImport const& import)
 {
-    std::cout << bookCount << " books, " << import.chapters << " chapters, " << import.verses << " verses, "
-              << import.paragraphs << " of them with a paragraph mark; " << import.replaced
-              << " characters replaced by their nearest form.\n";
+    std::cout << bookCount << " books, " << import.chapters << " chapters, " << import.verses
+              << " verses, " << import.paragraphs << " of them with a paragraph mark; "
+              << import.replaced << " characters replaced by their nearest form.\n";
     if (!import.absent.empty())
         std::cout << "Not in this text: " << Joined(import.absent) << ".\n";
     if (import.innerParagraphs > 0)
-        std::cout << "Paragraphs inside of a verse, which run on: " << import.innerParagraphs << ".\n";
+        std::cout << "Paragraphs inside of a verse, which run on: " << import.innerParagraphs
+                  << ".\n";
     if (!import.furtherBooks.empty())
         std::cout << "Further books left out: " << Joined(import.furtherBooks) << ".\n";
 }
@@ -79,7 +80,7 @@ int Filter(std::function<std::string(std::string_view, std::size_t)> const& chan
     return std::cin.bad() ? Fail({ { "standard input", 0, "it can't be read" } }) : 0;
 }
 
-}
+} // namespace
 
 int RunBibleImport(BibleImportArguments const& arguments)
 {
@@ -107,7 +108,8 @@ int RunStudyMake(MakeArguments const& arguments)
     auto const name = arguments.source.stem().string();
     if (!IsStudyName(name))
         faults.push_back({ arguments.source.string(), 0,
-            "expected a file name of letters, digits, “_” and “-”, without “-1” and no “V-” at the start: it is the name of the study" });
+            "expected a file name of letters, digits, “_” and “-”, without “-1” and no “V-” at "
+            "the start: it is the name of the study" });
     auto const bytes = ReadWhole(arguments.source, faults);
     auto bible = BibleTexts::Open(arguments.bible, arguments.translation, faults);
     if (!bytes || !bible)
@@ -115,8 +117,8 @@ int RunStudyMake(MakeArguments const& arguments)
     auto const study = ReadStudySource(*bytes, arguments.source.string(), *bible, faults);
     if (!study)
         return Fail(faults);
-    return Deliver(
-        WriteStudy(*study, name, arguments.isPlain, arguments.source.string(), faults), arguments.to, faults);
+    return Deliver(WriteStudy(*study, name, arguments.isPlain, arguments.source.string(), faults),
+        arguments.to, faults);
 }
 
 int RunTextMake(MakeArguments const& arguments)
@@ -125,8 +127,8 @@ int RunTextMake(MakeArguments const& arguments)
     auto const bytes = ReadWhole(arguments.source, faults);
     if (!bytes)
         return Fail(faults);
-    return Deliver(
-        WriteGeneralTexts(*bytes, arguments.source.string(), arguments.isPlain, faults), arguments.to, faults);
+    return Deliver(WriteGeneralTexts(*bytes, arguments.source.string(), arguments.isPlain, faults),
+        arguments.to, faults);
 }
 
 int RunStudyCheck(std::vector<std::filesystem::path> const& files)

@@ -1,6 +1,6 @@
 #pragma once
-// The subcommands of sparrowfield-kit, with their arguments read. Each gives the exit status: 0, or 1 where its input
-// is wrong, and then every fault stands on standard error.
+// The subcommands of sparrowfield-kit, with their arguments read. Each gives the exit status: 0, or
+// 1 where its input is wrong, and then every fault stands on standard error.
 
 #include <filesystem>
 #include <optional>

@@ -71,8 +71,8 @@ void RemoveLeftovers(fs::path const& target)
     }
 }
 
-/// A folder for work inside of the target, removed with all that is left in it; and the target itself, if it was made
-/// for this and nothing has come into it.
+/// A folder for work inside of the target, removed with all that is left in it; and the target
+/// itself, if it was made for this and nothing has come into it.
 class WorkFolder {
 public:
     explicit WorkFolder(fs::path target)
@@ -123,7 +123,8 @@ private:
     fs::path m_path;
 };
 
-/// Exchanges files one by one. What a file replaces is set aside as a second name of it, so at no time is a name missing.
+/// Exchanges files one by one. What a file replaces is set aside as a second name of it, so at no
+/// time is a name missing.
 class Exchange {
 public:
     Exchange(fs::path target, fs::path const& work)
@@ -190,7 +191,8 @@ private:
     std::vector<Moved> m_moved;
 };
 
-/// Writes the files in the work folder and exchanges them. Throws with "nothing was changed" or where the old files lie.
+/// Writes the files in the work folder and exchanges them. Throws with "nothing was changed" or
+/// where the old files lie.
 void WriteAndExchange(fs::path const& target, OutputFiles const& files,
     std::vector<fs::path> const& names, Readers readers)
 {
@@ -210,7 +212,7 @@ void WriteAndExchange(fs::path const& target, OutputFiles const& files,
     }
 }
 
-}
+} // namespace
 
 std::optional<std::string> ReadWhole(fs::path const& path, Faults& faults, std::uint64_t atMost)
 {
@@ -252,7 +254,9 @@ std::optional<Replaced> ReplaceFiles(
         auto const& path = error.path1().empty() ? target : error.path1();
         faults.push_back({ path.string(), 0,
             error.code().message()
-                + (error.path2().empty() ? "; nothing was changed" : "; not all could be put back, the old files lie in " + error.path2().string()) });
+                + (error.path2().empty() ? "; nothing was changed"
+                                         : "; not all could be put back, the old files lie in "
+                            + error.path2().string()) });
         return std::nullopt;
     }
 }

@@ -10,9 +10,10 @@
 #include <optional>
 #include <string>
 
-/// The bytes of a regular file; nothing, and a fault, if it is anything else, can't be read, or has more than `atMost` bytes.
-std::optional<std::string> ReadWhole(
-    std::filesystem::path const& path, Faults& faults, std::uint64_t atMost = FileSystem::largestWhole);
+/// The bytes of a regular file; nothing, and a fault, if it is anything else, can't be read, or has
+/// more than `atMost` bytes.
+std::optional<std::string> ReadWhole(std::filesystem::path const& path, Faults& faults,
+    std::uint64_t atMost = FileSystem::largestWhole);
 
 /// Contents by path relative to a target folder, folders in between included.
 using OutputFiles = std::map<std::filesystem::path, std::string>;

@@ -27,9 +27,10 @@ std::vector<Text> SpacedLines(SourceEntry const& entry)
     return lines;
 }
 
-}
+} // namespace
 
-OutputFiles WriteGeneralTexts(std::string_view bytes, std::string const& file, bool isPlain, Faults& faults)
+OutputFiles WriteGeneralTexts(
+    std::string_view bytes, std::string const& file, bool isPlain, Faults& faults)
 {
     auto const faultsBefore = faults.size();
     OutputFiles files;
@@ -37,13 +38,16 @@ OutputFiles WriteGeneralTexts(std::string_view bytes, std::string const& file, b
         auto const name = ToUtf8(entry.key) + ".txt";
         bool const isIntroduction = entry.key == u"introduction";
         if (!isIntroduction && entry.key != u"conclusion")
-            faults.push_back({ file, entry.line, "expected “introduction” or “conclusion”, found “" + ToUtf8(entry.key) + "”" });
+            faults.push_back({ file, entry.line,
+                "expected “introduction” or “conclusion”, found “" + ToUtf8(entry.key) + "”" });
         else if (files.contains(name))
             faults.push_back({ file, entry.line, "“" + ToUtf8(entry.key) + "” a second time" });
         else if (entry.paragraphs.empty())
-            faults.push_back({ file, entry.line, "expected a text behind “" + ToUtf8(entry.key) + ":”" });
+            faults.push_back(
+                { file, entry.line, "expected a text behind “" + ToUtf8(entry.key) + ":”" });
         else
-            files[name] = FileText(isIntroduction ? SpacedLines(entry) : std::vector { entry.Joined() }, isPlain);
+            files[name] = FileText(
+                isIntroduction ? SpacedLines(entry) : std::vector { entry.Joined() }, isPlain);
         CheckTexts(entry, file, faults);
     }
     for (auto const* const name : { "introduction", "conclusion" }) {

@@ -9,4 +9,5 @@
 #include <string_view>
 
 /// Both files of a source; none if there are faults. `file` is the name of the source in them.
-OutputFiles WriteGeneralTexts(std::string_view bytes, std::string const& file, bool isPlain, Faults& faults);
+OutputFiles WriteGeneralTexts(
+    std::string_view bytes, std::string const& file, bool isPlain, Faults& faults);

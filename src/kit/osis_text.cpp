@@ -22,8 +22,8 @@ struct Entity {
     std::string_view name;
     char character;
 };
-constexpr std::array<Entity, 5> entities
-    = { { { "&amp;", '&' }, { "&lt;", '<' }, { "&gt;", '>' }, { "&quot;", '"' }, { "&apos;", '\'' } } };
+constexpr std::array<Entity, 5> entities = { { { "&amp;", '&' }, { "&lt;", '<' }, { "&gt;", '>' },
+    { "&quot;", '"' }, { "&apos;", '\'' } } };
 
 template <class Range> bool IsOneOf(Range const& range, std::string_view word)
 {
@@ -51,16 +51,17 @@ bool OpensParagraph(std::string_view tag)
 {
     auto const name = NameOf(tag);
     bool const opens = !Attribute(tag, "sID").empty();
-    return (name == "div" && opens && Attribute(tag, "type") == "x-p") || (name == "lg" && opens) || name == "lb";
+    return (name == "div" && opens && Attribute(tag, "type") == "x-p") || (name == "lg" && opens)
+        || name == "lb";
 }
 
-/// True for text that a blank has to part from a word before it: one that opens with a letter, a figure or an opening
-/// quotation mark or bracket.
+/// True for text that a blank has to part from a word before it: one that opens with a letter, a
+/// figure or an opening quotation mark or bracket.
 bool OpensWord(std::string_view text)
 {
     auto const first = static_cast<unsigned char>(text.front());
-    return std::isalnum(first) || first == '(' || text.starts_with("\xE2\x80\x9C") || text.starts_with("\xE2\x80\x98")
-        || (first >= 0xC3 && first <= 0xC9);
+    return std::isalnum(first) || first == '(' || text.starts_with("\xE2\x80\x9C")
+        || text.starts_with("\xE2\x80\x98") || (first >= 0xC3 && first <= 0xC9);
 }
 
 bool IsStop(char character)
@@ -71,16 +72,19 @@ bool IsStop(char character)
 /// True if the word belongs to the one before it, from which a blank parts it.
 bool IsClosing(std::string_view word, std::string_view textWithBlank)
 {
-    bool const isBehindStop = textWithBlank.size() > 1 && IsStop(textWithBlank[textWithBlank.size() - 2]);
+    bool const isBehindStop
+        = textWithBlank.size() > 1 && IsStop(textWithBlank[textWithBlank.size() - 2]);
     return IsStop(word.front()) || (word.starts_with(closingQuote) && isBehindStop);
 }
 
-/// The length of a marker of the text's own source that was left in the words ("\\nd ", "\\+nd*"); 0 for none.
+/// The length of a marker of the text's own source that was left in the words ("\\nd ", "\\+nd*");
+/// 0 for none.
 std::size_t MarkerLength(std::string_view words)
 {
     if (!words.starts_with('\\'))
         return 0;
-    auto const end = std::min(words.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789", words.starts_with("\\+") ? 2 : 1),
+    auto const end = std::min(words.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789",
+                                  words.starts_with("\\+") ? 2 : 1),
         words.size());
     return end + (end < words.size() && (words[end] == '*' || words[end] == ' ') ? 1 : 0);
 }
@@ -103,7 +107,8 @@ Replaced EntityAt(std::string_view words)
     bool const isHex = words.starts_with("&#x");
     unsigned code = 0;
     auto const digits = words.substr(isHex ? 3 : 2, end - (isHex ? 3 : 2));
-    auto const [last, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
+    auto const [last, error]
+        = std::from_chars(digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
     if (error != std::errc() || last != digits.data() + digits.size() || code == 0 || code > 0xFFFF)
         return {};
     return { end + 1, ToUtf8(Text(1, static_cast<char16_t>(code))) };
@@ -112,11 +117,12 @@ Replaced EntityAt(std::string_view words)
 /// True if a blank at this place would part what belongs together.
 bool IsOpening(std::string_view text)
 {
-    return text.empty() || text.ends_with(' ') || text.ends_with('(') || text.ends_with("\xE2\x80\x94")
-        || text.ends_with("\xE2\x80\x9C") || text.ends_with("\xE2\x80\x98");
+    return text.empty() || text.ends_with(' ') || text.ends_with('(')
+        || text.ends_with("\xE2\x80\x94") || text.ends_with("\xE2\x80\x9C")
+        || text.ends_with("\xE2\x80\x98");
 }
 
-}
+} // namespace
 
 /// The reading of one entry.
 class OsisReader::Reading {
@@ -172,7 +178,6 @@ public:
     }
 
 private:
-
     void Milestone(std::string_view tag)
     {
         if (NameOf(tag) == "div" && IsOneOf(outside, Attribute(tag, "type")))
@@ -181,7 +186,8 @@ private:
             m_reader.m_isParagraphDue = true;
     }
 
-    /// Elements that were never closed end with the one around them; an end without a start is nothing.
+    /// Elements that were never closed end with the one around them; an end without a start is
+    /// nothing.
     void Close(std::string_view name)
     {
         auto const open = std::find(m_open.rbegin(), m_open.rend(), name);
@@ -202,8 +208,10 @@ private:
         if (word.empty())
             return;
         BeginWord();
-        // Where a note or the end of somebody's words stood in the place of a blank, the words around it touch.
-        if (OpensWord(word) && (text.ends_with(closingQuote) || (m_isBehindLeftOut && !IsOpening(text))))
+        // Where a note or the end of somebody's words stood in the place of a blank, the words
+        // around it touch.
+        if (OpensWord(word)
+            && (text.ends_with(closingQuote) || (m_isBehindLeftOut && !IsOpening(text))))
             text += ' ';
         m_isBehindLeftOut = false;
         if (text.ends_with(' ') && IsClosing(word, text))
@@ -224,7 +232,8 @@ private:
 
     OsisReader& m_reader;
     OsisVerse m_verse;
-    std::vector<std::string_view> m_open; ///< names of the elements around the place, the innermost last
+    /// names of the elements around the place, the innermost last
+    std::vector<std::string_view> m_open;
     bool m_isBehindLeftOut = false;
     bool m_isOutside = false; ///< in a preface or a glossary
 };

@@ -1,6 +1,7 @@
 #pragma once
-// The plain text of verses in OSIS markup, as SWORD exports hold it. Kept are the words of the translation; left out
-// are notes, titles, variant readings, names of speakers, and what isn't part of a book (prefaces, glossaries).
+// The plain text of verses in OSIS markup, as SWORD exports hold it. Kept are the words of the
+// translation; left out are notes, titles, variant readings, names of speakers, and what isn't part
+// of a book (prefaces, glossaries).
 
 #include <cstddef>
 #include <string>
@@ -8,13 +9,14 @@
 
 struct OsisVerse {
     std::string text; ///< UTF-8, single blanks, none at the ends
-    bool startsParagraph = false; ///< a paragraph or stanza, or a pilcrow, stands before its first word
+    /// a paragraph or stanza, or a pilcrow, stands before its first word
+    bool startsParagraph = false;
     std::size_t innerParagraphs = 0; ///< paragraphs and stanzas that begin behind its first word
     bool isCutOff = false; ///< a tag or an element that is left out has no end
 };
 
-/// Reads verse after verse in the order of the books: a paragraph that opens behind the last word of one verse begins
-/// with the next.
+/// Reads verse after verse in the order of the books: a paragraph that opens behind the last word
+/// of one verse begins with the next.
 class OsisReader {
 public:
     OsisVerse Read(std::string_view markup);

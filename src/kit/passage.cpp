@@ -49,7 +49,8 @@ std::optional<Place> ReadPlace(TextView text)
     return Place { first, second };
 }
 
-/// The ranges of "3", "3-4", "3:16-18,20", "3:16-4:2" and the like; nothing if the text reads otherwise.
+/// The ranges of "3", "3-4", "3:16-18,20", "3:16-4:2" and the like; nothing if the text reads
+/// otherwise.
 std::optional<std::vector<Range>> ReadRanges(TextView text)
 {
     std::vector<Range> ranges;
@@ -81,8 +82,8 @@ std::optional<std::vector<Range>> ReadRanges(TextView text)
 Text Comparable(TextView name)
 {
     auto text = ToLowerLatin(Trim(name));
-    for (auto const& [roman, figure] : { std::pair<TextView, TextView> { u"iii ", u"3 " }, { u"ii ", u"2 " },
-             { u"i ", u"1 " } }) {
+    for (auto const& [roman, figure] :
+        { std::pair<TextView, TextView> { u"iii ", u"3 " }, { u"ii ", u"2 " }, { u"i ", u"1 " } }) {
         if (text.starts_with(roman))
             text.replace(0, roman.size(), figure);
     }
@@ -147,7 +148,8 @@ public:
     bool Add(Range range)
     {
         auto const lastChapter = m_bible.LastChapter(m_book, m_faults);
-        if (range.firstChapter < 1 || range.lastChapter < range.firstChapter || range.lastChapter > lastChapter)
+        if (range.firstChapter < 1 || range.lastChapter < range.firstChapter
+            || range.lastChapter > lastChapter)
             return false;
         for (int chapter = range.firstChapter; chapter <= range.lastChapter; ++chapter) {
             auto const first = chapter == range.firstChapter ? range.firstVerse : 1;
@@ -187,9 +189,11 @@ private:
             return std::ranges::find(verses, number, &Verse::number) != verses.end();
         };
         bool const isWhole = first <= 1 && last == toTheEnd;
-        if (verses.empty() || first > last || (!isWhole && (!isThere(first) || (last != toTheEnd && !isThere(last)))))
+        if (verses.empty() || first > last
+            || (!isWhole && (!isThere(first) || (last != toTheEnd && !isThere(last)))))
             return false;
-        auto const isSame = [&](Chapter const& other) { return other.number == chapter && other.isWhole; };
+        auto const isSame
+            = [&](Chapter const& other) { return other.number == chapter && other.isWhole; };
         if (std::ranges::any_of(m_chapters, isSame))
             return true;
         if (m_chapters.empty() || m_chapters.back().number != chapter || isWhole)
@@ -211,7 +215,7 @@ std::string Quoted(TextView text)
     return "“" + ToUtf8(text) + "”";
 }
 
-}
+} // namespace
 
 std::vector<Passage> FindPassages(
     TextView reference, BibleTexts& bible, std::string const& file, int line, Faults& faults)
@@ -236,9 +240,11 @@ std::vector<Passage> FindPassages(
         ? std::vector { Range { 1, 1, std::max(bible.LastChapter(books[0], faults), 1), toTheEnd } }
         : ReadRanges(numbers);
     if (!ranges)
-        return report("expected a chapter, or a chapter and verses, behind the book in " + Quoted(reference));
+        return report(
+            "expected a chapter, or a chapter and verses, behind the book in " + Quoted(reference));
     if (!std::ranges::all_of(*ranges, [&](Range const& range) { return search.Add(range); }))
-        return faults.size() > faultsBefore ? std::vector<Passage> {}
-                                            : report(Quoted(reference) + " names no verse of this Bible");
+        return faults.size() > faultsBefore
+            ? std::vector<Passage> {}
+            : report(Quoted(reference) + " names no verse of this Bible");
     return search.Take();
 }

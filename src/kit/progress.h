@@ -7,7 +7,8 @@
 
 class Progress {
 public:
-    /// Shows itself only where the work takes longer than a moment. `total` is in the units of At, more than 0.
+    /// Shows itself only where the work takes longer than a moment. `total` is in the units of At,
+    /// more than 0.
     Progress(std::string title, std::uint64_t total);
     /// Takes its line away again.
     ~Progress();

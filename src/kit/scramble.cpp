@@ -2,7 +2,8 @@
 
 namespace {
 
-/// Letters moved by so many places, round from `z` to `a`; the remainder takes the sign of the dividend.
+/// Letters moved by so many places, round from `z` to `a`; the remainder takes the sign of the
+/// dividend.
 std::string Shift(std::string_view text, int places)
 {
     std::string shifted(text);
@@ -13,7 +14,7 @@ std::string Shift(std::string_view text, int places)
     return shifted;
 }
 
-}
+} // namespace
 
 std::string ScrambleLine(std::string_view line, char shiftLetter)
 {

@@ -4,8 +4,10 @@
 
 ShortName FindShortName(TextView text, std::size_t from)
 {
-    for (auto stop = text.find(u'.', from); stop != TextView::npos; stop = text.find(u'.', stop + 1)) {
-        // The name ends at this stop; what the program writes out behind it is the same with or without the rest.
+    for (auto stop = text.find(u'.', from); stop != TextView::npos;
+         stop = text.find(u'.', stop + 1)) {
+        // The name ends at this stop; what the program writes out behind it is the same with or
+        // without the rest.
         Text expanded(text.substr(0, stop + 1));
         ExpandBookNames(expanded);
         if (expanded.ends_with(u'.'))
@@ -20,7 +22,8 @@ ShortName FindShortName(TextView text, std::size_t from)
 Text KeepShortNames(TextView text)
 {
     Text kept(text);
-    for (auto name = FindShortName(kept, 0); name.length > 0; name = FindShortName(kept, name.start + name.length))
+    for (auto name = FindShortName(kept, 0); name.length > 0;
+         name = FindShortName(kept, name.start + name.length))
         kept.insert(name.start + name.length - 1, 1, u'\u00AD');
     return kept;
 }

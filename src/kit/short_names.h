@@ -1,6 +1,6 @@
 #pragma once
-// The short names of Bible books that the program writes out wherever they stand in a text, the end of a sentence
-// included ("from Beersheba to Dan.").
+// The short names of Bible books that the program writes out wherever they stand in a text, the end
+// of a sentence included ("from Beersheba to Dan.").
 
 #include "base/text.h"
 
@@ -15,6 +15,6 @@ struct ShortName {
 /// The first short name that ends behind this place.
 ShortName FindShortName(TextView text, std::size_t from);
 
-/// The text with a soft hyphen (U+00AD, not seen within a line) in front of the full stop of each short name, which thus
-/// stays as it is.
+/// The text with a soft hyphen (U+00AD, not seen within a line) in front of the full stop of each
+/// short name, which thus stays as it is.
 Text KeepShortNames(TextView text);

@@ -7,13 +7,14 @@
 
 #include <string>
 
-/// Reports characters that the code page lacks, "/" inside of a text, and short names of books that would be written
-/// out where no number follows.
+/// Reports characters that the code page lacks, "/" inside of a text, and short names of books that
+/// would be written out where no number follows.
 void CheckTexts(SourceEntry const& entry, std::string const& file, Faults& faults);
 
 /// Reports an entry without text and one of several paragraphs.
 void CheckOneParagraph(SourceEntry const& entry, std::string const& file, Faults& faults);
 
-/// Reports a text that begins with one of these characters; `meaning` says what the program would take it for.
-void CheckBeginning(SourceEntry const& entry, TextView characters, std::string const& meaning, std::string const& file,
-    Faults& faults);
+/// Reports a text that begins with one of these characters; `meaning` says what the program would
+/// take it for.
+void CheckBeginning(SourceEntry const& entry, TextView characters, std::string const& meaning,
+    std::string const& file, Faults& faults);

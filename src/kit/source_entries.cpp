@@ -77,7 +77,10 @@ public:
     std::vector<SourceEntry> Take() { return std::move(m_entries); }
 
 private:
-    void Report(int line, std::string message) { m_faults.push_back({ m_file, line, std::move(message) }); }
+    void Report(int line, std::string message)
+    {
+        m_faults.push_back({ m_file, line, std::move(message) });
+    }
 
     void Open(TextView line, int number)
     {
@@ -86,7 +89,8 @@ private:
         if (m_isOpen)
             m_entries.push_back(std::move(entry));
         else
-            Report(number, "expected a key and a colon, or an indented line that goes on with the text above");
+            Report(number,
+                "expected a key and a colon, or an indented line that goes on with the text above");
     }
 
     void AddText(SourceLine line)
@@ -111,7 +115,7 @@ private:
     bool m_isBehindBadLine = false;
 };
 
-}
+} // namespace
 
 Text SourceParagraph::Joined() const
 {
@@ -140,7 +144,8 @@ Text SourceEntry::Joined() const
     return text;
 }
 
-std::vector<SourceEntry> ReadEntries(std::string_view bytes, std::string const& file, Faults& faults)
+std::vector<SourceEntry> ReadEntries(
+    std::string_view bytes, std::string const& file, Faults& faults)
 {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(byteOrderMark))

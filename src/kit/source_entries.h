@@ -1,6 +1,7 @@
 #pragma once
-// The entries of a readable source: a key in the first column, its text behind it and on indented lines below. Their
-// form stands in docs/formats/study-source.md. What the keys mean is study_source.h's work.
+// The entries of a readable source: a key in the first column, its text behind it and on indented
+// lines below. Their form stands in docs/formats/study-source.md. What the keys mean is
+// study_source.h's work.
 
 #include "base/text.h"
 #include "kit/faults.h"
@@ -33,6 +34,7 @@ struct SourceEntry {
     Text Joined() const;
 };
 
-/// Reads the entries of a source. Lines that belong to none and bytes that are no UTF-8 are faults, and the reading
-/// goes on behind them.
-std::vector<SourceEntry> ReadEntries(std::string_view bytes, std::string const& file, Faults& faults);
+/// Reads the entries of a source. Lines that belong to none and bytes that are no UTF-8 are faults,
+/// and the reading goes on behind them.
+std::vector<SourceEntry> ReadEntries(
+    std::string_view bytes, std::string const& file, Faults& faults);

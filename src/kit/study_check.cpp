@@ -23,7 +23,8 @@ std::optional<fs::path> FindFile(fs::path const& folder, Text const& name)
         return folder / ToUtf8(name);
     auto const wanted = ToLowerLatin(name);
     for (auto const& entry : fs::directory_iterator(folder.empty() ? "." : folder, error)) {
-        if (ToLowerLatin(FromUtf8(entry.path().filename().string())) == wanted && entry.is_regular_file(error))
+        if (ToLowerLatin(FromUtf8(entry.path().filename().string())) == wanted
+            && entry.is_regular_file(error))
             return folder / entry.path().filename();
     }
     return std::nullopt;
@@ -38,7 +39,8 @@ std::vector<Text> ReadLessonList(fs::path const& path)
     std::vector<Text> lessons;
     for (int line = 1; lines.Next() && !(line > 2 && lines.Line().starts_with(u'-')); ++line) {
         if (line > 2)
-            lessons.emplace_back(lines.Line().substr(0, lines.Line().size() - lines.Line().ends_with(u'/')));
+            lessons.emplace_back(
+                lines.Line().substr(0, lines.Line().size() - lines.Line().ends_with(u'/')));
     }
     return lessons;
 }
@@ -60,29 +62,34 @@ void CheckNeighbours(fs::path const& path, StudyOutline const& outline, Faults& 
     digit = digit == '1' ? '2' : '1';
     auto const otherPart = FindFile(path.parent_path(), FromUtf8(other));
     if (!otherPart)
-        faults.push_back({ path.string(), 0, "expected the other part of the study beside it, " + other });
+        faults.push_back(
+            { path.string(), 0, "expected the other part of the study beside it, " + other });
     else if (ReadLessonList(*otherPart) != outline.lessons)
         faults.push_back({ path.string(), 0, "expected the same lessons as in " + other });
     for (auto const& [name, line] : outline.verseFiles) {
         auto const file = VerseFileName(name);
         if (!FindFile(path.parent_path(), file))
-            faults.push_back({ path.string(), line, "expected a verse file of this name, " + ToUtf8(file) });
+            faults.push_back(
+                { path.string(), line, "expected a verse file of this name, " + ToUtf8(file) });
     }
 }
 
-}
+} // namespace
 
-/// The number of the first line of a large file that is too long for the program; 0 if there is none. Such a file isn't held in memory.
+/// The number of the first line of a large file that is too long for the program; 0 if there is
+/// none. Such a file isn't held in memory.
 static int OverlongLine(fs::path const& path)
 {
     std::error_code error;
-    if (!fs::is_regular_file(path, error) || fs::file_size(path, error) <= TextLines::longestLine || error)
+    if (!fs::is_regular_file(path, error) || fs::file_size(path, error) <= TextLines::longestLine
+        || error)
         return 0;
     std::ifstream file(path, std::ios::binary);
     std::vector<char> block(std::size_t { 1 } << 16);
     int line = 1;
     for (std::size_t length = 0; file.read(block.data(), std::ssize(block)) || file.gcount() > 0;)
-        for (char const byte : std::string_view(block.data(), static_cast<std::size_t>(file.gcount()))) {
+        for (char const byte :
+            std::string_view(block.data(), static_cast<std::size_t>(file.gcount()))) {
             length = byte == '\n' ? 0 : length + 1;
             line += byte == '\n';
             if (length > TextLines::longestLine + 1) // One may be a carriage return.
@@ -110,5 +117,6 @@ void CheckFile(fs::path const& path, Faults& faults)
         while (lines.Next()) { }
     else
         faults.push_back({ path.string(), 0,
-            "expected the name of a study file (*-1.dat, *-2.dat), a verse file (V-*) or a general text" });
+            "expected the name of a study file (*-1.dat, *-2.dat), a verse file (V-*) or a "
+            "general text" });
 }

@@ -94,7 +94,8 @@ private:
             return { &Grammar::Marker };
         }
         if (Begins(title, u'>')) {
-            m_lines.Report("expected the “-” that ends the list of lessons, found " + Excerpt(line));
+            m_lines.Report(
+                "expected the “-” that ends the list of lessons, found " + Excerpt(line));
             return Marker(line);
         }
         if (Trim(Split(title, u'/')[0]).empty())
@@ -105,14 +106,18 @@ private:
         return { &Grammar::Lesson };
     }
 
-    /// The catalogue keeps the blanks at the ends of a line, and by them takes it for something else.
+    /// The catalogue keeps the blanks at the ends of a line, and by them takes it for something
+    /// else.
     void CheckForCatalogue(TextView line)
     {
         auto const kept = DecodeCatalogueLine(m_lines.Raw());
         if (Begins(line, u'-') && !Begins(kept, u'-'))
-            m_lines.Report("expected the “-” that ends the list of lessons as the first character of its line");
+            m_lines.Report(
+                "expected the “-” that ends the list of lessons at the start of its line");
         else if (line.ends_with(u'/') && !kept.ends_with(u'/'))
-            m_lines.Report("expected nothing behind the “/” at the end of the title, which the catalogue shows now");
+            m_lines.Report(
+                "expected nothing behind the “/” at the end of the title, which the catalogue "
+                "shows now");
     }
 
     State Marker(TextView line)
@@ -153,7 +158,9 @@ private:
         if (Begins(last, u'^'))
             last.remove_prefix(1);
         if (Begins(last, u'-') && !isReplaced)
-            m_lines.Report("expected an introduction whose last paragraph doesn't begin with “-”, which ends the body");
+            m_lines.Report(
+                "expected an introduction whose last paragraph doesn't begin with “-”, which ends "
+                "the body");
         return { &Grammar::Body };
     }
 
@@ -165,9 +172,11 @@ private:
             if (!m_hasPage)
                 m_lines.Report("an answer; expected a page before it");
             if (line.size() < 2 || !line.ends_with(u']'))
-                m_lines.Report("expected “]” at the end of the answer, whose last character is never shown");
+                m_lines.Report(
+                    "expected “]” at the end of the answer, whose last character is never shown");
         } else if (Begins(line, u'>') && MarkerNumber(line)) {
-            m_lines.Report("expected the closing line and the names of two verse files before " + Excerpt(line));
+            m_lines.Report("expected the closing line and the names of two verse files before "
+                + Excerpt(line));
             return Marker(line);
         } else if (line.size() >= 3 && !Begins(line, u'#')) {
             m_hasPage = true;
@@ -200,7 +209,8 @@ private:
         if (isName)
             m_outline.verseFiles.push_back({ Text(line), m_lines.Number() });
         else
-            m_lines.Report(std::string("expected the name of the ") + which + " verse file, found " + Excerpt(line));
+            m_lines.Report(std::string("expected the name of the ") + which + " verse file, found "
+                + Excerpt(line));
         return isName;
     }
 
@@ -226,7 +236,7 @@ private:
     bool m_isLost = false; ///< a line before a marker has been reported
 };
 
-}
+} // namespace
 
 StudyOutline CheckStudyLines(CheckLines& lines)
 {

@@ -17,5 +17,6 @@ struct StudyOutline {
     std::vector<NamedVerseFile> verseFiles;
 };
 
-/// Reads all lines, reports each that breaks the grammar with what was expected, and goes on where it can.
+/// Reads all lines, reports each that breaks the grammar with what was expected, and goes on where
+/// it can.
 StudyOutline CheckStudyLines(CheckLines& lines);

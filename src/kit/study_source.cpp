@@ -81,7 +81,10 @@ public:
     }
 
 private:
-    void Report(int line, std::string message) { m_faults.push_back({ m_file, line, std::move(message) }); }
+    void Report(int line, std::string message)
+    {
+        m_faults.push_back({ m_file, line, std::move(message) });
+    }
 
     std::string WhereWeAre() const
     {
@@ -123,7 +126,8 @@ private:
         Once(entry);
         auto text = OneParagraph(entry);
         if (Contains(text, u':'))
-            Report(entry.line, "a colon would end the " + ToUtf8(entry.key == u"study" ? u"name" : u"title"));
+            Report(entry.line,
+                "a colon would end the " + ToUtf8(entry.key == u"study" ? u"name" : u"title"));
         return text;
     }
 
@@ -195,7 +199,8 @@ private:
         for (auto const reference : Split(line.text, u';')) {
             if (Trim(reference).empty())
                 continue;
-            for (auto& passage : FindPassages(Trim(reference), m_bible, m_file, line.line, m_faults)) {
+            for (auto& passage :
+                FindPassages(Trim(reference), m_bible, m_file, line.line, m_faults)) {
                 if (std::ranges::max(passage.verses, {}, &Verse::number).number > lastVerseNumber)
                     Report(line.line,
                         "verse numbers above 99 don't fit their place on the screen: "
@@ -211,7 +216,8 @@ private:
     }
     void SupplementaryPassages(SourceEntry const& entry)
     {
-        (m_level == Level::Lesson ? m_supplementaryOfLesson : CurrentPart().supplementaryPassages) = Passages(entry);
+        (m_level == Level::Lesson ? m_supplementaryOfLesson : CurrentPart().supplementaryPassages)
+            = Passages(entry);
     }
 
     void Introduction(SourceEntry const& entry)
@@ -222,7 +228,8 @@ private:
         if (!entry.paragraphs.empty()) {
             auto const last = entry.paragraphs.back().Joined();
             if (last.starts_with(u'-') || last.starts_with(u"^-"))
-                Report(entry.paragraphs.back().lines[0].line, "a last paragraph that begins with “-” ends the lesson");
+                Report(entry.paragraphs.back().lines[0].line,
+                    "a last paragraph that begins with “-” ends the lesson");
         }
         CurrentPart().introduction = std::move(text);
     }
@@ -249,8 +256,8 @@ private:
         auto text = Paragraphs(entry);
         if (Contains(text, u"swers will vary"))
             Report(entry.line,
-                "an answer with the words “answers will vary” is replaced as a whole by the program's own sentence; say it in "
-                "other words, or leave the answer out");
+                "an answer with the words “answers will vary” is replaced as a whole by the "
+                "program's own sentence; say it in other words, or leave the answer out");
         if (CurrentPart().pages.empty())
             Report(entry.line, "an answer, but no page above it");
         else if (CurrentPart().pages.back().answer)
@@ -264,7 +271,9 @@ private:
         Once(entry);
         auto text = Paragraphs(entry);
         if (!Contains(text, u"Congratulations"))
-            Report(entry.line, "expected the word “Congratulations”; without it the closing is a page like any other");
+            Report(entry.line,
+                "expected the word “Congratulations”; without it the closing is a page like any "
+                "other");
         if (Contains(text, u'.'))
             Report(entry.line, "all before the full stop would become the label of the page");
         CurrentPart().closing = std::move(text);
@@ -304,7 +313,7 @@ private:
     int m_questions = 0; ///< of the part
 };
 
-}
+} // namespace
 
 std::optional<Study> ReadStudySource(
     std::string_view bytes, std::string const& file, BibleTexts& bible, Faults& faults)

@@ -1,6 +1,6 @@
 #pragma once
-// A study as its author writes it (docs/formats/study-source.md), read into a model. Where its files come from this
-// is study_writer.h's work.
+// A study as its author writes it (docs/formats/study-source.md), read into a model. Where its
+// files come from this is study_writer.h's work.
 
 #include "base/text.h"
 #include "kit/bible_texts.h"
@@ -36,7 +36,7 @@ struct Study {
     std::vector<Lesson> lessons; ///< at least one
 };
 
-/// Reads a source. `file` is its name in faults; the passages come from `bible`. Every mistake is a fault; with any of
-/// them there is no study.
+/// Reads a source. `file` is its name in faults; the passages come from `bible`. Every mistake is a
+/// fault; with any of them there is no study.
 std::optional<Study> ReadStudySource(
     std::string_view bytes, std::string const& file, BibleTexts& bible, Faults& faults);

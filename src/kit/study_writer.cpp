@@ -42,9 +42,11 @@ public:
         auto const line = KeepShortNames(number + u' ' + verse.text);
         auto const item = ClassifyVerseLine(line);
         auto const what = passage.heading + u", verse " + number;
-        bool const isSame = item && item->kind == VerseFileItem::Kind::NumberedVerse && Trim(item->number) == number;
+        bool const isSame = item && item->kind == VerseFileItem::Kind::NumberedVerse
+            && Trim(item->number) == number;
         if (!isSame || Contains(line, u'>'))
-            Report(what, "would not be read as this verse: " + ToUtf8(line.substr(0, 40)), passage.line);
+            Report(what, "would not be read as this verse: " + ToUtf8(line.substr(0, 40)),
+                passage.line);
         else
             Add(line, what);
     }
@@ -98,7 +100,10 @@ public:
         }
     }
 
-    std::string VerseFile(TextView suffix) const { return "V-" + ToUtf8(m_verseName + Text(suffix)); }
+    std::string VerseFile(TextView suffix) const
+    {
+        return "V-" + ToUtf8(m_verseName + Text(suffix));
+    }
 
 private:
     void WriteBlock(FileText& file, Lesson const& lesson, int number) const
@@ -123,17 +128,19 @@ private:
     Text m_verseName; ///< of the main passages; an "s" behind it for the others
 };
 
-}
+} // namespace
 
 bool IsStudyName(std::string const& name)
 {
-    auto const isAllowed = [](unsigned char c) { return c < 0x80 && (std::isalnum(c) || c == '_' || c == '-'); };
+    auto const isAllowed
+        = [](unsigned char c) { return c < 0x80 && (std::isalnum(c) || c == '_' || c == '-'); };
     bool const isVerseFile = name.starts_with("V-") || name.starts_with("v-");
-    return !name.empty() && std::ranges::all_of(name, isAllowed) && name.find("-1") == name.npos && !isVerseFile;
+    return !name.empty() && std::ranges::all_of(name, isAllowed) && name.find("-1") == name.npos
+        && !isVerseFile;
 }
 
-OutputFiles WriteStudy(
-    Study const& study, std::string const& name, bool isPlain, std::string const& source, Faults& faults)
+OutputFiles WriteStudy(Study const& study, std::string const& name, bool isPlain,
+    std::string const& source, Faults& faults)
 {
     auto const faultsBefore = faults.size();
     OutputFiles files;

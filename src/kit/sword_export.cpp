@@ -29,13 +29,14 @@ std::optional<ExportEntry> ReadKey(std::string_view key)
     return entry;
 }
 
-}
+} // namespace
 
 void ReadSwordExport(std::string_view bytes, std::string const& file, Faults& faults,
     std::function<void(ExportEntry const&, std::uint64_t)> const& listener)
 {
     if (!bytes.starts_with(keyMark)) {
-        faults.push_back({ file, 1, "expected a line that begins with $$$: this is no export of a SWORD module" });
+        faults.push_back({ file, 1,
+            "expected a line that begins with $$$: this is no export of a SWORD module" });
         return;
     }
     std::optional<ExportEntry> entry;
@@ -59,7 +60,8 @@ void ReadSwordExport(std::string_view bytes, std::string const& file, Faults& fa
             if (entry)
                 entry->line = entry->lastLine = number;
             else if (!key.starts_with('['))
-                faults.push_back({ file, number, "expected a book, a chapter and a verse behind $$$" });
+                faults.push_back(
+                    { file, number, "expected a book, a chapter and a verse behind $$$" });
         } else if (entry) {
             bool const isFirst = entry->text.empty();
             auto const* const start = isFirst ? line.data() : entry->text.data();

@@ -1,6 +1,7 @@
 #pragma once
-// The text export ("imp") that SWORD's mod2imp writes of a Bible module: a line "$$$Genesis 1:1", then the lines of
-// that verse until the next such line. What the markup of a verse means is osis_text.h's work.
+// The text export ("imp") that SWORD's mod2imp writes of a Bible module: a line "$$$Genesis 1:1",
+// then the lines of that verse until the next such line. What the markup of a verse means is
+// osis_text.h's work.
 
 #include "kit/faults.h"
 
@@ -18,8 +19,9 @@ struct ExportEntry {
     int lastLine = 0; ///< the last line of the text, or the key's where there is none
 };
 
-/// Hands on the entries of an export in their order, with the number of bytes read so far; headings of the module and
-/// of its testaments are left out. The views point into `bytes`. Reports what is no export: other text in front,
-/// keys that can't be read, lines that are no UTF-8, a last line without an end.
+/// Hands on the entries of an export in their order, with the number of bytes read so far; headings
+/// of the module and of its testaments are left out. The views point into `bytes`. Reports what is
+/// no export: other text in front, keys that can't be read, lines that are no UTF-8, a last line
+/// without an end.
 void ReadSwordExport(std::string_view bytes, std::string const& file, Faults& faults,
     std::function<void(ExportEntry const&, std::uint64_t)> const& listener);

@@ -30,8 +30,10 @@ Outcome<UserWork> LoadUserWork(fs::path const& userFolder)
 {
     UserWork work;
     if (fs::exists(userFolder / "settings.db")) {
-        using Store = SqliteSettingsStore; // A damaged one is the program's to set aside, when it starts.
-        Store const store(userFolder / "settings.db", std::chrono::seconds(2), Store::Damaged::Stays);
+        // A damaged one is the program's to set aside, when it starts.
+        using Store = SqliteSettingsStore;
+        Store const store(
+            userFolder / "settings.db", std::chrono::seconds(2), Store::Damaged::Stays);
         auto entries = store.All();
         if (!entries)
             return entries.failure();

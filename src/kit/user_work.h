@@ -1,5 +1,6 @@
 #pragma once
-// All that a user has written, the entries of his store and the files of his notes: how it is read, and how it is brought back.
+// All that a user has written, the entries of his store and the files of his notes: how it is read,
+// and how it is brought back.
 
 #include "platform/host/backup_file.h"
 

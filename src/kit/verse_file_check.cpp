@@ -13,8 +13,8 @@ bool IsDigit(char16_t character)
 
 bool IsMark(TextView line)
 {
-    return line.size() >= 2 && line.starts_with(u'>') && std::ranges::all_of(line.substr(1), IsDigit)
-        && NumericValue(line.substr(1)) > 0;
+    return line.size() >= 2 && line.starts_with(u'>')
+        && std::ranges::all_of(line.substr(1), IsDigit) && NumericValue(line.substr(1)) > 0;
 }
 
 /// The digits that the line begins with.
@@ -28,12 +28,14 @@ void CheckVerse(CheckLines& lines, TextView line)
 {
     auto const digits = CountDigits(line);
     if (digits == 0 || digits > 2 || line.starts_with(u'0'))
-        lines.Report("expected a verse number of one or two digits, the first one no 0, found " + Excerpt(line));
+        lines.Report("expected a verse number of one or two digits, the first one no 0, found "
+            + Excerpt(line));
     else if (digits + 1 >= line.size() || line[digits] != u' ')
-        lines.Report("expected a blank and the text of the verse behind its number, found " + Excerpt(line));
+        lines.Report(
+            "expected a blank and the text of the verse behind its number, found " + Excerpt(line));
 }
 
-}
+} // namespace
 
 void CheckVerseLines(CheckLines& lines)
 {

@@ -1,6 +1,6 @@
 #pragma once
-// The small window with the publisher's answer to a page. It stands beside the lesson; a click on the text or the button
-// closes it.
+// The small window with the publisher's answer to a page. It stands beside the lesson; a click on
+// the text or the button closes it.
 
 #include "controls/button.h"
 #include "controls/form.h"
@@ -10,7 +10,8 @@ class frmAnswer final : public Form {
 public:
     explicit frmAnswer(Screen& screen); // outlives the form
 
-    /// Shows the text and gives the form the height that it needs. Loads the form, but doesn't show it.
+    /// Shows the text and gives the form the height that it needs. Loads the form, but doesn't show
+    /// it.
     void SetText(TextView text);
 
 private:

@@ -4,8 +4,8 @@
 #include "lesson/model_answer.h"
 #include "lesson/page_view.h"
 
-frmMain::frmMain(
-    Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer, ReferenceForms const& reference)
+frmMain::frmMain(Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer,
+    ReferenceForms const& reference)
     : Form(screen, "frmMain", u"Sparrowfield Interactive Bible Study", 11745, 8310)
     , m_files(files)
     , m_store(store)
@@ -29,7 +29,8 @@ void frmMain::Design()
     lblStudy.FontBold = true;
     lblStudy.FontSize = 12;
     lblStudy.Alignment = Alignment::Centre;
-    for (XPContainer* panel : { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4, &XPContainer5 }) {
+    for (XPContainer* panel :
+        { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4, &XPContainer5 }) {
         panel->HeaderLightColor = Rgb(255, 255, 255);
         panel->BorderColor = panel == &XPContainer4 ? Rgb(0, 0, 255) : Rgb(0, 0, 192);
     }
@@ -43,7 +44,8 @@ void frmMain::Design()
     Text4.Locked = true;
     Text1.Border = false;
     Text4.Border = false;
-    for (Control* control : { static_cast<Control*>(&Text3), static_cast<Control*>(&Image1), static_cast<Control*>(&Frame1) })
+    for (Control* control : { static_cast<Control*>(&Text3), static_cast<Control*>(&Image1),
+             static_cast<Control*>(&Frame1) })
         control->Visible = false;
     Frame1.Border = true;
     ctlScrollbar.Min = 1;
@@ -69,8 +71,9 @@ void frmMain::NameAndOrder()
     ProgressBar1.accessibleName = u"Progress of the lesson";
     int place = 0;
     for (Control* control : { static_cast<Control*>(&Text3), static_cast<Control*>(&Image1),
-             static_cast<Control*>(&Command2), static_cast<Control*>(&ctlScrollbar), static_cast<Control*>(&Command1),
-             static_cast<Control*>(&TreeView1), static_cast<Control*>(&TreeView2), static_cast<Control*>(&Text1),
+             static_cast<Control*>(&Command2), static_cast<Control*>(&ctlScrollbar),
+             static_cast<Control*>(&Command1), static_cast<Control*>(&TreeView1),
+             static_cast<Control*>(&TreeView2), static_cast<Control*>(&Text1),
              static_cast<Control*>(&Text4), static_cast<Control*>(&Text2) })
         control->TabIndex = place++;
 }
@@ -289,7 +292,8 @@ void frmMain::mnuEditCopy_Click()
 {
     Host& host = OwnScreen().OwnHost();
     auto const start = static_cast<std::size_t>(Text3.SelStart());
-    host.SetClipboardText(TextView(Text3.Text).substr(start, static_cast<std::size_t>(Text3.SelLength())));
+    host.SetClipboardText(
+        TextView(Text3.Text).substr(start, static_cast<std::size_t>(Text3.SelLength())));
 }
 
 void frmMain::mnuEditPaste_Click()
@@ -302,7 +306,8 @@ void frmMain::mnuEditDeleteLesson_Click()
 {
     StopStoring();
     if (auto const failure = m_store.DeleteLesson(m_section, Text3.Text)) {
-        OwnScreen().Message(u"The answers of this lesson have not been deleted.\r\n\r\n" + failure->Message());
+        OwnScreen().Message(
+            u"The answers of this lesson have not been deleted.\r\n\r\n" + failure->Message());
         return;
     }
     Text3.Text = u"";

@@ -1,6 +1,7 @@
 #pragma once
-// The lesson screen: one part of one lesson of a study, page by page, with its introduction and its passages beside it. Reading
-// the files is the work of study/, what a page and an answer look like that of page_view.h and model_answer.h.
+// The lesson screen: one part of one lesson of a study, page by page, with its introduction and its
+// passages beside it. Reading the files is the work of study/, what a page and an answer look like
+// that of page_view.h and model_answer.h.
 
 #include "controls/button.h"
 #include "controls/label.h"
@@ -18,8 +19,8 @@
 #include "study/lesson_file.h"
 #include "study/verse_file.h"
 
-#include <cstdint>
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -29,12 +30,15 @@ inline constexpr Colour panelColor = 0xFCF4EF;
 class frmMain final : public Form {
 public:
     /// All outlive the form.
-    frmMain(Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer, ReferenceForms const& reference);
+    frmMain(Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer,
+        ReferenceForms const& reference);
 
-    /// Names the screen that takes this one's place when it is left: once, before the first showing.
+    /// Names the screen that takes this one's place when it is left: once, before the first
+    /// showing.
     void ReturnTo(Form& catalogue) { frmContents = &catalogue; }
 
-    /// Names the lesson that the next showing opens, "<file name>:<lesson number>". Only stores the value.
+    /// Names the lesson that the next showing opens, "<file name>:<lesson number>". Only stores the
+    /// value.
     void SetStudy(TextView value);
 
     /// Puts the number of the page into a store that was begun anew, and all answers that it lacks.
@@ -121,29 +125,40 @@ private:
     MenuEntry mnuEditCopy { *this, mnuEdit, "mnuEditCopy", u"Copy", u"Ctrl+C" };
     MenuEntry mnuEditPaste { *this, mnuEdit, "mnuEditPaste", u"Paste", u"Ctrl+V" };
     MenuEntry mnuEditSeparator { *this, mnuEdit, "mnuEditSeparator", u"-" };
-    MenuEntry mnuEditDeleteLesson { *this, mnuEdit, "mnuEditDeleteLesson", u"&Delete Answers For This Lesson" };
+    MenuEntry mnuEditDeleteLesson { *this, mnuEdit, "mnuEditDeleteLesson",
+        u"&Delete Answers For This Lesson" };
     ReferenceMenus m_referenceMenus;
 
     Label lblStudy { *this, *this, "lblStudy", { 225, 30, 11280, 360 } }; // the study's title
-    XPContainer XPContainer3 { *this, *this, "XPContainer3", { 240, 480, 5535, 2055 }, u"Introduction" };
-    RichTextBox Text4 { *this, XPContainer3, "Text4", { 120, 480, 5265, 1440 } }; // the introduction
-    XPContainer XPContainer2 { *this, *this, "XPContainer2", { 240, 2760, 5535, 5055 }, u"Study Questions" };
+    XPContainer XPContainer3 { *this, *this, "XPContainer3", { 240, 480, 5535, 2055 },
+        u"Introduction" };
+    // the introduction
+    RichTextBox Text4 { *this, XPContainer3, "Text4", { 120, 480, 5265, 1440 } };
+    XPContainer XPContainer2 { *this, *this, "XPContainer2", { 240, 2760, 5535, 5055 },
+        u"Study Questions" };
     PictureBox Image2 { *this, XPContainer2, "Image2", { 0, 480, 5490, 4455 } }; // the page area
     Label lblPageTitle { *this, Image2, "lblPageTitle", { 15, 60, 390, 315 }, u"12." };
     TextBox Text2 { *this, Image2, "Text2", { 480, 120, 4695, 1695 } }; // the question
     RichTextBox Text3 { *this, Image2, "Text3", { 240, 1920, 5040, 1380 } }; // the user's answer
-    Image Image1 { *this, Image2, "Image1", { 4680, 3600, 525, 315 }, u":lamp" }; // opens the publisher's answer
-    HScrollBar ctlScrollbar { *this, Image2, "ctlScrollbar", { 720, 4035, 4050, 255 } }; // the page number
+    // opens the publisher's answer
+    Image Image1 { *this, Image2, "Image1", { 4680, 3600, 525, 315 }, u":lamp" };
+    // the page number
+    HScrollBar ctlScrollbar { *this, Image2, "ctlScrollbar", { 720, 4035, 4050, 255 } };
     CommandButton Command2 { *this, Image2, "Command2", { 15, 4035, 675, 255 }, u"< Prev" };
     CommandButton Command1 { *this, Image2, "Command1", { 4740, 4035, 675, 255 }, u"Next >" };
-    XPContainer XPContainer4 { *this, *this, "XPContainer4", { 6000, 480, 2655, 2655 }, u"Main Bible Texts" };
+    XPContainer XPContainer4 { *this, *this, "XPContainer4", { 6000, 480, 2655, 2655 },
+        u"Main Bible Texts" };
     TreeView TreeView1 { *this, XPContainer4, "TreeView1", { 120, 480, 2340, 2055 } };
-    XPContainer XPContainer5 { *this, *this, "XPContainer5", { 8880, 480, 2655, 2655 }, u"Supplementary Verses" };
+    XPContainer XPContainer5 { *this, *this, "XPContainer5", { 8880, 480, 2655, 2655 },
+        u"Supplementary Verses" };
     TreeView TreeView2 { *this, XPContainer5, "TreeView2", { 120, 480, 2415, 2055 } };
-    XPContainer XPContainer1 { *this, *this, "XPContainer1", { 6000, 3360, 5535, 4455 }, u"Scripture Text" };
-    RichTextBox Text1 { *this, XPContainer1, "Text1", { 120, 480, 5280, 3840 } }; // all passages of the lesson
+    XPContainer XPContainer1 { *this, *this, "XPContainer1", { 6000, 3360, 5535, 4455 },
+        u"Scripture Text" };
+    // all passages of the lesson
+    RichTextBox Text1 { *this, XPContainer1, "Text1", { 120, 480, 5280, 3840 } };
     StatusBar StatusBar1 { *this, "StatusBar1", { 0, 8010, 11745, 300 } };
-    ProgressBar ProgressBar1 { *this, *this, "ProgressBar1", { 7605, 8085, 3840, 195 } }; // of the lesson
+    // of the lesson
+    ProgressBar ProgressBar1 { *this, *this, "ProgressBar1", { 7605, 8085, 3840, 195 } };
     PictureBox Frame1 { *this, *this, "Frame1", { 3810, 3750, 4230, 1050 } }; // the loading panel
     Label Label2 { *this, Frame1, "Label2", { 180, 120, 900, 240 }, u"Loading:" };
     Label Label1 { *this, Frame1, "Label1", { 1110, 120, 3000, 240 }, u"Study title goes here" };

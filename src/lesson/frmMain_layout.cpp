@@ -1,5 +1,6 @@
-// The layout of frmMain: where the controls go when the window changes size. Lengths are twips; places inside a panel or
-// inside Image2 are relative to it. A value used on the right is the one just set, so the order of the lines counts.
+// The layout of frmMain: where the controls go when the window changes size. Lengths are twips;
+// places inside a panel or inside Image2 are relative to it. A value used on the right is the one
+// just set, so the order of the lines counts.
 
 #include "lesson/frmMain.h"
 
@@ -21,7 +22,8 @@ void frmMain::Form_Resize()
     HideForLayout();
     ProgressBar1.Top = usable + 75 - 690 - ProgressBar1.Height / 2;
     ProgressBar1.Left = w - 5025 + 700;
-    // The rows where the panels of each column meet. On the first run the tree still stands at its place of the design.
+    // The rows where the panels of each column meet. On the first run the tree still stands at its
+    // place of the design.
     float const base = usable - 2 * margin;
     float const leftSplit = XPContainer3.Top + 33 * (base - XPContainer3.Top) / 100;
     float const rightSplit = TreeView1.Top + 28 * (base - TreeView1.Top) / 100;
@@ -32,7 +34,8 @@ void frmMain::Form_Resize()
     ShowAfterLayout();
 }
 
-/// The window can't be made smaller than the layout can bear; but a screen that is lower has the last word.
+/// The window can't be made smaller than the layout can bear; but a screen that is lower has the
+/// last word.
 void frmMain::KeepWithinLimits()
 {
     if (Width < smallest.width)
@@ -145,5 +148,6 @@ void frmMain::ShowAfterLayout()
 /// Those that are hidden while they are moved and always shown afterwards.
 std::array<Control*, 9> frmMain::MovedControls()
 {
-    return { &Text4, &TreeView1, &TreeView2, &Text1, &Command1, &Command2, &ctlScrollbar, &Text2, &lblPageTitle };
+    return { &Text4, &TreeView1, &TreeView2, &Text1, &Command1, &Command2, &ctlScrollbar, &Text2,
+        &lblPageTitle };
 }

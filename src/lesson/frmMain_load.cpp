@@ -94,8 +94,8 @@ std::optional<Failure> frmMain::LoadLesson()
     if (!titleLine)
         return titleLine.failure();
     auto const titles = Split(*titleLine, u'/');
-    XPContainer3.Caption = u"Lesson " + lessonNumber + u", Part " + reader->PartWord() + u":  " + Text(titles[0])
-        + (titles.size() > 1 ? u"   " + Text(titles[1]) : Text());
+    XPContainer3.Caption = u"Lesson " + lessonNumber + u", Part " + reader->PartWord() + u":  "
+        + Text(titles[0]) + (titles.size() > 1 ? u"   " + Text(titles[1]) : Text());
     if (auto const found = reader->FindBlock(); !found)
         return found.failure();
     if (auto failure = LoadIntroduction(*reader))
@@ -111,7 +111,8 @@ std::optional<Failure> frmMain::LoadLesson()
             return failure;
     }
     for (int i = 0; i < linesBehindPassages; ++i)
-        Append(Text1, [] {}, u"\r\n");
+        Append(
+            Text1, [] {}, u"\r\n");
     IndentAll(Text1);
     Text1.Visible = true;
     return std::nullopt;
@@ -121,7 +122,8 @@ std::optional<Failure> frmMain::LoadIntroduction(LessonReader& reader)
 {
     Text4.Text = u"";
     auto const read = reader.ReadIntroduction([this](IntroParagraph const& paragraph) {
-        Append(Text4, [&] { Text4.SelBold = paragraph.bold; }, paragraph.text + u"\r\n\r\n");
+        Append(
+            Text4, [&] { Text4.SelBold = paragraph.bold; }, paragraph.text + u"\r\n\r\n");
     });
     if (!read)
         return read.failure();
@@ -133,8 +135,10 @@ std::optional<Failure> frmMain::LoadIntroduction(LessonReader& reader)
 
 void frmMain::AppendIntroduction()
 {
-    ReadIntroduction(m_files, OwnScreen().OwnTurns(),
-        [this](TextView line) { Append(Text4, [this] { Text4.SelBold = false; }, Text(line) + u"\r\n"); });
+    ReadIntroduction(m_files, OwnScreen().OwnTurns(), [this](TextView line) {
+        Append(
+            Text4, [this] { Text4.SelBold = false; }, Text(line) + u"\r\n");
+    });
 }
 
 std::optional<Failure> frmMain::LoadPages(LessonReader& reader)
@@ -179,7 +183,8 @@ std::optional<Failure> frmMain::FillScriptures(TreeView& tree, TextView name)
         else
             AppendVerse(item);
     };
-    auto const read = ReadVerseSection(m_files, name, lessonNumber, OwnScreen().OwnTurns(), listener);
+    auto const read
+        = ReadVerseSection(m_files, name, lessonNumber, OwnScreen().OwnTurns(), listener);
     return read ? std::nullopt : std::optional(read.failure());
 }
 
@@ -190,7 +195,8 @@ void frmMain::AddHeading(TreeView& tree, int number, TextView heading)
     node.SetExpanded(true);
     node.SetBackColor(panelColor);
     node.SetTag(FromNumber(Text1.Length()));
-    Append(Text1, [this] { Text1.SelBold = true; }, Text(heading) + u"\r\n\r\n");
+    Append(
+        Text1, [this] { Text1.SelBold = true; }, Text(heading) + u"\r\n\r\n");
 }
 
 void frmMain::AppendVerse(VerseFileItem const& item)
@@ -222,7 +228,8 @@ void frmMain::AppendVerse(VerseFileItem const& item)
 void frmMain::Resume(TextView storedPage)
 {
     auto const digits = Trim(storedPage);
-    bool const isBeyondAll = !digits.empty() && digits.find_first_not_of(u"0123456789") == TextView::npos;
+    bool const isBeyondAll
+        = !digits.empty() && digits.find_first_not_of(u"0123456789") == TextView::npos;
     auto const stored = ToInteger(storedPage).value_or(isBeyondAll ? INT64_MAX : 1);
     auto const page = std::clamp<std::int64_t>(stored, 1, ctlScrollbar.Max);
     ShowLessonPage(static_cast<int>(page));

@@ -8,7 +8,7 @@ Text ModelAnswer(TextView answer)
             message.append(paragraph).append(u"\r\n\r\n");
     // Without its first two letters the phrase is found with a capital and with a small one.
     if (Contains(message, u"swers will vary"))
-        return u"Answers will vary. Do you best to answer this application question because it will help you apply the "
-               u"truths you are learning to your personal life.";
+        return u"Answers will vary. Do you best to answer this application question because it "
+               u"will help you apply the truths you are learning to your personal life.";
     return message;
 }

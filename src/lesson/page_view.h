@@ -4,9 +4,10 @@
 
 #include "base/text.h"
 
-/// All up to and including the first full stop; empty without one, and for "." alone, which stands for no label.
+/// All up to and including the first full stop; empty without one, and for "." alone, which stands
+/// for no label.
 TextView PageLabel(TextView page);
 
-/// All behind the first blank (without a blank the whole page), its paragraphs trimmed and each followed by two line ends;
-/// empty if nothing stands there.
+/// All behind the first blank (without a blank the whole page), its paragraphs trimmed and each
+/// followed by two line ends; empty if nothing stands there.
 Text PageText(TextView page);

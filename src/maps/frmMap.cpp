@@ -16,8 +16,8 @@ frmMap::frmMap(Screen& screen, FileSystem const& files)
     BackColor = Rgb(224, 224, 224);
     icon = "map-icon";
     MouseIcon = u":pan";
-    constexpr float narrowest
-        = 1500; // twips: the steps of the bars rely on a window that isn't squeezed to nothing
+    // twips: the steps of the bars rely on a window that isn't squeezed to nothing
+    constexpr float narrowest = 1500;
     smallest = { narrowest, 0 };
     Picture1.BackColor = mapGround;
     Picture1.Border = true;

@@ -14,14 +14,14 @@ struct MapBar {
     bool isVisible = false;
     std::int16_t largeChange = 0;
     std::optional<float> length; ///< nothing: the bar keeps the length that it has
-    std::optional<std::int16_t>
-        max; ///< nothing: it keeps its range. Held at 32767, the most that a bar can express
+    /// nothing: it keeps its range. Held at 32767, the most that a bar can express
+    std::optional<std::int16_t> max;
 };
 
 struct MapView {
     MapBar horizontal, vertical;
-    Size viewport; ///< a pixel larger each way than the part of the map that the ranges of the bars
-                   ///< leave in it
+    /// a pixel larger each way than the part of the map that the ranges of the bars leave in it
+    Size viewport;
     float mapLeft = 0, mapTop = 0; ///< of the map within the viewport
     bool hasCorner = false; ///< both bars lie along the edges and leave a corner free
 };

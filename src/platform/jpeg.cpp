@@ -23,8 +23,8 @@ enum Marker : unsigned {
 
 bool IsFrame(unsigned marker)
 {
-    return marker >= startOfBaseline && marker <= lastStartOfFrame && marker != huffmanTables && marker != extension
-        && marker != arithmeticConditions;
+    return marker >= startOfBaseline && marker <= lastStartOfFrame && marker != huffmanTables
+        && marker != extension && marker != arithmeticConditions;
 }
 
 bool StandsAlone(unsigned marker)
@@ -49,7 +49,8 @@ public:
                 return false;
             m_rest.remove_prefix(at + 1);
             m_marker = static_cast<unsigned char>(m_rest.front());
-            // Behind a fill byte the marker is still to come; 0 stands behind a byte of picture data.
+            // Behind a fill byte the marker is still to come; 0 stands behind a byte of picture
+            // data.
             if (m_marker != 0xFF)
                 m_rest.remove_prefix(1);
         } while (m_marker == 0xFF || m_marker == 0);
@@ -72,13 +73,16 @@ public:
     int Byte(std::size_t at) const { return static_cast<int>(At(m_content, at)); }
 
 private:
-    static unsigned At(std::string_view bytes, std::size_t at) { return static_cast<unsigned char>(bytes[at]); }
+    static unsigned At(std::string_view bytes, std::size_t at)
+    {
+        return static_cast<unsigned char>(bytes[at]);
+    }
 
     std::string_view m_rest, m_content;
     unsigned m_marker = 0;
 };
 
-}
+} // namespace
 
 std::optional<JpegHead> JpegHeadOf(std::string_view file)
 {
@@ -87,7 +91,8 @@ std::optional<JpegHead> JpegHeadOf(std::string_view file)
     JpegHead head {};
     for (Segments segments(file); !head.isWhole && segments.Next();) {
         if (IsFrame(segments.Marker())) {
-            bool const isKnown = segments.Marker() <= startOfProgressive && segments.Size() >= 6 && segments.Byte(0) == 8;
+            bool const isKnown = segments.Marker() <= startOfProgressive && segments.Size() >= 6
+                && segments.Byte(0) == 8;
             if (!isKnown || head.components != 0)
                 return std::nullopt;
             head.height = segments.Byte(1) << 8 | segments.Byte(2);
@@ -96,7 +101,8 @@ std::optional<JpegHead> JpegHeadOf(std::string_view file)
         } else if (segments.Marker() == startOfScan) {
             ++head.scans;
         } else if (segments.Marker() == endOfImage) {
-            head.isWhole = true; // What stands behind it, such as a second picture, is never decoded.
+            // What stands behind it, such as a second picture, is never decoded.
+            head.isWhole = true;
         }
     }
     if (head.width == 0 || head.height == 0 || head.components < 1 || head.components > 4)

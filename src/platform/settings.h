@@ -1,6 +1,6 @@
 #pragma once
-// Preferences in the settings store, with the default that a caller names. A store that fails now costs no more than a
-// preference, so failures are silent.
+// Preferences in the settings store, with the default that a caller names. A store that fails now
+// costs no more than a preference, so failures are silent.
 
 #include "platform/settings_store.h"
 

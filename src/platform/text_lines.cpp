@@ -5,7 +5,8 @@
 #include <cstring>
 #include <utility>
 
-// Blocks double from the first to the largest: who reads only the head of a file reads little more than that.
+// Blocks double from the first to the largest: who reads only the head of a file reads little more
+// than that.
 static constexpr std::size_t firstBlock = 2048;
 static constexpr std::size_t largestBlock = 65536;
 
@@ -105,8 +106,8 @@ void TextLines::Fill()
         m_end += *read;
 }
 
-/// Moves the bytes not yet taken to the front; where a line fills the whole buffer, doubles that, so that a line of any length
-/// costs time in proportion to it.
+/// Moves the bytes not yet taken to the front; where a line fills the whole buffer, doubles that,
+/// so that a line of any length costs time in proportion to it.
 void TextLines::MakeRoom()
 {
     if (m_start > 0) {

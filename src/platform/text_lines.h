@@ -15,7 +15,8 @@
 
 class TextLines {
 public:
-    static constexpr std::size_t longestLine = std::size_t { 16 } << 20; ///< bytes, without the line end
+    /// bytes, without the line end
+    static constexpr std::size_t longestLine = std::size_t { 16 } << 20;
 
     /// Takes the file over; it is read in blocks and closed with this object. `name` stands in
     /// failures.

@@ -1,6 +1,7 @@
 #include "program/program.h"
 
-Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Writer& writer, Shell& shell)
+Program::Program(
+    Host& host, FileSystem& files, SettingsStore& settings, Writer& writer, Shell& shell)
     : m_screen(host)
     , m_settings(settings, writer)
     , m_answers(m_settings, writer)
@@ -26,8 +27,8 @@ Program::Program(Host& host, FileSystem& files, SettingsStore& settings, Writer&
     m_screen.KeepDesigns();
 }
 
-/// Where an operation found the settings store damaged, whoever asked for it, what is on show goes into the new one, and the
-/// user is told.
+/// Where an operation found the settings store damaged, whoever asked for it, what is on show goes
+/// into the new one, and the user is told.
 void Program::TellOfStore()
 {
     auto const report = m_settings.TakeReport();
@@ -41,7 +42,9 @@ void Program::TellOfMemory()
 {
     frmMain.StoreTyped();
     frmBible.StoreTyped();
-    m_screen.Message(u"There isn't enough memory for this, and it was left unfinished. What you have typed is stored.");
+    m_screen.Message(
+        u"There isn't enough memory for this, and it was left unfinished. What you have typed is "
+        u"stored.");
 }
 
 void Program::Start(std::optional<Failure> const& report)

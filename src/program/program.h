@@ -33,8 +33,8 @@ public:
     /// The settings as the program sees them, behind all that the writer was given.
     SettingsStore& OwnSettings() { return m_settings; }
 
-    /// Shows the first screen. `report`, if there is one, is told the user first: what was wrong with his data when it was
-    /// opened.
+    /// Shows the first screen. `report`, if there is one, is told the user first: what was wrong
+    /// with his data when it was opened.
     void Start(std::optional<Failure> const& report);
 
     /// Memory ran out in the middle of something: stores what is typed, and tells the user.

@@ -22,8 +22,7 @@ struct UserFile {
 std::vector<UserFile> FindUserFiles(std::filesystem::path const& copy);
 
 /// Gives those files that Setup hasn't put into the old copy to the new one as well. Where the new
-/// one has a file of that name, it becomes
-/// "<name>.kept-<number>". The old copy stays as it is.
+/// one has a file of that name, it becomes "<name>.kept-<number>". The old copy stays as it is.
 Outcome<Done> CarryUserFiles(std::filesystem::path const& old, std::filesystem::path const& fresh);
 
 /// Moves the user's files out of the copy into a new folder "Kept files-<number>" in the folder

@@ -8,8 +8,8 @@
 struct SetupReport {
     Ending ending = Ending::Complete;
     std::vector<Failure> menuFaults;
-    std::filesystem::path kept; ///< the folder with files of the user's that lay in the copy; empty
-                                ///< if there were none
+    /// the folder with files of the user's that lay in the copy; empty if there were none
+    std::filesystem::path kept;
 };
 
 /// Copies the disc as planned in place of the copy that may be installed, and adds the menu entry.

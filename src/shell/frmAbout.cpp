@@ -9,7 +9,8 @@ frmAbout::frmAbout(Screen& screen)
     inTaskbar = false;
     centred = true;
     Picture = u":dialog";
-    picIcon.BackColor = Rgb(16, 30, 88); // the picture's own ground, around which the box is a little larger
+    // the picture's own ground, around which the box is a little larger
+    picIcon.BackColor = Rgb(16, 30, 88);
     for (Label* label : { &lblTitle, &lblVersion }) {
         label->FontSize = 9.75F;
         label->ForeColor = Rgb(0, 0, 192);
@@ -19,8 +20,8 @@ frmAbout::frmAbout(Screen& screen)
     Label2.FontSize = 9.75F;
     Label2.FontBold = true;
     Label2.WordWrap = true;
-    Label2.Caption = u"\u00A9 Sparrowfield House. Uses Qt (LGPL v3). In the public domain: SQLite, the King "
-                     u"James Version and the World English Bible.";
+    Label2.Caption = u"\u00A9 Sparrowfield House. Uses Qt (LGPL v3). In the public domain: "
+                     u"SQLite, the King James Version and the World English Bible.";
     cmdOK.Default = true;
     cmdOK.Cancel = true;
     cmdOK.TabIndex = 0;

@@ -14,8 +14,10 @@ private:
     void cmdOK_Click();
 
     PictureBox picIcon { *this, *this, "picIcon", { 240, 240, 660, 510 }, u":about" };
-    Label lblTitle { *this, *this, "lblTitle", { 1050, 240, 3885, 345 }, u"Sparrowfield Interactive Bible Study" };
-    Label lblVersion { *this, *this, "lblVersion", { 1065, 495, 3885, 225 }, u"Version 2.0    3/31/06" };
+    Label lblTitle { *this, *this, "lblTitle", { 1050, 240, 3885, 345 },
+        u"Sparrowfield Interactive Bible Study" };
+    Label lblVersion { *this, *this, "lblVersion", { 1065, 495, 3885, 225 },
+        u"Version 2.0    3/31/06" };
     Label Label2 { *this, *this, "Label2", { 645, 975, 6510, 585 } }; // the publisher's notice
     Line Line1 { *this, *this, "Line1", { 75, 1755, 7485, 0 }, Rgb(128, 128, 128) };
     CommandButton cmdOK { *this, *this, "cmdOK", { 6780, 1890, 750, 345 }, u"OK" };

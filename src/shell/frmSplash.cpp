@@ -23,10 +23,12 @@ frmSplash::frmSplash(Screen& screen, FileSystem const& files, Shell& shell, Form
         TextView name;
         void (frmSplash::*handler)();
     };
-    for (auto const& choice : { Choice { lblInstallToDisk, u"Install to Disk", &frmSplash::lblInstallToDisk_Click },
-             Choice { lblWelcomeVideo, u"Welcome Video", &frmSplash::lblWelcomeVideo_Click },
-             Choice { lblRunFromCD, u"Run from CD", &frmSplash::lblRunFromCD_Click },
-             Choice { lblEnter, u"Enter", &frmSplash::lblEnter_Click }, Choice { lblExit, u"Exit", &frmSplash::lblExit_Click } }) {
+    for (auto const& choice :
+        { Choice { lblInstallToDisk, u"Install to Disk", &frmSplash::lblInstallToDisk_Click },
+            Choice { lblWelcomeVideo, u"Welcome Video", &frmSplash::lblWelcomeVideo_Click },
+            Choice { lblRunFromCD, u"Run from CD", &frmSplash::lblRunFromCD_Click },
+            Choice { lblEnter, u"Enter", &frmSplash::lblEnter_Click },
+            Choice { lblExit, u"Exit", &frmSplash::lblExit_Click } }) {
         choice.label.MousePointer = pointerHand;
         choice.label.accessibleName = Text(choice.name);
         choice.label.Click = [this, handler = choice.handler] { (this->*handler)(); };
@@ -36,8 +38,9 @@ frmSplash::frmSplash(Screen& screen, FileSystem const& files, Shell& shell, Form
 void frmSplash::Form_Load()
 {
     auto const programFolder = m_files.ApplicationFolder();
-    auto const options = ChooseStartOptions(
-        m_files.FileExists(programFolder + u"\\sparrowfield.wmv"), programFolder, InstalledCopyExists());
+    auto const options
+        = ChooseStartOptions(m_files.FileExists(programFolder + u"\\sparrowfield.wmv"),
+            programFolder, InstalledCopyExists());
     Shape1.Visible = options.coverInstall;
     Shape2.Visible = options.coverEnter;
     Shape3.Visible = options.coverRunFromCD;
@@ -50,8 +53,8 @@ void frmSplash::Form_Load()
 
 bool frmSplash::InstalledCopyExists() const
 {
-    return m_files.FileExists(
-        u"C:\\Program Files\\Sparrowfield House\\Sparrowfield Interactive Software\\sparrowfield.exe");
+    return m_files.FileExists(u"C:\\Program Files\\Sparrowfield House\\Sparrowfield Interactive "
+                              u"Software\\sparrowfield.exe");
 }
 
 void frmSplash::Form_Click()

@@ -1,6 +1,7 @@
 #pragma once
-// The start-up screen: one picture into which the choices are painted, a click area over each, and a black cover over
-// each that doesn't apply. Every way of leaving it but Install to Disk and Exit leads to the catalogue.
+// The start-up screen: one picture into which the choices are painted, a click area over each, and
+// a black cover over each that doesn't apply. Every way of leaving it but Install to Disk and Exit
+// leads to the catalogue.
 
 #include "controls/form.h"
 #include "controls/label.h"
@@ -9,7 +10,8 @@
 
 class frmSplash final : public Form {
 public:
-    frmSplash(Screen& screen, FileSystem const& files, Shell& shell, Form& video); // all outlive the form
+    // all outlive the form
+    frmSplash(Screen& screen, FileSystem const& files, Shell& shell, Form& video);
 
     /// Names the screen that this one leads to: once, before the first showing.
     void LeadTo(Form& catalogue) { frmContents = &catalogue; }
@@ -31,10 +33,13 @@ private:
     Form& frmVideo;
     Form* frmContents = nullptr;
 
-    Shape Shape1 { *this, *this, "Shape1", { 240, 8160, 3135, 345 }, Rgb(0, 0, 0) }; // hides Install to Disk
+    // hides Install to Disk
+    Shape Shape1 { *this, *this, "Shape1", { 240, 8160, 3135, 345 }, Rgb(0, 0, 0) };
     Shape Shape2 { *this, *this, "Shape2", { 9120, 8160, 1680, 345 }, Rgb(0, 0, 0) }; // hides Enter
-    Shape Shape3 { *this, *this, "Shape3", { 6000, 8160, 3135, 345 }, Rgb(0, 0, 0) }; // hides Run from CD
-    Shape Shape4 { *this, *this, "Shape4", { 3360, 8160, 2415, 375 }, Rgb(0, 0, 0) }; // hides Welcome Video
+    // hides Run from CD
+    Shape Shape3 { *this, *this, "Shape3", { 6000, 8160, 3135, 345 }, Rgb(0, 0, 0) };
+    // hides Welcome Video
+    Shape Shape4 { *this, *this, "Shape4", { 3360, 8160, 2415, 375 }, Rgb(0, 0, 0) };
     Label lblInstallToDisk { *this, *this, "lblInstallToDisk", { 240, 8100, 2295, 390 } };
     Label lblWelcomeVideo { *this, *this, "lblWelcomeVideo", { 3360, 8160, 2415, 255 } };
     Label lblRunFromCD { *this, *this, "lblRunFromCD", { 6480, 8130, 2175, 345 } };

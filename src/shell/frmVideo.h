@@ -14,5 +14,6 @@ private:
     void Form_Click() override;
     void Form_Unload() override;
 
-    WindowsMediaPlayer WindowsMediaPlayer1 { *this, *this, "WindowsMediaPlayer1", { 0, 0, 7035, 5325 } };
+    WindowsMediaPlayer WindowsMediaPlayer1 { *this, *this, "WindowsMediaPlayer1",
+        { 0, 0, 7035, 5325 } };
 };

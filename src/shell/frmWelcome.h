@@ -1,5 +1,6 @@
 #pragma once
-// The dialog that greets the user on the way into the first lesson of a run, and his choice not to see it there again.
+// The dialog that greets the user on the way into the first lesson of a run, and his choice not to
+// see it there again.
 
 #include "controls/button.h"
 #include "controls/form.h"
@@ -18,9 +19,10 @@ private:
     SettingsStore& m_settings;
 
     Label Label1 { *this, *this, "Label1", { 615, 375, 6240, 840 },
-        u"Welcome to the Sparrowfield Interactive Bible Study program.  Click on the Help menu and then "
-        u"\"Getting Started\" to learn how to use this software program." };
-    CheckBox Check1 { *this, *this, "Check1", { 195, 1440, 240, 225 } }; // ticked: not to be shown again
+        u"Welcome to the Sparrowfield Interactive Bible Study program.  Click on the Help menu "
+        u"and then \"Getting Started\" to learn how to use this software program." };
+    // ticked: not to be shown again
+    CheckBox Check1 { *this, *this, "Check1", { 195, 1440, 240, 225 } };
     Label Label2 { *this, *this, "Label2", { 450, 1455, 2010, 285 }, u"Don't show me this again" };
     CommandButton Command1 { *this, *this, "Command1", { 6465, 1395, 735, 300 }, u"OK" };
 };

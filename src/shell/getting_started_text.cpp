@@ -5,10 +5,9 @@ using enum LongTextStyle;
 static constexpr LongTextParagraph paragraphs[] = {
     { Title, u"Getting Started" },
     { Paragraph,
-        u"Welcome! This program is a workbook. It asks the questions, you look up the passages and "
-        u"write your own "
-        u"answers, and it keeps every word that you write. A few minutes with this page will show "
-        u"you your way around." },
+        u"Welcome! This program is a workbook. It asks the questions, you look up the passages "
+        u"and write your own answers, and it keeps every word that you write. A few minutes with "
+        u"this page will show you your way around." },
 
     { Heading, u"The lesson screen" },
     { Paragraph,
@@ -16,30 +15,24 @@ static constexpr LongTextParagraph paragraphs[] = {
         u"work to do." },
     { Indented,
         u"*Upper left: the lesson overview.* Here stand the title of the lesson, the *main "
-        u"passage* that it studies, "
-        u"and an *introduction* that sets the scene. It stays there while you work, so you can "
-        u"come back to it." },
+        u"passage* that it studies, and an *introduction* that sets the scene. It stays there "
+        u"while you work, so you can come back to it." },
     { Indented,
         u"*Bottom left: the question and the answer box.* This is your part of the screen. Write "
-        u"as little or as much as "
-        u"you like; the box scrolls when it is full. Below it are the navigation tools: the "
-        u"picture of a lamp, the "
-        u"buttons that lead back and on, and between them the bar that takes you quickly to any "
-        u"page." },
+        u"as little or as much as you like; the box scrolls when it is full. Below it are the "
+        u"navigation tools: the picture of a lamp, the buttons that lead back and on, and "
+        u"between them the bar that takes you quickly to any page." },
     { Indented,
-        u"*Upper right centre: the main scripture.* One click on a reference in this box brings up "
-        u"the passage that the "
-        u"lesson is about." },
+        u"*Upper right centre: the main scripture.* One click on a reference in this box brings "
+        u"up the passage that the lesson is about." },
     { Indented,
         u"*Upper right: the supplementary scripture.* These are passages from other parts of the "
-        u"Bible that throw light "
-        u"on the lesson. Click on one in the list and it is there at once." },
+        u"Bible that throw light on the lesson. Click on one in the list and it is there at "
+        u"once." },
     { Indented,
-        u"*Lower right: the scripture itself.* The passage that you have chosen is shown here, and "
-        u"you can scroll "
-        u"through it while you think and write. Beneath it the *progress bar* shows how much of "
-        u"the lesson lies "
-        u"behind you." },
+        u"*Lower right: the scripture itself.* The passage that you have chosen is shown here, "
+        u"and you can scroll through it while you think and write. Beneath it the *progress bar* "
+        u"shows how much of the lesson lies behind you." },
 
     { Heading, u"Working through a lesson, step by step" },
     { Numbered,
@@ -47,8 +40,7 @@ static constexpr LongTextParagraph paragraphs[] = {
         u"for." },
     { Numbered,
         u"2. *Read the main passage.* Open it in the upper right centre and read it through, "
-        u"slowly, before you look at any "
-        u"question. Twice is better than once." },
+        u"slowly, before you look at any question. Twice is better than once." },
     { Numbered,
         u"3. *Answer the first question.* The lesson opens on it. At the end of a question stand "
         u"the references that help you to answer it; look them up on the right, then write what "
@@ -58,48 +50,40 @@ static constexpr LongTextParagraph paragraphs[] = {
         u"4. *Click on the lamp.* It opens a window with the answer that the publisher suggests, "
         u"once you have written something yourself." },
     { Numbered,
-        u"5. *Compare.* Does your answer say much the same? Does one of the two see something that "
-        u"the other has "
-        u"overlooked? You can add to your own answer as often as you like." },
+        u"5. *Compare.* Does your answer say much the same? Does one of the two see something "
+        u"that the other has overlooked? You can add to your own answer as often as you like." },
     { Numbered,
         u"6. *Go on.* As soon as your answer stands in the box, the \u201cNext >\u201d button "
         u"takes you to the next question. \u201c< Prev\u201d leads to the one before, and the bar "
         u"between the two to any page." },
     { Numbered,
-        u"7. *Keep going, at your own pace.* The progress bar shows how far you have come. You may "
-        u"stop wherever you "
-        u"are and close the program; when you return to the lesson it opens at the page where you "
-        u"left it, with all "
-        u"your answers." },
+        u"7. *Keep going, at your own pace.* The progress bar shows how far you have come. You "
+        u"may stop wherever you are and close the program; when you return to the lesson it "
+        u"opens at the page where you left it, with all your answers." },
     { Numbered,
-        u"8. *Take the next lesson.* When you have come to the end, open the *File* menu and click "
-        u"on \u201cChoose Another "
-        u"Study\u201d. It takes you back to the list of studies, where the next lesson waits. Many "
-        u"lessons have a Part One "
-        u"and a Part Two, and each has its own place in the list." },
+        u"8. *Take the next lesson.* When you have come to the end, open the *File* menu and "
+        u"click on \u201cChoose Another Study\u201d. It takes you back to the list of studies, "
+        u"where the next lesson waits. Many lessons have a Part One and a Part Two, and each has "
+        u"its own place in the list." },
     { Numbered,
         u"9. *When the whole study is finished,* look back. Page through the lessons again and "
-        u"read what you wrote at the "
-        u"beginning; you may be surprised how far you have travelled. Then choose another study, "
-        u"or do the same one "
-        u"again with a friend." },
+        u"read what you wrote at the beginning; you may be surprised how far you have travelled. "
+        u"Then choose another study, or do the same one again with a friend." },
 
     { Heading, u"Three hints" },
     { Indented,
-        u"*Be patient at the start.* The first lesson of a study often asks you to read more than "
-        u"the later ones do. "
-        u"The time is well spent: whoever knows the passage finds the answers." },
+        u"*Be patient at the start.* The first lesson of a study often asks you to read more "
+        u"than the later ones do. The time is well spent: whoever knows the passage finds the "
+        u"answers." },
     { Indented,
         u"*Don\u2019t reach for the lamp too soon.* An answer that you have found yourself stays "
-        u"with you; one that was "
-        u"handed to you is gone by evening. Write something first, even if it is only a guess or a "
-        u"new question." },
+        u"with you; one that was handed to you is gone by evening. Write something first, even "
+        u"if it is only a guess or a new question." },
     { Indented,
-        u"*Don\u2019t skip the personal questions.* Some questions have no answer behind the lamp, "
-        u"because only you can "
-        u"answer them. They ask what the passage means for your own days, and they may well be the "
-        u"most important part "
-        u"of the lesson. Nobody but you will read what you write there." },
+        u"*Don\u2019t skip the personal questions.* Some questions have no answer behind the "
+        u"lamp, because only you can answer them. They ask what the passage means for your own "
+        u"days, and they may well be the most important part of the lesson. Nobody but you will "
+        u"read what you write there." },
     { Quotation,
         u"\u201cBut be ye doers of the word, and not hearers only, deceiving your own "
         u"selves.\u201d (James 1:22)" },
@@ -147,10 +131,9 @@ static constexpr LongTextParagraph paragraphs[] = {
     { Heading, u"Tell us what you think" },
     { Paragraph,
         u"We would be glad to hear from you. If a question was unclear, if an answer didn\u2019t "
-        u"satisfy you, or if a lesson "
-        u"has helped you, please write to Sparrowfield House at the address that came with your "
-        u"disc. Every comment is read, "
-        u"and the next edition will be the better for it." },
+        u"satisfy you, or if a lesson has helped you, please write to Sparrowfield House at the "
+        u"address that came with your disc. Every comment is read, and the next edition will be "
+        u"the better for it." },
     { Paragraph, u"*May you find joy in your study!*" },
 };
 

@@ -39,7 +39,7 @@ void Append(RichTextBox& box, Look const& look, bool bold, TextView text)
     box.ReplaceSelection(text);
 }
 
-}
+} // namespace
 
 void WriteLongText(RichTextBox& box, std::span<LongTextParagraph const> text)
 {

@@ -10,6 +10,6 @@ struct StartOptions {
     bool install = false, video = false, runFromCD = false, enter = false;
 };
 
-/// `programFolder` is the folder of the program file: one whose path holds "Program", in exactly that case, is that of
-/// an installed copy. Exit is always offered.
+/// `programFolder` is the folder of the program file: one whose path holds "Program", in exactly
+/// that case, is that of an installed copy. Exit is always offered.
 StartOptions ChooseStartOptions(bool videoExists, TextView programFolder, bool installedCopyExists);

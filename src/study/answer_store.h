@@ -102,8 +102,8 @@ private:
     Writer& m_writer;
     std::optional<Box> m_box;
     std::map<Key, Text> m_pending; // what was typed and isn't known to be stored
-    std::map<Key, std::optional<Text>>
-        m_unseen; // answers that couldn't be shown; their text as soon as it is known
+    // answers that couldn't be shown; their text as soon as it is known
+    std::map<Key, std::optional<Text>> m_unseen;
     std::deque<Storing> m_typed; // in the writer's hands
     std::map<Key, Text> m_known; // what the store has given or taken in this run
     bool m_told = false;

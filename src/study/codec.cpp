@@ -9,8 +9,9 @@
 
 namespace {
 
-/// What each byte of a scrambled body stands for, given a byte at the end of the line that is no letter: outside a to z the
-/// remainder takes the sign of the dividend, and what comes out may be no letter.
+/// What each byte of a scrambled body stands for, given a byte at the end of the line that is no
+/// letter: outside a to z the remainder takes the sign of the dividend, and what comes out may be
+/// no letter.
 std::array<char16_t, 256> AlphabetOf(int shiftLetter)
 {
     std::array<char16_t, 256> alphabet;
@@ -21,7 +22,8 @@ std::array<char16_t, 256> AlphabetOf(int shiftLetter)
     return alphabet;
 }
 
-/// The bytes that are shifted at once: a fixed number, so that the compiler shifts several with one instruction.
+/// The bytes that are shifted at once: a fixed number, so that the compiler shifts several with one
+/// instruction.
 constexpr std::size_t shiftedAtOnce = 16;
 
 /// Shifts back the letters a to z of a block by 0 to 25; all else stays.

@@ -22,8 +22,8 @@ StudyKey SplitStudyKey(TextView studyKey);
 
 struct StudyLine {
     Text studyPrefix; ///< before the first colon
-    Text studyTitle; ///< between the first and the second colon, without blanks at its ends; empty
-                     ///< without a colon
+    /// between the first and the second colon, without blanks at its ends; empty without a colon
+    Text studyTitle;
 };
 
 struct IntroParagraph {
@@ -48,8 +48,8 @@ struct LessonBlock {
     Text supplementalVerseName;
 };
 
-/// What a lesson takes of its file, or of its verse file. No lesson comes near these limits; without them a file of some hundred
-/// megabytes would take the memory of the whole machine.
+/// What a lesson takes of its file, or of its verse file. No lesson comes near these limits;
+/// without them a file of some hundred megabytes would take the memory of the whole machine.
 class LessonSize {
 public:
     static constexpr std::size_t mostBytes = std::size_t { 4 } << 20;

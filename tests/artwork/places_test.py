@@ -26,7 +26,10 @@ def distance_and_bearing(start, end):
     """Great circle in km, and the first bearing in degrees from north over east."""
     (a, b), (c, d) = (map(math.radians, places[name]) for name in (start, end))
     haversine = math.sin((c - a) / 2) ** 2 + math.cos(a) * math.cos(c) * math.sin((d - b) / 2) ** 2
-    bearing = math.atan2(math.sin(d - b) * math.cos(c), math.cos(a) * math.sin(c) - math.sin(a) * math.cos(c) * math.cos(d - b))
+    bearing = math.atan2(
+        math.sin(d - b) * math.cos(c),
+        math.cos(a) * math.sin(c) - math.sin(a) * math.cos(c) * math.cos(d - b),
+    )
     return 2 * 6371 * math.asin(math.sqrt(haversine)), math.degrees(bearing) % 360
 
 
@@ -37,16 +40,32 @@ def check(condition, fault):
 
 # Distances as handbooks give them, in km with what they may be off, and rough bearings.
 KNOWN = [
-    ("Jerusalem", "Bethlehem", 8.5, 0.6, 200), ("Jerusalem", "Hebron", 30.5, 1.5, 203), ("Jerusalem", "Jericho", 22.5, 1.5, 62),
-    ("Jerusalem", "Joppa", 55, 2, 304), ("Jerusalem", "Damascus", 218, 4, 27), ("Dan", "Beersheba", 235, 5, 199),
-    ("Jerusalem", "Nazareth", 103, 3, 3), ("Nazareth", "Capernaum", 33, 2, 52), ("Tyre", "Sidon", 36, 2, 27),
-    ("Jerusalem", "Ezion-geber", 249, 5, 186), ("Jerusalem/9", "Rome", 2305, 25, 307), ("Athens", "Rome", 1052, 15, 294),
-    ("Athens", "Corinth", 75, 3, 264), ("Ephesus", "Athens", 318, 8, 272), ("Antioch", "Tarsus/9", 139, 5, 305),
-    ("Babylon", "Ur", 237, 6, 137), ("Babylon", "Nineveh", 440, 12, 345), ("Haran", "Carchemish", 91, 5, 268),
-    ("Memphis", "On", 31.5, 2, 9), ("Kadesh-barnea", "Beersheba", 77, 4, 31),
+    ("Jerusalem", "Bethlehem", 8.5, 0.6, 200),
+    ("Jerusalem", "Hebron", 30.5, 1.5, 203),
+    ("Jerusalem", "Jericho", 22.5, 1.5, 62),
+    ("Jerusalem", "Joppa", 55, 2, 304),
+    ("Jerusalem", "Damascus", 218, 4, 27),
+    ("Dan", "Beersheba", 235, 5, 199),
+    ("Jerusalem", "Nazareth", 103, 3, 3),
+    ("Nazareth", "Capernaum", 33, 2, 52),
+    ("Tyre", "Sidon", 36, 2, 27),
+    ("Jerusalem", "Ezion-geber", 249, 5, 186),
+    ("Jerusalem/9", "Rome", 2305, 25, 307),
+    ("Athens", "Rome", 1052, 15, 294),
+    ("Athens", "Corinth", 75, 3, 264),
+    ("Ephesus", "Athens", 318, 8, 272),
+    ("Antioch", "Tarsus/9", 139, 5, 305),
+    ("Babylon", "Ur", 237, 6, 137),
+    ("Babylon", "Nineveh", 440, 12, 345),
+    ("Haran", "Carchemish", 91, 5, 268),
+    ("Memphis", "On", 31.5, 2, 9),
+    ("Kadesh-barnea", "Beersheba", 77, 4, 31),
     # Within Jerusalem, where the sites are sure.
-    ("Gihon Spring", "Pool of Siloam", 0.385, 0.05, 198), ("Golgotha", "Golden Gate", 0.72, 0.04, 83),
-    ("Golgotha", "Damascus Gate", 0.35, 0.03, 12), ("Golden Gate", "Gethsemane", 0.225, 0.04, 90), ("Gihon Spring", "En-rogel", 0.69, 0.05, 185),
+    ("Gihon Spring", "Pool of Siloam", 0.385, 0.05, 198),
+    ("Golgotha", "Golden Gate", 0.72, 0.04, 83),
+    ("Golgotha", "Damascus Gate", 0.35, 0.03, 12),
+    ("Golden Gate", "Gethsemane", 0.225, 0.04, 90),
+    ("Gihon Spring", "En-rogel", 0.69, 0.05, 185),
 ]
 for start, end, km, tolerance, bearing in KNOWN:
     real_km, real_bearing = distance_and_bearing(start, end)
@@ -65,9 +84,16 @@ def metres_from(spot, start, end):
 
 # A gate of a city's plan stands in one of its walls.
 for number in (6, 7):
-    walls = [[tuple(map(float, spot.split())) for spot in fields[2].split(";")] for _, fields in rows(f"map{number}.txt")
-             if fields[0] == "line" and fields[1].startswith("wall")]
-    gates = [fields for _, fields in rows("places.txt") if fields[3] == "gate" and fields[4] == str(number)]
+    walls = [
+        [tuple(map(float, spot.split())) for spot in fields[2].split(";")]
+        for _, fields in rows(f"map{number}.txt")
+        if fields[0] == "line" and fields[1].startswith("wall")
+    ]
+    gates = [
+        fields
+        for _, fields in rows("places.txt")
+        if fields[3] == "gate" and fields[4] == str(number)
+    ]
     check(len(gates) >= 7, f"map{number} has {len(gates)} gates")
     for name, latitude, longitude, *_ in gates:
         spot = float(latitude), float(longitude)
@@ -78,9 +104,9 @@ for number in (6, 7):
 def jpeg_size(data):
     at = 2
     while data[at] == 0xFF:
-        marker, length = data[at + 1], struct.unpack(">H", data[at + 2:at + 4])[0]
+        marker, length = data[at + 1], struct.unpack(">H", data[at + 2 : at + 4])[0]
         if 0xC0 <= marker <= 0xCF and marker not in (0xC4, 0xC8, 0xCC):
-            height, width = struct.unpack(">HH", data[at + 5:at + 9])
+            height, width = struct.unpack(">HH", data[at + 5 : at + 9])
             return width, height
         at += 2 + length
     raise ValueError("no frame header")
@@ -100,7 +126,9 @@ for number in range(1, 10):
     check(len(here) >= 24, f"map{number} has {len(here)} places alone")
     for name in here:
         latitude, longitude = places[name]
-        check(south < latitude < north and west < longitude < east, f"{name} lies outside map{number}")
+        check(
+            south < latitude < north and west < longitude < east, f"{name} lies outside map{number}"
+        )
     data = (source / "data" / "disc" / f"map{number}.jpg").read_bytes()
     width, height = jpeg_size(data)
     check(1600 <= width <= 2600, f"map{number} is {width} pixels wide")

@@ -45,6 +45,7 @@ def link(target):
     def make(file):
         file.unlink(missing_ok=True)
         file.symlink_to(target)
+
     return make
 
 
@@ -60,22 +61,36 @@ def pipe_by_link(file):
 
 def many_scans(scans):
     """A progressive JPEG of 2000 by 2000 pixels with this many scans, none of which holds anything."""
+
     def segment(marker, content):
         return bytes([0xFF, marker]) + struct.pack(">H", len(content) + 2) + content
+
     frame = segment(0xC2, struct.pack(">BHHB", 8, 2000, 2000, 1) + b"\1\x11\0")
     return b"\xFF\xD8" + frame + segment(0xDA, b"\1\1\0\0\0\0") * scans + b"\xFF\xD9"
 
 
 LESSON = b"Study: Evil\r\nA description.\r\nLesson one\r\n-\r\n>1\r\n"
 NAMES = b"-\r\nmount1\r\nmount1s\r\n"
-EACH = ("V-mount1", "V-mount1s", "introduction.txt", "conclusion.txt", "biblekjv.idx", "kjv/kjv43", "biblekjv.about", "bg.jpg", "map1.jpg",
-        "sparrowfield.wmv", "evil-1.dat")
+EACH = (
+    "V-mount1",
+    "V-mount1s",
+    "introduction.txt",
+    "conclusion.txt",
+    "biblekjv.idx",
+    "kjv/kjv43",
+    "biblekjv.about",
+    "bg.jpg",
+    "map1.jpg",
+    "sparrowfield.wmv",
+    "evil-1.dat",
+)
 
 
 def replace_each(by):
     def spoil(place, user):
         for name in EACH:
             by(place / name)
+
     return spoil
 
 
@@ -85,23 +100,41 @@ def note_file(by):
         folder_of_notes.mkdir(parents=True)
         by(folder_of_notes / "John3.dat")
         by(folder_of_notes / "John3.dat.utf8")
+
     return spoil
 
 
 ROWS = {
     "nothing": lambda place, user: None,
     "files of 10 GB without a line end": replace_each(sparse),
-    "a study whose second line has no end": lambda place, user: sparse(place / "evil-1.dat", b"Title\r\n"),
-    "a lesson whose introduction has no end": lambda place, user: sparse(place / "mount-1.dat", LESSON),
-    "a list of lessons without an end": lambda place, user: put(place / "evil-1.dat", b"Title\nDescription\n" + b"x\n" * 20_000_000),
-    "a lesson of millions of pages": lambda place, user: put(place / "mount-1.dat", LESSON + b"Intro\n" + b"abc\n" * 5_000_000 + NAMES),
+    "a study whose second line has no end": lambda place, user: sparse(
+        place / "evil-1.dat", b"Title\r\n"
+    ),
+    "a lesson whose introduction has no end": lambda place, user: sparse(
+        place / "mount-1.dat", LESSON
+    ),
+    "a list of lessons without an end": lambda place, user: put(
+        place / "evil-1.dat", b"Title\nDescription\n" + b"x\n" * 20_000_000
+    ),
+    "a lesson of millions of pages": lambda place, user: put(
+        place / "mount-1.dat", LESSON + b"Intro\n" + b"abc\n" * 5_000_000 + NAMES
+    ),
     "an introduction of millions of paragraphs": lambda place, user: put(
-        place / "mount-1.dat", LESSON + b"a/" * 5_000_000 + b"\n1. Page\n" + NAMES),
-    "a passage of millions of verses": lambda place, user: put(place / "V-mount1", b">1\r\nMatthew 5\r\n" + b"1 And\r\n" * 3_000_000),
+        place / "mount-1.dat", LESSON + b"a/" * 5_000_000 + b"\n1. Page\n" + NAMES
+    ),
+    "a passage of millions of verses": lambda place, user: put(
+        place / "V-mount1", b">1\r\nMatthew 5\r\n" + b"1 And\r\n" * 3_000_000
+    ),
     "an index of millions of chapters": lambda place, user: put(
-        place / "biblekjv.idx", b"".join(b"Book %d|32767\r\n" % number for number in range(5000)) + b"John|9999999999\r\n"),
-    "a book of one long verse": lambda place, user: put(place / "kjv/kjv43", b"John\r\n003 016 " + b"x" * 8_000_000 + b"\r\n\r\n"),
-    "a picture of thousands of scans": lambda place, user: put(place / "map1.jpg", many_scans(90_000)),
+        place / "biblekjv.idx",
+        b"".join(b"Book %d|32767\r\n" % number for number in range(5000)) + b"John|9999999999\r\n",
+    ),
+    "a book of one long verse": lambda place, user: put(
+        place / "kjv/kjv43", b"John\r\n003 016 " + b"x" * 8_000_000 + b"\r\n\r\n"
+    ),
+    "a picture of thousands of scans": lambda place, user: put(
+        place / "map1.jpg", many_scans(90_000)
+    ),
     "pipes": replace_each(pipe),
     "links to pipes": replace_each(pipe_by_link),
     "links to an endless device": replace_each(link("/dev/zero")),
@@ -127,7 +160,9 @@ class Watched(Program):
         return answer
 
     def used(self):
-        fields = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text().rpartition(")")[2].split()
+        fields = (
+            pathlib.Path(f"/proc/{self.process.pid}/stat").read_text().rpartition(")")[2].split()
+        )
         return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
     def most_memory(self):
@@ -191,24 +226,38 @@ def kit_reads(about, make, *words):
         make(file)
         started = time.monotonic()
         try:
-            done = subprocess.run([kit, *(word.format(file=file, folder=scratch) for word in words)], capture_output=True, timeout=20,
-                                  preexec_fn=None if SANITIZED else limit_memory)
+            done = subprocess.run(
+                [kit, *(word.format(file=file, folder=scratch) for word in words)],
+                capture_output=True,
+                timeout=20,
+                preexec_fn=None if SANITIZED else limit_memory,
+            )
         except subprocess.TimeoutExpired:
             return "it waits"
-        told = f"{file}:1: a line is longer than 16 MB" if words[:2] == ("study", "check") and about == "10 GB" else str(file)
+        told = (
+            f"{file}:1: a line is longer than 16 MB"
+            if words[:2] == ("study", "check") and about == "10 GB"
+            else str(file)
+        )
         if done.returncode in (1, 2) and told in done.stderr.decode():
             return None
-        return f"{time.monotonic() - started:.1f} s, status {done.returncode}: {done.stderr.decode()}"
+        return (
+            f"{time.monotonic() - started:.1f} s, status {done.returncode}: {done.stderr.decode()}"
+        )
 
 
 def limit_memory():
     import resource
+
     resource.setrlimit(resource.RLIMIT_DATA, (400 << 20, 400 << 20))
 
 
-KIT_WORDS = [("study", "check", "{file}"), ("study", "make", "{file}", "--bible", disc, "--to", "{folder}"),
-             ("bible", "import", "--from", "{file}", "--as", "kjv", "--to", "{folder}/to"),
-             ("answers", "restore", "{file}", "--user", "{folder}/user")]
+KIT_WORDS = [
+    ("study", "check", "{file}"),
+    ("study", "make", "{file}", "--bible", disc, "--to", "{folder}"),
+    ("bible", "import", "--from", "{file}", "--as", "kjv", "--to", "{folder}/to"),
+    ("answers", "restore", "{file}", "--user", "{folder}/user"),
+]
 
 faults = 0
 only = os.environ.get("ATTACK", "")
@@ -217,7 +266,12 @@ for about, spoil in ROWS.items():
         fault = attack(about, spoil)
         faults += fault is not None
         print(f"{about}: {fault or 'nothing happened'}", flush=True)
-for about, make in {"10 GB": sparse, "a pipe": pipe, "an endless device": link("/dev/zero"), "a folder": folder}.items():
+for about, make in {
+    "10 GB": sparse,
+    "a pipe": pipe,
+    "an endless device": link("/dev/zero"),
+    "a folder": folder,
+}.items():
     for words in KIT_WORDS:
         if only in about:
             fault = kit_reads(about, make, *words)

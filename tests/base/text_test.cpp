@@ -13,13 +13,11 @@ TEST(Text, NumbersAtTheStartOfATextAreRead)
     struct {
         char16_t const* text;
         double value;
-    } const rows[] = {
-        { u"12", 12 }, { u"012:3", 12 }, { u"  7 x", 7 }, { u"-3", -3 }, { u"+3", 3 },
-        { u"0.3", 0.3 }, { u"1.15.2", 1.15 }, { u".5", 0.5 }, { u"5.", 5 }, { u"1e3", 1 },
-        { u"2,5", 2 }, { u"- 3", 0 }, { u"", 0 }, { u"   ", 0 }, { u"-", 0 }, { u".", 0 },
-        { u"-.", 0 }, { u"+-3", 0 }, { u"inf", 0 }, { u"nan", 0 }, { u"0x1F", 0 }, { u"\t4", 0 },
-        { u"\u0663", 0 }, { u"99999999999", 99999999999.0 }
-    };
+    } const rows[] = { { u"12", 12 }, { u"012:3", 12 }, { u"  7 x", 7 }, { u"-3", -3 },
+        { u"+3", 3 }, { u"0.3", 0.3 }, { u"1.15.2", 1.15 }, { u".5", 0.5 }, { u"5.", 5 },
+        { u"1e3", 1 }, { u"2,5", 2 }, { u"- 3", 0 }, { u"", 0 }, { u"   ", 0 }, { u"-", 0 },
+        { u".", 0 }, { u"-.", 0 }, { u"+-3", 0 }, { u"inf", 0 }, { u"nan", 0 }, { u"0x1F", 0 },
+        { u"\t4", 0 }, { u"\u0663", 0 }, { u"99999999999", 99999999999.0 } };
     for (auto const& row : rows)
         EXPECT_EQ(NumericValue(row.text), row.value) << ToUtf8(row.text);
     EXPECT_EQ(NumericValue(Text(400, u'9')), HUGE_VAL);
@@ -32,13 +30,11 @@ TEST(Text, OnlyAWholeIntegerIsAnInteger)
     struct {
         char16_t const* text;
         std::optional<std::int64_t> value;
-    } const rows[] = {
-        { u"0", 0 }, { u" 42 ", 42 }, { u"-7", -7 }, { u"+7", 7 }, { u"007", 7 },
+    } const rows[] = { { u"0", 0 }, { u" 42 ", 42 }, { u"-7", -7 }, { u"+7", 7 }, { u"007", 7 },
         { u"9223372036854775807", INT64_MAX }, { u"-9223372036854775808", INT64_MIN },
         { u"9223372036854775808", {} }, { u"", {} }, { u" ", {} }, { u"-", {} }, { u"+", {} },
         { u"+-7", {} }, { u"--7", {} }, { u"1-2", {} }, { u"1 2", {} }, { u"1.0", {} },
-        { u"7x", {} }, { u"\u0167", {} }
-    };
+        { u"7x", {} }, { u"\u0167", {} } };
     for (auto const& row : rows)
         EXPECT_EQ(ToInteger(row.text), row.value) << ToUtf8(row.text);
 }

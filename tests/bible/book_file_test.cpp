@@ -42,14 +42,20 @@ TEST(BookFile, ReadsWhatOtherHandsWrote)
     };
     Row const rows[] = {
         { "a verse in the first line", "001 001 a\n\n001 002 b\n\n", "1:2: b\n" },
-        { "numbers on the left, blanks around them", "\n1    2  a\n\n1   12  b\n\n", "1:2: a\n1:12: b\n" },
-        { "marks anywhere in the verse line", "\n0\xB6""01 *001 a*b\n\n", "1:1 paragraph: ab\n" },
+        { "numbers on the left, blanks around them", "\n1    2  a\n\n1   12  b\n\n",
+            "1:2: a\n1:12: b\n" },
+        { "marks anywhere in the verse line",
+            "\n0\xB6"
+            "01 *001 a*b\n\n",
+            "1:1 paragraph: ab\n" },
         { "marks in a continuation line stay", "\n001 001 a\n *b\xB6\n\n", "1:1: a *b\xB6\n" },
         { "blanks around each line", "\n001 001   a  \n   b \n\n", "1:1: a b\n" },
-        { "no empty line between two verses", "\n001 001 a\n001 002 b\n\n001 003 c\n", "1:1: a 001 002 b\n1:3: c\n" },
+        { "no empty line between two verses", "\n001 001 a\n001 002 b\n\n001 003 c\n",
+            "1:1: a 001 002 b\n1:3: c\n" },
         { "no line end at the end", "\n001 001 a", "1:1: a\n" },
         { "an empty text", "\n001 001\n b\n\n", "1:1:  b\n" },
-        { "columns without numbers", "\nx01 001 a\n b\n\n001 0y1 c\n\n001\n\n001 002 d\n\n", "1:2: d\n" },
+        { "columns without numbers", "\nx01 001 a\n b\n\n001 0y1 c\n\n001\n\n001 002 d\n\n",
+            "1:2: d\n" },
         { "nothing at all", "", "" },
     };
     for (auto const& row : rows)
@@ -80,4 +86,4 @@ TEST(BookIndex, TakesLinesOfTwoFields)
         EXPECT_FALSE(ParseIndexLine(line)) << ToUtf8(line);
 }
 
-}
+} // namespace

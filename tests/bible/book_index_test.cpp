@@ -48,13 +48,11 @@ TEST(BookSearch, PassesOverMalformedLinesButCountsThem)
         TextView line;
         char const* found;
     };
-    Row const rows[] = {
-        { u"Job|42", "1 Job|42" }, { u"Job|0", "1 Job|0" }, { u"Job|32767", "1 Job|32767" },
-        { u"Job", "2 Joel|9" }, { u"", "2 Joel|9" }, { u"Job|", "2 Joel|9" },
-        { u"Job|x", "2 Joel|9" }, { u"Job|-1", "2 Joel|9" }, { u"Job|32768", "1 Job|32768" },
-        { u"Job|99999999999999999999", "2 Joel|9" }, { u"Job|42|7", "2 Joel|9" },
-        { u"|42", "2 Joel|9" }
-    };
+    Row const rows[] = { { u"Job|42", "1 Job|42" }, { u"Job|0", "1 Job|0" },
+        { u"Job|32767", "1 Job|32767" }, { u"Job", "2 Joel|9" }, { u"", "2 Joel|9" },
+        { u"Job|", "2 Joel|9" }, { u"Job|x", "2 Joel|9" }, { u"Job|-1", "2 Joel|9" },
+        { u"Job|32768", "1 Job|32768" }, { u"Job|99999999999999999999", "2 Joel|9" },
+        { u"Job|42|7", "2 Joel|9" }, { u"|42", "2 Joel|9" } };
     for (auto const& row : rows)
         EXPECT_EQ(Find(u"jo", { row.line, u"Joel|9", u"Other|1" }), row.found) << ToUtf8(row.line);
 }

@@ -80,9 +80,7 @@ TEST(ChapterNotes, StandInTheCodePageForEveryReader)
     EXPECT_FALSE(files.FileExists(exactPath));
     EXPECT_FALSE(notes.Save(path, u"\u0141ask \U0001F426", true));
     EXPECT_EQ(files.Bytes(path), "Lask \xA4");
-    EXPECT_EQ(files.Bytes(exactPath),
-        "\xC5\x81"
-        "ask \xF0\x9F\x90\xA6");
+    EXPECT_EQ(files.Bytes(exactPath), "\xC5\x81ask \xF0\x9F\x90\xA6");
     // What another program makes of the file counts; what stands beside it doesn't any more.
     files.Put(path, "Lask and more");
     EXPECT_EQ(Fresh(files), u"Lask and more");
@@ -121,7 +119,8 @@ TEST(ChapterNotes, AreOldOrNewAndWholeWhateverWriteFails)
 
 TEST(ChapterNotes, OutliveTwoPowerCutsInARow)
 {
-    // The power failed at some call while one text took another's place, and again at some call while a third did.
+    // The power failed at some call while one text took another's place, and again at some call
+    // while a third did.
     for (int first = 1; first < 12; ++first)
         for (int second = 1; second < 16; ++second) {
             MemoryFileSystem files;
@@ -138,7 +137,8 @@ TEST(ChapterNotes, OutliveTwoPowerCutsInARow)
             EXPECT_TRUE(present == hebrew || present == hebrew + u" two") << first;
             saveUntil(second, hebrew + u" three");
             auto const last = Fresh(files);
-            EXPECT_TRUE(last == present || last == hebrew + u" three") << first << ", " << second << ": " << ToUtf8(last);
+            EXPECT_TRUE(last == present || last == hebrew + u" three")
+                << first << ", " << second << ": " << ToUtf8(last);
         }
 }
 
@@ -225,7 +225,8 @@ TEST(ChapterNotes, AVisitLeavesTheFileAlone)
     EXPECT_TRUE(files.FileExists(path)) << "a place for the note";
 }
 
-/// What has gone of a note while it was on show is written from the box; what another copy has put there stays.
+/// What has gone of a note while it was on show is written from the box; what another copy has put
+/// there stays.
 TEST(ChapterNotes, AnUnchangedNoteThatHasGoneComesBack)
 {
     for (auto const& text : texts) {

@@ -5,8 +5,8 @@
 namespace {
 
 /// A printer whose characters are 10 twips wide and whose page is 1,000 wide, from 20 on. It writes
-/// what it prints as
-/// "<x>text" for each piece that doesn't follow the one before, and "/" for a line end.
+/// what it prints as "<x>text" for each piece that doesn't follow the one before, and "/" for a
+/// line end.
 class DumpingPrinter final : public Printer {
 public:
     std::string dump;
@@ -74,9 +74,7 @@ TEST(PrintWrapped, BreaksLinesBeforeWords)
                    "b",
               5),
             "<100>ab" },
-        { u"a\u00A0b",
-            "<100>a\xC2\xA0"
-            "b" }, // above the blank: no separator
+        { u"a\u00A0b", "<100>a\xC2\xA0b" }, // above the blank: no separator
         { u"12345678901\tb", "/<100>12345678901/<100>b" },
     };
     for (auto const& row : rows)

@@ -18,7 +18,8 @@ TEST_F(FormsTest, WhatIsActedOnTakesTheFocusFirst)
     EXPECT_THAT(TakeLog(), ElementsAre("a.first lost", "a.button got", "a.button click"));
     EXPECT_EQ(input.Click(a.label), "");
     EXPECT_EQ(input.Click(a.entry), "");
-    EXPECT_THAT(TakeLog(), ElementsAre("a.label click", "a.entry click")) << "labels and menus leave the focus alone";
+    EXPECT_THAT(TakeLog(), ElementsAre("a.label click", "a.entry click"))
+        << "labels and menus leave the focus alone";
 }
 
 TEST_F(FormsTest, AnotherFormTakesTheFocusAndGivesItBack)

@@ -57,8 +57,8 @@ TEST_F(FormsTest, AModalFormBlocksTheOthersAndItsCallerWaits)
     input.Click(a.label);
     EXPECT_THAT(refusal, HasSubstr("under the modal form b"));
     EXPECT_THAT(TakeLog(),
-        ElementsAre("a.label click", "b.load", "a.first lost", "b.first got", "b.label click", "b.first lost",
-            "b.unload", "a.first got", "a.goes on"));
+        ElementsAre("a.label click", "b.load", "a.first lost", "b.first got", "b.label click",
+            "b.first lost", "b.unload", "a.first got", "a.goes on"));
     EXPECT_EQ(screen.Modal(), nullptr);
 }
 
@@ -79,7 +79,8 @@ TEST_F(FormsTest, ActionsOnAFormInATurnOfItsOwnHandlerAreDropped)
     TakeLog();
     input.Click(a.label);
     EXPECT_THAT(TakeLog(),
-        ElementsAre("b.button lost", "a.first got", "a.label click", "a.first lost", "b.button got", "b.button click"));
+        ElementsAre("b.button lost", "a.first got", "a.label click", "a.first lost", "b.button got",
+            "b.button click"));
     EXPECT_TRUE(a.IsLoaded());
 }
 
@@ -108,8 +109,9 @@ TEST_F(FormsTest, AFormThatKeepsActionsRunsThemInTheirOrder)
     TakeLog();
     input.Click(a.label);
     EXPECT_THAT(TakeLog(),
-        ElementsAre("a.label click", "a.goes on", "a.first lost", "a.second got", "a.second lost", "a.button got", "a.button click",
-            "a.goes on", "a.button lost", "a.first got", "a.first change"));
+        ElementsAre("a.label click", "a.goes on", "a.first lost", "a.second got", "a.second lost",
+            "a.button got", "a.button click", "a.goes on", "a.button lost", "a.first got",
+            "a.first change"));
     a.first.Text = u"";
     closes = true;
     TakeLog();
@@ -140,7 +142,8 @@ TEST_F(FormsTest, WhatCannotBeSeenOrUsedCannotBeActedOn)
     a.entry.Enabled = false;
     TakeLog();
     EXPECT_EQ(input.Click(a.label), "");
-    EXPECT_THAT(TakeLog(), ElementsAre("a.click")) << "a disabled label passes the click to its form";
+    EXPECT_THAT(TakeLog(), ElementsAre("a.click"))
+        << "a disabled label passes the click to its form";
     EXPECT_EQ(input.Click(a.entry), "a.entry is disabled");
     EXPECT_EQ(input.FindShortcut(a, u"Ctrl+E"), nullptr);
 }

@@ -19,7 +19,7 @@ protected:
     Label wrapped { a, a, "wrapped", { 0, 0, 1200, 100 } };
 };
 
-}
+} // namespace
 
 TEST_F(KindsTest, AScrollBarTellsEveryChangeOfItsValueAndNoOther)
 {
@@ -43,8 +43,8 @@ TEST_F(KindsTest, AScrollBarTellsEveryChangeOfItsValueAndNoOther)
     input.DragThumb(bar, 3, false);
     input.DragThumb(bar, 1, true);
     EXPECT_THAT(TakeLog(),
-        ElementsAre("a.first lost", "a.bar scroll 2", "a.bar change 2", "a.bar change 1", "a.bar scroll 3",
-            "a.bar scroll 1"));
+        ElementsAre("a.first lost", "a.bar scroll 2", "a.bar change 2", "a.bar change 1",
+            "a.bar scroll 3", "a.bar scroll 1"));
 }
 
 TEST_F(KindsTest, AProgressBarHoldsItsValueWithinItsLimits)
@@ -92,7 +92,10 @@ TEST_F(KindsTest, ATreeKeepsItsOrderAndFindsTheFirstNodeOfAKey)
 
 TEST_F(KindsTest, ARestingPointerIsReportedAnewWhenTheControlMoved)
 {
-    picture.MouseMove = [this](float x, float y) { a.Write("move " + std::to_string(static_cast<int>(x)) + " " + std::to_string(static_cast<int>(y))); };
+    picture.MouseMove = [this](float x, float y) {
+        a.Write("move " + std::to_string(static_cast<int>(x)) + " "
+            + std::to_string(static_cast<int>(y)));
+    };
     timer.Tick = [this] { picture.Left = picture.Left - 30; };
     a.Show();
     input.Mouse(picture, MouseAction::Move, 100, 50);
@@ -109,7 +112,8 @@ TEST_F(KindsTest, ALabelGrowsWithItsTextAndAPictureBoxWithItsPicture)
     wrapped.WordWrap = true;
     wrapped.FontSize = 10;
     picture.AutoSize = true;
-    files.Put(u"map.jpg", std::string("\xFF\xD8\xFF\xC0\0\x11\x08\0\x10\0\x20\3\0\0\0\0\0\0\0\0\0", 21));
+    files.Put(
+        u"map.jpg", std::string("\xFF\xD8\xFF\xC0\0\x11\x08\0\x10\0\x20\3\0\0\0\0\0\0\0\0\0", 21));
     a.Show();
     wrapped.Caption = u"ten chars and more"; // Ten characters of 120 twips a line.
     EXPECT_EQ(wrapped.Height, 2 * 240);

@@ -18,7 +18,8 @@
 
 using Log = std::vector<std::string>;
 
-/// A form with two text boxes, a button, a label and a menu, whose events go into a log as "form.control event".
+/// A form with two text boxes, a button, a label and a menu, whose events go into a log as
+/// "form.control event".
 class LogForm final : public Form {
 public:
     LogForm(Screen& screen, char const* name, Log& log)
@@ -26,7 +27,8 @@ public:
         , m_log(log)
     {
         for (Control* control : { static_cast<Control*>(&first), static_cast<Control*>(&second),
-                 static_cast<Control*>(&button), static_cast<Control*>(&label), static_cast<Control*>(&entry) }) {
+                 static_cast<Control*>(&button), static_cast<Control*>(&label),
+                 static_cast<Control*>(&entry) }) {
             control->GotFocus = [this, control] { Write(std::string(control->Name()) + " got"); };
             control->LostFocus = [this, control] { Write(std::string(control->Name()) + " lost"); };
             control->Click = [this, control] {

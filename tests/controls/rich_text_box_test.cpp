@@ -5,7 +5,8 @@
 
 namespace {
 
-/// The text with its runs and paragraphs in one line: "[b8.25]text" for runs, "{left,hanging}" for paragraphs.
+/// The text with its runs and paragraphs in one line: "[b8.25]text" for runs, "{left,hanging}" for
+/// paragraphs.
 std::string Dump(RichTextBox const& box)
 {
     std::string dump;
@@ -14,16 +15,19 @@ std::string Dump(RichTextBox const& box)
     for (int at = 0; at <= box.Length(); ++at) {
         if (paragraph != box.Paragraphs().end() && paragraph->start == at) {
             auto const& format = paragraph++->format;
-            dump += "{" + std::to_string(static_cast<int>(format.left)) + "," + std::to_string(static_cast<int>(format.hanging)) + "}";
+            dump += "{" + std::to_string(static_cast<int>(format.left)) + ","
+                + std::to_string(static_cast<int>(format.hanging)) + "}";
         }
         if (run != box.Runs().end() && run->start == at) {
             auto const& format = run++->format;
-            dump += std::string("[") + (format.bold ? "b" : "") + std::to_string(static_cast<int>(format.size))
-                + (format.raise > 0 ? "^]" : "]");
+            dump += std::string("[") + (format.bold ? "b" : "")
+                + std::to_string(static_cast<int>(format.size)) + (format.raise > 0 ? "^]" : "]");
         }
         if (at < box.Length()) {
             char16_t const character = box.Text()[static_cast<std::size_t>(at)];
-            dump += character == u'\r' ? '~' : character == u'\n' ? '|' : static_cast<char>(character);
+            dump += character == u'\r' ? '~'
+                : character == u'\n'   ? '|'
+                                       : static_cast<char>(character);
         }
     }
     return dump;
@@ -47,7 +51,7 @@ protected:
     RichTextBox& box = a.first;
 };
 
-}
+} // namespace
 
 TEST_F(RichTextBoxTest, AppendingTakesTheFormatBeforeTheCaretUnlessAnotherIsSet)
 {
@@ -100,7 +104,8 @@ TEST_F(RichTextBoxTest, TheCaretStaysWithinTheTextAndOutOfLineEnds)
     Append(u"ab\r\ncd");
     struct {
         int start, length, wantedStart, wantedLength;
-    } const rows[] = { { 3, 0, 2, 0 }, { -4, 2, 0, 2 }, { 0, 3, 0, 2 }, { 1, 99, 1, 5 }, { 99, 99, 6, 0 } };
+    } const rows[]
+        = { { 3, 0, 2, 0 }, { -4, 2, 0, 2 }, { 0, 3, 0, 2 }, { 1, 99, 1, 5 }, { 99, 99, 6, 0 } };
     box.Selected(4, INT_MAX);
     EXPECT_EQ(box.SelLength, 2);
     for (auto const& row : rows) {
@@ -121,11 +126,13 @@ TEST_F(RichTextBoxTest, SettingTheTextStartsAnewAndRaisesChange)
     EXPECT_EQ(box.SelStart, 0);
 }
 
-/// Edits at random places leave runs and paragraphs that fit the text, as if it had been written at once.
+/// Edits at random places leave runs and paragraphs that fit the text, as if it had been written at
+/// once.
 TEST_F(RichTextBoxTest, RandomEditsKeepRunsAndParagraphsInStep)
 {
     std::mt19937 random(20240229);
-    auto const below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    auto const below
+        = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
     Text const pieces[] = { u"a", u"\r\n", u"bc\r\nd", u"", u"\r\n\r\n", u"x\ny" };
     for (int round = 0; round < 2000; ++round) {
         Select(below(box.Length() + 1), below(6));

@@ -21,8 +21,9 @@ struct CapacityRow {
 
 TEST(StringBuilder, SetsTheCapacityInWholeUnits)
 {
-    for (CapacityRow const& row : { CapacityRow { 1, 2048, 1024 }, { 2048, 2048, 1024 }, { 2049, 4096, 2048 },
-             { 8192, 8192, 3000 }, { 9000, 10240, 3000 }, { 0, 8192, 3000 }, { -5, 8192, 3000 } }) {
+    for (CapacityRow const& row :
+        { CapacityRow { 1, 2048, 1024 }, { 2048, 2048, 1024 }, { 2049, 4096, 2048 },
+            { 8192, 8192, 3000 }, { 9000, 10240, 3000 }, { 0, 8192, 3000 }, { -5, 8192, 3000 } }) {
         CStringBuilder builder;
         builder.Append(Text(3000, u'a'));
         builder.SetCapacity(row.set);
@@ -75,8 +76,9 @@ TEST(StringBuilder, InsertsAndRemoves)
         std::int32_t from, count;
         TextView expected;
     };
-    for (Row const& row : { Row { 0, u"ab", 0, 0, u"abwork" }, { 4, u"ab", 0, 0, u"workab" }, { 2, u"-", 0, 0, u"wo-rk" },
-             { 2, u"", 0, 4, u"" }, { 2, u"", 1, 2, u"wk" }, { 1, u"x", 4, 1, u"wxor" } }) {
+    for (Row const& row : { Row { 0, u"ab", 0, 0, u"abwork" }, { 4, u"ab", 0, 0, u"workab" },
+             { 2, u"-", 0, 0, u"wo-rk" }, { 2, u"", 0, 4, u"" }, { 2, u"", 1, 2, u"wk" },
+             { 1, u"x", 4, 1, u"wxor" } }) {
         CStringBuilder builder;
         builder.Append(u"work").Insert(row.at, row.inserted).Remove(row.from, row.count);
         EXPECT_EQ(builder.ToString(), row.expected);
@@ -119,15 +121,20 @@ TEST(StringBuilder, RaisesErrorsAndStaysAsItWas)
         std::string expected;
     };
     for (Row const& row : {
-             Row { [](CStringBuilder& b) { b.Chars(4); }, "CStringBuilder.Chars: Tried reading character past end of buffer." },
-             { [](CStringBuilder& b) { b.Chars(-1); }, "CStringBuilder.Chars: Tried reading character past end of buffer." },
-             { [](CStringBuilder& b) { b.SetChars(4, u"x"); }, "CStringBuilder.Chars: Tried assigning character past end of buffer." },
+             Row { [](CStringBuilder& b) { b.Chars(4); },
+                 "CStringBuilder.Chars: Tried reading character past end of buffer." },
+             { [](CStringBuilder& b) { b.Chars(-1); },
+                 "CStringBuilder.Chars: Tried reading character past end of buffer." },
+             { [](CStringBuilder& b) { b.SetChars(4, u"x"); },
+                 "CStringBuilder.Chars: Tried assigning character past end of buffer." },
              { [](CStringBuilder& b) { b.Insert(5, u"x"); }, "CStringBuilder.Insert" + range },
              { [](CStringBuilder& b) { b.Insert(-1, u""); }, "CStringBuilder.Insert" + range },
-             { [](CStringBuilder& b) { b.Insert(0x7FFFFFFF, u"x"); }, "CStringBuilder.Insert" + range },
+             { [](CStringBuilder& b) { b.Insert(0x7FFFFFFF, u"x"); },
+                 "CStringBuilder.Insert" + range },
              { [](CStringBuilder& b) { b.Remove(2, 3); }, "CStringBuilder.Remove" + range },
              { [](CStringBuilder& b) { b.Remove(0, -1); }, "CStringBuilder.Remove" + range },
-             { [](CStringBuilder& b) { b.Remove(0x7FFFFFFF, 0x7FFFFFFF); }, "CStringBuilder.Remove" + range },
+             { [](CStringBuilder& b) { b.Remove(0x7FFFFFFF, 0x7FFFFFFF); },
+                 "CStringBuilder.Remove" + range },
              { [](CStringBuilder& b) { b.SetChars(1, u"oo"); }, "nothing" },
          }) {
         CStringBuilder builder;

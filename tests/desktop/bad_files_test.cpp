@@ -37,7 +37,8 @@ std::string Claiming(int size)
     return bytes;
 }
 
-/// A progressive JPEG of 1000 by 1000 pixels whose last scan stands in it so often again: each costs the decoder a pass.
+/// A progressive JPEG of 1000 by 1000 pixels whose last scan stands in it so often again: each
+/// costs the decoder a pass.
 std::string ManyScans(int scans)
 {
     QImage image(1000, 1000, QImage::Format_RGB32);
@@ -67,9 +68,9 @@ std::vector<BadPicture> BadPictures()
     return { { "empty", "" }, { "one byte", "\xFF" }, { "a text", "This is no picture.\r\n" },
         { "NULs", std::string(5000, '\0') }, { "the head of a JPEG", jpeg.substr(0, 20) },
         { "half a JPEG", jpeg.substr(0, jpeg.size() / 2) },
-        { "half a PNG", png.substr(0, png.size() / 2) },
-        { "a PNG", png }, { "more than can be held", Claiming(65500) },
-        { "nothing", Claiming(0) }, { "thousands of scans", ManyScans(4000) },
+        { "half a PNG", png.substr(0, png.size() / 2) }, { "a PNG", png },
+        { "more than can be held", Claiming(65500) }, { "nothing", Claiming(0) },
+        { "thousands of scans", ManyScans(4000) },
         { "a bitmap's head alone", "BM" + std::string(52, '\x7F') },
         { "a GIF's head alone", "GIF89a\x28\x00\x1E\x00" } };
 }
@@ -141,10 +142,11 @@ TEST_F(ProgramOnDesktop, ABadVideoHoldsNobodyUp)
     struct Row {
         char const* about;
         QByteArray bytes;
-    } const rows[] = { { "empty", "" }, { "a text", "This is no video." },
-        { "NULs", QByteArray(20000, '\0') },
-        { "a playlist", "#EXTM3U\n#EXTINF:1,\nfile:///etc/passwd\n" }, { "cut in its head", WelcomeVideo().left(300) },
-        { "cut behind its head", WelcomeVideo().left(20000) } };
+    } const rows[]
+        = { { "empty", "" }, { "a text", "This is no video." }, { "NULs", QByteArray(20000, '\0') },
+              { "a playlist", "#EXTM3U\n#EXTINF:1,\nfile:///etc/passwd\n" },
+              { "cut in its head", WelcomeVideo().left(300) },
+              { "cut behind its head", WelcomeVideo().left(20000) } };
     program.Start({});
     auto const watch = [&](char const* about) {
         SCOPED_TRACE(about);

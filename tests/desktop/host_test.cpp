@@ -157,11 +157,13 @@ TEST_F(DesktopTest, ALetterWithAltIsNoText)
     } const rows[] = { { Qt::AltModifier, u"" }, { Qt::AltModifier | Qt::ShiftModifier, u"" },
         { Qt::GroupSwitchModifier, u"q" }, { Qt::AltModifier | Qt::GroupSwitchModifier, u"q" },
         { Qt::ControlModifier | Qt::AltModifier, u"q" } };
-    for (TextInput* const box : { static_cast<TextInput*>(&form.answer), static_cast<TextInput*>(&form.line) })
+    for (TextInput* const box :
+        { static_cast<TextInput*>(&form.answer), static_cast<TextInput*>(&form.line) })
         for (auto const& row : rows) {
             Input(screen).Edit(*box, u"", 0, 0);
             host.HandlersEnded();
-            QTest::sendKeyEvent(QTest::Click, &Shown(*box), Qt::Key_Q, QStringLiteral("q"), row.modifiers);
+            QTest::sendKeyEvent(
+                QTest::Click, &Shown(*box), Qt::Key_Q, QStringLiteral("q"), row.modifiers);
             EXPECT_EQ(box->CurrentText(), row.typed) << box->Name() << ' ' << row.modifiers;
         }
 }
@@ -296,8 +298,10 @@ TEST_F(DesktopTest, AWindowHigherThanTheScreenScrolls)
     auto& window = Shown(tall);
     auto const screenHeight = window.screen()->availableSize().height();
     ASSERT_LT(screenHeight, 1200);
-    auto const isSeen
-        = [&] { return window.rect().contains(Shown(tall.ok).geometry().translated(Shown(tall.ok).parentWidget()->pos())); };
+    auto const isSeen = [&] {
+        return window.rect().contains(
+            Shown(tall.ok).geometry().translated(Shown(tall.ok).parentWidget()->pos()));
+    };
     EXPECT_LE(window.frameGeometry().height(), screenHeight);
     EXPECT_GE(window.pos().y(), 0);
     EXPECT_FALSE(isSeen());
@@ -313,7 +317,8 @@ TEST_F(DesktopTest, AWindowHigherThanTheScreenScrolls)
     }
     QTest::keyClick(window.windowHandle(), Qt::Key_Home);
     auto const middle = QPointF(window.rect().center());
-    QWheelEvent wheel(middle, window.mapToGlobal(middle), {}, { 0, -120 * 20 }, {}, {}, Qt::NoScrollPhase, false);
+    QWheelEvent wheel(
+        middle, window.mapToGlobal(middle), {}, { 0, -120 * 20 }, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(window.windowHandle(), &wheel);
     EXPECT_TRUE(isSeen());
     EXPECT_EQ(tall.Height, height) << "the form keeps its measures";

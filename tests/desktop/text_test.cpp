@@ -73,14 +73,13 @@ TEST_F(DesktopTest, WhatACommandDidWithTheSelectionCanBeUndone)
         int start, length;
         TextView by;
     };
-    for (auto const& [text, start, length, by] : {
-             Case { u"one two three", 4, 4, {} }, { u"one two", 7, 0, u" three" },
-             { u"one", 0, 3, {} }, { {}, 0, 0, u"pasted\r\nlines" }, { u"a\r\n\r\nb", 1, 2, {} },
-             { u"a\r\nb", 1, 2, u"\r\nc\r\n" }, { u"a\r\nb", 3, 0, u"\r\n" },
-             { u"a\u2029b", 1, 1, u"\uFDD0\uFDD1" }, { u"aa", 1, 0, u"a" },
-             { u"a\U0001F600", 1, 2, u"\U0001F601" }, { u"\U0001F600", 0, 2, u"\U0001F200" },
-             { u"same", 1, 2, u"am" }
-         }) {
+    for (auto const& [text, start, length, by] :
+        { Case { u"one two three", 4, 4, {} }, { u"one two", 7, 0, u" three" },
+            { u"one", 0, 3, {} }, { {}, 0, 0, u"pasted\r\nlines" }, { u"a\r\n\r\nb", 1, 2, {} },
+            { u"a\r\nb", 1, 2, u"\r\nc\r\n" }, { u"a\r\nb", 3, 0, u"\r\n" },
+            { u"a\u2029b", 1, 1, u"\uFDD0\uFDD1" }, { u"aa", 1, 0, u"a" },
+            { u"a\U0001F600", 1, 2, u"\U0001F601" }, { u"\U0001F600", 0, 2, u"\U0001F200" },
+            { u"same", 1, 2, u"am" } }) {
         SCOPED_TRACE(ToUtf8(Text(text)));
         Open();
         form.answer.Text = Text(text);

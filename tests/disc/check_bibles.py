@@ -20,35 +20,35 @@ samples = {
     "kjv": {
         "Genesis 1:1": "¶In the beginning God created the heaven and the earth.",
         "Exodus 6:3": "And I appeared unto Abraham, unto Isaac, and unto Jacob, by the name of God Almighty, but by my name JEHOVAH "
-                      "was I not known to them.",
+        "was I not known to them.",
         "1 Samuel 3:10": "And the LORD came, and stood, and called as at other times, Samuel, Samuel. Then Samuel answered, Speak; "
-                         "for thy servant heareth.",
+        "for thy servant heareth.",
         "Psalms 23:1": "¶The LORD is my shepherd; I shall not want.",
         "Psalms 119:176": "I have gone astray like a lost sheep; seek thy servant; for I do not forget thy commandments.",
         "Daniel 5:25": "¶And this is the writing that was written, MENE, MENE, TEKEL, UPHARSIN.",
         "John 3:16": "¶For God so loved the world, that he gave his only begotten Son, that whosoever believeth in him should not "
-                     "perish, but have everlasting life.",
+        "perish, but have everlasting life.",
         "Acts 8:37": "And Philip said, If thou believest with all thine heart, thou mayest. And he answered and said, I believe "
-                     "that Jesus Christ is the Son of God.",
+        "that Jesus Christ is the Son of God.",
         "1 John 2:23": "Whosoever denieth the Son, the same hath not the Father: [but] he that acknowledgeth the Son hath the "
-                       "Father also.",
+        "Father also.",
         "3 John 1:14": "But I trust I shall shortly see thee, and we shall speak face to face. Peace be to thee. Our friends salute "
-                       "thee. Greet the friends by name.",
+        "thee. Greet the friends by name.",
         "Revelation 22:21": "The grace of our Lord Jesus Christ be with you all. Amen.",
     },
     "nasb": {
         "Genesis 1:1": "¶In the beginning, God created the heavens and the earth.",
         "Genesis 2:4": "¶This is the history of the generations of the heavens and of the earth when they were created, in the day "
-                       "that Yahweh God made the earth and the heavens.",
+        "that Yahweh God made the earth and the heavens.",
         "Psalms 3:2": "Many there are who say of my soul, “There is no help for him in God.” Selah.",
         "Song of Solomon 1:4": "Take me away with you. Let’s hurry. The king has brought me into his rooms. We will be glad and "
-                               "rejoice in you. We will praise your love more than wine! They are right to love you.",
+        "rejoice in you. We will praise your love more than wine! They are right to love you.",
         "Luke 12:6": "¶“Aren’t five sparrows sold for two assaria coins? Not one of them is forgotten by God.",
         "John 3:16": "For God so loved the world, that he gave his only born Son, that whoever believes in him should not perish, "
-                     "but have eternal life.",
+        "but have eternal life.",
         "Romans 14:23": "But he who doubts is condemned if he eats, because it isn’t of faith; and whatever is not of faith is sin.",
         "Romans 16:25": "¶Now to him who is able to establish you according to my Good News and the preaching of Jesus Christ, "
-                        "according to the revelation of the mystery which has been kept secret through long ages,",
+        "according to the revelation of the mystery which has been kept secret through long ages,",
         "Romans 16:27": "to the only wise God, through Jesus Christ, to whom be the glory forever! Amen.",
         "Revelation 22:21": "¶The grace of the Lord Jesus Christ be with all the saints. Amen.",
     },
@@ -57,7 +57,9 @@ samples = {
 
 def read_disc(name):
     """{(book, chapter, verse): (starts a paragraph, text)} and the index."""
-    index = [line.split("|") for line in (disc / f"bible{name}.idx").read_text("cp1252").splitlines()]
+    index = [
+        line.split("|") for line in (disc / f"bible{name}.idx").read_text("cp1252").splitlines()
+    ]
     verses = {}
     for number, (book, _) in enumerate(index, 1):
         text = (disc / name / f"{name}{number}").read_bytes().decode("cp1252")
@@ -66,7 +68,10 @@ def read_disc(name):
             if any(len(line) > 71 or not line.startswith(" ") for line in more) or len(first) > 71:
                 sys.exit(f"{name}: {book}: not wrapped: {record}")
             bare = first.removeprefix("¶")
-            verses[book, int(bare[:3]), int(bare[4:7])] = (bare != first, html.unescape(bare[8:] + "".join(more)))
+            verses[book, int(bare[:3]), int(bare[4:7])] = (
+                bare != first,
+                html.unescape(bare[8:] + "".join(more)),
+            )
     return index, verses
 
 
@@ -76,7 +81,9 @@ def check(name, module, verse_count):
     if figures != (66, 1189, verse_count):
         sys.exit(f"{name}: {figures} books, chapters and verses")
     about = (disc / f"bible{name}.about").read_text("cp1252")
-    if not re.fullmatch(r"This is the (King James Version|World English Bible)[^\n]{1,170}\n", about):
+    if not re.fullmatch(
+        r"This is the (King James Version|World English Bible)[^\n]{1,170}\n", about
+    ):
         sys.exit(f"{name}: what it tells of itself: {about!r}")
     source = exports.read(folder, module, {book for book, _ in index})
     if source.keys() != verses.keys():
@@ -91,7 +98,9 @@ def check(name, module, verse_count):
         begins, found = verses[book, int(chapter), int(verse)]
         if ("¶" if begins else "") + found != text:
             sys.exit(f"{name}: {reference}: {found}")
-    print(f"{name}: {figures[0]} books, {figures[1]} chapters, {figures[2]} verses, all as in the export")
+    print(
+        f"{name}: {figures[0]} books, {figures[1]} chapters, {figures[2]} verses, all as in the export"
+    )
 
 
 check("kjv", "engKJV2006eb", 31102)

@@ -20,7 +20,11 @@ def read_all(path):
         book = re.sub("^(I+) ", lambda roman: f"{len(roman[1])} ", found[1])
         words = re.sub(r"[\s¶]", "", words)
         if words:
-            verses["Revelation" if book.startswith("Revelation") else book, int(found[2]), int(found[3])] = words
+            verses[
+                "Revelation" if book.startswith("Revelation") else book,
+                int(found[2]),
+                int(found[3]),
+            ] = words
     return verses
 
 

@@ -14,7 +14,9 @@ import exports
 
 driver, disc, folder = sys.argv[1:4]
 modules = ["engKJV2006eb", "engWEB2015eb"]  # in the order of the list of translations
-heading = re.compile(r'<a name=chapter(\d+)><p><b><font face="Arial" color=darkblue>Chapter (\d+)</font></b><p>\r\n')
+heading = re.compile(
+    r'<a name=chapter(\d+)><p><b><font face="Arial" color=darkblue>Chapter (\d+)</font></b><p>\r\n'
+)
 
 
 def do(*words):
@@ -31,15 +33,24 @@ def read_page(book, chapter):
     headings = heading.findall(page)
     if headings != [(str(chapter), str(chapter))]:
         sys.exit(f"{book} {chapter}: headings {headings}")
-    verses = re.findall(r"<sup>(\d+)</sup>&nbsp;(.*?)(?=<sup>|</body>)", heading.split(page)[-1], re.S)
-    return [((book, chapter, int(verse)), re.sub(r"\s|<p>", "", html.unescape(text))) for verse, text in verses]
+    verses = re.findall(
+        r"<sup>(\d+)</sup>&nbsp;(.*?)(?=<sup>|</body>)", heading.split(page)[-1], re.S
+    )
+    return [
+        ((book, chapter, int(verse)), re.sub(r"\s|<p>", "", html.unescape(text)))
+        for verse, text in verses
+    ]
 
 
 # Thousands of settings and notes get written on the way, which needn't wait for a disk.
 memory = pathlib.Path("/dev/shm")
 with tempfile.TemporaryDirectory(dir=memory if memory.is_dir() else None) as user:
-    process = subprocess.Popen([driver, "--app", disc, "--data", disc, "--user", user], stdin=subprocess.PIPE,
-                               stdout=subprocess.PIPE, text=True)
+    process = subprocess.Popen(
+        [driver, "--app", disc, "--data", disc, "--user", user],
+        stdin=subprocess.PIPE,
+        stdout=subprocess.PIPE,
+        text=True,
+    )
     do("click", "frmSplash.lblRunFromCD")
     do("click", "frmContents.mnuBibleReader")
     nodes = do("tree", "frmBible.TreeView1")["nodes"]
@@ -56,8 +67,12 @@ with tempfile.TemporaryDirectory(dir=memory if memory.is_dir() else None) as use
         wanted = exports.read(pathlib.Path(folder), module, set(books.values()))
         wrong = set(found) ^ set(wanted.items())
         if wrong or len(found) != len(wanted):
-            sys.exit(f"{module}: {len(found)} verses for {len(wanted)}; not in both: {sorted(wrong)[:4]}")
-        print(f"{module}: {len(chapters)} chapters, {len(found)} verses, each on its page as in the export")
+            sys.exit(
+                f"{module}: {len(found)} verses for {len(wanted)}; not in both: {sorted(wrong)[:4]}"
+            )
+        print(
+            f"{module}: {len(chapters)} chapters, {len(found)} verses, each on its page as in the export"
+        )
     if do("messages")["messages"]:
         sys.exit("a message came")
     process.stdin.close()

@@ -37,7 +37,7 @@ protected:
     bool cut = false;
 };
 
-}
+} // namespace
 
 TEST_F(DriverTest, AnswersEachCommandWithALine)
 {
@@ -55,20 +55,23 @@ TEST_F(DriverTest, AnswersEachCommandWithALine)
         { "set frmContents.lblStudy.Text \"quoted \\\"\\r\\nline\"", "{}" },
         { "get frmContents.lblStudy.Text", R"({"value":"quoted \"\r\nline"})" },
         { "set frmContents.XPContainer1.Width wide", R"({"error":"not a number: wide"})" },
-        { "set frmContents.ScaleWidth 5", R"({"error":"frmContents.ScaleWidth can't be set to 5"})" },
+        { "set frmContents.ScaleWidth 5",
+            R"({"error":"frmContents.ScaleWidth can't be set to 5"})" },
         { "set frmContents.Left nan", R"({"error":"not a number: nan"})" },
         { "set frmWelcome.Label2.Caption Z", "{}" },
         { "click frmContents.mnuHelpWelcome", "{}" },
         { "get frmWelcome.Label2.Caption", R"({"value":"Don't show me this again"})" },
         { "state frmWelcome 2", R"({"error":"frmWelcome has no button for this state"})" },
         { "close frmWelcome", "{}" },
-        { "click frmContents.mnuFileSeparator", R"({"error":"frmContents.mnuFileSeparator is a separator"})" },
+        { "click frmContents.mnuFileSeparator",
+            R"({"error":"frmContents.mnuFileSeparator is a separator"})" },
         { "get frmContents.Nothing", R"({"error":"frmContents has no property Nothing"})" },
         { "get frmNothing.Caption", R"({"error":"there is no form frmNothing"})" },
         { "tree frmContents.txtDesc", R"({"error":"frmContents.txtDesc is a TextBox"})" },
         { "click frmContents.mnuFileSave", R"({"error":"frmContents.mnuFileSave is disabled"})" },
         { "click frmMain.Command1", R"({"error":"frmMain isn't loaded"})" },
-        { "node frmContents.TreeView1 nothing", R"({"error":"frmContents.TreeView1 has no node nothing"})" },
+        { "node frmContents.TreeView1 nothing",
+            R"({"error":"frmContents.TreeView1 has no node nothing"})" },
         { "dance", R"({"error":"there is no command dance"})" },
         { "click", R"({"error":"the command needs more words"})" },
         { "forms now", R"({"error":"the command has too many words"})" },
@@ -102,7 +105,8 @@ TEST_F(DriverTest, AModalFormIsServedWhileItsHandlerWaits)
     EXPECT_EQ(answers[0], "{}");
     EXPECT_THAT(answers[1], HasSubstr("under the modal form frmWelcome"));
     EXPECT_EQ(answers[2], "{}");
-    EXPECT_THAT(answers[3], HasSubstr(R"("served":{"value":true})")) << "the click goes on into the load";
+    EXPECT_THAT(answers[3], HasSubstr(R"("served":{"value":true})"))
+        << "the click goes on into the load";
     EXPECT_EQ(answers[4], R"({"value":true})");
 }
 
@@ -115,8 +119,9 @@ TEST_F(DriverTest, ATurnServesACommandAtItsCharacter)
                              "click frmMain.mnuFileClose\n"
                              "node frmContents.TreeView1 james-1.dat:2\n");
     ASSERT_EQ(answers.size(), 5U);
-    // A turn of the load itself and one for each line read; the scrambled line of the general introduction has a body of two.
-    // 24 lines of the study file, 3 + 2 + 2 lines of introduction and conclusion, 8 + 3 lines of the verse files.
+    // A turn of the load itself and one for each line read; the scrambled line of the general
+    // introduction has a body of two. 24 lines of the study file, 3 + 2 + 2 lines of introduction
+    // and conclusion, 8 + 3 lines of the verse files.
     EXPECT_EQ(answers[1], R"({"turns":43,"served":{}})") << "input during a load is dropped";
     EXPECT_EQ(answers[3], R"({"turns":0})");
     EXPECT_EQ(answers[4], "{}");
@@ -132,8 +137,10 @@ TEST_F(DriverTest, WatchesAssignmentsInTheirOrder)
                              "changes\n"
                              "changes\n");
     EXPECT_EQ(answers[5],
-        R"({"changes":[{"property":"frmMain.XPContainer3.Caption","value":"Lesson 1, Part One:  Faith Under Trial   James 1"},)"
-        R"({"property":"frmMain.Command1.Enabled","value":false},{"property":"frmMain.Command1.Enabled","value":false},)"
+        R"({"changes":[{"property":"frmMain.XPContainer3.Caption",)"
+        R"("value":"Lesson 1, Part One:  Faith Under Trial   James 1"},)"
+        R"({"property":"frmMain.Command1.Enabled","value":false},)"
+        R"({"property":"frmMain.Command1.Enabled","value":false},)"
         R"({"property":"frmMain.Command1.Enabled","value":true}]})");
     EXPECT_EQ(answers[6], R"({"changes":[]})");
 }
@@ -146,8 +153,10 @@ TEST_F(DriverTest, TheFirstLayoutReadsPlacesOfTheDesign)
                              "node frmContents.TreeView1 james-1.dat:1\n"
                              "changes\n");
     EXPECT_EQ(answers[4],
-        R"({"changes":[{"property":"frmMain.XPContainer4.Height","value":3828},{"property":"frmMain.Image1.Left","value":8235},)"
-        R"({"property":"frmMain.XPContainer4.Height","value":3734.4},{"property":"frmMain.Image1.Left","value":7995}]})");
+        R"({"changes":[{"property":"frmMain.XPContainer4.Height","value":3828},)"
+        R"({"property":"frmMain.Image1.Left","value":8235},)"
+        R"({"property":"frmMain.XPContainer4.Height","value":3734.4},)"
+        R"({"property":"frmMain.Image1.Left","value":7995}]})");
 }
 
 TEST_F(DriverTest, DescribesRichTextsTreesAndMenus)
@@ -160,13 +169,18 @@ TEST_F(DriverTest, DescribesRichTextsTreesAndMenus)
                              "menus frmMain\n"
                              "dump frmMain\n");
     EXPECT_EQ(answers[3],
-        R"({"text":"ab\r\nc","caret":5,"selectionLength":0,"top":0,"runs":[{"start":0,"length":5,"bold":false,"size":8.25,"raise":0}],)"
-        R"("paragraphs":[{"start":0,"left":0,"right":0,"hanging":0},{"start":4,"left":0,"right":0,"hanging":0}]})");
+        R"({"text":"ab\r\nc","caret":5,"selectionLength":0,"top":0,)"
+        R"("runs":[{"start":0,"length":5,"bold":false,"size":8.25,"raise":0}],)"
+        R"("paragraphs":[{"start":0,"left":0,"right":0,"hanging":0},)"
+        R"({"start":4,"left":0,"right":0,"hanging":0}]})");
     EXPECT_THAT(answers[4],
-        HasSubstr(R"({"key":"item1","parent":"","text":"Jn. 3:16","image":"book","selectedImage":0,"bold":false,"expanded":true,)"
+        HasSubstr(R"({"key":"item1","parent":"","text":"Jn. 3:16","image":"book",)"
+                  R"("selectedImage":0,"bold":false,"expanded":true,)"
                   R"("selected":false,"backColor":16577775,"tag":")"));
-    EXPECT_THAT(answers[5], HasSubstr(R"({"name":"mnuEditCut","caption":"Cut","shortcut":"Ctrl+X","enabled":true})"));
-    EXPECT_THAT(answers[6], HasSubstr(R"("Text3":{"kind":"RichTextBox","container":"Image2","Left":480,)"));
+    EXPECT_THAT(answers[5],
+        HasSubstr(R"({"name":"mnuEditCut","caption":"Cut","shortcut":"Ctrl+X","enabled":true})"));
+    EXPECT_THAT(
+        answers[6], HasSubstr(R"("Text3":{"kind":"RichTextBox","container":"Image2","Left":480,)"));
     EXPECT_THAT(answers[6], HasSubstr(R"("focus":"Text3"})"));
 }
 
@@ -174,13 +188,15 @@ TEST_F(DriverTest, AfterTheEndOnlyTheRecordsAnswer)
 {
     auto const answers = Run("click frmContents.mnuFileExit\nrunning\nforms\nmessages\n");
     EXPECT_THAT(answers,
-        ElementsAre("{}", R"({"running":false})", R"({"error":"the program has ended"})", R"({"messages":[]})"));
+        ElementsAre("{}", R"({"running":false})", R"({"error":"the program has ended"})",
+            R"({"messages":[]})"));
 }
 
 TEST_F(DriverTest, APowerCutRunsNoHandler)
 {
     ASSERT_TRUE(settings.Write(u"Parameters", u"showhelp", u"false"));
-    auto const answers = Run("node frmContents.TreeView1 james-1.dat:1\ntype frmMain.Text3 gone\nprogram-ends\nforms\n");
+    auto const answers = Run(
+        "node frmContents.TreeView1 james-1.dat:1\ntype frmMain.Text3 gone\nprogram-ends\nforms\n");
     EXPECT_THAT(answers, ElementsAre("{}", "{}", "{}"));
     EXPECT_TRUE(cut);
     EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page1"), u"(none)");

@@ -20,8 +20,14 @@ with tempfile.TemporaryDirectory() as folder:
             with open(os.path.join(folder, name), "w", encoding="utf-8") as file:
                 file.write(content)
         elif kind in ("sh", "sh-fails"):
-            done = subprocess.run(["bash", "-e", "-o", "pipefail", "-c", content], cwd=folder, env=environment, text=True,
-                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            done = subprocess.run(
+                ["bash", "-e", "-o", "pipefail", "-c", content],
+                cwd=folder,
+                env=environment,
+                text=True,
+                stdout=subprocess.PIPE,
+                stderr=subprocess.STDOUT,
+            )
             said = done.stdout
             runs += 1
             if (done.returncode != 0) != (kind == "sh-fails"):

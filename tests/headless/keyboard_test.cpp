@@ -7,12 +7,15 @@ class KeyboardTest : public FormsTest {
 protected:
     KeyboardTest() { a.Show(); }
 
-    void Strike(int keyCode, int shift = 0) { EXPECT_EQ(Press(input, screen, a.first, keyCode, shift), ""); }
+    void Strike(int keyCode, int shift = 0)
+    {
+        EXPECT_EQ(Press(input, screen, a.first, keyCode, shift), "");
+    }
 };
 
 enum : int { end = 35, home, left, up, right, down, del = 46, back = 8, enter = 13 };
 
-}
+} // namespace
 
 TEST_F(KeyboardTest, EditingKeysWorkOnTextWithLineEnds)
 {
@@ -24,14 +27,19 @@ TEST_F(KeyboardTest, EditingKeysWorkOnTextWithLineEnds)
     } const rows[] = {
         { "backspace", { { back, 0 } }, u"one\r\ntw", 7, 0 },
         { "backspace over a line end", { { home, 0 }, { back, 0 } }, u"onetwo", 3, 0 },
-        { "backspace over two 16-bit halves", { { 'V', controlKey }, { back, 0 } }, u"one\r\ntwo", 8, 0 },
+        { "backspace over two 16-bit halves", { { 'V', controlKey }, { back, 0 } }, u"one\r\ntwo",
+            8, 0 },
         { "delete a line end", { { up, 0 }, { end, 0 }, { del, 0 } }, u"onetwo", 3, 0 },
         { "enter", { { home, 0 }, { enter, 0 } }, u"one\r\n\r\ntwo", 7, 0 },
-        { "arrows pass a line end at once", { { home, 0 }, { left, 0 }, { left, 0 } }, u"one\r\ntwo", 2, 0 },
-        { "up and down keep the column", { { up, 0 }, { left, 0 }, { down, 0 } }, u"one\r\ntwo", 7, 0 },
-        { "select and replace", { { left, shiftKey }, { left, shiftKey }, { 'Q', 0 } }, u"one\r\ntq", 7, 0 },
+        { "arrows pass a line end at once", { { home, 0 }, { left, 0 }, { left, 0 } },
+            u"one\r\ntwo", 2, 0 },
+        { "up and down keep the column", { { up, 0 }, { left, 0 }, { down, 0 } }, u"one\r\ntwo", 7,
+            0 },
+        { "select and replace", { { left, shiftKey }, { left, shiftKey }, { 'Q', 0 } },
+            u"one\r\ntq", 7, 0 },
         { "select all", { { 'A', controlKey } }, u"one\r\ntwo", 0, 8 },
-        { "cut and paste", { { 'A', controlKey }, { 'X', controlKey }, { 'V', controlKey }, { 'V', controlKey } },
+        { "cut and paste",
+            { { 'A', controlKey }, { 'X', controlKey }, { 'V', controlKey }, { 'V', controlKey } },
             u"one\r\ntwoone\r\ntwo", 16, 0 },
         { "capital", { { 'Z', shiftKey } }, u"one\r\ntwoZ", 9, 0 },
     };

@@ -54,7 +54,7 @@ def circle(graph):
 
     def follow(node):
         if node in road:
-            return road[road.index(node):] + [node]
+            return road[road.index(node) :] + [node]
         if node in done:
             return None
         road.append(node)
@@ -95,16 +95,23 @@ for file in sources():
         folders.setdefault(f"{folder}/main" if isMain else folder, set()).add(other)
         mine, its = level[folder.split("/")[0]], level[other.split("/")[0]]
         if folder.split("/")[0] != other.split("/")[0] and its >= mine and mine != 99:
-            faults.append(f"{place}: {folder}/ stands on level {mine} and may not include {other}/ on level {its}")
+            faults.append(
+                f"{place}: {folder}/ stands on level {mine} and may not include {other}/ on level {its}"
+            )
 
 for what, graph in (("files", files), ("folders", folders)):
     if found := circle(graph):
         faults.append(f"a circle of {what}: " + " > ".join(found))
-sqlite = [file for file in sources() if any(name == "sqlite3.h" for _, _, name in includes_of(file))]
+sqlite = [
+    file for file in sources() if any(name == "sqlite3.h" for _, _, name in includes_of(file))
+]
 if len(sqlite) != 1:
     faults.append(f"SQLite belongs in one file and stands in {len(sqlite)}: {' '.join(sqlite)}")
 
 if not files:
     faults.append(f"no sources under {root}")
-print("\n".join(faults) or f"{len(files)} files include {sum(map(len, files.values()))} of ours, in no circle")
+print(
+    "\n".join(faults)
+    or f"{len(files)} files include {sum(map(len, files.values()))} of ours, in no circle"
+)
 sys.exit(bool(faults))

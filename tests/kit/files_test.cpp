@@ -21,7 +21,8 @@ std::string Tree(fs::path const& folder)
     for (auto const& entry : fs::recursive_directory_iterator(folder)) {
         Faults ignored;
         auto const name = fs::relative(entry.path(), folder).string();
-        entries[name] = entry.is_directory() ? "/" : "=" + ReadWhole(entry.path(), ignored).value_or("?");
+        entries[name]
+            = entry.is_directory() ? "/" : "=" + ReadWhole(entry.path(), ignored).value_or("?");
     }
     std::string text;
     for (auto const& [name, content] : entries)
@@ -153,7 +154,8 @@ TEST(Files, LeaveNothingHalfWritten)
         { "file", { { "a", "1" } }, "File exists" },
         { "", { { "a", "1" }, { "file/1", "2" } }, "File exists" },
         { "", { { "a", "1" }, { "b/1", "2" }, { "k", "3" } }, "directory" },
-        { "new", { { "a", std::string(3 << 20, 'x') } }, "File too large" }, // stands for a disc that is full
+        // stands for a disc that is full
+        { "new", { { "a", std::string(3 << 20, 'x') } }, "File too large" },
         { "", { { "a", "1" }, { "b", std::string(3 << 20, 'x') } }, "File too large" },
     };
     std::signal(SIGXFSZ, SIG_IGN);
@@ -171,4 +173,4 @@ TEST(Files, LeaveNothingHalfWritten)
     setrlimit(RLIMIT_FSIZE, &original);
 }
 
-}
+} // namespace

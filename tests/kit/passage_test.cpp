@@ -22,7 +22,9 @@ TEST(Passage, FindsWhatAnAuthorMeans)
         { u"John 3:2", "John 3:2 (1)" },
         { u"john  3 : 2", "John 3:2 (1)" },
         { u"Jn. 3:1-3", "John 3:1-3 (3)" },
-        { u"John 3:1\u2013" u"3", "John 3:1-3 (3)" },
+        { u"John 3:1\u2013"
+          u"3",
+            "John 3:1-3 (3)" },
         { u"John 3:1,3-4", "John 3:1,3-4 (3)" },
         { u"John 3", "John 3 (5)" },
         { u"John 1-2", "John 1 (5); John 2 (4)" },
@@ -49,8 +51,10 @@ TEST(Passage, FindsWhatAnAuthorMeans)
         { u"John 0", "“John 0” names no verse of this Bible" },
         { u"John 3-2", "“John 3-2” names no verse of this Bible" },
         { u"John 3:", "expected a chapter, or a chapter and verses, behind the book in “John 3:”" },
-        { u"John 3:1-2-3", "expected a chapter, or a chapter and verses, behind the book in “John 3:1-2-3”" },
-        { u"John 99999999999", "expected a chapter, or a chapter and verses, behind the book in “John 99999999999”" },
+        { u"John 3:1-2-3",
+            "expected a chapter, or a chapter and verses, behind the book in “John 3:1-2-3”" },
+        { u"John 99999999999",
+            "expected a chapter, or a chapter and verses, behind the book in “John 99999999999”" },
     };
     for (auto const& row : rows) {
         Faults faults;
@@ -84,7 +88,8 @@ TEST(BibleTexts, ReportsAnIndexThatIsNone)
         char const* fault;
     };
     for (auto const& row : { Row { "", ": expected the index of a Bible: it holds no book" },
-             Row { "Ruth|4\nJude\n", ":2: expected the name of a book, “|” and its number of chapters" } }) {
+             Row { "Ruth|4\nJude\n",
+                 ":2: expected the name of a book, “|” and its number of chapters" } }) {
         TestFolder folder;
         folder.Write("biblekjv.idx", row.bytes);
         Faults faults;
@@ -93,4 +98,4 @@ TEST(BibleTexts, ReportsAnIndexThatIsNone)
     }
 }
 
-}
+} // namespace

@@ -96,7 +96,8 @@ TEST_F(UserWorkTest, TheExampleOfItsFormat)
     ASSERT_TRUE(WriteBackup({ { { u"ruth-1.dat:1", u"Page1", u"Yes" } }, {} }, backup));
     std::string listing;
     auto entries = *SqliteSettingsStore(backup).All();
-    std::stable_partition(entries.begin(), entries.end(), [](auto const& entry) { return entry.section != u"backup"; });
+    std::stable_partition(entries.begin(), entries.end(),
+        [](auto const& entry) { return entry.section != u"backup"; });
     for (auto const& entry : entries) {
         auto section = ToUtf8(entry.section), key = ToUtf8(entry.key);
         section.resize(13, ' ');

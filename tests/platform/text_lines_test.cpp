@@ -61,7 +61,8 @@ std::vector<std::string> AllLines(TextLines lines)
 TEST(TextLines, ALineThatIsTooLongEndsTheReading)
 {
     std::string const longest(TextLines::longestLine, 'x');
-    EXPECT_EQ(AllLines(LinesOf("a\n" + longest + "\r\nb", 65536)), (std::vector { "a"s, longest, "b"s }));
+    EXPECT_EQ(
+        AllLines(LinesOf("a\n" + longest + "\r\nb", 65536)), (std::vector { "a"s, longest, "b"s }));
     for (std::string const behind : { "x\nb", "xx", "x\r\nb\n", "xxxxx\n" })
         EXPECT_EQ(AllLines(LinesOf("a\n" + longest + behind, 65536)),
             (std::vector { "a"s, "! f.txt, line 2: a line is longer than 16 MB."s }));
@@ -73,12 +74,10 @@ TEST(TextLines, PartsBytesIntoLines)
         std::string_view bytes;
         std::vector<std::string> lines;
     };
-    Row const rows[] = {
-        { "", {} }, { "\n", { "" } }, { "a", { "a" } }, { "a\n", { "a" } },
+    Row const rows[] = { { "", {} }, { "\n", { "" } }, { "a", { "a" } }, { "a\n", { "a" } },
         { "a\n\n", { "a", "" } }, { "a\r\nb\r\n", { "a", "b" } }, { "a\r\r\nb", { "a\r", "b" } },
         { "a\rb\n\rc", { "a\rb", "\rc" } }, { "last\r", { "last\r" } }, { "\r\n\r\n", { "", "" } },
-        { "a\0b\n\0\n"sv, { "a\0b"s, "\0"s } }
-    };
+        { "a\0b\n\0\n"sv, { "a\0b"s, "\0"s } } };
     for (auto const& row : rows)
         for (std::size_t const block : { 1u, 2u, 3u, 100u })
             EXPECT_EQ(AllLines(LinesOf(row.bytes, block)), row.lines)

@@ -214,7 +214,8 @@ TEST_F(BibleTest, WhatCantBeLookedAtIsNotEmptied)
     files.Remove(u"/app\\kjv\\kjv4");
     files.MakeVisible(u"/app\\biblekjv.idx");
     LookUp(u"Jude");
-    EXPECT_TRUE(files.FileExists(u"/app\\kjv\\kjv4")) << "one that is missing comes into being, empty";
+    EXPECT_TRUE(files.FileExists(u"/app\\kjv\\kjv4"))
+        << "one that is missing comes into being, empty";
 }
 
 TEST_F(BibleTest, AnUnreadableNoteIsSetAsideNotOverwritten)

@@ -269,7 +269,8 @@ TEST_F(BibleTest, ALookupDoesNotWaitForTheDisk)
     EXPECT_EQ(writer.waits, 0);
     CloseReader();
     OpenReader();
-    EXPECT_EQ(State(), "Job 2 | k-Job-2:1 k-Job-2:16 | Job | Notes for Job 2 |  | Job 1, -") << "the next reading sees what is still to be written";
+    EXPECT_EQ(State(), "Job 2 | k-Job-2:1 k-Job-2:16 | Job | Notes for Job 2 |  | Job 1, -")
+        << "the next reading sees what is still to be written";
 }
 
 TEST_F(BibleTest, MissingOrBadBibleDataIsNoMatterForTheUser)
@@ -284,7 +285,8 @@ TEST_F(BibleTest, MissingOrBadBibleDataIsNoMatterForTheUser)
     files.Put(u"/app\\kjv\\kjv7", std::string(largestBook + 1, '\n'));
     files.Remove(u"/app\\kjv\\kjv8");
     OpenReader();
-    EXPECT_EQ(Get<TreeView>(tree).Nodes().size(), 1003u); // Job with its chapter, Jude with the first 999, Joel
+    // Job with its chapter, Jude with the first 999, Joel
+    EXPECT_EQ(Get<TreeView>(tree).Nodes().size(), 1003u);
     LookUp(u"Jude 2000"); // in a book that is too large, so the page is empty
     EXPECT_EQ(State(), "Jude 2000 |  | Jude | Notes for Jude 2000 |  | Jude 1999, Jude 2001");
     LookUp(u"Joel 1");

@@ -9,13 +9,14 @@ std::vector<std::string> DumpTree(TreeView const& tree)
 {
     std::vector<std::string> dump;
     for (Node const& node : tree.Nodes())
-        dump.push_back((node.Parent() ? ToUtf8(node.Parent()->Key()) + " > " : "") + ToUtf8(node.Key()) + " \""
-            + ToUtf8(node.Caption()) + "\" " + std::to_string(std::get<int>(node.Image())) + (node.Bold() ? "b" : "")
+        dump.push_back((node.Parent() ? ToUtf8(node.Parent()->Key()) + " > " : "")
+            + ToUtf8(node.Key()) + " \"" + ToUtf8(node.Caption()) + "\" "
+            + std::to_string(std::get<int>(node.Image())) + (node.Bold() ? "b" : "")
             + (node.Tag().empty() ? "" : " tag " + ToUtf8(node.Tag())));
     return dump;
 }
 
-}
+} // namespace
 
 TEST_F(StudyTest, TheCatalogueIsBuiltFromTheHeadsOfTheStudies)
 {
@@ -27,17 +28,22 @@ TEST_F(StudyTest, TheCatalogueIsBuiltFromTheHeadsOfTheStudies)
     files.MakeUnreadable(u"zz-1.dat");
     Start();
     EXPECT_THAT(DumpTree(Get<TreeView>("frmContents.TreeView1")),
-        ElementsAre("Abc-1.dat \"Acts  of faith\" 4b", "Abc-1.dat > Abc-1.dat1 \"Lesson 1:  - no end\" 3",
+        ElementsAre("Abc-1.dat \"Acts  of faith\" 4b",
+            "Abc-1.dat > Abc-1.dat1 \"Lesson 1:  - no end\" 3",
             "Abc-1.dat1 > Abc-1.dat:1 \"Part One\" 0", "Abc-1.dat1 > Abc-2.dat:1 \"Part Two\" 0",
             "Abc-1.dat > Abc-1.dat2 \"Lesson 2: \" 3", "Abc-1.dat2 > Abc-1.dat:2 \"Part One\" 0",
             "Abc-1.dat2 > Abc-2.dat:2 \"Part Two\" 0", "cut-1.dat \"Cut\" 4b tag Description",
-            "cut-1.dat > cut-1.dat1 \"Lesson 1: Lesson\" 3", "cut-1.dat1 > cut-1.dat:1 \"Part One\" 0",
-            "cut-1.dat1 > cut-2.dat:1 \"Part Two\" 0", "james-1.dat \"James: A Working Faith \" 4b tag Two lessons. For one reader.",
+            "cut-1.dat > cut-1.dat1 \"Lesson 1: Lesson\" 3",
+            "cut-1.dat1 > cut-1.dat:1 \"Part One\" 0", "cut-1.dat1 > cut-2.dat:1 \"Part Two\" 0",
+            "james-1.dat \"James: A Working Faith \" 4b tag Two lessons. For one reader.",
             "james-1.dat > james-1.dat1 \"Lesson 1: Faith Under Trial/James 1/more\" 3",
-            "james-1.dat1 > james-1.dat:1 \"Part One\" 0", "james-1.dat1 > james-2.dat:1 \"Part Two\" 0",
-            "james-1.dat > james-1.dat2 \"Lesson 2: Hearing\" 3", "james-1.dat2 > james-1.dat:2 \"Part One\" 0",
+            "james-1.dat1 > james-1.dat:1 \"Part One\" 0",
+            "james-1.dat1 > james-2.dat:1 \"Part Two\" 0",
+            "james-1.dat > james-1.dat2 \"Lesson 2: Hearing\" 3",
+            "james-1.dat2 > james-1.dat:2 \"Part One\" 0",
             "james-1.dat2 > james-2.dat:2 \"Part Two\" 0", "open-1.dat \"Open\" 4b tag Description",
-            "open-1.dat > open-1.dat1 \"Lesson 1: Lesson\" 3", "open-1.dat1 > open-1.dat:1 \"Part One\" 0",
+            "open-1.dat > open-1.dat1 \"Lesson 1: Lesson\" 3",
+            "open-1.dat1 > open-1.dat:1 \"Part One\" 0",
             "open-1.dat1 > open-2.dat:1 \"Part Two\" 0"));
 }
 
@@ -46,7 +52,8 @@ TEST_F(StudyTest, AClickOnAStudyShowsItsDescriptionAndOnALessonOnlyOpensIt)
     Start();
     auto& tree = Get<TreeView>("frmContents.TreeView1");
     EXPECT_FALSE(Get("frmContents.lblStudy").Visible);
-    EXPECT_THAT(ToUtf8(TextOf("frmContents.txtDesc")), HasSubstr("Click on the name of a Bible study"));
+    EXPECT_THAT(
+        ToUtf8(TextOf("frmContents.txtDesc")), HasSubstr("Click on the name of a Bible study"));
     Node("frmContents.TreeView1", u"james-1.dat");
     EXPECT_TRUE(tree.Find(u"james-1.dat")->Expanded());
     EXPECT_EQ(TextOf("frmContents.lblStudy"), u"James: A Working Faith ");
@@ -66,11 +73,12 @@ TEST_F(StudyTest, TheWelcomeDialogComesOnceOnTheWayIntoALesson)
         char const* about;
         TextView showhelp;
         bool comes;
-    } const rows[] = { { "never chosen", u"", true }, { "wanted", u"true", true }, { "unwanted", u"false", false },
-        { "anything else", u"True", false } };
+    } const rows[] = { { "never chosen", u"", true }, { "wanted", u"true", true },
+        { "unwanted", u"false", false }, { "anything else", u"True", false } };
     for (auto const& row : rows) {
         ProgramBench run;
-        for (auto const name : { u"james-1.dat", u"V-James1", u"V-James1s", u"introduction.txt", u"conclusion.txt" })
+        for (auto const name :
+            { u"james-1.dat", u"V-James1", u"V-James1s", u"introduction.txt", u"conclusion.txt" })
             run.files.Put(name, files.Bytes(name));
         if (!row.showhelp.empty()) {
             ASSERT_TRUE(run.settings.Write(u"Parameters", u"showhelp", row.showhelp));

@@ -26,18 +26,38 @@ TEST_F(StudyTest, ALessonThatCannotBeShownLeadsBackToTheCatalogue)
     } const rows[] = {
         { "study file missing", [this] { files.Remove(u"james-1.dat"); }, "james-1.dat: " },
         { "main verse file missing", [this] { files.Remove(u"V-James1"); }, "V-James1: " },
-        { "supplementary verse file unreadable", [this] { files.MakeUnreadable(u"V-James1s"); }, "V-James1s: " },
-        { "no page", [&] { PutLines(u"james-1.dat", noPage), files.Remove(u"conclusion.txt"); }, "james-1.dat" },
-        { "no marker", [this] { PutLines(u"james-1.dat", { "J:T", "D", "Lesson", "-", ">2" }); }, "james-1.dat" },
-        { "a study of NULs", [this] { files.Put(u"james-1.dat", std::string(5000, '\0')); }, "james-1.dat" },
+        { "supplementary verse file unreadable", [this] { files.MakeUnreadable(u"V-James1s"); },
+            "V-James1s: " },
+        { "no page", [&] { PutLines(u"james-1.dat", noPage), files.Remove(u"conclusion.txt"); },
+            "james-1.dat" },
+        { "no marker",
+            [this] {
+                PutLines(u"james-1.dat", { "J:T", "D", "Lesson", "-", ">2" });
+            },
+            "james-1.dat" },
+        { "a study of NULs", [this] { files.Put(u"james-1.dat", std::string(5000, '\0')); },
+            "james-1.dat" },
         { "an empty study", [this] { files.Put(u"james-1.dat", ""); }, "james-1.dat" },
-        { "a line that is too long", [this] { files.Put(u"james-1.dat", ">1\r\n" + std::string(TextLines::longestLine + 1, 'x')); },
+        { "a line that is too long",
+            [this] {
+                files.Put(u"james-1.dat", ">1\r\n" + std::string(TextLines::longestLine + 1, 'x'));
+            },
             "james-1.dat, line 2: a line is longer than 16 MB." },
-        { "an introduction of too many paragraphs", [&] { PutLines(u"james-1.dat", { "J:T", "D", "Lesson", "-", ">1", Repeated("a/", 50'000), "P", "-" }); },
+        { "an introduction of too many paragraphs",
+            [&] {
+                PutLines(u"james-1.dat",
+                    { "J:T", "D", "Lesson", "-", ">1", Repeated("a/", 50'000), "P", "-" });
+            },
             "james-1.dat, line 6: the introduction has more than 40,000 paragraphs." },
-        { "too many pages", [&] { PutLines(u"james-1.dat", { "J:T", "D", "Lesson", "-", ">1", "I", Repeated("abc\r\n", 50'000), "-" }); },
-            "james-1.dat, line 40005: the lesson is larger than 4 MB, or has more than 40,000 lines." },
-        { "a file that takes more memory than there is", [this] { files.RunOutOfMemoryAt(u"V-James1"); },
+        { "too many pages",
+            [&] {
+                PutLines(u"james-1.dat",
+                    { "J:T", "D", "Lesson", "-", ">1", "I", Repeated("abc\r\n", 50'000), "-" });
+            },
+            "james-1.dat, line 40005: the lesson is larger than 4 MB, or has more than 40,000 "
+            "lines." },
+        { "a file that takes more memory than there is",
+            [this] { files.RunOutOfMemoryAt(u"V-James1"); },
             "james-1.dat:1: there isn't enough memory for the lesson." },
     };
     for (auto const& row : rows) {
@@ -54,12 +74,14 @@ TEST_F(StudyTest, ALessonThatCannotBeShownLeadsBackToTheCatalogue)
     }
 }
 
-/// Cuts the study file behind each of its lines in turn. Whatever is missing, the user stands on a screen that works.
+/// Cuts the study file behind each of its lines in turn. Whatever is missing, the user stands on a
+/// screen that works.
 TEST_F(StudyTest, AStudyFileThatEndsEarlyShowsAMessageAndTheCatalogue)
 {
     int shown = 0;
     for (std::size_t count = 2; count < partOne.size(); ++count) {
-        PutLines(u"james-1.dat", { partOne.begin(), partOne.begin() + static_cast<std::ptrdiff_t>(count) });
+        PutLines(u"james-1.dat",
+            { partOne.begin(), partOne.begin() + static_cast<std::ptrdiff_t>(count) });
         for (TextView const key : { u"james-1.dat:1", u"james-1.dat:2" }) {
             screen.CloseAll();
             Start();
@@ -108,7 +130,10 @@ TEST_F(StudyTest, WhereMemoryRunsOutWhatIsTypedIsStoredAndTheProgramGoesOn)
     Write("frmMain.Text3", u"first");
     files.RunOutOfMemoryAt(u"/app\\biblekjv.idx");
     Click("frmMain.mnuBibleReader");
-    EXPECT_THAT(Messages(), ElementsAre("There isn't enough memory for this, and it was left unfinished. What you have typed is stored."));
+    EXPECT_THAT(Messages(),
+        ElementsAre(
+            "There isn't enough memory for this, and it was left unfinished. What you have typed "
+            "is stored."));
     EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page1"), u"first");
     EXPECT_FALSE(FormOf("frmBible").IsBusy());
     EXPECT_EQ(input.Close(FormOf("frmBible")), "");
@@ -138,7 +163,8 @@ TEST_F(StudyTest, AnswersThatCannotBeStoredAreKeptAndTriedAgain)
 TEST_F(StudyTest, WhatIsTypedIsStoredASecondLater)
 {
     auto const timer = [this]() -> Timer& { return Get<Timer>("frmMain.tmrStore"); };
-    auto const stored = [this](int page) { return settings.Value(u"james-1.dat:1", u"Page" + FromNumber(page)); };
+    auto const stored
+        = [this](int page) { return settings.Value(u"james-1.dat:1", u"Page" + FromNumber(page)); };
     Open(u"james-1.dat:1");
     EXPECT_EQ(timer().Interval, 1000);
     EXPECT_FALSE(timer().Enabled) << "the program's own assignments start nothing";
@@ -147,7 +173,8 @@ TEST_F(StudyTest, WhatIsTypedIsStoredASecondLater)
     EXPECT_EQ(input.Fire(timer()), "");
     EXPECT_EQ(stored(1), u"first");
     EXPECT_FALSE(timer().Enabled);
-    EXPECT_EQ(Get("frmMain.Text3").OwnForm().Focus(), &Get("frmMain.Text3")) << "nothing of it is seen";
+    EXPECT_EQ(Get("frmMain.Text3").OwnForm().Focus(), &Get("frmMain.Text3"))
+        << "nothing of it is seen";
 
     for (auto const* const action : { "frmMain.mnuEditCut", "frmMain.mnuEditPaste" }) {
         EXPECT_EQ(input.Select(Get<TextInput>("frmMain.Text3"), 0, 2), "");
@@ -199,7 +226,9 @@ TEST_F(StudyTest, NoKeyWaitsForTheDisk)
 
 TEST_F(StudyTest, SaveStoresWhatTheBoxShowsAndSaysSo)
 {
-    auto const said = [this] { return std::get<Text>(Get("frmMain.StatusBar1").FindProperty("Panel2")->Get()); };
+    auto const said = [this] {
+        return std::get<Text>(Get("frmMain.StatusBar1").FindProperty("Panel2")->Get());
+    };
     Open(u"james-1.dat:1");
     Write("frmMain.Text3", u"mine");
     Click("frmMain.mnuFileSave");
@@ -222,7 +251,8 @@ TEST_F(StudyTest, SaveStoresWhatTheBoxShowsAndSaysSo)
 /// The next words may be those that were deleted.
 TEST_F(StudyTest, ADeletedAnswerCanBeWrittenAgain)
 {
-    for (auto const* const leave : { "frmMain.mnuFileSave", "frmMain.Command1", "frmMain.mnuFileClose" }) {
+    for (auto const* const leave :
+        { "frmMain.mnuFileSave", "frmMain.Command1", "frmMain.mnuFileClose" }) {
         Open(u"james-1.dat:1");
         GoTo(1);
         Write("frmMain.Text3", u"mine");
@@ -248,8 +278,14 @@ TEST_F(StudyTest, AStoreThatIsDamagedMeanwhileIsToldOnceAndFilledAgain)
     } const rows[] = {
         { "a page turn", [this] { GoTo(2), GoTo(1); }, u"1" },
         { "going on to another page", [this] { GoTo(2); }, u"2" },
-        { "typing", [this] { Write("frmMain.Text3", u"!"); EXPECT_EQ(input.Fire(Get<Timer>("frmMain.tmrStore")), ""); }, u"1" },
-        { "a silent read", [this] { Click("frmMain.mnuHelpWelcome"), Click("frmWelcome.Command1"); }, u"1" },
+        { "typing",
+            [this] {
+                Write("frmMain.Text3", u"!");
+                EXPECT_EQ(input.Fire(Get<Timer>("frmMain.tmrStore")), "");
+            },
+            u"1" },
+        { "a silent read",
+            [this] { Click("frmMain.mnuHelpWelcome"), Click("frmWelcome.Command1"); }, u"1" },
     };
     for (auto const& row : rows) {
         Open(u"james-1.dat:1");
@@ -259,7 +295,8 @@ TEST_F(StudyTest, AStoreThatIsDamagedMeanwhileIsToldOnceAndFilledAgain)
         settings.Damage();
         row.act();
         EXPECT_THAT(Messages(), ElementsAre(HasSubstr("settings.db.damaged-1"))) << row.about;
-        EXPECT_THAT(ToUtf8(settings.Value(u"james-1.dat:1", u"Page1")), HasSubstr("mine")) << row.about;
+        EXPECT_THAT(ToUtf8(settings.Value(u"james-1.dat:1", u"Page1")), HasSubstr("mine"))
+            << row.about;
         EXPECT_EQ(settings.Value(u"james-1.dat:1", u"currentindex"), row.page) << row.about;
         screen.CloseAll();
     }
@@ -270,8 +307,8 @@ TEST_F(StudyTest, ALessonOpensWhereItsPageNumberLeads)
     struct {
         TextView stored;
         int page;
-    } const rows[] = { { u"2", 2 }, { u"6", 5 }, { u"99999999999999999999999999", 5 }, { u"0", 1 }, { u"-7", 1 }, { u"", 1 },
-        { u"x", 1 }, { u"1e9", 1 } };
+    } const rows[] = { { u"2", 2 }, { u"6", 5 }, { u"99999999999999999999999999", 5 }, { u"0", 1 },
+        { u"-7", 1 }, { u"", 1 }, { u"x", 1 }, { u"1e9", 1 } };
     for (auto const& row : rows) {
         ASSERT_TRUE(settings.Write(u"james-1.dat:1", u"currentindex", row.stored));
         Open(u"james-1.dat:1");

@@ -27,11 +27,10 @@ TEST_F(HelpWindowsTest, TheWelcomeBoxShowsTheStoredChoiceAndItsLabelTurnsItOver)
         int tick;
         int clicks;
         TextView written;
-    } const rows[] = {
-        { nullptr, 0, 0, u"true" }, { nullptr, 0, 1, u"false" }, { "false", 1, 0, u"false" },
-        { "false", 1, 1, u"true" }, { "false", 1, 2, u"false" }, { "true", 0, 2, u"true" },
-        { "False", 0, 0, u"true" }, { "false ", 0, 0, u"true" }, { "", 0, 0, u"true" }
-    };
+    } const rows[]
+        = { { nullptr, 0, 0, u"true" }, { nullptr, 0, 1, u"false" }, { "false", 1, 0, u"false" },
+              { "false", 1, 1, u"true" }, { "false", 1, 2, u"false" }, { "true", 0, 2, u"true" },
+              { "False", 0, 0, u"true" }, { "false ", 0, 0, u"true" }, { "", 0, 0, u"true" } };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.stored ? row.stored : "no entry");
         ASSERT_TRUE(settings.DeleteSection(u"Parameters", SettingsStore::NoBackup));

@@ -34,27 +34,35 @@ TEST_F(LayoutTest, TheLessonScreenFillsItsSmallestSize)
     Open(u"james-1.dat:1");
     Restore("frmMain", 11000, 8000);
     Expect("frmMain",
-        { { "XPContainer3", "Left", 240 }, { "XPContainer3", "Top", 480 }, { "XPContainer3", "Width", 5140 },
-            { "XPContainer3", "Height", 2104.2F }, { "Text4", "Top", 350 }, { "Text4", "Left", 20 }, { "Text4", "Width", 5100 },
-            { "Text4", "Height", 1734.2F }, { "XPContainer2", "Left", 240 }, { "XPContainer2", "Top", 2824.2F },
-            { "XPContainer2", "Width", 5140 }, { "XPContainer2", "Height", 3895.8F }, { "Image2", "Left", 20 },
+        { { "XPContainer3", "Left", 240 }, { "XPContainer3", "Top", 480 },
+            { "XPContainer3", "Width", 5140 }, { "XPContainer3", "Height", 2104.2F },
+            { "Text4", "Top", 350 }, { "Text4", "Left", 20 }, { "Text4", "Width", 5100 },
+            { "Text4", "Height", 1734.2F }, { "XPContainer2", "Left", 240 },
+            { "XPContainer2", "Top", 2824.2F }, { "XPContainer2", "Width", 5140 },
+            { "XPContainer2", "Height", 3895.8F }, { "Image2", "Left", 20 },
             { "Image2", "Top", 350 }, { "Image2", "Width", 5100 }, { "Image2", "Height", 3525.8F },
-            { "XPContainer4", "Left", 5620 }, { "XPContainer4", "Top", 480 }, { "XPContainer4", "Width", 2450 },
-            { "XPContainer4", "Height", 1673.6F }, { "TreeView1", "Top", 350 }, { "TreeView1", "Left", 70 },
-            { "TreeView1", "Width", 2360 }, { "TreeView1", "Height", 1303.6F }, { "XPContainer5", "Left", 8190 },
-            { "XPContainer5", "Width", 2450 }, { "XPContainer5", "Height", 1673.6F }, { "TreeView2", "Top", 350 },
-            { "TreeView2", "Left", 70 }, { "TreeView2", "Width", 2360 }, { "TreeView2", "Height", 1303.6F },
-            { "XPContainer1", "Left", 5620 }, { "XPContainer1", "Top", 2393.6F }, { "XPContainer1", "Width", 5020 },
-            { "XPContainer1", "Height", 4336.4F }, { "Text1", "Top", 350 }, { "Text1", "Left", 20 }, { "Text1", "Width", 4980 },
-            { "Text1", "Height", 3966.4F }, { "Command2", "Left", 20 }, { "Command2", "Top", 3280.8F },
-            { "Command1", "Left", 4425 }, { "Command1", "Top", 3280.8F }, { "Command1", "Height", 255 },
-            { "ctlScrollbar", "Left", 429 }, { "ctlScrollbar", "Top", 3280.8F }, { "ctlScrollbar", "Width", 4242 },
-            { "ctlScrollbar", "Height", 255 }, { "Text2", "Left", 480 }, { "Text2", "Top", 110 }, { "Text2", "Width", 4300 },
-            { "Text2", "Height", 1297.9F }, { "lblPageTitle", "Left", 15 }, { "lblPageTitle", "Top", 110 },
-            { "Image1", "Left", 3895 }, { "Image1", "Top", 2865.8F }, { "Text3", "Left", 480 }, { "Text3", "Top", 1512.9F },
-            { "Text3", "Width", 4300 }, { "Text3", "Height", 1352.9F }, { "lblStudy", "Width", 10300 },
-            { "Frame1", "Left", 3385 }, { "Frame1", "Top", 3475 }, { "ProgressBar1", "Left", 6675 },
-            { "ProgressBar1", "Top", 6987.5F } });
+            { "XPContainer4", "Left", 5620 }, { "XPContainer4", "Top", 480 },
+            { "XPContainer4", "Width", 2450 }, { "XPContainer4", "Height", 1673.6F },
+            { "TreeView1", "Top", 350 }, { "TreeView1", "Left", 70 },
+            { "TreeView1", "Width", 2360 }, { "TreeView1", "Height", 1303.6F },
+            { "XPContainer5", "Left", 8190 }, { "XPContainer5", "Width", 2450 },
+            { "XPContainer5", "Height", 1673.6F }, { "TreeView2", "Top", 350 },
+            { "TreeView2", "Left", 70 }, { "TreeView2", "Width", 2360 },
+            { "TreeView2", "Height", 1303.6F }, { "XPContainer1", "Left", 5620 },
+            { "XPContainer1", "Top", 2393.6F }, { "XPContainer1", "Width", 5020 },
+            { "XPContainer1", "Height", 4336.4F }, { "Text1", "Top", 350 }, { "Text1", "Left", 20 },
+            { "Text1", "Width", 4980 }, { "Text1", "Height", 3966.4F }, { "Command2", "Left", 20 },
+            { "Command2", "Top", 3280.8F }, { "Command1", "Left", 4425 },
+            { "Command1", "Top", 3280.8F }, { "Command1", "Height", 255 },
+            { "ctlScrollbar", "Left", 429 }, { "ctlScrollbar", "Top", 3280.8F },
+            { "ctlScrollbar", "Width", 4242 }, { "ctlScrollbar", "Height", 255 },
+            { "Text2", "Left", 480 }, { "Text2", "Top", 110 }, { "Text2", "Width", 4300 },
+            { "Text2", "Height", 1297.9F }, { "lblPageTitle", "Left", 15 },
+            { "lblPageTitle", "Top", 110 }, { "Image1", "Left", 3895 },
+            { "Image1", "Top", 2865.8F }, { "Text3", "Left", 480 }, { "Text3", "Top", 1512.9F },
+            { "Text3", "Width", 4300 }, { "Text3", "Height", 1352.9F },
+            { "lblStudy", "Width", 10300 }, { "Frame1", "Left", 3385 }, { "Frame1", "Top", 3475 },
+            { "ProgressBar1", "Left", 6675 }, { "ProgressBar1", "Top", 6987.5F } });
 }
 
 TEST_F(LayoutTest, TheLessonScreenKeepsItsLimits)
@@ -64,7 +72,8 @@ TEST_F(LayoutTest, TheLessonScreenKeepsItsLimits)
         float width, height, thenWidth, thenHeight;
     };
     EXPECT_EQ(input.ChangeState(FormOf("frmMain"), WindowState::Normal), "");
-    for (auto const& row : { Row { 9000, 7000, 11000, 8000 }, Row { 30000, 30000, 30000, 15360 }, Row { 11001, 100, 11001, 8000 } }) {
+    for (auto const& row : { Row { 9000, 7000, 11000, 8000 }, Row { 30000, 30000, 30000, 15360 },
+             Row { 11001, 100, 11001, 8000 } }) {
         EXPECT_EQ(input.Resize(FormOf("frmMain"), row.width, row.height), "");
         EXPECT_EQ(FormOf("frmMain").Width(), row.thenWidth);
         EXPECT_EQ(FormOf("frmMain").Height(), row.thenHeight);
@@ -99,12 +108,14 @@ TEST_F(LayoutTest, TheCatalogueFillsItsSmallestSize)
 {
     Start();
     Restore("frmContents", 8000, 6700);
-    std::vector<Place> const places { { "Image2", "Left", 2555 }, { "XPContainer1", "Left", 840 }, { "XPContainer1", "Top", 1980 },
-        { "XPContainer1", "Width", 6320 }, { "XPContainer1", "Height", 3320 }, { "TreeView1", "Left", 30 }, { "TreeView1", "Top", 370 },
-        { "TreeView1", "Width", 3106 }, { "TreeView1", "Height", 2930 }, { "lblBack", "Left", 3107 }, { "lblBack", "Top", 370 },
-        { "lblBack", "Width", 3209 }, { "lblBack", "Height", 2900 }, { "Picture1", "Left", 3276 }, { "Picture1", "Top", 510 },
-        { "lblStudy", "Left", 3851 }, { "lblStudy", "Top", 510 }, { "lblStudy", "Width", 2429 }, { "txtDesc", "Left", 3276 },
-        { "txtDesc", "Width", 2984 } };
+    std::vector<Place> const places { { "Image2", "Left", 2555 }, { "XPContainer1", "Left", 840 },
+        { "XPContainer1", "Top", 1980 }, { "XPContainer1", "Width", 6320 },
+        { "XPContainer1", "Height", 3320 }, { "TreeView1", "Left", 30 },
+        { "TreeView1", "Top", 370 }, { "TreeView1", "Width", 3106 },
+        { "TreeView1", "Height", 2930 }, { "lblBack", "Left", 3107 }, { "lblBack", "Top", 370 },
+        { "lblBack", "Width", 3209 }, { "lblBack", "Height", 2900 }, { "Picture1", "Left", 3276 },
+        { "Picture1", "Top", 510 }, { "lblStudy", "Left", 3851 }, { "lblStudy", "Top", 510 },
+        { "lblStudy", "Width", 2429 }, { "txtDesc", "Left", 3276 }, { "txtDesc", "Width", 2984 } };
     Expect("frmContents", places);
     Expect("frmContents", { { "txtDesc", "Top", 370 }, { "txtDesc", "Height", 2900 } });
     for (int click = 0; click < 2; ++click) {
@@ -156,4 +167,4 @@ TEST_F(LayoutTest, ThePanelsHaveTheirColours)
             << path;
     }
 }
-}
+} // namespace

@@ -8,7 +8,8 @@ TEST_F(StudyTest, TheLoadFillsTheScreen)
 {
     Open(u"james-1.dat:1");
     EXPECT_EQ(CaptionOf("frmMain.lblStudy"), u"A Working Faith");
-    EXPECT_EQ(CaptionOf("frmMain.XPContainer3"), u"Lesson 1, Part One:  Faith Under Trial   James 1");
+    EXPECT_EQ(
+        CaptionOf("frmMain.XPContainer3"), u"Lesson 1, Part One:  Faith Under Trial   James 1");
     auto const& intro = Get<RichTextBox>("frmMain.Text4");
     EXPECT_THAT(ToUtf8(intro.Text), StartsWith("Faith\r\n\r\nRead John twice.\r\n\r\nThen take"));
     EXPECT_THAT(ToUtf8(intro.Text), Not(HasSubstr("General")));
@@ -58,7 +59,8 @@ TEST_F(StudyTest, PagesShowByTheirLabelsAndTexts)
     Click("frmMain.mnuFileClose");
     Open(u"james-2.dat:1");
     GoTo(2);
-    EXPECT_EQ(CaptionOf("frmMain.lblPageTitle"), u"- Well done.") << "congratulations end the lesson themselves";
+    EXPECT_EQ(CaptionOf("frmMain.lblPageTitle"), u"- Well done.")
+        << "congratulations end the lesson themselves";
     EXPECT_EQ(TextOf("frmMain.Text2"), u"Well done. Congratulations on the lesson\r\n\r\n");
     EXPECT_EQ(Get<ScrollBar>("frmMain.ctlScrollbar").Max, 2);
 
@@ -85,8 +87,10 @@ TEST_F(StudyTest, NextFollowsTheAnswer)
     Click("frmMain.Command2");
     EXPECT_TRUE(next.Enabled) << "an answer that is there counts at once";
     GoTo(5);
-    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page2"), u"") << "an empty box that was left is stored as well";
-    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page3"), u"(none)") << "a page that was never visited isn't";
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page2"), u"")
+        << "an empty box that was left is stored as well";
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page3"), u"(none)")
+        << "a page that was never visited isn't";
     Write("frmMain.Text3", u"end");
     EXPECT_TRUE(next.Enabled);
     Click("frmMain.Command1");
@@ -99,28 +103,32 @@ TEST_F(StudyTest, ALessonReturnsToItsPageWithEveryAnswerUntouched)
     struct {
         TextView stored;
         int page;
-    } const rows[] = { { u"3", 3 }, { u"1", 1 }, { u"99", 5 }, { u"0", 1 }, { u"-4", 1 }, { u"three", 1 },
-        { u"70000", 5 } };
+    } const rows[] = { { u"3", 3 }, { u"1", 1 }, { u"99", 5 }, { u"0", 1 }, { u"-4", 1 },
+        { u"three", 1 }, { u"70000", 5 } };
     for (auto const& row : rows) {
         ASSERT_TRUE(settings.Write(u"james-1.dat:1", u"currentindex", row.stored));
         for (int page = 1; page <= 5; ++page)
-            ASSERT_TRUE(settings.Write(u"james-1.dat:1", u"Page" + FromNumber(page), u"answer\r\n" + FromNumber(page)));
+            ASSERT_TRUE(settings.Write(
+                u"james-1.dat:1", u"Page" + FromNumber(page), u"answer\r\n" + FromNumber(page)));
         Open(u"james-1.dat:1");
         EXPECT_EQ(Get<ScrollBar>("frmMain.ctlScrollbar").Value, row.page) << ToUtf8(row.stored);
-        EXPECT_EQ(TextOf("frmMain.Text3"), u"answer\r\n" + FromNumber(row.page)) << ToUtf8(row.stored);
+        EXPECT_EQ(TextOf("frmMain.Text3"), u"answer\r\n" + FromNumber(row.page))
+            << ToUtf8(row.stored);
         EXPECT_EQ(Get<RichTextBox>("frmMain.Text3").SelStart, 9);
         EXPECT_EQ(Get<ProgressBar>("frmMain.ProgressBar1").Value, row.page == 1 ? 0 : row.page);
         Click("frmMain.mnuFileClose");
         for (int page = 1; page <= 5; ++page)
-            EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page" + FromNumber(page)), u"answer\r\n" + FromNumber(page));
+            EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page" + FromNumber(page)),
+                u"answer\r\n" + FromNumber(page));
     }
 }
 
 TEST_F(StudyTest, ThePublishersAnswerIsForThoseWhoWroteOne)
 {
     Open(u"james-1.dat:1");
-    TextView const vary = u"Answers will vary. Do you best to answer this application question because it will help you apply the "
-                          u"truths you are learning to your personal life.";
+    TextView const vary = u"Answers will vary. Do you best to answer this application question "
+                          u"because it will help you apply the truths you are learning to your "
+                          u"personal life.";
     struct {
         int page;
         TextView written, shown;
@@ -158,8 +166,10 @@ TEST_F(StudyTest, PassagesFillTheTextAndTheTrees)
 {
     Open(u"james-1.dat:1");
     auto const& text = Get<RichTextBox>("frmMain.Text1");
-    Text const wanted = u"James 1:1\r\n\r\n 1 James, a servant of God.\r\n\r\n12 Blessed is the man.\r\n\r\n1a\r\n\r\n"
-                        u"Jn. 3:16\r\n\r\n16 For God so loved.\r\n\r\n";
+    Text const wanted
+        = u"James 1:1\r\n\r\n 1 James, a servant of God.\r\n\r\n12 Blessed is the man.\r\n\r\n"
+          u"1a\r\n\r\n"
+          u"Jn. 3:16\r\n\r\n16 For God so loved.\r\n\r\n";
     EXPECT_EQ(text.Text().substr(0, wanted.size()), wanted);
     EXPECT_EQ(text.Length(), static_cast<int>(wanted.size()) + 80);
     auto const& main = Get<TreeView>("frmMain.TreeView1").Nodes();
@@ -171,7 +181,8 @@ TEST_F(StudyTest, PassagesFillTheTextAndTheTrees)
     EXPECT_EQ(supplementary[0].Key(), u"item1");
     EXPECT_EQ(supplementary[0].Tag(), FromNumber(static_cast<int>(wanted.find(u"Jn. 3:16"))));
     EXPECT_STREQ(std::get<char const*>(supplementary[0].Image()), "book");
-    auto const number = std::find_if(text.Runs().begin(), text.Runs().end(), [](auto const& run) { return run.format.raise > 0; });
+    auto const number = std::find_if(text.Runs().begin(), text.Runs().end(),
+        [](auto const& run) { return run.format.raise > 0; });
     EXPECT_EQ(number->format, (CharacterFormat { false, 4, 35 }));
     EXPECT_EQ((number + 1)->format, (CharacterFormat { false, 8, 0 }));
     EXPECT_EQ(text.Paragraphs()[2].format.hanging, 210);
@@ -216,7 +227,8 @@ TEST_F(StudyTest, AnswersAreSavedByTheMenuAndDeletedWithTheirLesson)
     EXPECT_FALSE(Get("frmMain.Command1").Enabled);
     EXPECT_EQ(Get<ScrollBar>("frmMain.ctlScrollbar").Value, 2);
     Click("frmMain.mnuFileClose");
-    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page2"), u"") << "leaving the page stores its empty text";
+    EXPECT_EQ(settings.Value(u"james-1.dat:1", u"Page2"), u"")
+        << "leaving the page stores its empty text";
 }
 
 TEST_F(StudyTest, EveryWayOutStoresTheAnswer)

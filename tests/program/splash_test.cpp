@@ -20,7 +20,7 @@ protected:
     }
 };
 
-}
+} // namespace
 
 TEST_F(SplashTest, EveryWayButTwoLeadsToTheCatalogue)
 {
@@ -29,13 +29,24 @@ TEST_F(SplashTest, EveryWayButTwoLeadsToTheCatalogue)
         std::function<void(ProgramBench&)> take;
     };
     for (Way const& way : {
-             Way { "a click on the ground", [](ProgramBench& run) { EXPECT_EQ(run.input.Click(run.FormOf("frmSplash")), ""); } },
-             { "a key", [](ProgramBench& run) { EXPECT_EQ(run.input.KeyPress(run.FormOf("frmSplash"), 27), ""); } },
+             Way { "a click on the ground",
+                 [](ProgramBench& run) {
+                     EXPECT_EQ(run.input.Click(run.FormOf("frmSplash")), "");
+                 } },
+             { "a key",
+                 [](ProgramBench& run) {
+                     EXPECT_EQ(run.input.KeyPress(run.FormOf("frmSplash"), 27), "");
+                 } },
              { "Run from CD", [](ProgramBench& run) { run.Click("frmSplash.lblRunFromCD"); } },
-             { "a choice that is covered", [](ProgramBench& run) { run.Click("frmSplash.lblEnter"); } },
+             { "a choice that is covered",
+                 [](ProgramBench& run) { run.Click("frmSplash.lblEnter"); } },
              { "its cover", [](ProgramBench& run) { run.Click("frmSplash.Shape2"); } },
-             { "the video that isn't there", [](ProgramBench& run) { run.Click("frmSplash.lblWelcomeVideo"); } },
-             { "closing", [](ProgramBench& run) { EXPECT_EQ(run.input.Close(run.FormOf("frmSplash")), ""); } },
+             { "the video that isn't there",
+                 [](ProgramBench& run) { run.Click("frmSplash.lblWelcomeVideo"); } },
+             { "closing",
+                 [](ProgramBench& run) {
+                     EXPECT_EQ(run.input.Close(run.FormOf("frmSplash")), "");
+                 } },
          }) {
         ProgramBench run;
         run.program.Start({});
@@ -54,9 +65,11 @@ TEST_F(SplashTest, EveryKeyButAModifierByItselfLeadsOn)
     for (int const modifier : { 16, 17, 18, 20, 91, 144, 160 })
         EXPECT_EQ(Press(input, screen, FormOf("frmSplash"), modifier, 0), "") << modifier;
     EXPECT_TRUE(IsOpen("frmSplash"));
-    constexpr int tab = 9, enter = 13, escape = 27, pageUp = 33, left = 37, down = 40, del = 46, f1 = 112, f12 = 123;
-    for (auto const& [key, shift] : std::vector<std::pair<int, int>> { { tab, 0 }, { enter, 0 }, { escape, 0 }, { pageUp, 0 },
-             { left, 0 }, { down, 0 }, { del, 0 }, { f1, 0 }, { f12, shiftKey }, { 'C', controlKey }, { 'X', altKey } }) {
+    constexpr int tab = 9, enter = 13, escape = 27, pageUp = 33, left = 37, down = 40, del = 46,
+                  f1 = 112, f12 = 123;
+    for (auto const& [key, shift] : std::vector<std::pair<int, int>> { { tab, 0 }, { enter, 0 },
+             { escape, 0 }, { pageUp, 0 }, { left, 0 }, { down, 0 }, { del, 0 }, { f1, 0 },
+             { f12, shiftKey }, { 'C', controlKey }, { 'X', altKey } }) {
         ProgramBench run;
         run.program.Start({});
         EXPECT_EQ(Press(run.input, run.screen, run.FormOf("frmSplash"), key, shift), "");
@@ -75,7 +88,8 @@ TEST_F(SplashTest, ExitAndInstallEndTheProgramThereAndThen)
         EXPECT_FALSE(run.IsOpen("frmContents"));
         EXPECT_THAT(run.Messages(), IsEmpty());
         if (!fails) {
-            EXPECT_THAT(run.shell.opened, ElementsAre(std::pair(Text(u"open"), Text(u"Setup.exe"))));
+            EXPECT_THAT(
+                run.shell.opened, ElementsAre(std::pair(Text(u"open"), Text(u"Setup.exe"))));
         }
     }
     program.Start({});
@@ -99,7 +113,8 @@ TEST_F(SplashTest, AnInstalledCopyOffersNothingButToEnter)
     struct {
         char const* label;
         bool runs;
-    } const rows[] = { { "lblEnter", true }, { "lblInstallToDisk", false }, { "lblRunFromCD", false } };
+    } const rows[]
+        = { { "lblEnter", true }, { "lblInstallToDisk", false }, { "lblRunFromCD", false } };
     for (auto const& row : rows) {
         ProgramBench run;
         run.files.applicationFolder = u"D:\\Programs\\Workbook";
@@ -179,9 +194,11 @@ TEST_F(SplashTest, MenuEntriesOpenTheirWindowsBesideTheScreenAndAgain)
                 auto const loaded = screen.Loaded().size();
                 Click(main + "." + row.entry);
                 EXPECT_EQ(screen.Active(), &FormOf(row.form)) << row.form;
-                EXPECT_EQ(input.Activate(FormOf(main)), "") << "the screen stays usable beside " << row.form;
+                EXPECT_EQ(input.Activate(FormOf(main)), "")
+                    << "the screen stays usable beside " << row.form;
                 Click(main + "." + row.entry);
-                EXPECT_EQ(screen.Active(), &FormOf(row.form)) << "the open window comes to the front";
+                EXPECT_EQ(screen.Active(), &FormOf(row.form))
+                    << "the open window comes to the front";
                 EXPECT_EQ(screen.Loaded().size(), loaded + 1);
                 Click(std::string(row.form) + "." + row.button);
                 EXPECT_FALSE(FormOf(row.form).IsLoaded());
@@ -196,7 +213,8 @@ TEST_F(SplashTest, TheLongTextsAreWholeAndTheirMarksGone)
         char const *entry, *form;
         std::size_t words;
     };
-    for (Row const& row : { Row { "mnuGettingStarted", "frmGettingStarted", 700 }, { "mnuOptionFinal", "frmFinalExam", 1300 } }) {
+    for (Row const& row : { Row { "mnuGettingStarted", "frmGettingStarted", 700 },
+             { "mnuOptionFinal", "frmFinalExam", 1300 } }) {
         Click(std::string("frmContents.") + row.entry);
         std::string const box = std::string(row.form) + ".RichTextBox1";
         Text const text = TextOf(box);

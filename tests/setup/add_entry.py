@@ -32,15 +32,26 @@ with tempfile.TemporaryDirectory() as folder:
         open(os.path.join(root, b"build/disc/sparrowfield"), "w").close()
         home = os.path.join(base, b"home")
         shutil.rmtree(home, ignore_errors=True)
-        done = subprocess.run([os.path.join(root, b"packaging/desktop/add_entry.sh")], env={**os.environb, b"XDG_DATA_HOME": home},
-                              capture_output=True)
+        done = subprocess.run(
+            [os.path.join(root, b"packaging/desktop/add_entry.sh")],
+            env={**os.environb, b"XDG_DATA_HOME": home},
+            capture_output=True,
+        )
         entry = pathlib.Path(os.fsdecode(home)) / "applications" / "sparrowfield.desktop"
         if in_path is None:
             if done.returncode != 1 or b"isn't UTF-8" not in done.stderr or entry.exists():
                 sys.exit(f"a path that isn't UTF-8: {done}")
             continue
         lines = entry.read_bytes().split(b"\n")
-        program = b'"%s/%s/build/disc/sparrowfield"' % (base, in_exec) if in_exec else b'sh -c "exec ./sparrowfield"'
-        for wanted in (b"Exec=" + program, b"Path=%s/%s/build/disc" % (base, in_path), b"Name=Sparrowfield"):
+        program = (
+            b'"%s/%s/build/disc/sparrowfield"' % (base, in_exec)
+            if in_exec
+            else b'sh -c "exec ./sparrowfield"'
+        )
+        for wanted in (
+            b"Exec=" + program,
+            b"Path=%s/%s/build/disc" % (base, in_path),
+            b"Name=Sparrowfield",
+        ):
             if wanted not in lines:
                 sys.exit(f"{name!r}: {wanted!r} isn't in {lines!r}")

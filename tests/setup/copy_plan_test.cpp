@@ -66,11 +66,9 @@ TEST(SizeText, IsCutOffToWhatAPersonReads)
     struct {
         std::uint64_t bytes;
         TextView text;
-    } const rows[] = {
-        { 0, u"0 KB" }, { 999, u"0.9 KB" }, { 4'000'000, u"4 MB" }, { 9'999'999, u"9.9 MB" },
-        { 999'999'999, u"999 MB" }, { 1'000'000'000, u"1 GB" }, { 17'400'000'000, u"17 GB" },
-        { ~std::uint64_t { 0 }, u"18446 PB" }
-    };
+    } const rows[] = { { 0, u"0 KB" }, { 999, u"0.9 KB" }, { 4'000'000, u"4 MB" },
+        { 9'999'999, u"9.9 MB" }, { 999'999'999, u"999 MB" }, { 1'000'000'000, u"1 GB" },
+        { 17'400'000'000, u"17 GB" }, { ~std::uint64_t { 0 }, u"18446 PB" } };
     for (auto const& row : rows)
         EXPECT_EQ(ToUtf8(SizeText(row.bytes)), ToUtf8(row.text));
 }

@@ -30,7 +30,11 @@ def expect_whole(copy, about):
     for name, file in wanted.items():
         if there[name].read_bytes() != file.read_bytes():
             sys.exit(f"{name} differs, {about}")
-        expect(os.access(there[name], os.X_OK), os.access(file, os.X_OK), f"whether {name} is a program, {about}")
+        expect(
+            os.access(there[name], os.X_OK),
+            os.access(file, os.X_OK),
+            f"whether {name} is a program, {about}",
+        )
 
 
 def await_true(condition, about, seconds=60):
@@ -43,14 +47,30 @@ def await_true(condition, about, seconds=60):
 
 def drive(driver, user, *lines):
     """Opens a lesson without a screen, does what the lines say there, and gives the answers to all."""
-    road = ["click frmSplash.lblEnter", "click frmSplash.lblRunFromCD", "node frmContents.TreeView1 mount-1.dat:1", "click frmWelcome.Command1"]
-    done = subprocess.run([driver, "--user", user], input="\n".join([*road, *lines]), capture_output=True, text=True, cwd=driver.parent, timeout=60)
+    road = [
+        "click frmSplash.lblEnter",
+        "click frmSplash.lblRunFromCD",
+        "node frmContents.TreeView1 mount-1.dat:1",
+        "click frmWelcome.Command1",
+    ]
+    done = subprocess.run(
+        [driver, "--user", user],
+        input="\n".join([*road, *lines]),
+        capture_output=True,
+        text=True,
+        cwd=driver.parent,
+        timeout=60,
+    )
     return done.stdout
 
 
 with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
     data = pathlib.Path(data).resolve()
-    environment = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+    environment = {
+        name: value
+        for name, value in os.environ.items()
+        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")
+    }
     environment["XDG_DATA_HOME"] = str(data)
     windowed = {**environment, "QT_QPA_PLATFORM": "offscreen"}
     user = data / "sparrowfield"
@@ -59,7 +79,9 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
     entry = data / "applications/sparrowfield.desktop"
 
     def setup(*words, program=disc / "Setup.exe", given=environment):
-        done = subprocess.run([program, *words], capture_output=True, text=True, env=given, cwd=data)
+        done = subprocess.run(
+            [program, *words], capture_output=True, text=True, env=given, cwd=data
+        )
         return done.returncode, done.stdout, done.stderr
 
     status, out, _ = setup("--help")
@@ -77,10 +99,16 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
     expect((status, errors), (0, ""), "the installation")
     expect_whole(copy, "after the installation")
     text = entry.read_text()
-    expect(f'\nExec="{copy}/sparrowfield.exe"\nPath={copy}\n' in text, True, f"the menu entry {text!r}")
+    expect(
+        f'\nExec="{copy}/sparrowfield.exe"\nPath={copy}\n' in text, True, f"the menu entry {text!r}"
+    )
     for icon in (disc / "icons").glob("sparrowfield-*.png"):
         size = icon.stem.removeprefix("sparrowfield-")
-        expect((data / f"icons/hicolor/{size}x{size}/apps/sparrowfield.png").read_bytes(), icon.read_bytes(), f"the icon of size {size}")
+        expect(
+            (data / f"icons/hicolor/{size}x{size}/apps/sparrowfield.png").read_bytes(),
+            icon.read_bytes(),
+            f"the icon of size {size}",
+        )
 
     (copy / "biblekjv.idx").write_text("damaged")
     (copy / "kjv/kjv1").unlink()
@@ -91,7 +119,14 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
     # A signal in the middle, on a terminal, on which the progress stands.
     (copy / "kjv/kjv1").write_text("older")
     mine, its = pty.openpty()
-    process = subprocess.Popen([disc / "Setup.exe", "--install"], stdin=its, stdout=its, stderr=its, env=environment, start_new_session=True)
+    process = subprocess.Popen(
+        [disc / "Setup.exe", "--install"],
+        stdin=its,
+        stdout=its,
+        stderr=its,
+        env=environment,
+        start_new_session=True,
+    )
     os.close(its)
     seen = b""
     while b"files," not in seen:
@@ -107,14 +142,24 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
         seen += part
     if process.wait() != -signal.SIGINT or b"%" not in seen:
         sys.exit(f"a cancelled repair: {process.returncode}, {seen!r}")
-    if b"nothing was changed" in seen: # else it was over before the signal came
+    if b"nothing was changed" in seen:  # else it was over before the signal came
         expect((copy / "kjv/kjv1").read_text(), "older", "a file after the cancel")
-    expect([file.name for file in copy.parent.iterdir()], [copy.name], "what lies beside the copy after a cancel")
+    expect(
+        [file.name for file in copy.parent.iterdir()],
+        [copy.name],
+        "what lies beside the copy after a cancel",
+    )
 
     # The window, which --install lets begin at once and a signal closes.
     process = subprocess.Popen([disc / "Setup.exe", "--install"], env=windowed)
-    await_true(lambda: (copy / "kjv/kjv1").read_bytes() == (disc / "kjv/kjv1").read_bytes(), "the repair from the window")
-    await_true(lambda: [file.name for file in copy.parent.iterdir()] == [copy.name], "the end of the repair from the window")
+    await_true(
+        lambda: (copy / "kjv/kjv1").read_bytes() == (disc / "kjv/kjv1").read_bytes(),
+        "the repair from the window",
+    )
+    await_true(
+        lambda: [file.name for file in copy.parent.iterdir()] == [copy.name],
+        "the end of the repair from the window",
+    )
     time.sleep(0.5)
     process.send_signal(signal.SIGTERM)
     if (status := process.wait(timeout=60)) not in (0, -signal.SIGTERM):
@@ -129,17 +174,36 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
     expect((status, "running" in errors), (1, True), "removing a program that runs")
     process.terminate()
     process.wait(timeout=60)
-    drive(copy / "sparrowfield-drive", user, 'type frmMain.Text3 "my answer"', "click frmMain.Command1")
+    drive(
+        copy / "sparrowfield-drive",
+        user,
+        'type frmMain.Text3 "my answer"',
+        "click frmMain.Command1",
+    )
 
     # The copy repairs nothing, but removes itself.
     status, _, errors = setup("--console", "--install", program=copy / "Setup.exe")
-    expect((status, "start Setup.exe on the disc" in errors), (1, True), "an installation from the copy")
+    expect(
+        (status, "start Setup.exe on the disc" in errors),
+        (1, True),
+        "an installation from the copy",
+    )
     status, out, errors = setup("--console", "--uninstall", program=copy / "Setup.exe")
     expect((status, errors), (0, ""), "the removal")
-    expect((copy.parent.exists(), entry.exists()), (False, False), "copy and menu entry after the removal")
+    expect(
+        (copy.parent.exists(), entry.exists()),
+        (False, False),
+        "copy and menu entry after the removal",
+    )
     expect(list(data.glob("icons/hicolor/**/sparrowfield.*")), [], "icons after the removal")
     expect((notes / "John3.dat").read_text(), "note", "the note after the removal")
-    answer = drive(disc / "sparrowfield-drive", user, "get frmMain.Text3.Text", "click frmMain.Command2", "get frmMain.Text3.Text")
+    answer = drive(
+        disc / "sparrowfield-drive",
+        user,
+        "get frmMain.Text3.Text",
+        "click frmMain.Command2",
+        "get frmMain.Text3.Text",
+    )
     expect("my answer" in answer, True, f"the answer after the removal, read as {answer}")
     expect(setup("--uninstall")[0], 0, "the status of a second removal")
 print("Installed, repaired, cancelled, started and removed.")

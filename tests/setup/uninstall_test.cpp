@@ -149,12 +149,10 @@ TEST(SetupOptions, AreReadOrRefused)
     struct {
         std::vector<char const*> words;
         char const* read; ///< "<task>" and "c" for the console; empty if refused
-    } const rows[] = {
-        { {}, "0" }, { { "--console" }, "0c" }, { { "--install" }, "1" },
+    } const rows[] = { { {}, "0" }, { { "--console" }, "0c" }, { { "--install" }, "1" },
         { { "--console", "--uninstall" }, "2c" }, { { "--help" }, "3" },
         { { "--install", "--install" }, "1" }, { { "--install", "--uninstall" }, "" },
-        { { "--frob" }, "" }, { { "disc" }, "" }, { { "" }, "" }
-    };
+        { { "--frob" }, "" }, { { "disc" }, "" }, { { "" }, "" } };
     for (auto const& row : rows) {
         auto const options = ReadOptions(row.words);
         auto const read = options

@@ -4,15 +4,16 @@
 
 #include <string>
 
-/// What is offered, one letter each: Install, Video, Run from CD, Enter. The covers hide exactly what isn't offered.
+/// What is offered, one letter each: Install, Video, Run from CD, Enter. The covers hide exactly
+/// what isn't offered.
 static std::string Offered(StartOptions const& options)
 {
     EXPECT_EQ(options.coverVideo, !options.video);
     EXPECT_EQ(options.coverInstall, !options.install);
     EXPECT_EQ(options.coverRunFromCD, !options.runFromCD);
     EXPECT_EQ(options.coverEnter, !options.enter);
-    return std::string(options.install ? "I" : "") + (options.video ? "V" : "") + (options.runFromCD ? "R" : "")
-        + (options.enter ? "E" : "");
+    return std::string(options.install ? "I" : "") + (options.video ? "V" : "")
+        + (options.runFromCD ? "R" : "") + (options.enter ? "E" : "");
 }
 
 TEST(StartOptions, OfferWhatFitsThePlace)
@@ -28,7 +29,8 @@ TEST(StartOptions, OfferWhatFitsThePlace)
              { false, u"D:", false, "IR" },
              { true, u"D:", true, "VR" },
              { false, u"/media/disc", true, "R" },
-             { true, u"C:\\Program Files\\Sparrowfield House\\Sparrowfield Interactive Software", true, "VE" },
+             { true, u"C:\\Program Files\\Sparrowfield House\\Sparrowfield Interactive Software",
+                 true, "VE" },
              { false, u"C:\\Program Files\\Elsewhere", false, "E" },
              { false, u"D:\\Programs", true, "E" },
              { false, u"D:\\MyProgram", false, "E" },

@@ -3,9 +3,9 @@
 #include "study/lesson_file.h"
 
 #include "base/code_page.h"
-#include "support/page_examples.h"
 #include "study/general_texts.h"
 #include "support/memory_file_system.h"
+#include "support/page_examples.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "study/verse_file.h"
 
-#include "support/page_examples.h"
 #include "support/memory_file_system.h"
+#include "support/page_examples.h"
 
 #include <gtest/gtest.h>
 

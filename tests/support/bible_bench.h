@@ -89,11 +89,14 @@ public:
         if (page[at] != 'k' && page[at] != 'n')
             return 0;
         auto const run = [&](std::size_t from, int (*belongs)(int)) {
-            return static_cast<std::size_t>(std::find_if_not(page.begin() + static_cast<std::ptrdiff_t>(from), page.end(),
-                       [belongs](unsigned char c) { return belongs(c) != 0; })
+            return static_cast<std::size_t>(
+                std::find_if_not(page.begin() + static_cast<std::ptrdiff_t>(from), page.end(),
+                    [belongs](unsigned char c) { return belongs(c) != 0; })
                 - page.begin());
         };
-        auto const is = [&](std::size_t place, char mark) { return place < page.size() && page[place] == mark; };
+        auto const is = [&](std::size_t place, char mark) {
+            return place < page.size() && page[place] == mark;
+        };
         if (!is(at + 1, '-'))
             return 0;
         auto const name = run(at + 2, [](int c) { return std::isalnum(c); });

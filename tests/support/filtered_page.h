@@ -15,7 +15,8 @@ inline void TakeAttribute(std::string_view& rest, std::string_view name, auto co
 {
     if (!rest.starts_with(name))
         return;
-    auto const value = rest.substr(name.size(), rest.find_first_of(" >", name.size()) - name.size());
+    auto const value
+        = rest.substr(name.size(), rest.find_first_of(" >", name.size()) - name.size());
     if (isValue(value))
         rest.remove_prefix(name.size() + value.size());
 }
@@ -28,11 +29,13 @@ inline bool IsOf(std::string_view value, std::string_view characters)
 /// True for a tag that may be in a filtered page; of an anchor, with its end.
 inline bool MayBe(std::string_view tag)
 {
-    static std::string const letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ", digits = "0123456789";
-    static std::set<std::string_view> const plain { "p", "b", "i", "em", "strong", "u", "sup", "sub", "span", "font", "html", "body" };
+    static std::string const letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ",
+                             digits = "0123456789";
+    static std::set<std::string_view> const plain { "p", "b", "i", "em", "strong", "u", "sup",
+        "sub", "span", "font", "html", "body" };
     auto const inner = tag.substr(1, tag.size() - 2);
-    if (plain.contains(inner) || (inner.starts_with('/') && plain.contains(inner.substr(1))) || inner == "br"
-        || inner == "body background=\"bg.jpg\"")
+    if (plain.contains(inner) || (inner.starts_with('/') && plain.contains(inner.substr(1)))
+        || inner == "br" || inner == "body background=\"bg.jpg\"")
         return true;
     if (tag.starts_with("<a name=") && tag.ends_with("></a>"))
         return IsOf(tag.substr(8, tag.size() - 13), letters + digits + "._-");
@@ -40,10 +43,14 @@ inline bool MayBe(std::string_view tag)
     if (!rest.starts_with("font"))
         return false;
     rest.remove_prefix(4);
-    TakeAttribute(rest, " size=", [](auto value) { return value.size() == 1 && IsOf(value, "1234567"); });
-    TakeAttribute(rest, " face=", [](auto value) { return value == "\"verdana\"" || value == "\"Arial\""; });
+    TakeAttribute(
+        rest, " size=", [](auto value) { return value.size() == 1 && IsOf(value, "1234567"); });
+    TakeAttribute(
+        rest, " face=", [](auto value) { return value == "\"verdana\"" || value == "\"Arial\""; });
     TakeAttribute(rest, " color=", [](auto value) {
-        return IsOf(value, letters) || (value.size() == 7 && value[0] == '#' && IsOf(value.substr(1), digits + "abcdefABCDEF"));
+        return IsOf(value, letters)
+            || (value.size() == 7 && value[0] == '#'
+                && IsOf(value.substr(1), digits + "abcdefABCDEF"));
     });
     return rest.empty();
 }

@@ -8,13 +8,17 @@
 #include <map>
 #include <set>
 
-/// Files by their names, which match ignoring case. Every call that can fail is counted; the one that FailAt names, and those on
-/// files that are marked unreadable or lie below a path that is marked unwritable, fail.
+/// Files by their names, which match ignoring case. Every call that can fail is counted; the one
+/// that FailAt names, and those on files that are marked unreadable or lie below a path that is
+/// marked unwritable, fail.
 class MemoryFileSystem final : public FileSystem {
 public:
     Text applicationFolder = u"/app";
 
-    void Put(TextView path, std::string bytes) { m_files[ToLowerLatin(path)] = { Text(path), std::move(bytes) }; }
+    void Put(TextView path, std::string bytes)
+    {
+        m_files[ToLowerLatin(path)] = { Text(path), std::move(bytes) };
+    }
     void Remove(TextView path) { m_files.erase(ToLowerLatin(path)); }
     void MakeUnreadable(TextView path) { m_unreadable.insert(ToLowerLatin(path)); }
     /// Reading the file throws, as where there is no memory for it.
@@ -24,10 +28,7 @@ public:
     void MakeVisible(TextView path) { m_invisible.erase(ToLowerLatin(path)); }
     void RemoveFolder(TextView path) { m_folders.erase(ToLowerLatin(path)); }
     /// The `call`-th call from now on (1: the next one) fails; 0 for none.
-    void FailAt(int call)
-    {
-        m_failAt = call == 0 ? 0 : m_calls + call;
-    }
+    void FailAt(int call) { m_failAt = call == 0 ? 0 : m_calls + call; }
     /// While set, every call that can fail does.
     bool failing = false;
     /// While set, nothing whose path begins with it can be written, renamed, made or deleted.
@@ -46,7 +47,10 @@ public:
             return Presence::Unknown;
         return m_files.contains(ToLowerLatin(path)) ? Presence::There : Presence::Absent;
     }
-    bool FolderExists(TextView path) const override { return m_folders.contains(ToLowerLatin(path)); }
+    bool FolderExists(TextView path) const override
+    {
+        return m_folders.contains(ToLowerLatin(path));
+    }
     Outcome<std::uint64_t> FileSize(TextView path) const override
     {
         auto const file = Find(path);
@@ -57,7 +61,8 @@ public:
         auto const file = Find(path);
         if (!file)
             return file.failure();
-        return std::unique_ptr<InputFile>(std::make_unique<Reader>(*this, (*file)->name, (*file)->bytes));
+        return std::unique_ptr<InputFile>(
+            std::make_unique<Reader>(*this, (*file)->name, (*file)->bytes));
     }
     Outcome<std::string> ReadAll(TextView path, std::uint64_t atMost = largestWhole) const override
     {
@@ -80,7 +85,10 @@ public:
         auto const written = Write(path, bytes);
         return written ? Outcome<bool>(true) : written.failure();
     }
-    Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) override { return Write(path, bytes); }
+    Outcome<Done> WriteTemporary(TextView path, std::string_view bytes) override
+    {
+        return Write(path, bytes);
+    }
     Outcome<Done> SetAside(TextView path) override
     {
         auto const found = m_files.find(ToLowerLatin(path));
@@ -151,7 +159,10 @@ private:
     };
 
     bool Fails() const { return ++m_calls == m_failAt || failing; }
-    bool FailsAt(TextView path) const { return Fails() || (!unwritable.empty() && path.starts_with(unwritable)); }
+    bool FailsAt(TextView path) const
+    {
+        return Fails() || (!unwritable.empty() && path.starts_with(unwritable));
+    }
 
     Outcome<File const*> Find(TextView path) const
     {

@@ -96,7 +96,8 @@ private:
     {
         if (std::exchange(m_isDamaged, false)) {
             m_values.clear();
-            m_report = Failure { u"settings.db", 0, u"it is damaged; it has been set aside as settings.db.damaged-1" };
+            m_report = Failure { u"settings.db", 0,
+                u"it is damaged; it has been set aside as settings.db.damaged-1" };
         }
         return ++m_calls == m_failAt || failing;
     }

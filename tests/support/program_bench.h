@@ -1,6 +1,6 @@
 #pragma once
-// The whole program on the headless host, driven as a person drives it. Controls are named "frmMain.Text3"; an action that a person
-// couldn't take fails the test.
+// The whole program on the headless host, driven as a person drives it. Controls are named
+// "frmMain.Text3"; an action that a person couldn't take fails the test.
 
 #include "controls/button.h"
 #include "controls/input.h"
@@ -56,9 +56,15 @@ public:
         ASSERT_NE(tree.Find(key), nullptr) << ToUtf8(key);
         EXPECT_EQ(input.ClickNode(tree, *tree.Find(key)), "") << path;
     }
-    void Write(std::string_view path, TextView text) { EXPECT_EQ(Type(input, Get<TextInput>(path), text), "") << path; }
+    void Write(std::string_view path, TextView text)
+    {
+        EXPECT_EQ(Type(input, Get<TextInput>(path), text), "") << path;
+    }
     Text TextOf(std::string_view path) { return Get<TextInput>(path).CurrentText(); }
-    Text CaptionOf(std::string_view path) { return std::get<Text>(Get(path).FindProperty("Caption")->Get()); }
+    Text CaptionOf(std::string_view path)
+    {
+        return std::get<Text>(Get(path).FindProperty("Caption")->Get());
+    }
     bool IsOpen(std::string_view form) { return FormOf(form).IsLoaded() && FormOf(form).Visible; }
 
     /// Starts the program and leaves the start-up screen for the catalogue.
@@ -99,20 +105,23 @@ protected:
     {
         PutLines(u"james-1.dat", partOne);
         PutLines(u"james-2.dat",
-            { "James: A Working Faith", "Dropped.", "Faith Under Trial", "Hearing", "-", ">1", "Short intro", "1. Only page",
-                "- Well done. Congratulations on the lesson", "James1", "James1s", ">2", "Intro", "1. Page", "-", "James1", "James1s" });
+            { "James: A Working Faith", "Dropped.", "Faith Under Trial", "Hearing", "-", ">1",
+                "Short intro", "1. Only page", "- Well done. Congratulations on the lesson",
+                "James1", "James1s", ">2", "Intro", "1. Page", "-", "James1", "James1s" });
         PutLines(u"V-James1",
-            { ">1", "James 1:1", "1 James, a servant of God.", "12 Blessed is the man.", "1a", ">2", "James 2:1",
-                "1 My brethren." });
+            { ">1", "James 1:1", "1 James, a servant of God.", "12 Blessed is the man.", "1a", ">2",
+                "James 2:1", "1 My brethren." });
         PutLines(u"V-James1s", { ">1", "^Jn. 3:16", "16 For God so loved." });
         PutLines(u"introduction.txt", { "General, see Rom. 8.", "", "!afd" });
         PutLines(u"conclusion.txt", { "dropped", "The end./Go on." });
     }
 
-    Lines const partOne = { "James: A Working Faith ", "Two lessons./For one reader.", "Faith Under Trial/James 1/more", "Hearing",
-        "-", ">1", "Faith/^Read Jn. twice./Then take the first question, and take your time with every one of the verses that are named in it, for they "
-                   "were chosen with care.",
-        "1. Who wrote this?/Look at the greeting.", "[James, a servant./Of God.]", "# remark", "2. How will you use it?", "xx",
-        "Blankless", "[Some Answers will vary here]", ". No label", "-", "^James1", "James1s", ">2", "Own", "1. Page", "-",
-        "James1", "James1s" };
+    Lines const partOne = { "James: A Working Faith ", "Two lessons./For one reader.",
+        "Faith Under Trial/James 1/more", "Hearing", "-", ">1",
+        "Faith/^Read Jn. twice./Then take the first question, and take your time with every one "
+        "of the verses that are named in it, for they "
+        "were chosen with care.",
+        "1. Who wrote this?/Look at the greeting.", "[James, a servant./Of God.]", "# remark",
+        "2. How will you use it?", "xx", "Blankless", "[Some Answers will vary here]", ". No label",
+        "-", "^James1", "James1s", ">2", "Own", "1. Page", "-", "James1", "James1s" };
 };

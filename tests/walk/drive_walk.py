@@ -13,11 +13,18 @@ class Run:
     """A run of the driver, asked line by line."""
 
     def __init__(self, user):
-        self.process = subprocess.Popen([driver, "--data", disc, "--user", user], stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, text=True)
+        self.process = subprocess.Popen(
+            [driver, "--data", disc, "--user", user],
+            stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE,
+            text=True,
+        )
 
     def do(self, *words):
-        line = " ".join(word if isinstance(word, str) and " " not in word else json.dumps(word) for word in words)
+        line = " ".join(
+            word if isinstance(word, str) and " " not in word else json.dumps(word)
+            for word in words
+        )
         self.process.stdin.write(line + "\n")
         self.process.stdin.flush()
         answer = json.loads(self.process.stdout.readline())
@@ -55,7 +62,11 @@ with tempfile.TemporaryDirectory() as user:
     run.do("node", "frmContents.TreeView1", "mount-1.dat")
     expect(len(run.get("frmContents.txtDesc.Text")) > 100, True, "the description of the study")
     run.do("node", "frmContents.TreeView1", "mount-1.dat:1")
-    expect(open_forms(run), ["frmContents", "frmWelcome"], "the welcome dialog on the way into the first lesson")
+    expect(
+        open_forms(run),
+        ["frmContents", "frmWelcome"],
+        "the welcome dialog on the way into the first lesson",
+    )
     run.do("click", "frmWelcome.Command1")
     expect(open_forms(run), ["frmMain"], "the lesson in the catalogue's place")
     first = run.get("frmMain.lblPageTitle.Caption")
@@ -74,7 +85,9 @@ with tempfile.TemporaryDirectory() as user:
     run.do("node", "frmMain.TreeView1", headings[-1]["key"])
     rich = run.do("rich", "frmMain.Text1")
     expect(str(rich["top"]), headings[-1]["tag"], "the passage in the top line")
-    expect(rich["text"][rich["top"]:].startswith(headings[-1]["text"] + "\r\n"), True, "its heading")
+    expect(
+        rich["text"][rich["top"] :].startswith(headings[-1]["text"] + "\r\n"), True, "its heading"
+    )
     run.do("click", "frmMain.mnuFileClose")
     run.do("node", "frmContents.TreeView1", "mount-2.dat:1")
     expect(open_forms(run), ["frmMain"], "no welcome dialog the second time")
@@ -94,10 +107,16 @@ with tempfile.TemporaryDirectory() as user:
     run.do("setting", "Parameters", "showhelp", "false")
     run.do("click", "frmSplash.lblRunFromCD")
     run.do("node", "frmContents.TreeView1", "mount-1.dat:1")
-    expect(run.get("frmMain.ctlScrollbar.Value"), 3, "the page that was gone to before the power cut")
+    expect(
+        run.get("frmMain.ctlScrollbar.Value"), 3, "the page that was gone to before the power cut"
+    )
     expect(run.get("frmMain.Text3.Text"), "third", "its answer")
     run.do("click", "frmMain.Command2")
-    expect(run.get("frmMain.Text3.Text"), "second\r\nwith two lines, and more", "the answer left before the power cut")
+    expect(
+        run.get("frmMain.Text3.Text"),
+        "second\r\nwith two lines, and more",
+        "the answer left before the power cut",
+    )
     for part in (1, 2):
         for lesson in range(1, 5):
             run.do("click", "frmMain.mnuFileClose")

@@ -17,11 +17,18 @@ chapters = ["Jude 1", "Ruth 2"]
 
 def note(chapter, turn):
     tail = " \u05d1\u05e8\u05d0\u05e9\u05d9\u05ea \u03b1" if turn % 2 else ""
-    return f"{chapter}, note {turn}" + tail + "".join(f"\r\nline {line} of {turn}" for line in range(turn % 60))
+    return (
+        f"{chapter}, note {turn}"
+        + tail
+        + "".join(f"\r\nline {line} of {turn}" for line in range(turn % 60))
+    )
 
 
 def command(*words):
-    return " ".join(word if word.replace(".", "").isalnum() else json.dumps(word) for word in words) + "\n"
+    return (
+        " ".join(word if word.replace(".", "").isalnum() else json.dumps(word) for word in words)
+        + "\n"
+    )
 
 
 def look_up(chapter):
@@ -29,9 +36,15 @@ def look_up(chapter):
 
 
 def start(user):
-    run = subprocess.Popen([driver, "--app", disc, "--data", disc, "--user", user],
-                           stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-    run.stdin.write(command("press", "frmSplash", "13") + command("click", "frmContents.mnuBibleReader"))
+    run = subprocess.Popen(
+        [driver, "--app", disc, "--data", disc, "--user", user],
+        stdin=subprocess.PIPE,
+        stdout=subprocess.PIPE,
+        text=True,
+    )
+    run.stdin.write(
+        command("press", "frmSplash", "13") + command("click", "frmContents.mnuBibleReader")
+    )
     run.stdin.flush()
     run.stdout.readline()
     run.stdout.readline()
@@ -64,7 +77,9 @@ with tempfile.TemporaryDirectory() as user:
             turn += 1
             chapter = chapters[turn // 2 % len(chapters)]
             possible[chapter].add(note(chapter, turn))
-            script += look_up(chapter) + command("set", "frmBible.txtNotes.Text", note(chapter, turn))
+            script += look_up(chapter) + command(
+                "set", "frmBible.txtNotes.Text", note(chapter, turn)
+            )
         try:
             run.stdin.write(script)
             run.stdin.flush()
@@ -74,7 +89,9 @@ with tempfile.TemporaryDirectory() as user:
             run.wait()
         for chapter, text in zip(chapters, stored(user)):
             if text not in possible[chapter]:
-                sys.exit(f"note_kill: after kill {attempt + 1} the note of {chapter} is {text[:200]!r}")
+                sys.exit(
+                    f"note_kill: after kill {attempt + 1} the note of {chapter} is {text[:200]!r}"
+                )
             kept += text != "" and text != note(chapter, 1)
             possible[chapter] = {text}
 print(f"{times} kills, every note whole; {kept} times one was there")

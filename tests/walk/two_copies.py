@@ -17,14 +17,24 @@ class Copy:
     """A run of the program, in the first lesson."""
 
     def __init__(self, user):
-        self.process = subprocess.Popen([driver, "--app", disc, "--data", disc, "--user", user],
-                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.process = subprocess.Popen(
+            [driver, "--app", disc, "--data", disc, "--user", user],
+            stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE,
+            text=True,
+        )
         self.do("press", "frmSplash", "32")
         self.do("setting", "Parameters", "showhelp", "false")
         self.do("node", "frmContents.TreeView1", lesson)
 
     def do(self, *words):
-        self.process.stdin.write(" ".join([words[0]] + [json.dumps(word) if " " in word or not word else word for word in words[1:]]) + "\n")
+        self.process.stdin.write(
+            " ".join(
+                [words[0]]
+                + [json.dumps(word) if " " in word or not word else word for word in words[1:]]
+            )
+            + "\n"
+        )
         self.process.stdin.flush()
         answer = json.loads(self.process.stdout.readline())
         if "error" in answer:
@@ -85,7 +95,11 @@ def untouched_boxes(one, other):
 
 
 def deleted_and_written_again(one, user):
-    for leave in (lambda: one.do("click", "frmMain.Command1"), lambda: one.do("click", "frmMain.mnuFileSave"), one.leave):
+    for leave in (
+        lambda: one.do("click", "frmMain.Command1"),
+        lambda: one.do("click", "frmMain.mnuFileSave"),
+        one.leave,
+    ):
         one.page(1)
         one.make("the same words")
         one.leave()
@@ -96,11 +110,22 @@ def deleted_and_written_again(one, user):
         expect(one.stored(1), "the same words", "what was written again")
     one.page(1)
     one.do("click", "frmMain.mnuEditDeleteLesson")
-    backups = sorted((name for name in os.listdir(user) if name.startswith("before-delete-")), key=lambda name: int(name.split("-")[2].split(".")[0]))
-    said = subprocess.run([kit, "answers", "restore", os.path.join(user, backups[-1]), "--user", user], capture_output=True, text=True)
+    backups = sorted(
+        (name for name in os.listdir(user) if name.startswith("before-delete-")),
+        key=lambda name: int(name.split("-")[2].split(".")[0]),
+    )
+    said = subprocess.run(
+        [kit, "answers", "restore", os.path.join(user, backups[-1]), "--user", user],
+        capture_output=True,
+        text=True,
+    )
     expect(said.returncode, 0, f"the restore of {backups[-1]}: {said.stdout}{said.stderr}")
     one.leave()
-    expect(one.stored(1), "the same words", "what a restore brought back beside an open program with an untouched box")
+    expect(
+        one.stored(1),
+        "the same words",
+        "what a restore brought back beside an open program with an untouched box",
+    )
 
 
 def typing(one, other):

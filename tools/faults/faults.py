@@ -38,12 +38,20 @@ class Bench:
         self.preload = str(pathlib.Path(programs, "faults.so").resolve())
         self.disc = disc
         # The address sanitizer wants to be loaded before anything else.
-        needed = subprocess.run(["ldd", self.drive], capture_output=True, text=True, check=True).stdout
+        needed = subprocess.run(
+            ["ldd", self.drive], capture_output=True, text=True, check=True
+        ).stdout
         self.before = [line.split()[2] for line in needed.splitlines() if "libasan" in line]
 
     def environment(self, user, log, mode, at):
-        return dict(os.environ, LD_PRELOAD=":".join(self.before + [self.preload]), FAULTS_FOLDER=str(user), FAULTS_LOG=str(log),
-                    FAULTS_MODE=mode, FAULTS_AT=str(at))
+        return dict(
+            os.environ,
+            LD_PRELOAD=":".join(self.before + [self.preload]),
+            FAULTS_FOLDER=str(user),
+            FAULTS_LOG=str(log),
+            FAULTS_MODE=mode,
+            FAULTS_AT=str(at),
+        )
 
     def program(self, user, environment=None):
         return Program(self.drive, self.disc, user, environment)
@@ -89,13 +97,17 @@ def check(bench, user, memory, after_kill):
         program.kill()
     for place, text in shown.items():
         if not memory.may_be(place, text) and (after_kill or not holds_words(memory, place, text)):
-            raise Fault(f"{place} shows {text!r} instead of {memory.latest(place)!r} or {memory.maybe.get(place, ())}")
+            raise Fault(
+                f"{place} shows {text!r} instead of {memory.latest(place)!r} or {memory.maybe.get(place, ())}"
+            )
     answers = stored_answers(user)
     if answers != {place: text for place, text in shown.items() if text and place[0] == "answer"}:
         raise Fault(f"the store holds {answers}, the screen shows {shown}")
     for place, text in shown.items():
         # After a kill the exact text may stand in another file yet than at rest.
-        if place[0] == "note" and text not in (forms := note_forms(user / NOTES / f"{place[1]}.dat")):
+        if place[0] == "note" and text not in (
+            forms := note_forms(user / NOTES / f"{place[1]}.dat")
+        ):
             raise Fault(f"the files of {place} hold {forms}, the screen shows {text!r}")
     names = [file.name for file in user.rglob("*")]
     if any(".damaged-" in name or ".old-" in name for name in names):
@@ -162,7 +174,11 @@ def sample(runs):
     for run, its in runs:
         kinds.setdefault(its, []).append(run)
     chance = random.Random(3)
-    return [run for its, found in kinds.items() for run in chance.sample(found, min(len(found), 3 if its[0] in KILLS and its[2] else 1))]
+    return [
+        run
+        for its, found in kinds.items()
+        for run in chance.sample(found, min(len(found), 3 if its[0] in KILLS and its[2] else 1))
+    ]
 
 
 def attempt(bench, run):
@@ -182,7 +198,9 @@ def main():
     parser.add_argument("--mode", choices=ERRORS + KILLS, default="")
     parser.add_argument("--at", type=int, default=0)
     parser.add_argument("--start", choices=("fresh", "used"), default="fresh")
-    parser.add_argument("--show", action="store_true", help="what the program was told and said, and the calls")
+    parser.add_argument(
+        "--show", action="store_true", help="what the program was told and said, and the calls"
+    )
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     parser.add_argument("--copies-seed", type=int, help="one run of two copies again")
     options = parser.parse_args()
@@ -203,7 +221,9 @@ def main():
             if fault:
                 faults.append(fault)
                 print(fault, flush=True)
-        for fault in pool.map(lambda seed: two_copies.attempt(bench, seed), range(300 if options.all else 6)):
+        for fault in pool.map(
+            lambda seed: two_copies.attempt(bench, seed), range(300 if options.all else 6)
+        ):
             if fault:
                 faults.append(fault)
                 print(fault, flush=True)

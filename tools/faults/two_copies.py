@@ -26,10 +26,27 @@ class Copy(Writer):
 
     def step(self):
         if self.note:
-            self.chance.choice((self.write_note, self.write_note, self.turn_chapter, self.turn_chapter, self.close_reader))()
+            self.chance.choice(
+                (
+                    self.write_note,
+                    self.write_note,
+                    self.turn_chapter,
+                    self.turn_chapter,
+                    self.close_reader,
+                )
+            )()
         elif self.answer:
-            self.chance.choice((self.write_answer, self.write_answer, self.turn_page, self.turn_page, self.save, self.close_lesson,
-                                self.open_reader))()
+            self.chance.choice(
+                (
+                    self.write_answer,
+                    self.write_answer,
+                    self.turn_page,
+                    self.turn_page,
+                    self.save,
+                    self.close_lesson,
+                    self.open_reader,
+                )
+            )()
         else:
             self.chance.choice((lambda: self.open_lesson(LESSON), self.open_reader))()
 
@@ -78,7 +95,9 @@ def run(bench, seed):
         found, wanted = stored(user), {place: text for place, text in sure.items() if text}
         for place in sorted(set(found) | set(wanted)):
             if found.get(place) != wanted.get(place):
-                raise Fault(f"{place} holds {found.get(place)!r}, last written there was {wanted.get(place)!r}")
+                raise Fault(
+                    f"{place} holds {found.get(place)!r}, last written there was {wanted.get(place)!r}"
+                )
 
 
 def attempt(bench, seed):

@@ -13,7 +13,10 @@ def earlier(person):
         person.next_page()
     person.close_lesson()
     person.open_reader()
-    for reference, text in (("Jude 1", "an old note"), ("Ruth 2", "an old note, \u05e8\u05d5\u05ea")):
+    for reference, text in (
+        ("Jude 1", "an old note"),
+        ("Ruth 2", "an old note, \u05e8\u05d5\u05ea"),
+    ):
         person.look_up(reference)
         person.write(person.note, text)
     person.close_reader()

@@ -39,7 +39,9 @@ class Script:
             self.add("scroll", "frmMain.ctlScrollbar", page)
 
     def type(self, place, control, timer):
-        word = self.chance.choice(["grace ", "peace ", "\u03c7\u03ac\u03c1\u03b9\u03c2 ", "two\r\nlines "])
+        word = self.chance.choice(
+            ["grace ", "peace ", "\u03c7\u03ac\u03c1\u03b9\u03c2 ", "two\r\nlines "]
+        )
         if len(self.box[place]) > 300:
             self.add("select", control, 0, len(self.box[place]))
             self.box[place] = ""
@@ -128,22 +130,26 @@ def one_kill(drive, disc, user, stored, chance):
             sys.exit(f"typing_kill: {answer}")
     done = len(answers)
     at_least = script.after[done - 1] if done else stored
-    possible = [at_least] + script.after[done:done + 2]
+    possible = [at_least] + script.after[done : done + 2]
     found = stored_now(drive, disc, user)
     for place, text in found.items():
         if text not in [each.get(place, "") for each in possible]:
-            sys.exit(f"typing_kill: after {done} answers {place} holds {text!r}, not {at_least.get(place, '')!r}; "
-                     f"last {script.commands[max(0, done - 3):done + 2]}")
+            sys.exit(
+                f"typing_kill: after {done} answers {place} holds {text!r}, not {at_least.get(place, '')!r}; "
+                f"last {script.commands[max(0, done - 3):done + 2]}"
+            )
     for place, text in at_least.items():
         if text and place not in found:
-            sys.exit(f"typing_kill: after {done} answers nothing is stored for {place}, not {text!r}")
+            sys.exit(
+                f"typing_kill: after {done} answers nothing is stored for {place}, not {text!r}"
+            )
     return found, done
 
 
 def main():
     drive, disc = sys.argv[1:3]
     times = int(sys.argv[3]) if len(sys.argv) > 3 else 25
-    seed = int(sys.argv[4]) if len(sys.argv) > 4 else random.randrange(10 ** 6)
+    seed = int(sys.argv[4]) if len(sys.argv) > 4 else random.randrange(10**6)
     chance = random.Random(seed)
     answered = 0
     with tempfile.TemporaryDirectory() as user:

@@ -14,7 +14,10 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../
 import person  # noqa: E402
 from person import *  # noqa: E402, F403
 
-SECOND, FLUSH = 1.0, 0.5  # the timer's, and what a busy machine may take for a key, a tick and a flush
+SECOND, FLUSH = (
+    1.0,
+    0.5,
+)  # the timer's, and what a busy machine may take for a key, a tick and a flush
 WORDS = "in the beginning was the word and the word was with god "
 chance = random.Random(int(os.environ.get("SEED", "0")) or None)
 database = os.path.join(user.name, "sparrowfield", "settings.db")
@@ -24,7 +27,9 @@ def stored():
     """The only answer in the store."""
     with sqlite3.connect(f"file:{database}?mode=ro", uri=True) as store:
         rows = store.execute("select key, value from settings").fetchall()
-    answers = [value.decode("utf-16-be") for key, value in rows if key.decode("utf-16-be") == "Page1"]
+    answers = [
+        value.decode("utf-16-be") for key, value in rows if key.decode("utf-16-be") == "Page1"
+    ]
     return answers[0] if answers else ""
 
 
@@ -34,7 +39,13 @@ def open_lesson():
     wait(lambda: is_open("frmContents"), "the catalogue")
     tree = control("frmContents", "TreeView1")
     click(wait(lambda: search(tree, lambda n: showing(n) and ":" in n.get_name()), "a study"), x=12)
-    click(wait(lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)), "lesson 1"), x=12)
+    click(
+        wait(
+            lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)),
+            "lesson 1",
+        ),
+        x=12,
+    )
     click_item("frmContents", "TreeView1", "Part One")
     wait(lambda: is_open("frmMain") or is_open("frmWelcome"), "the way into the lesson")
     if is_open("frmWelcome"):
@@ -46,7 +57,7 @@ def type_until_killed(typed):
     """Types a few letters at a time and notes when each lot had been sent."""
     text = ""
     while person.process.poll() is None:
-        lot = (WORDS * 20)[len(text):len(text) + chance.randint(1, 6)]
+        lot = (WORDS * 20)[len(text) : len(text) + chance.randint(1, 6)]
         run("xdotool", "type", "--delay", "15", lot)
         text += lot
         typed.append((time.monotonic(), text))

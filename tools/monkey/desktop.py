@@ -24,8 +24,31 @@ chance = random.Random(seed)
 person.environment["HOME"] = user.name
 store = pathlib.Path(user.name, "sparrowfield")
 
-KEYS = ("Tab", "shift+Tab", "Return", "space", "Escape", "Up", "Down", "Left", "Right", "Page_Up", "Page_Down", "Home", "End", "BackSpace", "Delete",
-        "ctrl+a", "ctrl+c", "ctrl+x", "ctrl+v", "ctrl+z", "F1", "F10", "alt+Tab")
+KEYS = (
+    "Tab",
+    "shift+Tab",
+    "Return",
+    "space",
+    "Escape",
+    "Up",
+    "Down",
+    "Left",
+    "Right",
+    "Page_Up",
+    "Page_Down",
+    "Home",
+    "End",
+    "BackSpace",
+    "Delete",
+    "ctrl+a",
+    "ctrl+c",
+    "ctrl+x",
+    "ctrl+v",
+    "ctrl+z",
+    "F1",
+    "F10",
+    "alt+Tab",
+)
 MENUS = "fembohfemb"
 BOXES = (("frmMain", "Text3"), ("frmBible", "txtNotes"))
 
@@ -48,7 +71,10 @@ def click_somewhere():
 
 def open_menu():
     keys("alt+" + chance.choice(MENUS))
-    keys(*chance.choices(("Down", "Down", "Up", "Right"), k=chance.randint(0, 4)), chance.choice(("Return", "Escape")))
+    keys(
+        *chance.choices(("Down", "Down", "Up", "Right"), k=chance.randint(0, 4)),
+        chance.choice(("Return", "Escape")),
+    )
 
 
 def answer():
@@ -60,12 +86,24 @@ def answer():
 
 
 def act():
-    chance.choice((click_somewhere, click_somewhere, open_menu, answer, lambda: keys(*chance.choices(KEYS, k=chance.randint(1, 5)))))()
+    chance.choice(
+        (
+            click_somewhere,
+            click_somewhere,
+            open_menu,
+            answer,
+            lambda: keys(*chance.choices(KEYS, k=chance.randint(1, 5))),
+        )
+    )()
 
 
 def shown():
     """What stands in the boxes that are open."""
-    return [text for form, name in BOXES if control(form, name, missing_is_fine=True) and (text := text_of(form, name))]
+    return [
+        text
+        for form, name in BOXES
+        if control(form, name, missing_is_fine=True) and (text := text_of(form, name))
+    ]
 
 
 def close_all():
@@ -74,7 +112,9 @@ def close_all():
             return
         keys("Escape")
         keys("alt+F4")
-    wait(lambda: person.process.poll() is not None, "the program to end when its windows are closed")
+    wait(
+        lambda: person.process.poll() is not None, "the program to end when its windows are closed"
+    )
 
 
 def plain(text):
@@ -84,10 +124,25 @@ def plain(text):
 def to_the_lesson():
     person.keys("space")
     wait(lambda: person.is_open("frmContents"), "the catalogue")
-    for is_next in (lambda name: ":" in name, lambda name: name.startswith("Lesson 1:"), lambda name: name == "Part One"):
+    for is_next in (
+        lambda name: ":" in name,
+        lambda name: name.startswith("Lesson 1:"),
+        lambda name: name == "Part One",
+    ):
         tree = control("frmContents", "TreeView1")
-        person.click(wait(lambda: person.search(tree, lambda node: is_next(node.get_name()) and person.showing(node)), "a way to a lesson"), x=12)
-    wait(lambda: person.is_open("frmWelcome") or person.is_open("frmMain"), "the lesson or the welcome before it")
+        person.click(
+            wait(
+                lambda: person.search(
+                    tree, lambda node: is_next(node.get_name()) and person.showing(node)
+                ),
+                "a way to a lesson",
+            ),
+            x=12,
+        )
+    wait(
+        lambda: person.is_open("frmWelcome") or person.is_open("frmMain"),
+        "the lesson or the welcome before it",
+    )
     if person.is_open("frmWelcome"):
         person.keys("Return")
         wait(lambda: person.is_open("frmMain"), "the lesson")
@@ -103,7 +158,10 @@ def one_round(number):
         act()
     texts = shown() if person.process.poll() is None else []
     close_all()
-    expect(person.process.returncode == 0, f"round {number}: the program ended by itself, {len(texts)} boxes with text at the end")
+    expect(
+        person.process.returncode == 0,
+        f"round {number}: the program ended by itself, {len(texts)} boxes with text at the end",
+    )
     kept = [plain(text) for text in stored(store).values()]
     for text in texts:
         expect(plain(text) in kept, f"round {number}: {plain(text)[:60]!r} is stored")
@@ -111,6 +169,10 @@ def one_round(number):
 
 
 kept = [one_round(number) for number in range(1, rounds + 1)]
-names = [file.name for file in store.rglob("*") if ".damaged-" in file.name or ".old-" in file.name or file.name.startswith(".new-")]
+names = [
+    file.name
+    for file in store.rglob("*")
+    if ".damaged-" in file.name or ".old-" in file.name or file.name.startswith(".new-")
+]
 expect(not names, f"nothing was set aside or left behind: {names}")
 print(f"   {kept[-1]} texts are stored in the end")

@@ -48,7 +48,13 @@ def title(dump):
 
 class Monkey:
     def __init__(self, drive, disc, user, chance, lessons):
-        self.drive, self.disc, self.user, self.chance, self.lessons = drive, disc, user, chance, lessons
+        self.drive, self.disc, self.user, self.chance, self.lessons = (
+            drive,
+            disc,
+            user,
+            chance,
+            lessons,
+        )
         self.actions = Actions(chance)
         self.kept = {}  # what is stored
         self.stores = 0  # how often that has changed
@@ -66,12 +72,23 @@ class Monkey:
         """Learns what is on show: the active form and the boxes."""
         forms = self.program.do("forms")["forms"] if forms is None else forms
         self.form = next((form["name"] for form in forms if form["active"]), None)
-        wanted = [form["name"] for form in forms if form["name"] == self.form or (form["visible"] and form["name"] in ("frmMain", "frmBible"))]
+        wanted = [
+            form["name"]
+            for form in forms
+            if form["name"] == self.form
+            or (form["visible"] and form["name"] in ("frmMain", "frmBible"))
+        ]
         dumps = dict(zip(wanted, self.program.attempt_all(*(("dump", name) for name in wanted))))
         self.dump = dumps.get(self.form)
         self.boxes = {}
         for name, dump in dumps.items():
-            box = self.answer_box(dump) if name == "frmMain" else self.note_box(dump) if name == "frmBible" else None
+            box = (
+                self.answer_box(dump)
+                if name == "frmMain"
+                else self.note_box(dump)
+                if name == "frmBible"
+                else None
+            )
             if box:
                 self.boxes[name] = box._replace(has_focus=box.has_focus and name == self.form)
 
@@ -81,7 +98,9 @@ class Monkey:
             return None
         place = ("answer", self.lessons[title(dump)], dump["controls"]["ctlScrollbar"]["Value"])
         # In a window that is minimised it is for the host to say what has the focus.
-        return Shown(place, text["Text"], dump["focus"] == "Text3" or dump["form"]["WindowState"] == 1)
+        return Shown(
+            place, text["Text"], dump["focus"] == "Text3" or dump["form"]["WindowState"] == 1
+        )
 
     def note_box(self, dump):
         """A note is stored when the chapter or the form is left; until then its box counts as having the focus."""
@@ -89,17 +108,27 @@ class Monkey:
         if dump["controls"]["txtNotes"]["Locked"]:
             return None
         book, _, chapter = name.rpartition(" ")
-        return Shown(("note", book + chapter if chapter[0].isdigit() else name), dump["controls"]["txtNotes"]["Text"], True)
+        return Shown(
+            ("note", book + chapter if chapter[0].isdigit() else name),
+            dump["controls"]["txtNotes"]["Text"],
+            True,
+        )
 
     def step(self):
-        action = self.actions.make(self.program, self.form, self.dump) if self.form else ("close", "frmSplash")
+        action = (
+            self.actions.make(self.program, self.form, self.dump)
+            if self.form
+            else ("close", "frmSplash")
+        )
         in_turn = self.chance.random() < 0.05 and action != DELETE and action[0] != "program-ends"
         if in_turn:
             self.program.do("turn", self.chance.randint(1, 3000), *action)
             action = self.actions.make(self.program, self.form, self.dump)
         before = self.boxes
         try:
-            _, running, messages, forms = self.program.attempt_all(action, ("running",), ("messages",), ("forms",))
+            _, running, messages, forms = self.program.attempt_all(
+                action, ("running",), ("messages",), ("forms",)
+            )
             runs = running["running"]
         except Ended:
             runs = False
@@ -124,19 +153,33 @@ class Monkey:
 
     def verify(self, before, action, in_turn):
         now = stored(self.user)
-        self.held = {place: held for place, held in self.held.items() if any(box.place == place for box in before.values())}
+        self.held = {
+            place: held
+            for place, held in self.held.items()
+            if any(box.place == place for box in before.values())
+        }
         for box in list(before.values()) + list(self.boxes.values()):
             self.held.setdefault(box.place, set()).add(box.text)
         for place in set(now) | set(self.kept):
             text = now.get(place, "")
             deleted = action == DELETE and text == "" and place[:2] == before["frmMain"].place[:2]
-            if text != self.kept.get(place, "") and text not in self.held.get(place, ()) and not deleted:
+            if (
+                text != self.kept.get(place, "")
+                and text not in self.held.get(place, ())
+                and not deleted
+            ):
                 raise Fault(f"{place} holds {text!r}, stored there was {self.kept.get(place)!r}")
         for form, box in before.items():
             after = self.boxes.get(form)
             is_left = after is None or after.place != box.place or not after.has_focus
-            if is_left and action not in (DELETE, ("program-ends",)) and now.get(box.place, "") != box.text:
-                raise Fault(f"{box.place} was left with {box.text!r}, stored is {now.get(box.place)!r}")
+            if (
+                is_left
+                and action not in (DELETE, ("program-ends",))
+                and now.get(box.place, "") != box.text
+            ):
+                raise Fault(
+                    f"{box.place} was left with {box.text!r}, stored is {now.get(box.place)!r}"
+                )
             if after and after.place != box.place:
                 del self.held[box.place]
         for form, box in self.boxes.items():
@@ -156,8 +199,15 @@ def run(drive, disc, seed, count, lessons, show):
                 monkey.step()
             return monkey.stores
         except Fault as fault:
-            last = [line for line in monkey.lines if not line.startswith(("forms", "dump", "messages", "running", "tree"))][-12:]
-            sys.exit(f"--seed {seed} --actions {number}: {fault}\nthe last it was told:\n   " + "\n   ".join(last))
+            last = [
+                line
+                for line in monkey.lines
+                if not line.startswith(("forms", "dump", "messages", "running", "tree"))
+            ][-12:]
+            sys.exit(
+                f"--seed {seed} --actions {number}: {fault}\nthe last it was told:\n   "
+                + "\n   ".join(last)
+            )
         finally:
             monkey.program.kill()
             if show:
@@ -182,7 +232,9 @@ def main():
         if time.monotonic() > end:
             break
     runs = seed - options.seed
-    print(f"{runs * options.actions} actions in {runs} runs, {stores} times something was stored, and nothing lost")
+    print(
+        f"{runs * options.actions} actions in {runs} runs, {stores} times something was stored, and nothing lost"
+    )
     if stores < runs * options.actions / 100:
         sys.exit("too little was stored for this to mean anything")
 

@@ -113,11 +113,14 @@ Outcome<UserWork> Unpacked(std::vector<SettingsStore::Entry> const& packed, fs::
     return work;
 }
 
-/// False for a database that is shorter or longer than its head says (docs of the SQLite file format: the size of a page at byte 16,
-/// the number of pages at byte 28, both big-endian): what lies in its last page may be read without what is cut off.
+/// False for a database that is shorter or longer than its head says (docs of the SQLite file
+/// format: the size of a page at byte 16, the number of pages at byte 28, both big-endian): what
+/// lies in its last page may be read without what is cut off.
 bool IsOfItsSize(std::string const& bytes)
 {
-    auto const at = [&](std::size_t place) { return static_cast<std::size_t>(static_cast<unsigned char>(bytes[place])); };
+    auto const at = [&](std::size_t place) {
+        return static_cast<std::size_t>(static_cast<unsigned char>(bytes[place]));
+    };
     if (bytes.size() < 100)
         return false;
     auto const page = at(16) << 8 | at(17);
@@ -161,7 +164,7 @@ Outcome<UserWork> ReadBackup(fs::path const& file)
     std::ofstream(copy, std::ios::binary) << *bytes;
     SqliteSettingsStore const store(copy);
     auto all = !IsOfItsSize(*bytes) ? Outcome<std::vector<SettingsStore::Entry>>(Refuse(file, u""))
-                              : store.All();
+                                    : store.All();
     if (!all)
         return Refuse(file, u"it is no backup, or damaged");
     Text version, digest;
@@ -188,9 +191,11 @@ static std::set<std::int64_t> NumbersOfDeletions(fs::path const& folder)
     for (auto const& file : fs::directory_iterator(folder, ignored)) {
         auto const name = FromUtf8(file.path().filename().string());
         auto const end = name.rfind(deletionEnding);
-        if (!name.starts_with(deletionBeginning) || end == Text::npos || end + deletionEnding.size() != name.size())
+        if (!name.starts_with(deletionBeginning) || end == Text::npos
+            || end + deletionEnding.size() != name.size())
             continue;
-        auto const number = ToInteger(TextView(name).substr(deletionBeginning.size(), end - deletionBeginning.size()));
+        auto const number = ToInteger(
+            TextView(name).substr(deletionBeginning.size(), end - deletionBeginning.size()));
         if (number && name == NameOfDeletion(*number))
             numbers.insert(*number);
     }

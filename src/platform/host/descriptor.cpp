@@ -133,11 +133,11 @@ static Failure FolderFailure(TextView path)
     return SystemFailure(path);
 }
 
-/// Writes a new file in the folder, readable by its owner alone, and gives it its name by `name`, which gets its present one.
-/// Where that fails, the file goes. `name` gives true if it succeeded.
+/// Writes a new file in the folder, readable by its owner alone, and gives it its name by `name`,
+/// which gets its present one. Where that fails, the file goes. `name` gives true if it succeeded.
 template <class GiveName>
-static Outcome<Done> WriteNew(
-    std::string const& folder, std::string_view bytes, TextView path, Lasting lasting, GiveName const& name)
+static Outcome<Done> WriteNew(std::string const& folder, std::string_view bytes, TextView path,
+    Lasting lasting, GiveName const& name)
 {
     Descriptor const directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!directory)
@@ -146,16 +146,17 @@ static Outcome<Done> WriteNew(
     Descriptor file(::mkostemp(fresh.data(), O_CLOEXEC));
     if (!file)
         return FolderFailure(path);
-    if (WriteAll(file, bytes) && (lasting == Lasting::No || ::fsync(file.Number()) == 0) && file.Close()
-        && name(fresh.c_str()))
-        return lasting == Lasting::No || Flush(directory) ? Outcome<Done>(Done {}) : SystemFailure(path);
+    if (WriteAll(file, bytes) && (lasting == Lasting::No || ::fsync(file.Number()) == 0)
+        && file.Close() && name(fresh.c_str()))
+        return lasting == Lasting::No || Flush(directory) ? Outcome<Done>(Done {})
+                                                          : SystemFailure(path);
     auto const failure = SystemFailure(path);
     ::unlink(fresh.c_str());
     return failure;
 }
 
-Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes,
-    TextView path, Lasting lasting)
+Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name,
+    std::string_view bytes, TextView path, Lasting lasting)
 {
     auto const place = folder + "/" + name;
     return WriteNew(folder, bytes, path, lasting,
@@ -173,7 +174,8 @@ Outcome<bool> CreateFile(
         isTaken = errno == EEXIST;
         if (errno != EINVAL && errno != ENOSYS)
             return false;
-        // Not every file system can rename in this way; a hard link fails likewise if the name is taken.
+        // Not every file system can rename in this way; a hard link fails likewise if the name is
+        // taken.
         bool const isMade = ::link(fresh, place.c_str()) == 0;
         isTaken = !isMade && errno == EEXIST;
         return isMade && ::unlink(fresh) == 0;

@@ -57,13 +57,14 @@ Outcome<Done> FlushFolder(std::string const& folder);
 /// Whether what is written has to survive a power cut.
 enum class Lasting { No, Yes };
 
-/// Replaces the file `name` in a folder whole, or not at all. The new file is readable by its owner alone. `path`
-/// stands in failures.
-Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name, std::string_view bytes,
-    TextView path, Lasting lasting = Lasting::Yes);
+/// Replaces the file `name` in a folder whole, or not at all. The new file is readable by its owner
+/// alone. `path` stands in failures.
+Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name,
+    std::string_view bytes, TextView path, Lasting lasting = Lasting::Yes);
 
-/// Makes the file `name` in a folder, whole or not at all, if nothing has that name; what is there stays. True if it was made.
-/// It survives a power cut and is readable by its owner alone. `path` stands in failures.
+/// Makes the file `name` in a folder, whole or not at all, if nothing has that name; what is there
+/// stays. True if it was made. It survives a power cut and is readable by its owner alone. `path`
+/// stands in failures.
 Outcome<bool> CreateFile(
     std::string const& folder, std::string const& name, std::string_view bytes, TextView path);
 

@@ -3,7 +3,8 @@
 
 #include <filesystem>
 
-/// A new folder in the system's place for such, private to its owner; it goes with everything in it.
+/// A new folder in the system's place for such, private to its owner; it goes with everything in
+/// it.
 class FreshFolder {
 public:
     FreshFolder();
@@ -11,7 +12,8 @@ public:
     FreshFolder(FreshFolder const&) = delete;
     FreshFolder& operator=(FreshFolder const&) = delete;
 
-    std::filesystem::path const& Path() const { return m_path; } ///< empty if there couldn't be one: see errno
+    /// empty if there couldn't be one: see errno
+    std::filesystem::path const& Path() const { return m_path; }
 
 private:
     std::filesystem::path m_path;

@@ -52,11 +52,13 @@ struct OpenFile {
 /// True for the name of an entry of the current directory: taken exactly, it is its own place.
 bool IsBareName(TextView path)
 {
-    return !path.empty() && path != u"." && path != u".." && path.find_first_of(TextView(u"\\/:\0", 4)) == TextView::npos;
+    return !path.empty() && path != u"." && path != u".."
+        && path.find_first_of(TextView(u"\\/:\0", 4)) == TextView::npos;
 }
 
-/// Opens a regular file. It is looked at before: opening a pipe can wait for ever, and opening a device can do what it is made for.
-/// Should one take the file's place in between, the opening still doesn't wait.
+/// Opens a regular file. It is looked at before: opening a pipe can wait for ever, and opening a
+/// device can do what it is made for. Should one take the file's place in between, the opening
+/// still doesn't wait.
 Outcome<OpenFile> OpenRegular(TextView path, fs::path const& drive)
 {
     std::string name = IsBareName(path) ? ToUtf8(path) : std::string();
@@ -96,8 +98,8 @@ bool Matches(TextView name, TextView pattern)
     }
 }
 
-/// True if neither the place nor a link on the way to it exists. A link that leads nowhere may be the way to a stick that
-/// isn't plugged in.
+/// True if neither the place nor a link on the way to it exists. A link that leads nowhere may be
+/// the way to a stick that isn't plugged in.
 bool IsAbsent(fs::path place)
 {
     for (; !place.empty(); place = place.parent_path()) {
@@ -206,7 +208,8 @@ Outcome<bool> HostFileSystem::Create(TextView path, std::string_view bytes)
     if (!place || !place->has_filename())
         return NoSuchPlace(path);
     auto const folder = place->parent_path();
-    return CreateFile(folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
+    return CreateFile(
+        folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
 }
 
 Outcome<Done> HostFileSystem::WriteTemporary(TextView path, std::string_view bytes)

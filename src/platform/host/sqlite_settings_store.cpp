@@ -87,7 +87,8 @@ static std::chrono::nanoseconds ComputingTime()
 
 using Row = std::function<void(sqlite3_stmt*)>;
 
-/// Runs one statement with these texts bound in order, and hands on its rows. Gives SQLITE_DONE if it succeeds.
+/// Runs one statement with these texts bound in order, and hands on its rows. Gives SQLITE_DONE if
+/// it succeeds.
 static int RunStatement(
     sqlite3* database, char const* statement, std::initializer_list<TextView> texts, Row const& row)
 {
@@ -97,7 +98,8 @@ static int RunStatement(
     for (TextView text : texts) {
         auto const bytes = ToBytes(text);
         if (code == SQLITE_OK)
-            code = sqlite3_bind_blob64(prepared, ++place, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
+            code = sqlite3_bind_blob64(
+                prepared, ++place, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
     }
     if (code == SQLITE_OK)
         while ((code = sqlite3_step(prepared)) == SQLITE_ROW)
@@ -136,7 +138,8 @@ static int MakeStore(sqlite3* database)
 }
 
 static constexpr char const* replaceEntry
-    = "insert into settings values (?, ?, ?) on conflict (section, key) do update set value = excluded.value";
+    = "insert into settings values (?, ?, ?) on conflict (section, key) do update set value = "
+      "excluded.value";
 
 class SqliteSettingsStore::Connection {
 public:
@@ -161,7 +164,8 @@ public:
 
     /// The same; what the rows tell is gathered in a result by `add`.
     template <class Result, class Add>
-    Outcome<Result> Query(char const* statement, std::initializer_list<TextView> texts, Add const& add)
+    Outcome<Result> Query(
+        char const* statement, std::initializer_list<TextView> texts, Add const& add)
     {
         Result result;
         auto const run = Try([&] {
@@ -177,7 +181,8 @@ public:
         return Try([&] {
             return InTransaction([&] {
                 int code = SQLITE_DONE;
-                for (auto each = entries.begin(); code == SQLITE_DONE && each != entries.end(); ++each)
+                for (auto each = entries.begin(); code == SQLITE_DONE && each != entries.end();
+                     ++each)
                     code = RunStatement(statement, { each->section, each->key, each->value }, {});
                 return code;
             });
@@ -192,12 +197,15 @@ public:
             return InTransaction([&] {
                 std::vector<Entry> stored;
                 int const code
-                    = RunStatement("select key, value from settings where section = ? order by key", { section },
-                        [&](sqlite3_stmt* row) { stored.push_back({ Text(section), Column(row, 0), Column(row, 1) }); });
+                    = RunStatement("select key, value from settings where section = ? order by key",
+                        { section }, [&](sqlite3_stmt* row) {
+                            stored.push_back({ Text(section), Column(row, 0), Column(row, 1) });
+                        });
                 if (code != SQLITE_DONE)
                     return code;
                 if (auto const kept = backup(stored); !kept.empty())
-                    failure = WriteBackupBeforeDelete({ kept, {} }, fs::absolute(m_file).parent_path());
+                    failure
+                        = WriteBackupBeforeDelete({ kept, {} }, fs::absolute(m_file).parent_path());
                 if (failure)
                     return SQLITE_ABORT;
                 return RunStatement("delete from settings where section = ?", { section }, {});
@@ -222,8 +230,8 @@ private:
         return code == SQLITE_OK ? SQLITE_DONE : code;
     }
 
-    /// Does the work, which gives SQLITE_DONE if it succeeds. Where the file turns out to be damaged, it is set aside and the
-    /// work done once more, on the new store.
+    /// Does the work, which gives SQLITE_DONE if it succeeds. Where the file turns out to be
+    /// damaged, it is set aside and the work done once more, on the new store.
     Outcome<Done> Try(std::function<int()> const& work)
     {
         int code = SQLITE_DONE;
@@ -232,7 +240,7 @@ private:
             if (IsDamage(code)) {
                 if (auto const failure = SetAside())
                     return *failure;
-            } else if (code != SQLITE_ERROR) { // the code for a store that was emptied while it was open
+            } else if (code != SQLITE_ERROR) { // else the store was emptied while open
                 break;
             }
         }
@@ -248,7 +256,9 @@ private:
         if (m_database && HasMoved()) {
             Close();
             m_isSeenWhole = false;
-            m_report = Fail(u"it was removed or replaced by another file; what is on show has been stored in the present one");
+            m_report = Fail(
+                u"it was removed or replaced by another file; what is on show has been stored in "
+                u"the present one");
         }
         int code = Open();
         if (code == SQLITE_OK)
@@ -354,7 +364,8 @@ private:
         Execute("commit");
         if (code != SQLITE_OK)
             return code;
-        // A database without tables that has pages may have lost them by damage: it isn't filled again.
+        // A database without tables that has pages may have lost them by damage: it isn't filled
+        // again.
         if (tables == 0 && pages == 0) {
             if (m_isSeenWhole)
                 m_report = Fail(u"it was emptied; what is on show has been stored in it again");
@@ -507,7 +518,8 @@ private:
     std::optional<Failure> m_report;
 };
 
-SqliteSettingsStore::SqliteSettingsStore(fs::path file, std::chrono::milliseconds patience, Damaged damaged)
+SqliteSettingsStore::SqliteSettingsStore(
+    fs::path file, std::chrono::milliseconds patience, Damaged damaged)
     : m_connection(std::make_unique<Connection>(std::move(file), patience, damaged))
 {
 }
@@ -516,8 +528,9 @@ SqliteSettingsStore::~SqliteSettingsStore() = default;
 
 Outcome<std::optional<Text>> SqliteSettingsStore::Read(TextView section, TextView key) const
 {
-    return m_connection->Query<std::optional<Text>>("select value from settings where section = ? and key = ?",
-        { section, key }, [](auto& value, sqlite3_stmt* row) { value = Column(row, 0); });
+    return m_connection->Query<std::optional<Text>>(
+        "select value from settings where section = ? and key = ?", { section, key },
+        [](auto& value, sqlite3_stmt* row) { value = Column(row, 0); });
 }
 
 Outcome<Done> SqliteSettingsStore::Write(TextView section, TextView key, TextView value)
@@ -532,14 +545,16 @@ Outcome<Done> SqliteSettingsStore::DeleteSection(TextView section, Backup const&
 
 Outcome<std::vector<Text>> SqliteSettingsStore::Sections() const
 {
-    return m_connection->Query<std::vector<Text>>("select distinct section from settings order by section", {},
+    return m_connection->Query<std::vector<Text>>(
+        "select distinct section from settings order by section", {},
         [](auto& sections, sqlite3_stmt* row) { sections.push_back(Column(row, 0)); });
 }
 
 Outcome<std::vector<SettingsStore::Entry>> SqliteSettingsStore::All() const
 {
     return m_connection->Query<std::vector<Entry>>(
-        "select section, key, value from settings order by section, key", {}, [](auto& entries, sqlite3_stmt* row) {
+        "select section, key, value from settings order by section, key", {},
+        [](auto& entries, sqlite3_stmt* row) {
             entries.push_back({ Column(row, 0), Column(row, 1), Column(row, 2) });
         });
 }
@@ -547,7 +562,8 @@ Outcome<std::vector<SettingsStore::Entry>> SqliteSettingsStore::All() const
 Outcome<Done> SqliteSettingsStore::WriteAll(std::vector<Entry> const& entries, Existing existing)
 {
     static auto const fillEntry = std::string(replaceEntry) + " where value = x''";
-    return m_connection->RunForAll(existing == Existing::Goes ? replaceEntry : fillEntry.c_str(), entries);
+    return m_connection->RunForAll(
+        existing == Existing::Goes ? replaceEntry : fillEntry.c_str(), entries);
 }
 
 std::optional<Failure> SqliteSettingsStore::TakeReport()

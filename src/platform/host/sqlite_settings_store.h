@@ -1,9 +1,10 @@
 #pragma once
-// The settings store in one SQLite file. Every write is a transaction of its own, on the disk when it is reported as done;
-// copies of the program that run together share the file. Sections, keys and values are kept as their 16-bit characters, so
-// any text returns exactly. A file that is damaged or no settings store is set aside, as settings.db.damaged-1 and so on, by
-// whichever operation meets it, and a new one begun, on which the operation then works; TakeReport tells of it. The file's form
-// stands in docs/formats/settings.md. For one thread at a time.
+// The settings store in one SQLite file. Every write is a transaction of its own, on the disk when
+// it is reported as done; copies of the program that run together share the file. Sections, keys
+// and values are kept as their 16-bit characters, so any text returns exactly. A file that is
+// damaged or no settings store is set aside, as settings.db.damaged-1 and so on, by whichever
+// operation meets it, and a new one begun, on which the operation then works; TakeReport tells of
+// it. The file's form stands in docs/formats/settings.md. For one thread at a time.
 
 #include "platform/settings_store.h"
 
@@ -14,16 +15,17 @@
 
 class SqliteSettingsStore final : public SettingsStore {
 public:
-    /// What becomes of a file that is damaged or no settings store: set aside, or left as it is, for who only wants to read it; then
-    /// everything fails.
+    /// What becomes of a file that is damaged or no settings store: set aside, or left as it is,
+    /// for who only wants to read it; then everything fails.
     enum class Damaged { GoesAside, Stays };
 
-    /// The file is opened, and made with its folder if it is missing, at the first use; if that fails, it is tried
-    /// again at the next. `patience` is how long an operation waits for another program that holds
-    /// the file: longer than any write of another copy, and bearable for a user. After a wait in
-    /// vain the next ones wait briefly, until one succeeds.
+    /// The file is opened, and made with its folder if it is missing, at the first use; if that
+    /// fails, it is tried again at the next. `patience` is how long an operation waits for another
+    /// program that holds the file: longer than any write of another copy, and bearable for a user.
+    /// After a wait in vain the next ones wait briefly, until one succeeds.
     explicit SqliteSettingsStore(std::filesystem::path file,
-        std::chrono::milliseconds patience = std::chrono::seconds(2), Damaged damaged = Damaged::GoesAside);
+        std::chrono::milliseconds patience = std::chrono::seconds(2),
+        Damaged damaged = Damaged::GoesAside);
     ~SqliteSettingsStore() override;
 
     Outcome<std::optional<Text>> Read(TextView section, TextView key) const override;
@@ -35,7 +37,8 @@ public:
     Outcome<Done> WriteAll(std::vector<Entry> const& entries, Existing existing) override;
     std::optional<Failure> TakeReport() override;
 
-    /// Opens the file, and looks through it once for damage. What the user is to be told, as from TakeReport.
+    /// Opens the file, and looks through it once for damage. What the user is to be told, as from
+    /// TakeReport.
     std::optional<Failure> OpeningReport();
 
 private:

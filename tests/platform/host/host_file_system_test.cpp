@@ -279,7 +279,8 @@ TEST_F(HostFiles, AbsentIsToldFromUnknown)
     fs::permissions(drive / "locked", fs::perms::none);
     for (auto const& path : { folder, folder / "user", drive })
         fs::permissions(path, fs::perms { 0755 });
-    EXPECT_TRUE(AsPlainUser([&] { return files.LookFor(u"C:\\locked\\file") == Presence::Unknown; }));
+    EXPECT_TRUE(
+        AsPlainUser([&] { return files.LookFor(u"C:\\locked\\file") == Presence::Unknown; }));
 }
 
 TEST_F(HostFiles, AFileIsCreatedOnlyWhereNoneIs)
@@ -336,8 +337,7 @@ TEST_F(HostFiles, OldPagesThatAKillHasLeftAreRemoved)
     RemoveLeftoverPages(temp);
     EXPECT_EQ(Names(temp),
         ".new-aB3x.z letter.htm sf0123456789AB.htm sf0123456789a.htm sf0123456789abc.htm "
-        "sfaaaaaaaaaaaa.htm "
-        "sfcccccccccccc.htm sfdddddddddddd.htm ");
+        "sfaaaaaaaaaaaa.htm sfcccccccccccc.htm sfdddddddddddd.htm ");
     fs::create_directory_symlink(folder / "elsewhere", folder / "link");
     RemoveLeftoverPages(folder / "link");
     EXPECT_EQ(Names(folder / "elsewhere"), "sfbbbbbbbbbbbb.htm ");

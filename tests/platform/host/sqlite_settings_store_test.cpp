@@ -144,8 +144,8 @@ static std::string WithEndlessTree(std::string const& good)
               PutNumber(page, cell, child);
               return page;
           };
-    auto const first
-        = bytes.size() / size + 1; // of the new pages: all rows, the index alone, the levels
+    // of the new pages: all rows, the index alone, the levels
+    auto const first = bytes.size() / size + 1;
     bytes.replace(100, size - 100, inner(100, 1, first, first + 2).substr(100));
     bytes += leaf(3, 0) + leaf(1, 2);
     for (std::size_t level = 0; level < levels; ++level) {
@@ -180,8 +180,8 @@ TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
         { "a view", After("create view v as select * from settings") },
         { "a view in the table's place",
             After("drop table settings; create view settings as with recursive n(i) as (select 1 "
-                  "union all select i + 1 from n)"
-                  " select i as section, i as key, i as value from n") },
+                  "union all select i + 1 from n) select i as section, i as key, i as value from "
+                  "n") },
         { "a view under a name of SQLite's own",
             After("create view v as select 1; pragma writable_schema = on;"
                   "update sqlite_master set name = 'sqlite_v', tbl_name = 'sqlite_v', sql = "
@@ -193,9 +193,8 @@ TEST_F(SettingsFile, WhatIsNoSettingsStoreIsSetAside)
             After("alter table settings add column more as (zeroblob(1000000000))") },
         { "a rule for values",
             After("alter table settings rename to old; create table settings (section blob not "
-                  "null, key blob not null,"
-                  " value blob not null check (length(value) < 5), primary key (section, key)) "
-                  "without rowid; drop table old") },
+                  "null, key blob not null, value blob not null check (length(value) < 5), "
+                  "primary key (section, key)) without rowid; drop table old") },
         { "an endless tree", WithEndlessTree },
     };
     auto const good = Bytes("settings.db");
@@ -311,7 +310,8 @@ TEST_F(SettingsFile, AnEmptyFileIsANewStore)
     EXPECT_EQ(Names("."), "settings.db ");
 }
 
-/// Whatever operation meets damage first works on the new store; the report names the file put aside, once.
+/// Whatever operation meets damage first works on the new store; the report names the file put
+/// aside, once.
 TEST_F(SettingsFile, DamageThatShowsLaterIsSetAsideToo)
 {
     using Operation = std::function<bool(SqliteSettingsStore&)>;
@@ -320,8 +320,13 @@ TEST_F(SettingsFile, DamageThatShowsLaterIsSetAsideToo)
         [](auto& store) { return Told(store.Write(u"s", u"k", u"v")) == "done"; },
         [](auto& store) { return store.All() && store.All()->empty(); },
         [](auto& store) { return store.Sections() && store.Sections()->empty(); },
-        [](auto& store) { return Told(store.DeleteSection(u"james-1.dat:1", SettingsStore::NoBackup)) == "done"; },
-        [](auto& store) { return Told(store.WriteAll({ { u"s", u"k", u"v" } }, SettingsStore::Existing::Stays)) == "done"; },
+        [](auto& store) {
+            return Told(store.DeleteSection(u"james-1.dat:1", SettingsStore::NoBackup)) == "done";
+        },
+        [](auto& store) {
+            return Told(store.WriteAll({ { u"s", u"k", u"v" } }, SettingsStore::Existing::Stays))
+                == "done";
+        },
     };
     int number = 0;
     for (auto const& operation : operations) {
@@ -387,9 +392,11 @@ TEST_F(SettingsFile, WithoutABackupNothingIsDeleted)
 {
     EXPECT_TRUE(OnFullDisk(fs::file_size("settings.db") + 4096, [] {
         auto store = Store();
-        auto const deleted = store.DeleteSection(
-            u"james-1.dat:1", [](auto const&) { return std::vector<SettingsStore::Entry> { { u"s", u"k", Text(200'000, u'x') } }; });
-        return !deleted && deleted.failure().file.find(u"before-delete-1.backup") != Text::npos && Answer(store) == "before";
+        auto const deleted = store.DeleteSection(u"james-1.dat:1", [](auto const&) {
+            return std::vector<SettingsStore::Entry> { { u"s", u"k", Text(200'000, u'x') } };
+        });
+        return !deleted && deleted.failure().file.find(u"before-delete-1.backup") != Text::npos
+            && Answer(store) == "before";
     }));
     EXPECT_EQ(Answer(), "before");
 }
