@@ -36,5 +36,5 @@ if [ -n "$display" ]; then
     exec ./sparrowfield
 fi
 Say "There is no display: walking through the program on a screen in memory"
-packaging/walk/walk.sh build/disc || GiveUp "The walk failed."
+tests/walk/walk.sh build/disc || GiveUp "The walk failed."
 echo "build/walk/index.html shows the pictures."

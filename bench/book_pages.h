@@ -3,8 +3,8 @@
 // folder.
 
 #include "base/turns.h"
-#include "bible/chapter_page.h"
 #include "platform/host/host_file_system.h"
+#include "reader/chapter_page.h"
 
 #include <cstdio>
 #include <cstdlib>

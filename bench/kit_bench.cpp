@@ -5,13 +5,13 @@
 //   kit_bench [EXPORTS]    a folder with the exports that packaging/make_disc.sh leaves (left out:
 //   build/exports)
 
-#include "kit/bible_import.h"
-#include "kit/bible_texts.h"
-#include "kit/files.h"
-#include "kit/scramble.h"
-#include "kit/study_check.h"
-#include "kit/study_source.h"
-#include "kit/study_writer.h"
+#include "kit/bible/bible_import.h"
+#include "kit/bible/bible_texts.h"
+#include "kit/common/files.h"
+#include "kit/study/scramble.h"
+#include "kit/study/study_check.h"
+#include "kit/study/study_source.h"
+#include "kit/study/study_writer.h"
 #include "ratios.h"
 
 #include <chrono>

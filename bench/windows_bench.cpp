@@ -5,10 +5,10 @@
 #include "desktop.h"
 
 #include "base/code_page.h"
-#include "bible/frmBible.h"
 #include "controls/media.h"
-#include "desktop/convert.h"
+#include "desktop/peers/convert.h"
 #include "maps/bible_maps.h"
+#include "reader/frmBible.h"
 
 #include <QTextBrowser>
 #include <QWidget>

@@ -2,9 +2,9 @@
 // plain text; and an import or faults, never both.
 
 #include "check.h"
-#include "kit/bible_import.h"
-#include "kit/osis_text.h"
-#include "kit/sword_export.h"
+#include "kit/bible/bible_import.h"
+#include "kit/bible/osis_text.h"
+#include "kit/bible/sword_export.h"
 
 static void CheckVerse(OsisVerse const& verse)
 {

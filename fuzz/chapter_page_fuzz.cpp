@@ -3,9 +3,9 @@
 
 #include "base/code_page.h"
 #include "bible/book_file.h"
-#include "bible/chapter_page.h"
 #include "check.h"
 #include "plain_chapter_page.h"
+#include "reader/chapter_page.h"
 
 #include <algorithm>
 #include <string>

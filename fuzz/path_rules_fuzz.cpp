@@ -4,7 +4,7 @@
 #include "base/code_page.h"
 #include "bible/note_file.h"
 #include "check.h"
-#include "kit/user_work.h"
+#include "kit/answers/user_work.h"
 #include "platform/host/path_rules.h"
 
 #include <algorithm>

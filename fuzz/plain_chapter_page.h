@@ -3,7 +3,7 @@
 
 #include "base/code_page.h"
 #include "bible/book_file.h"
-#include "bible/chapter_page.h"
+#include "reader/chapter_page.h"
 
 inline Text PlainLine(TextView line)
 {

@@ -3,8 +3,8 @@
 
 #include "check.h"
 #include "kit/kit_bench.h"
-#include "kit/study_source.h"
-#include "kit/study_writer.h"
+#include "kit/study/study_source.h"
+#include "kit/study/study_writer.h"
 #include "study/lesson_file.h"
 #include "support/memory_file_system.h"
 

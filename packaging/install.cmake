@@ -21,7 +21,8 @@ foreach(size 16 22 24 32 48 64 128 256)
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
 endforeach()
 install(FILES artwork/pictures/icon.svg RENAME sparrowfield.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES packaging/debian/house.sparrowfield.Sparrowfield.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/sparrowfield.desktop RENAME house.sparrowfield.Sparrowfield.desktop
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/debian/house.sparrowfield.Sparrowfield.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES docs/man/sparrowfield.1 docs/man/sparrowfield-kit.1 docs/man/sparrowfield-drive.1 docs/man/sparrowfield-setup.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -1,6 +1,6 @@
 #include "catalogue/catalogue_nodes.h"
 
-#include "catalogue/study_head.h"
+#include "study/study_head.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "desktop/desktop_host.h"
 
 #include "controls/screen.h"
-#include "desktop/browser_peer.h"
-#include "desktop/form_peer.h"
-#include "desktop/peer_factory.h"
+#include "desktop/peers/browser_peer.h"
+#include "desktop/peers/form_peer.h"
+#include "desktop/peers/peer_factory.h"
 
 #include <QApplication>
 #include <QEventLoop>

@@ -4,7 +4,7 @@
 // goes back through Input.
 
 #include "controls/host.h"
-#include "desktop/desk.h"
+#include "desktop/peers/desk.h"
 #include "desktop/qt_printer.h"
 
 #include <QObject>

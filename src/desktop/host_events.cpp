@@ -2,7 +2,7 @@
 
 #include "controls/screen.h"
 #include "desktop/desktop_host.h"
-#include "desktop/form_peer.h"
+#include "desktop/peers/form_peer.h"
 
 #include <QApplication>
 #include <QWidget>

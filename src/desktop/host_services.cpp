@@ -1,8 +1,8 @@
 // The services of the machine that go with a screen.
 
-#include "desktop/convert.h"
 #include "desktop/desktop_host.h"
-#include "desktop/form_peer.h"
+#include "desktop/peers/convert.h"
+#include "desktop/peers/form_peer.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #include "desktop/look.h"
 
-#include "desktop/access.h"
+#include "desktop/peers/access.h"
 
 #include <QApplication>
 #include <QFont>

@@ -1,6 +1,6 @@
 #include "desktop/qt_printer.h"
 
-#include "desktop/convert.h"
+#include "desktop/peers/convert.h"
 
 #include <QDir>
 #include <QFile>

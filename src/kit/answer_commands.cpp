@@ -1,10 +1,10 @@
 // The subcommands about a user's own work.
 
 #include "base/printable.h"
-#include "kit/answer_documents.h"
+#include "kit/answers/answer_documents.h"
+#include "kit/answers/user_work.h"
 #include "kit/commands.h"
-#include "kit/files.h"
-#include "kit/user_work.h"
+#include "kit/common/files.h"
 #include "platform/host/host_file_system.h"
 #include "platform/host/user_folders.h"
 

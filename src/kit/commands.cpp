@@ -2,15 +2,15 @@
 
 #include "base/nearest_form.h"
 #include "base/printable.h"
-#include "kit/bible_import.h"
-#include "kit/canon.h"
-#include "kit/files.h"
-#include "kit/general_texts_source.h"
-#include "kit/progress.h"
-#include "kit/scramble.h"
-#include "kit/study_check.h"
-#include "kit/study_source.h"
-#include "kit/study_writer.h"
+#include "kit/bible/bible_import.h"
+#include "kit/bible/canon.h"
+#include "kit/common/files.h"
+#include "kit/common/progress.h"
+#include "kit/study/general_texts_source.h"
+#include "kit/study/scramble.h"
+#include "kit/study/study_check.h"
+#include "kit/study/study_source.h"
+#include "kit/study/study_writer.h"
 
 #include <algorithm>
 #include <functional>

@@ -2,7 +2,7 @@
 // is docs/kit.md.
 
 #include "base/printable.h"
-#include "kit/bible_import.h"
+#include "kit/bible/bible_import.h"
 #include "kit/commands.h"
 
 #include <CLI/CLI.hpp>

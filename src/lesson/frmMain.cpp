@@ -1,8 +1,8 @@
 #include "lesson/frmMain.h"
 
 #include "controls/screen.h"
-#include "lesson/model_answer.h"
-#include "lesson/page_view.h"
+#include "study/model_answer.h"
+#include "study/page_view.h"
 
 frmMain::frmMain(Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer,
     ReferenceForms const& reference)

@@ -2,7 +2,6 @@
 // The whole program: every form, wired to the others and to what they need of the machine.
 
 #include "bible/chapter_notes.h"
-#include "bible/frmBible.h"
 #include "catalogue/frmContents.h"
 #include "controls/screen.h"
 #include "lesson/frmAnswer.h"
@@ -13,6 +12,7 @@
 #include "platform/settings_store.h"
 #include "platform/shell.h"
 #include "platform/writer.h"
+#include "reader/frmBible.h"
 #include "shell/frmAbout.h"
 #include "shell/frmFinalExam.h"
 #include "shell/frmGettingStarted.h"

@@ -8,6 +8,9 @@
 
 namespace fs = std::filesystem;
 
+/// The text of packaging/sparrowfield.desktop, without paths.
+extern char const* const entryTemplate;
+
 namespace {
 
 constexpr char const* entryName = "sparrowfield.desktop";
@@ -67,8 +70,8 @@ std::string Quoted(std::string_view word)
 std::string Command(fs::path const& folder)
 {
     auto const program = (folder / installedProgram).string();
-    // The path of a program can't hold "=", and desktops look in vain for one with "%" in it,
-    // however it is written.
+    // The path of a program can't hold "=", and desktops never find one with "%" in it, however it
+    // is written.
     if (program.find_first_of("=%") != std::string::npos)
         return std::string("sh -c \"exec ./") + installedProgram + '"';
     return Quoted(program);
@@ -135,18 +138,10 @@ void TellOfIcons(fs::path const& icons)
 
 std::string MenuEntry(fs::path const& folder)
 {
-    return "[Desktop Entry]\n"
-           "Type=Application\n"
-           "Name=Sparrowfield Interactive Bible Study\n"
-           "GenericName=Bible study workbook\n"
-           "Comment=Work through Bible studies, question by question\n"
-           "Exec="
-        + Value(Command(folder)) + "\nPath=" + Value(folder.string())
-        + "\nIcon=sparrowfield\n"
-          "Terminal=false\n"
-          "Categories=Education;\n"
-          "Keywords=bible;study;lesson;\n"
-          "StartupWMClass=Sparrowfield\n";
+    std::string entry = entryTemplate;
+    auto const start = entry.find("\nExec=") + 1;
+    return entry.replace(start, entry.find('\n', start) - start,
+        "Exec=" + Value(Command(folder)) + "\nPath=" + Value(folder.string()));
 }
 
 std::vector<Failure> AddToMenu(SetupPlaces const& places)

@@ -2,9 +2,9 @@
 
 #include "base/code_page.h"
 #include "base/nearest_form.h"
-#include "bible/chapter_page.h"
 #include "desktop/desktop_bench.h"
 #include "desktop/qt_printer.h"
+#include "reader/chapter_page.h"
 
 #include <QBuffer>
 #include <QDir>

@@ -1,7 +1,7 @@
 // Boxes with text: offsets, typing, increments, the line at the top.
 
 #include "desktop/desktop_bench.h"
-#include "desktop/text_edit.h"
+#include "desktop/peers/text_edit.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QClipboard>

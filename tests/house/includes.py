@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Holds the sources against what docs/architecture.md and src/README.md say of them: no include runs in a circle, neither between files nor
-between folders; a folder includes only folders of lower levels; Qt, SQLite and the operating system are named only where they may be.
+"""Checks the includes of src/ against docs/architecture.md, src/README.md and src/CMakeLists.txt: there
+is no circle of files or folders; a folder includes only folders of lower levels; it links exactly the
+libraries that it includes; Qt, SQLite and the operating system are named only where they may be.
 
     includes.py SOURCE_FOLDER
 """
@@ -14,11 +15,13 @@ faults = []
 
 # What a folder may include beside the project and the standard library: the beginnings of the names.
 MAY_INCLUDE = {
-    "desktop": ("Q", "unistd.h", "xcb/"),
+    "desktop": ("Q", "unistd.h"),
+    "desktop/peers": ("Q", "xcb/"),
     "setup/window": ("Q",),
     "platform/host": ("sqlite3.h", "sys/", "unistd.h", "fcntl.h", "pwd.h", "stdlib.h"),
     "setup": ("unistd.h", "sys/", "fcntl.h"),
-    "kit": ("nlohmann/", "CLI/"),
+    "kit": ("CLI/",),
+    "kit/answers": ("nlohmann/",),
     "drive": ("nlohmann/", "CLI/"),
 }
 STANDARD = re.compile(r"[a-z_0-9]+$")  # <vector>, <cstdint>: no point, no slash, no capital
@@ -70,8 +73,24 @@ def circle(graph):
     return None
 
 
+def links():
+    """The libraries of src/CMakeLists.txt: by folder, the folders of its LINKS and of its USES."""
+    with open(os.path.join(root, "CMakeLists.txt"), encoding="utf-8") as page:
+        calls = re.findall(
+            r"^ *sparrowfield_library\(([a-z/]+)([^)]*)\)", page.read(), re.MULTILINE
+        )
+    folder_of = {folder.replace("/", "_"): folder for folder, _ in calls}
+    for folder, arguments in calls:
+        shown, _, hidden = arguments.partition("USES")
+        yield folder, *(
+            {folder_of[word] for word in part.split() if word in folder_of}
+            for part in (shown, hidden)
+        )
+
+
 level = levels()
 files, folders = {}, {}
+shown, hidden = {}, {}  # what the headers of a folder include, and what its sources do
 for file in sources():
     folder = os.path.dirname(file)
     if folder.split("/")[0] not in level:
@@ -93,6 +112,8 @@ for file in sources():
         # A program's main stands above all libraries, its own folder's too.
         isMain = os.path.basename(file) == "main.cpp"
         folders.setdefault(f"{folder}/main" if isMain else folder, set()).add(other)
+        if not isMain:
+            (shown if file.endswith(".h") else hidden).setdefault(folder, set()).add(other)
         mine, its = level[folder.split("/")[0]], level[other.split("/")[0]]
         if folder.split("/")[0] != other.split("/")[0] and its >= mine and mine != 99:
             faults.append(
@@ -102,6 +123,14 @@ for file in sources():
 for what, graph in (("files", files), ("folders", folders)):
     if found := circle(graph):
         faults.append(f"a circle of {what}: " + " > ".join(found))
+for folder, public, private in links():
+    for what, linked, needed in (
+        ("LINKS", public, shown.get(folder, set())),
+        ("USES", private, hidden.get(folder, set()) - shown.get(folder, set())),
+    ):
+        for other in sorted(linked ^ needed):
+            need = "its sources don't need" if other in linked else "doesn't name"
+            faults.append(f"src/CMakeLists.txt: {what} of {folder}: {need} {other}")
 sqlite = [
     file for file in sources() if any(name == "sqlite3.h" for _, _, name in includes_of(file))
 ]

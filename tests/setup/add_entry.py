@@ -8,7 +8,7 @@ import subprocess
 import sys
 import tempfile
 
-desktop = pathlib.Path(sys.argv[1]) / "packaging" / "desktop"
+packaging = pathlib.Path(sys.argv[1]) / "packaging"
 
 # The name of the folder; what its name becomes in Exec (None: the program is started by a shell) and in Path.
 ROWS = [
@@ -27,13 +27,17 @@ with tempfile.TemporaryDirectory() as folder:
     base = os.path.realpath(folder).encode()
     for name, in_exec, in_path in [*ROWS, (b"\xe9", None, None)]:
         root = os.path.join(base, name)
-        shutil.copytree(os.fsencode(desktop), os.path.join(root, b"packaging/desktop"))
+        os.makedirs(os.path.join(root, b"packaging"))
+        for file in (b"add_entry.sh", b"sparrowfield.desktop"):
+            shutil.copy(
+                os.path.join(os.fsencode(packaging), file), os.path.join(root, b"packaging")
+            )
         os.makedirs(os.path.join(root, b"build/disc"))
         open(os.path.join(root, b"build/disc/sparrowfield"), "w").close()
         home = os.path.join(base, b"home")
         shutil.rmtree(home, ignore_errors=True)
         done = subprocess.run(
-            [os.path.join(root, b"packaging/desktop/add_entry.sh")],
+            [os.path.join(root, b"packaging/add_entry.sh")],
             env={**os.environb, b"XDG_DATA_HOME": home},
             capture_output=True,
         )

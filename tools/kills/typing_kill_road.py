@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Kills the desktop program at random moments while somebody types an answer: what was typed more than a second before, and the time that a flush
-takes, must be stored, and what is stored must be what was typed. A road for packaging/walk/road.sh; KILLS in the environment says how often."""
+takes, must be stored, and what is stored must be what was typed. A road for tests/walk/road.sh; KILLS in the environment says how often."""
 
 import os
 import random
@@ -9,7 +9,7 @@ import sys
 import threading
 import time
 
-sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../packaging/walk"))
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../tests/walk"))
 
 import person  # noqa: E402
 from person import *  # noqa: E402, F403

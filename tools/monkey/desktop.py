@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Does random things with the desktop program, on a screen in memory: packaging/walk/road.sh ../../tools/monkey/desktop 1024x768 96 DISC PICTURES
+"""Does random things with the desktop program, on a screen in memory: tests/walk/road.sh ../../tools/monkey/desktop 1024x768 96 DISC PICTURES
 
 From the environment: MONKEY_SEED (1), MONKEY_ROUNDS (3) and MONKEY_ACTIONS a round (40). Each round starts the program in the same user's folder, and ends by
 closing windows until it is gone. It must go by itself and without complaint, and what stood in its boxes then must be stored."""

@@ -1,0 +1,125 @@
+#include "desktop/peers/bar_peer.h"
+
+#include "desktop/peers/access.h"
+#include "desktop/peers/convert.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+ScrollBarPeer::ScrollBarPeer(Desk& desk, ScrollBar& control, QWidget& ground)
+    : Peer(desk, control,
+        new QScrollBar(control.IsHorizontal() ? Qt::Horizontal : Qt::Vertical, &ground))
+    , m_bar(control)
+    , m_shown(static_cast<QScrollBar&>(*Widget()))
+{
+    m_shown.setContextMenuPolicy(Qt::NoContextMenu);
+    connect(&m_shown, &QScrollBar::actionTriggered, this,
+        [this](int action) { ActionTriggered(action); });
+    connect(&m_shown, &QScrollBar::sliderReleased, this, [this] {
+        Act([&](Input& input) { input.DragThumb(m_bar, m_shown.sliderPosition(), true); });
+    });
+}
+
+void ScrollBarPeer::Mirror()
+{
+    auto const [low, high] = std::minmax(m_bar.Min(), m_bar.Max());
+    m_shown.setRange(low, high);
+    m_shown.setInvertedAppearance(m_bar.Max < m_bar.Min);
+    m_shown.setSingleStep(m_bar.SmallChange);
+    m_shown.setPageStep(m_bar.LargeChange);
+    m_shown.setValue(m_bar.Value);
+    Peer::Mirror();
+}
+
+void ScrollBarPeer::ActionTriggered(int action)
+{
+    Act([&](Input& input) {
+        switch (action) {
+        case QAbstractSlider::SliderSingleStepAdd:
+            input.Step(m_bar, BarStep::More);
+            break;
+        case QAbstractSlider::SliderSingleStepSub:
+            input.Step(m_bar, BarStep::Less);
+            break;
+        case QAbstractSlider::SliderPageStepAdd:
+            input.Step(m_bar, BarStep::PageMore);
+            break;
+        case QAbstractSlider::SliderPageStepSub:
+            input.Step(m_bar, BarStep::PageLess);
+            break;
+        default: // to an end by a key, or to a place by the thumb
+            input.DragThumb(m_bar, m_shown.sliderPosition(), !m_shown.isSliderDown());
+        }
+    });
+}
+
+bool ScrollBarPeer::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Wheel)
+        return Peer::eventFilter(watched, event);
+    auto const turned = static_cast<QWheelEvent const&>(*event).angleDelta();
+    Wheeled(turned.y() != 0 ? turned.y() : turned.x());
+    return true;
+}
+
+void ScrollBarPeer::Wheeled(int degrees)
+{
+    constexpr int step = 120; // eighths of a degree, of one notch
+    m_wheel += degrees;
+    auto const direction = degrees > 0 ? BarStep::Less : BarStep::More;
+    for (; std::abs(m_wheel) >= step; m_wheel -= degrees > 0 ? step : -step)
+        Act([&](Input& input) { input.Step(m_bar, direction); });
+}
+
+ProgressPeer::ProgressPeer(Desk& desk, ProgressBar& control, QWidget& ground)
+    : Peer(desk, control, new QProgressBar(&ground))
+    , m_bar(control)
+    , m_shown(static_cast<QProgressBar&>(*Widget()))
+{
+    m_shown.setTextVisible(false);
+    m_shown.setRange(0, 1000);
+}
+
+void ProgressPeer::Mirror()
+{
+    auto const range = static_cast<double>(m_bar.Max - m_bar.Min);
+    auto const filled = static_cast<double>(m_bar.Value - m_bar.Min);
+    m_shown.setValue(range > 0 ? static_cast<int>(1000 * filled / range) : 0);
+    Peer::Mirror();
+}
+
+StatusBarPeer::StatusBarPeer(Desk& desk, StatusBar& control, QWidget& ground)
+    : Peer(desk, control, new QFrame(&ground))
+    , m_bar(control)
+    , m_first(*new QLabel(Widget()))
+    , m_second(*new QLabel(Widget()))
+{
+    Widget()->setAutoFillBackground(true);
+    SetRole(*Widget(), QAccessible::StatusBar);
+    for (QLabel* panel : { &m_first, &m_second }) {
+        panel->setTextFormat(Qt::PlainText);
+        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        panel->setIndent(3);
+    }
+    m_first.setObjectName(QStringLiteral("Panel1"));
+    m_second.setObjectName(QStringLiteral("Panel2"));
+}
+
+void StatusBarPeer::Mirror()
+{
+    m_first.setText(ToQString(m_bar.Panel1));
+    m_second.setText(ToQString(m_bar.Panel2));
+    MirrorLook(m_bar, *Widget(), false);
+    Peer::Mirror();
+    int const width = Widget()->width();
+    int const height = std::max(0, Widget()->height() - 2);
+    int const split = m_bar.Panel1Width > 0 ? std::min(width, Pixels(m_bar.Panel1Width)) : width;
+    m_first.setGeometry(0, 2, split, height);
+    m_second.setGeometry(split + 2, 2, std::max(0, width - split - 2), height);
+    m_second.setVisible(split < width);
+}

@@ -1,0 +1,160 @@
+#include "desktop/peers/browser_peer.h"
+
+#include "base/nearest_form.h"
+#include "controls/page_filter.h"
+#include "desktop/peers/convert.h"
+
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QScrollBar>
+#include <QTextBrowser>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <utility>
+
+/// The path that a file address names, as the program writes paths.
+static Text PathOf(TextView url)
+{
+    constexpr TextView scheme = u"file://";
+    return Text(url.starts_with(scheme) ? url.substr(scheme.size()) : url);
+}
+
+/// The address of the background as the reader writes it into a page.
+static std::string BackgroundAddress(TextView applicationFolder)
+{
+    return NearestCodePage(u"file://" + Text(applicationFolder) + u"\\bg.jpg").bytes;
+}
+
+/// A picture that shows nothing. For an empty one the view would look by itself, in files that
+/// nobody gave it.
+static QPixmap NoPicture()
+{
+    QPixmap picture(1, 1);
+    picture.fill(Qt::transparent);
+    return picture;
+}
+
+/// The picture behind the pages, decoded once for what stands in its file.
+class Background {
+public:
+    QPixmap Find(Desk& desk)
+    {
+        auto const name = desk.files.ApplicationFolder() + u"\\bg.jpg";
+        auto file = desk.files.ReadAll(name);
+        if (!file)
+            return NoPicture();
+        if (m_picture.isNull() || *file != m_file) {
+            m_picture = desk.pictures.Find(name);
+            m_file = std::move(*file);
+            if (m_picture.isNull())
+                m_picture = NoPicture();
+        }
+        return m_picture;
+    }
+
+private:
+    std::string m_file;
+    QPixmap m_picture;
+};
+
+class PageView final : public QTextBrowser {
+public:
+    PageView(Desk& desk, QWidget* parent)
+        : QTextBrowser(parent)
+        , m_desk(desk)
+    {
+        setOpenLinks(false);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        // A bar that came up with a long page would have the page laid out twice.
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        auto marked = palette();
+        marked.setColor(QPalette::WindowText, marked.color(QPalette::Highlight)); // of the frame
+        setPalette(marked);
+        setLineWidth(frameWidth());
+        ApplyZoom();
+    }
+
+    /// All that a page gets from outside: its background, or something empty.
+    QVariant loadResource(int type, QUrl const& name) override
+    {
+        bool const isBackground = type == QTextDocument::ImageResource
+            && name == QUrl(QLatin1String(pageBackground.data()));
+        return isBackground ? m_background.Find(m_desk) : NoPicture();
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        bool const isPlain = event->modifiers().testFlag(Qt::ControlModifier)
+            && !event->modifiers().testAnyFlags(Qt::AltModifier | Qt::MetaModifier);
+        if (isPlain && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal))
+            Zoom(m_desk.pageZoom + 1);
+        else if (isPlain && event->key() == Qt::Key_Minus)
+            Zoom(m_desk.pageZoom - 1);
+        else if (isPlain && event->key() == Qt::Key_0)
+            Zoom(0);
+        else
+            QTextBrowser::keyPressEvent(event);
+    }
+
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (!event->modifiers().testFlag(Qt::ControlModifier))
+            QTextBrowser::wheelEvent(event);
+        else if (int const turn = event->angleDelta().y(); turn != 0)
+            Zoom(m_desk.pageZoom + (turn > 0 ? 1 : -1));
+    }
+
+    // A page has no caret: its frame shows that the keys scroll it. Both frames are as wide, so
+    // nothing is laid out anew.
+    void focusInEvent(QFocusEvent* event) override
+    {
+        QTextBrowser::focusInEvent(event);
+        setFrameStyle(QFrame::Box | QFrame::Plain);
+    }
+    void focusOutEvent(QFocusEvent* event) override
+    {
+        QTextBrowser::focusOutEvent(event);
+        setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    }
+
+private:
+    static constexpr int mostZoom = 10;
+
+    /// In steps of a tenth more or less. The place in the text stays, as near as the lines allow.
+    void Zoom(int step)
+    {
+        auto* const bar = verticalScrollBar();
+        double const place = bar->maximum() > 0 ? double(bar->value()) / bar->maximum() : 0;
+        m_desk.pageZoom = std::clamp(step, -mostZoom / 2, mostZoom);
+        ApplyZoom();
+        bar->setValue(qRound(place * bar->maximum()));
+    }
+
+    void ApplyZoom()
+    {
+        auto const size = static_cast<float>(12 * std::pow(1.1, m_desk.pageZoom));
+        document()->setDefaultFont(ToQFont({ u"Times New Roman", size, false }));
+    }
+
+    Desk& m_desk;
+    Background m_background;
+};
+
+BrowserPeer::BrowserPeer(Desk& desk, WebBrowser& control, QWidget& ground)
+    : Peer(desk, control, new PageView(desk, &ground))
+    , m_shown(static_cast<PageView&>(*Widget()))
+{
+}
+
+void BrowserPeer::Navigate(TextView url)
+{
+    auto const page = m_desk.files.ReadAll(PathOf(url));
+    Desk::Mirroring const ours(m_desk);
+    m_shown.setHtml(page
+            ? ToQString(FilterPage(*page, BackgroundAddress(m_desk.files.ApplicationFolder())))
+            : QString());
+}

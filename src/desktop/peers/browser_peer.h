@@ -1,0 +1,19 @@
+#pragma once
+// The browser control on the desktop. It shows a filtered copy of a page (controls/page_filter.h),
+// which can pull in nothing but the background picture that lies in the application folder.
+
+#include "controls/media.h"
+#include "desktop/peers/peer.h"
+
+class PageView;
+
+class BrowserPeer final : public Peer {
+public:
+    BrowserPeer(Desk& desk, WebBrowser& control, QWidget& ground);
+
+    /// Reads the page at a file address now and shows it; an empty page if it can't be read.
+    void Navigate(TextView url);
+
+private:
+    PageView& m_shown;
+};

@@ -1,0 +1,223 @@
+#include "desktop/peers/form_peer.h"
+
+#include "controls/menu.h"
+#include "desktop/peers/access.h"
+#include "desktop/peers/client_area.h"
+#include "desktop/peers/convert.h"
+#include "desktop/peers/surface_peer.h"
+#include "desktop/peers/window_hints.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QScreen>
+#include <QWindow>
+
+static Qt::WindowFlags FlagsOf(Form const& form)
+{
+    if (form.border == BorderStyle::None)
+        return Qt::Window | Qt::FramelessWindowHint;
+    Qt::WindowFlags flags = form.inTaskbar ? Qt::Window : Qt::Dialog;
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+        | Qt::WindowCloseButtonHint;
+    flags.setFlag(Qt::WindowMinimizeButtonHint, form.minimiseButton);
+    flags.setFlag(Qt::WindowMaximizeButtonHint, form.maximiseButton);
+    return flags;
+}
+
+static QMargins GuessFrame(Form const& form)
+{
+    return form.border == BorderStyle::None ? QMargins() : QMargins(4, 23, 4, 4);
+}
+
+static int MenuBarHeight(QMenuBar const* bar)
+{
+    return bar ? bar->sizeHint().height() : 0;
+}
+
+FormPeer::FormPeer(Desk& desk, Form& form)
+    : Peer(desk, form, new QWidget(nullptr, FlagsOf(form)))
+    , m_form(form)
+    , m_menuBar(form.Menus().empty() ? nullptr : new QMenuBar(Widget()))
+    , m_client(*new ClientArea(Widget()))
+    , m_scroll(*new WindowScroll(*Widget(), m_client))
+    , m_frame(GuessFrame(form))
+{
+    if (m_menuBar)
+        m_menuBar->setNativeMenuBar(false);
+    bool const isDialog
+        = form.border == BorderStyle::None || form.border == BorderStyle::Dialog || !form.inTaskbar;
+    SetRole(*Widget(), isDialog ? QAccessible::Dialog : QAccessible::Window);
+    SetRole(m_client, QAccessible::Pane);
+    m_client.installEventFilter(this);
+    Widget()->setWindowIcon(m_desk.pictures.Icon(form.icon));
+}
+
+QWidget* FormPeer::Ground() const
+{
+    return &m_client;
+}
+
+Size FormPeer::FrameSize() const
+{
+    return { ToTwips(m_frame.left() + m_frame.right()),
+        ToTwips(m_frame.top() + m_frame.bottom() + MenuBarHeight(m_menuBar)) };
+}
+
+Size FormPeer::GuessFrameSize(Form const& form)
+{
+    int menuBar = 0;
+    if (!form.Menus().empty()) {
+        QMenuBar bar;
+        bar.addMenu(QStringLiteral("File"));
+        menuBar = MenuBarHeight(&bar);
+    }
+    auto const frame = GuessFrame(form);
+    return { ToTwips(frame.left() + frame.right()),
+        ToTwips(frame.top() + frame.bottom() + menuBar) };
+}
+
+void FormPeer::Noted(PropertyBase const& property)
+{
+    m_pictureIsStale |= &property == &m_form.Picture;
+    m_moveWanted |= &property == &m_form.Left || &property == &m_form.Top;
+}
+
+void FormPeer::Mirror()
+{
+    auto& window = *Widget();
+    window.setWindowTitle(ToQString(m_form.Caption));
+    auto const ground = ToQColor(m_form.BackColor);
+    if (m_pictureIsStale || m_client.ground != ground)
+        m_client.update();
+    m_client.ground = ground;
+    if (std::exchange(m_pictureIsStale, false))
+        m_client.picture = m_desk.pictures.Find(m_form.Picture);
+    if (m_form.MousePointer == pointerDefault)
+        window.unsetCursor();
+    else
+        window.setCursor(CursorOf(m_desk.pictures, m_form.MousePointer, m_form.MouseIcon));
+    Place();
+}
+
+/// The window's size without its frame, with its menu bar.
+static QSize InnerSize(Size const& outer, QMargins const& frame)
+{
+    return QSize(Pixels(outer.width), Pixels(outer.height)).shrunkBy(frame).expandedTo({ 1, 1 });
+}
+
+void FormPeer::Place()
+{
+    auto& window = *Widget();
+    bool const isNormal = m_form.WindowState() == WindowState::Normal;
+    bool const isOther = m_agreed.width != m_form.Width || m_agreed.height != m_form.Height;
+    bool const isFixed
+        = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
+    if (isNormal && isOther) {
+        m_agreed = { m_form.Width, m_form.Height };
+        if (isFixed)
+            FixSize();
+        else
+            window.resize(InnerSize({ m_form.Width, m_form.Height }, m_frame));
+    }
+    if (m_form.smallest.width > 0)
+        window.setMinimumSize(
+            InnerSize(m_form.smallest, m_frame).boundedTo(window.screen()->availableSize()));
+    if (isNormal && std::exchange(m_moveWanted, false))
+        window.move(Corner());
+    if (window.isVisible() && m_state != m_form.WindowState()) {
+        m_state = m_form.WindowState();
+        if (m_state == WindowState::Maximised)
+            window.showMaximized();
+        else if (m_state == WindowState::Minimised)
+            window.showMinimized();
+        else
+            window.showNormal();
+    }
+    Arrange();
+}
+
+/// A window that is higher than the screen is cut; the form keeps its size.
+void FormPeer::FixSize()
+{
+    auto& window = *Widget();
+    auto const whole = InnerSize({ m_form.Width, m_form.Height }, m_frame);
+    auto frame = window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
+    if (frame.top() <= 0)
+        frame = m_frame;
+    int const room = window.screen()->availableSize().height() - frame.top() - frame.bottom();
+    window.setFixedSize(m_menuBar ? whole : m_scroll.Fit(whole, room));
+}
+
+QPoint FormPeer::Corner() const
+{
+    return { Pixels(m_form.Left),
+        m_scroll.IsCut() ? Widget()->screen()->availableGeometry().top() : Pixels(m_form.Top) };
+}
+
+void FormPeer::Arrange()
+{
+    if (m_scroll.IsCut()) {
+        m_scroll.Arrange();
+        return;
+    }
+    int const height = MenuBarHeight(m_menuBar);
+    auto const size = Widget()->size();
+    if (m_menuBar)
+        m_menuBar->setGeometry(0, 0, size.width(), height);
+    m_client.setGeometry(0, height, size.width(), std::max(0, size.height() - height));
+}
+
+void FormPeer::MirrorShown(QWidget* owner)
+{
+    auto& window = *Widget();
+    if (!m_form.Visible || window.isVisible())
+        return;
+    window.setWindowModality(m_form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
+    m_state = m_form.WindowState();
+    if (m_form.centred && m_state == WindowState::Normal)
+        window.move(Corner());
+    m_sinceShown.start();
+    window.winId(); // makes the window, so that it can be owned
+    bool const isOwned = owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar);
+    if (isOwned)
+        window.windowHandle()->setTransientParent(owner->windowHandle());
+    if (!m_form.inTaskbar)
+        KeepOutOfTaskBar(*window.windowHandle());
+    if (m_state == WindowState::Maximised) {
+        // Where the window returns to when it is restored.
+        auto const normal = InnerSize(m_form.NormalSize(), m_frame);
+        auto const room = window.screen()->availableGeometry();
+        window.resize(normal);
+        window.move(room.topLeft()
+            + QPoint(std::max(0, room.width() - normal.width()) / 2,
+                std::max(0, room.height() - normal.height()) / 2));
+        window.showMaximized();
+    } else if (m_state == WindowState::Minimised) {
+        window.showMinimized();
+    } else {
+        window.show();
+    }
+    if (isOwned)
+        TellOwner(*window.windowHandle(), *owner->windowHandle());
+    Arrange();
+    QueueReport();
+}
+
+void FormPeer::MirrorHidden()
+{
+    if (!m_form.Visible && Widget()->isVisible())
+        Widget()->hide();
+}
+
+void FormPeer::MirrorFocus(Peer const* focus)
+{
+    auto* const present = Widget()->focusWidget();
+    // Who walks through the menu bar by keys isn't called away.
+    if (qobject_cast<QMenuBar*>(present) && present->hasFocus())
+        return;
+    auto* const wanted = focus ? focus->Widget() : nullptr;
+    if (wanted && present != wanted)
+        wanted->setFocus();
+    else if (!wanted && present)
+        present->clearFocus();
+}

@@ -1,0 +1,74 @@
+#pragma once
+// A form on the desktop: its window with menu bar and client area.
+
+#include "controls/form.h"
+#include "desktop/peers/peer.h"
+#include "desktop/peers/window_scroll.h"
+
+#include <QElapsedTimer>
+#include <QMargins>
+#include <QSize>
+
+class ClientArea;
+class QMenuBar;
+
+class FormPeer final : public Peer {
+public:
+    FormPeer(Desk& desk, Form& form);
+
+    Form& OwnForm() const { return m_form; }
+    QWidget* Ground() const override;
+    /// Nothing if the form has no menus.
+    QMenuBar* MenuBar() const { return m_menuBar; }
+
+    void Noted(PropertyBase const& property) override;
+    /// Everything but whether the window is up.
+    void Mirror() override;
+    /// Brings the window up, above `owner` if it isn't to stand in the task bar by itself, or takes
+    /// it down.
+    void MirrorShown(QWidget* owner);
+    void MirrorHidden();
+    /// Puts the focus of the window where the form's is.
+    void MirrorFocus(Peer const* focus);
+
+    /// What border, title and menu bar add to the client area: as they are, or as they are guessed
+    /// before the window has been up.
+    Size FrameSize() const;
+    static Size GuessFrameSize(Form const& form);
+
+    /// Hands on what couldn't be while a handler of the form was running, or the host was at work
+    /// on the widgets.
+    void CatchUp();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Arrange();
+    void Place();
+    void FixSize();
+    QPoint Corner() const;
+    bool IsSettling() const;
+    void QueueReport();
+    void ReportSize();
+    void ReportActivation();
+    void ReportClose();
+    bool WindowEvent(QEvent& event);
+    bool ClientEvent(QEvent& event);
+
+    Form& m_form;
+    QMenuBar* m_menuBar = nullptr;
+    ClientArea& m_client;
+    WindowScroll& m_scroll;
+    QMargins m_frame;
+    Size m_agreed; // the outer size on which window and form agree, in twips
+    WindowState m_state = WindowState::Normal;
+    QElapsedTimer m_sinceShown; // when the window was last brought up
+    bool m_pictureIsStale = true;
+    bool m_moveWanted = false;
+    bool m_reportQueued = false;
+    bool m_sizeMissed = false; // reports that wait for a handler to end
+    bool m_activationMissed = false;
+    bool m_closeMissed = false;
+    bool m_pressed = false;
+};

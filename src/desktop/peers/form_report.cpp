@@ -1,0 +1,171 @@
+// What a form's window reports of the user and of the window system.
+
+#include "desktop/peers/client_area.h"
+#include "desktop/peers/convert.h"
+#include "desktop/peers/form_peer.h"
+#include "desktop/peers/keys.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QWindow>
+
+bool FormPeer::eventFilter(QObject* watched, QEvent* event)
+{
+    if (isRetired)
+        return false;
+    // The window is watched from the first, before the client area is there.
+    return watched == Widget() ? WindowEvent(*event) : ClientEvent(*event);
+}
+
+bool FormPeer::WindowEvent(QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::Close:
+        event.ignore();
+        ReportClose();
+        return true;
+    case QEvent::Resize:
+        Arrange();
+        QueueReport();
+        return false;
+    case QEvent::Move:
+    case QEvent::Show:
+    case QEvent::WindowStateChange:
+        QueueReport();
+        return false;
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        ReportActivation();
+        return false;
+    case QEvent::KeyPress:
+        return !m_form.Focus() && KeyPressed(static_cast<QKeyEvent&>(event));
+    default:
+        return false;
+    }
+}
+
+bool FormPeer::ClientEvent(QEvent& event)
+{
+    bool const isDown
+        = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+    bool const isUp = event.type() == QEvent::MouseButtonRelease;
+    if ((!isDown && !isUp) || static_cast<QMouseEvent&>(event).button() != Qt::LeftButton)
+        return false;
+    bool const isClick = isUp && m_pressed
+        && m_client.rect().contains(static_cast<QMouseEvent&>(event).position().toPoint());
+    m_pressed = isDown;
+    if (isClick)
+        Act([&](Input& input) { input.Click(m_form); });
+    return true;
+}
+
+void FormPeer::QueueReport()
+{
+    // One change of a window comes as several events: state, size, frame.
+    if (std::exchange(m_reportQueued, true))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        m_reportQueued = false;
+        ReportSize();
+    });
+}
+
+/// False for the margins of a frame that the window manager is still making: it is a pixel wide at
+/// first, and what lies beyond it counts as less than nothing.
+static bool IsWhole(QMargins const& frame)
+{
+    return frame.left() >= 0 && frame.top() >= 0 && frame.right() >= 0 && frame.bottom() >= 0;
+}
+
+/// True while the window manager may still be on its way to the state in which the window was to
+/// come up: some tell of their steps one by one, and a window that was taken for a normal one would
+/// stay one.
+bool FormPeer::IsSettling() const
+{
+    constexpr int settlingTime = 1500; // milliseconds
+    auto const& window = *Widget();
+    bool const comesUp
+        = m_state == WindowState::Maximised && !window.isMaximized() && !window.isMinimized();
+    return (comesUp || !IsWhole(window.windowHandle()->frameMargins())) && m_sinceShown.isValid()
+        && m_sinceShown.elapsed() < settlingTime;
+}
+
+void FormPeer::ReportSize()
+{
+    auto& window = *Widget();
+    if (isRetired || !window.isVisible() || !m_form.Visible)
+        return;
+    m_sizeMissed = m_form.IsBusy();
+    if (m_sizeMissed)
+        return;
+    if (IsSettling()) {
+        constexpr int pause = 50; // milliseconds
+        QTimer::singleShot(pause, this, [this] { QueueReport(); });
+        return;
+    }
+    if (window.isMinimized()) {
+        m_state = WindowState::Minimised;
+        Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
+        return;
+    }
+    m_state = window.isMaximized() ? WindowState::Maximised : WindowState::Normal;
+    if (m_scroll.IsCut()) {
+        FixSize();
+        Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
+        return;
+    }
+    auto const frame = window.windowHandle()->frameMargins();
+    bool const mayBeNone = m_form.border == BorderStyle::None || m_state == WindowState::Maximised;
+    if (IsWhole(frame) && (mayBeNone || !frame.isNull()))
+        m_frame = frame;
+    auto const outer = window.size().grownBy(m_frame);
+    // Within a pixel the form's own figure stands.
+    bool const isSame = outer == QSize(Pixels(m_form.Width), Pixels(m_form.Height));
+    m_agreed = isSame ? Size { m_form.Width, m_form.Height }
+                      : Size { ToTwips(outer.width()), ToTwips(outer.height()) };
+    Act([&](Input&) { m_form.Resized(m_agreed.width, m_agreed.height, m_state); });
+}
+
+void FormPeer::ReportActivation()
+{
+    m_activationMissed = m_form.IsBusy();
+    if (m_activationMissed)
+        return;
+    bool const isActive = QApplication::activeWindow() == Widget();
+    bool const isModels = m_desk.screen->Active() == &m_form;
+    Act([&](Input& input) {
+        if (isActive && isModels)
+            m_desk.screen->ResumeFocus();
+        else if (isActive)
+            input.Activate(m_form);
+        else if (isModels)
+            m_desk.screen->SuspendFocus();
+    });
+}
+
+/// Closing alone isn't dropped while the form is at work, as whoever closes a window wants no more
+/// of it: it's done as soon as it can be.
+void FormPeer::ReportClose()
+{
+    // A form that keeps actions hears of it at once, so that its work can end.
+    bool const isHeldUp = m_desk.IsMirroring() || (m_form.IsBusy() && !m_form.keepsActions);
+    m_closeMissed = isHeldUp && m_desk.input->Blocked(m_form).empty();
+    if (!isHeldUp)
+        Act([&](Input& input) { input.Close(m_form); });
+}
+
+void FormPeer::CatchUp()
+{
+    if (m_form.IsBusy() || m_desk.IsMirroring())
+        return;
+    if (m_closeMissed)
+        ReportClose();
+    if (isRetired)
+        return;
+    if (m_sizeMissed)
+        QueueReport();
+    if (m_activationMissed)
+        ReportActivation();
+}

@@ -1,0 +1,68 @@
+#pragma once
+// The counterpart of a control on the desktop: shows it by a widget and hands the user's actions on
+// it back. Each kind of control has a peer of its own.
+
+#include "controls/control.h"
+#include "desktop/peers/desk.h"
+
+#include <QObject>
+
+class QKeyEvent;
+class QWidget;
+
+class Peer : public QObject {
+public:
+    /// The peer belongs to its widget, which is new, and dies with it.
+    Peer(Desk& desk, Control& control, QWidget* widget);
+    /// For a control without a widget: the peer belongs to `owner`.
+    Peer(Desk& desk, Control& control, QObject* owner);
+
+    Control& OwnControl() const { return m_control; }
+    /// Nothing for a control that isn't seen, such as a timer.
+    QWidget* Widget() const { return m_widget; }
+    /// The widget on which the controls within this one stand.
+    virtual QWidget* Ground() const { return m_widget; }
+
+    /// Told of each assignment, also of the value that was there.
+    virtual void Noted(PropertyBase const&) { }
+    /// Brings the widget in step with the control.
+    virtual void Mirror();
+
+    bool isDirty = true; ///< waits to be mirrored
+    /// its form is gone, and the widget about to go: nothing is handed on any more
+    bool isRetired = false;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    /// A key for this control that no handler has taken; true if it has been dealt with, else the
+    /// widget gets it.
+    virtual bool TakeKey(QKeyEvent&) { return false; }
+    /// True if the key Enter or Escape means something to the widget itself, so no default button
+    /// is pressed.
+    virtual bool WantsKey(int) const { return false; }
+    /// True if a key that is also a shortcut is the widget's, unless a menu entry takes it.
+    virtual bool EditsByShortcuts() const { return false; }
+
+    void MirrorBounds();
+    void MirrorState();
+    /// Font and colours of a control with a text; `ground` false leaves the background as it is.
+    void MirrorLook(TextControl const& control, QWidget& widget, bool ground = true);
+    template <class Action> void Act(Action action)
+    {
+        if (!isRetired)
+            m_desk.Act(m_control, action);
+    }
+    bool MoveFocus(bool backwards);
+    bool KeyPressed(QKeyEvent& event);
+    void KeyReleased(QKeyEvent const& event);
+
+    Desk& m_desk;
+    Control& m_control;
+
+private:
+    bool IsUsedByMenu(QKeyEvent const& event);
+    void NameForAccess();
+
+    QWidget* m_widget = nullptr;
+};

@@ -1,0 +1,36 @@
+#pragma once
+// Rich text boxes on the desktop. What the box has shown stays, what is appended is added to it.
+
+#include "controls/rich_text_box.h"
+#include "desktop/peers/text_peer.h"
+
+class QTextCursor;
+
+class RichTextPeer final : public TextPeer {
+public:
+    RichTextPeer(Desk& desk, RichTextBox& control, QWidget& ground);
+    void Noted(PropertyBase const& property) override
+    {
+        m_scrollWanted |= &property == &m_rich.TopOffset;
+    }
+    void Mirror() override;
+
+protected:
+    void MirrorText() override;
+    bool HasBorder() const override { return m_rich.Border; }
+    void UserActed() override { m_keepsTop = false; }
+
+private:
+    bool IsPlain() const;
+    bool CanBeUndone() const;
+    void Fill();
+    void Scroll();
+
+    RichTextBox& m_rich;
+    unsigned m_revision = 0; // what the widget shows of the model
+    unsigned m_generation = 0;
+    bool m_isPlain = false; // what it shows, and can be written in
+    int m_length = 0;
+    bool m_scrollWanted = true;
+    bool m_keepsTop = true; // until the user scrolls, the line at the top stays there
+};

@@ -1,0 +1,31 @@
+#pragma once
+// Trees on the desktop.
+
+#include "controls/tree_view.h"
+#include "desktop/peers/node_model.h"
+#include "desktop/peers/peer.h"
+
+class NodeView;
+class QModelIndex;
+
+class TreePeer final : public Peer {
+public:
+    TreePeer(Desk& desk, TreeView& control, QWidget& ground);
+    void Mirror() override;
+
+protected:
+    bool TakeKey(QKeyEvent& event) override;
+    bool WantsKey(int keyCode) const override;
+
+private:
+    void MirrorExpanded();
+    void MirrorSelected();
+    void Toggled(QModelIndex const& index, bool expanded);
+    void Chosen(QModelIndex const& index);
+
+    TreeView& m_tree;
+    NodeModel m_model;
+    NodeView& m_shown;
+    std::vector<bool> m_expanded; // what the widget shows, for the nodes in their order
+    std::vector<Node*> m_toggled; // by the user; the model may have refused
+};

@@ -1,0 +1,208 @@
+// The formats of the exported documents: HTML (the WHATWG's living standard), Markdown (CommonMark
+// 0.30), JSON (RFC 8259).
+
+#include "kit/answers/answer_documents.h"
+
+#include <nlohmann/json.hpp>
+
+/// The text with line feeds alone, without what no document can hold: control characters and lone
+/// surrogates become U+FFFD.
+static std::string Clean(TextView text)
+{
+    Text clean;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        char16_t const character = text[i];
+        bool const isHigh = character >= 0xD800 && character < 0xDC00,
+                   isLow = character >= 0xDC00 && character < 0xE000;
+        bool const isPair
+            = isHigh && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
+        bool const isControl = (character < u' ' && character != u'\n' && character != u'\t')
+            || (character >= 0x7F && character < 0xA0) || character == 0xFFFE
+            || character == 0xFFFF;
+        if (isPair) {
+            clean += { character, text[++i] };
+        } else if (character == u'\r') {
+            if (i + 1 == text.size() || text[i + 1] != u'\n')
+                clean += u'\n';
+        } else {
+            clean += isHigh || isLow || isControl ? u'\uFFFD' : character;
+        }
+    }
+    return ToUtf8(clean);
+}
+
+/// The lines of a text, for formats in which a line end has to be told.
+static std::vector<std::string> CleanLines(TextView text)
+{
+    auto const clean = Clean(text);
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start <= clean.size();) {
+        auto const end = std::min(clean.find('\n', start), clean.size());
+        lines.push_back(clean.substr(start, end - start));
+        start = end + 1;
+    }
+    while (!lines.empty() && lines.back().empty())
+        lines.pop_back();
+    return lines;
+}
+
+static std::string HtmlEscaped(std::string const& text)
+{
+    std::string escaped;
+    for (char const character : text)
+        switch (character) {
+        case '&':
+            escaped += "&amp;";
+            break;
+        case '<':
+            escaped += "&lt;";
+            break;
+        case '>':
+            escaped += "&gt;";
+            break;
+        case '"':
+            escaped += "&quot;";
+            break;
+        default:
+            escaped += character;
+        }
+    return escaped;
+}
+
+static std::string Html(TextView text)
+{
+    return HtmlEscaped(Clean(text));
+}
+
+static std::string HtmlParagraphs(std::vector<Text> const& paragraphs, char const* style)
+{
+    std::string html;
+    for (auto const& paragraph : paragraphs)
+        html += std::string("<p class=\"") + style + "\">" + Html(paragraph) + "</p>\n";
+    return html;
+}
+
+static std::string RenderHtml(AnswerDocument const& document)
+{
+    std::string html
+        = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>"
+        + Html(document.title)
+        + "</title>\n<style>\n"
+          "body { font: 12pt/1.45 \"Times New Roman\", \"Liberation Serif\", serif; max-width: "
+          "42em; margin: 2em auto; padding: 0 1em }\n"
+          "h1, h2 { color: #022d7b } h2 { border-bottom: 1px solid #adc1dc; break-after: avoid }\n"
+          ".question { font-weight: bold; break-after: avoid } .publisher { margin-left: 2em; "
+          "font-style: italic }\n"
+          ".answer { white-space: pre-wrap; margin-left: 2em }\n"
+          "@media print { body { margin: 0; max-width: none } }\n"
+          "</style>\n</head>\n<body>\n<h1>"
+        + Html(document.title) + "</h1>\n";
+    for (auto const& lesson : document.lessons) {
+        html += "<h2>" + Html(lesson.title) + "</h2>\n";
+        for (auto const& each : lesson.questions) {
+            if (each.question.empty() && !each.number.empty())
+                html += "<p class=\"question\">Page " + Html(each.number) + "</p>\n";
+            html += HtmlParagraphs(each.question, "question");
+            html += "<div class=\"answer\">" + Html(each.answer) + "</div>\n";
+            html += HtmlParagraphs(each.publisher, "publisher");
+        }
+    }
+    return html + "</body>\n</html>\n";
+}
+
+/// One line of text that means itself.
+static std::string MarkdownEscaped(std::string const& line)
+{
+    std::string escaped;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        char const character = line[i];
+        bool const isAtStart = escaped.empty();
+        if (isAtStart && (character == ' ' || character == '\t')) {
+            escaped += "&nbsp;"; // Blanks at the start would make it code, or go.
+            continue;
+        }
+        bool const always
+            = std::string_view("\\`*_[]<>&#|~!").find(character) != std::string_view::npos;
+        bool const marksItem
+            = (isAtStart && (character == '-' || character == '+' || character == '='))
+            || ((character == '.' || character == ')') && !isAtStart
+                && escaped.find_first_not_of("0123456789") == std::string::npos);
+        if (always || marksItem)
+            escaped += '\\';
+        escaped += character;
+    }
+    return escaped;
+}
+
+/// Each line end of the text is one in the document.
+static std::string Markdown(TextView text, std::string const& before)
+{
+    std::string markdown;
+    auto const lines = CleanLines(text);
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        markdown += before + MarkdownEscaped(lines[i])
+            + (i + 1 < lines.size() && !lines[i].empty() && !lines[i + 1].empty() ? "\\\n" : "\n");
+    return markdown + "\n";
+}
+
+static std::string MarkdownHeading(char const* mark, TextView text)
+{
+    auto const lines = CleanLines(text);
+    return std::string(mark) + " " + MarkdownEscaped(lines.empty() ? "" : lines[0]) + "\n\n";
+}
+
+static std::string RenderMarkdown(AnswerDocument const& document)
+{
+    auto markdown = MarkdownHeading("#", document.title);
+    for (auto const& lesson : document.lessons) {
+        markdown += MarkdownHeading("##", lesson.title);
+        for (auto const& each : lesson.questions) {
+            if (each.question.empty() && !each.number.empty())
+                markdown += "### Page " + Clean(each.number) + "\n\n";
+            for (std::size_t i = 0; i < each.question.size(); ++i)
+                markdown += i == 0 ? MarkdownHeading("###", each.question[i])
+                                   : Markdown(each.question[i], "");
+            markdown += Markdown(each.answer, "");
+            for (auto const& paragraph : each.publisher)
+                markdown += Markdown(paragraph, "> ");
+        }
+    }
+    return markdown;
+}
+
+static nlohmann::ordered_json Json(std::vector<Text> const& paragraphs)
+{
+    auto json = nlohmann::ordered_json::array();
+    for (auto const& paragraph : paragraphs)
+        json.push_back(Clean(paragraph));
+    return json;
+}
+
+static std::string RenderJson(AnswerDocument const& document)
+{
+    nlohmann::ordered_json json { { "title", Clean(document.title) },
+        { "lessons", nlohmann::ordered_json::array() } };
+    for (auto const& lesson : document.lessons) {
+        auto questions = nlohmann::ordered_json::array();
+        for (auto const& each : lesson.questions) {
+            nlohmann::ordered_json question { { "answer", Clean(each.answer) } };
+            if (!each.number.empty())
+                question["page"] = Clean(each.number);
+            if (!each.question.empty())
+                question["question"] = Json(each.question);
+            if (!each.publisher.empty())
+                question["publisher"] = Json(each.publisher);
+            questions.push_back(std::move(question));
+        }
+        json["lessons"].push_back(
+            { { "title", Clean(lesson.title) }, { "questions", std::move(questions) } });
+    }
+    return json.dump(2) + "\n";
+}
+
+std::string Render(AnswerDocument const& document, DocumentFormat format)
+{
+    return format == DocumentFormat::Html ? RenderHtml(document)
+        : format == DocumentFormat::Json  ? RenderJson(document)
+                                          : RenderMarkdown(document);
+}

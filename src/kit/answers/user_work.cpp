@@ -1,0 +1,97 @@
+#include "kit/answers/user_work.h"
+
+#include "platform/host/descriptor.h"
+#include "platform/host/folders.h"
+#include "platform/host/sqlite_settings_store.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool IsWork(SettingsStore::Entry const& entry)
+{
+    return Contains(entry.section, u':') && entry.key != u"currentindex";
+}
+
+/// How a message names an answer.
+std::string NameOf(SettingsStore::Entry const& entry)
+{
+    return "the answer " + ToUtf8(entry.section) + ", " + ToUtf8(entry.key);
+}
+
+} // namespace
+
+fs::path NotesFolder(fs::path const& userFolder)
+{
+    return userFolder / "drive_c" / "Program Files" / "Sparrowfield Interactive Software" / "notes";
+}
+
+Outcome<UserWork> LoadUserWork(fs::path const& userFolder)
+{
+    UserWork work;
+    if (fs::exists(userFolder / "settings.db")) {
+        // A damaged one is the program's to set aside, when it starts.
+        using Store = SqliteSettingsStore;
+        Store const store(
+            userFolder / "settings.db", std::chrono::seconds(2), Store::Damaged::Stays);
+        auto entries = store.All();
+        if (!entries)
+            return entries.failure();
+        work.entries = std::move(*entries);
+    }
+    std::error_code missing;
+    for (auto const& file : fs::directory_iterator(NotesFolder(userFolder), missing)) {
+        auto const name = file.path().filename().string();
+        if (!file.is_regular_file() || !IsNoteName(name))
+            continue;
+        auto bytes = ReadWholeFile(file.path());
+        if (!bytes)
+            return bytes.failure();
+        work.notes.emplace(name, std::move(*bytes));
+    }
+    return work;
+}
+
+RestorePlan PlanRestore(UserWork const& present, UserWork const& backup, bool replaces)
+{
+    RestorePlan plan;
+    std::map<std::pair<TextView, TextView>, TextView> there;
+    for (auto const& entry : present.entries)
+        there[{ entry.section, entry.key }] = entry.value;
+    for (auto const& entry : backup.entries) {
+        auto const found = there.find({ entry.section, entry.key });
+        bool const isThere = found != there.end() && !found->second.empty();
+        bool const isSame = found != there.end() && found->second == entry.value;
+        if (!isSame && isThere && IsWork(entry))
+            plan.differing.push_back(NameOf(entry));
+        if (!isSame && (replaces || !isThere))
+            plan.entries.push_back(entry);
+        plan.same += isSame && IsWork(entry) && !entry.value.empty();
+    }
+    for (auto const& [name, bytes] : backup.notes) {
+        auto const found = present.notes.find(name);
+        bool const isThere = found != present.notes.end() && !found->second.empty();
+        bool const isSame = found != present.notes.end() && found->second == bytes;
+        if (!isSame && isThere)
+            plan.differing.push_back("the note " + name);
+        if (!isSame && (replaces || !isThere))
+            plan.notes.emplace(name, bytes);
+        plan.same += isSame;
+    }
+    return plan;
+}
+
+Outcome<Done> Restore(RestorePlan const& plan, fs::path const& userFolder, bool replaces)
+{
+    auto const notes = NotesFolder(userFolder);
+    if (auto const made = MakeFolders(notes); !made)
+        return made.failure();
+    for (auto const& [name, bytes] : plan.notes)
+        if (auto const written
+            = ReplaceFile(notes.string(), name, bytes, FromUtf8((notes / name).string()));
+            !written)
+            return written.failure();
+    SqliteSettingsStore store(userFolder / "settings.db");
+    return store.WriteAll(
+        plan.entries, replaces ? SettingsStore::Existing::Goes : SettingsStore::Existing::Stays);
+}

@@ -1,0 +1,242 @@
+#include "reader/frmBible.h"
+
+#include "base/code_page.h"
+#include "bible/about_line.h"
+#include "bible/book_index.h"
+#include "controls/screen.h"
+#include "platform/settings.h"
+#include "reader/chapter_page.h"
+
+#include <algorithm>
+#include <iterator>
+
+static constexpr TextView settingsSection = u"biblereader";
+
+// What the tree shows of an index: no Bible comes near it. What is left out is found all the same.
+static constexpr std::int64_t mostChapters = 999; // of a book
+static constexpr std::int64_t mostNodes = 20'000;
+
+static Text Capitals(TextView text)
+{
+    Text capitals(text);
+    for (char16_t& character : capitals)
+        character = ToUpper(character);
+    return capitals;
+}
+
+frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, ChapterNotes& notes)
+    : Form(screen, "frmBible", u"Sparrowfield Bible Reader", 8925, 8100)
+    , m_files(files)
+    , m_settings(settings)
+    , m_notes(notes)
+{
+    opensAs = WindowState::Maximised;
+    centred = true;
+    keepsActions = true;
+    // the buttons stand beside each other, and some lines of text below them
+    smallest = { 8500, 5000 };
+    BackColor = Rgb(0, 0, 0);
+    Picture = u":reader";
+    int order = 0;
+    for (Control* control : std::initializer_list<Control*> { &StatusBar1, &ProgressBar1,
+             &XPContainer3, &txtVerse, &cmdOkay, &XPContainer1, &TreeView1, &XPContainer2, &Text1,
+             &XPContainer4, &txtNotes, &cmdPrev, &cmdNext, &cboVersion, &cmdPrint })
+        control->TabIndex = order++;
+    for (XPContainer* panel : { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4 })
+        panel->HeaderLightColor = Rgb(255, 255, 255);
+    StatusBar1.Panel1Width = 1440;
+    ProgressBar1.Visible = false;
+    cmdPrint.Enabled = false;
+    txtVerse.Text = u"John 3:16";
+    txtNotes.MultiLine = true;
+    txtNotes.ScrollBar = true;
+    txtNotes.Locked = true;
+    txtNotes.FontName = u"MS Sans Serif";
+    txtNotes.FontSize = 9.75F;
+    TreeView1.Images = &ImageList1;
+    TreeView1.accessibleName = u"Books and chapters";
+    txtVerse.accessibleName = u"Reference";
+    cboVersion.accessibleName = u"Translation";
+    Text1.accessibleName = u"Bible page";
+    ProgressBar1.accessibleName = u"Progress of the page";
+    TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
+    txtVerse.KeyUp = [this](int keyCode, int) {
+        if (keyCode == 13)
+            cmdOkay_Click();
+    };
+    txtNotes.Change = [this] { txtNotes_Change(); };
+    txtNotes.Typed = [this] { tmrStore.Enabled = true; };
+    tmrStore.Enabled = false;
+    tmrStore.Tick = [this] { tmrStore_Timer(); };
+    cboVersion.Click = [this] { cboVersion_Click(); };
+    cmdOkay.Click = [this] { cmdOkay_Click(); };
+    cmdPrev.Click = [this] { cmdPrev_Click(); };
+    cmdNext.Click = [this] { cmdNext_Click(); };
+    cmdPrint.Click = [this] { cmdPrint_Click(); };
+    mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+}
+
+void frmBible::Form_Load()
+{
+    cmdNext.Enabled = false;
+    cmdPrev.Enabled = false;
+    m_noteFile.reset();
+    // There are two translations; a stored word that names neither counts as the second.
+    translation = ReadSetting(m_settings, settingsSection, u"translation", u"kjv") == u"kjv"
+        ? u"kjv"
+        : u"nasb";
+    LoadBooks();
+    if (!IsToGoOn())
+        return;
+    txtVerse.Text = Text(Trim(ReadSetting(m_settings, settingsSection, u"search", u"John 3:16")));
+    bookName = GetBookName(txtVerse.Text());
+    pagePath = m_files.TemporaryFolder() + u"\\" + m_files.TemporaryName() + u".htm";
+    driveLetter = Text(1, ToUpper(pagePath.front()));
+    EnsureFolder(driveLetter + u":\\Program Files\\Sparrowfield Interactive Software");
+    EnsureFolder(driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes");
+    ShowPage(EmptyPage(m_files.ApplicationFolder()));
+    // Its click brings up the page of the last reference.
+    cboVersion.ListIndex = translation == u"kjv" ? 0 : 1;
+    StatusBar1.Panel1 = Capitals(translation);
+}
+
+void frmBible::Form_Unload()
+{
+    SaveNotes(false);
+    static_cast<void>(m_files.Delete(pagePath));
+}
+
+/// The bytes of a data file. One that is missing comes into being empty, where that can be; one
+/// that can't be read, or is larger than `atMost`, counts as empty.
+std::string frmBible::ReadData(TextView path, std::uint64_t atMost)
+{
+    if (m_files.LookFor(path) == Presence::Absent) {
+        static_cast<void>(m_files.Create(path, {}));
+        return {};
+    }
+    auto bytes = m_files.ReadAll(path, atMost);
+    return bytes ? std::move(*bytes) : std::string();
+}
+
+/// Gives a turn before each line, and ends when the form is to go.
+void frmBible::ForEachIndexLine(std::function<void(TextView line)> const& take)
+{
+    Text const index = FromCodePage(
+        ReadData(m_files.ApplicationFolder() + u"\\bible" + translation + u".idx", largestIndex));
+    TextView rest = index;
+    while (!rest.empty()) {
+        OwnScreen().OwnTurns().Give();
+        if (!IsToGoOn())
+            return;
+        auto line = rest.substr(0, rest.find(u'\n'));
+        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+        if (line.ends_with(u'\r'))
+            line.remove_suffix(1);
+        take(line);
+    }
+}
+
+void frmBible::LoadBooks()
+{
+    TreeView1.Clear();
+    ForEachIndexLine([this](TextView line) {
+        auto const book = ParseIndexLine(line);
+        auto const chapters = book ? ChaptersOf(*book) : std::nullopt;
+        Text const key = book ? ToLower(book->name) : Text();
+        if (!chapters || std::ssize(TreeView1.Nodes()) >= mostNodes || TreeView1.Find(key))
+            return;
+        Node& root = TreeView1.Add(key, book->name);
+        root.SetImage("folder");
+        root.SetSelectedImage("openfolder");
+        auto const nodes
+            = std::min({ *chapters, mostChapters, mostNodes - std::ssize(TreeView1.Nodes()) });
+        for (std::int64_t number = 1; number <= nodes; ++number)
+            TreeView1.Add(root, key + u" " + FromNumber(number), u"Chapter " + FromNumber(number))
+                .SetImage("book");
+    });
+}
+
+int frmBible::FindBook(Text& book)
+{
+    BookSearch search(book);
+    book = ToLower(book);
+    ForEachIndexLine([&](TextView line) { search.Take(line); });
+    if (search.Number() > 0) {
+        book = search.Found().name;
+        chapterCount = search.Found().chapterCount;
+    }
+    return search.Number();
+}
+
+void frmBible::ExpandBookNode(TextView name)
+{
+    Text const wanted = ToLower(name);
+    for (Node& node : TreeView1.Nodes())
+        node.SetExpanded(ToLower(node.Caption()) == wanted);
+}
+
+void frmBible::SetTranslation(TextView identifier)
+{
+    translation = identifier;
+    StatusBar1.Panel1 = Capitals(identifier);
+    StatusBar1.Panel2 = AboutTranslation();
+    WriteSetting(m_settings, settingsSection, u"translation", identifier);
+}
+
+/// What text the disc says it has in the translation's place; empty if it says nothing.
+Text frmBible::AboutTranslation() const
+{
+    auto const bytes
+        = m_files.ReadAll(m_files.ApplicationFolder() + u"\\bible" + translation + u".about");
+    return bytes ? AboutLine(*bytes) : Text();
+}
+
+void frmBible::UpdateChapterButtons()
+{
+    cmdPrev.Enabled = false;
+    cmdNext.Enabled = false;
+    cmdPrev.ToolTipText = u"";
+    cmdNext.ToolTipText = u"";
+    if (chapter.empty())
+        return;
+    auto const present = ToInteger(chapter).value_or(0);
+    auto const count = ToInteger(chapterCount).value_or(0);
+    if (present > 1) {
+        cmdPrev.Enabled = true;
+        cmdPrev.ToolTipText = bookName + u" " + FromNumber(present - 1);
+    }
+    if (present < count) {
+        cmdNext.Enabled = true;
+        cmdNext.ToolTipText = bookName + u" " + FromNumber(present + 1);
+    }
+}
+
+void frmBible::TreeView1_NodeClick(Node& node)
+{
+    txtVerse.Text = Text(node.Key());
+    TreeView1.Select(&node);
+    cmdOkay_Click();
+}
+
+void frmBible::cboVersion_Click()
+{
+    SetTranslation(cboVersion.ListIndex == 0 ? u"kjv" : u"nasb");
+    cmdOkay_Click();
+}
+
+void frmBible::cmdPrev_Click()
+{
+    txtVerse.Text = cmdPrev.ToolTipText();
+    cmdOkay_Click();
+}
+
+void frmBible::cmdNext_Click()
+{
+    txtVerse.Text = cmdNext.ToolTipText();
+    cmdOkay_Click();
+}
+
+void frmBible::mnuFileExit_Click()
+{
+    Unload(*this);
+}

@@ -1,0 +1,185 @@
+// The part of the reader that looks a reference up: the page, and the note that goes with it.
+
+#include "base/code_page.h"
+#include "base/nearest_form.h"
+#include "base/rounding.h"
+#include "bible/book_file.h"
+#include "bible/note_file.h"
+#include "controls/screen.h"
+#include "platform/settings.h"
+#include "reader/chapter_page.h"
+#include "reader/frmBible.h"
+#include "reader/print_wrapped.h"
+
+#include <algorithm>
+
+/// False if the form went, or was closed, in a turn of the work at hand.
+bool frmBible::IsToGoOn() const
+{
+    return IsLoaded() && !IsWishedToClose();
+}
+
+void frmBible::cmdOkay_Click()
+{
+    if (txtVerse.Text().size() < 2)
+        return;
+    SaveNotes(true);
+    txtNotes.Locked = true; // What is typed until the next note is loaded would get into that one.
+    NormaliseBox();
+    auto const wanted = ReadWantedVerses(txtVerse.Text());
+    // A number that can't be read is no reference to any book.
+    Text book = wanted.isReadable ? GetBookName(txtVerse.Text()) : ToLower(txtVerse.Text());
+    int const bookNumber = wanted.isReadable ? FindBook(book) : 0;
+    if (!IsToGoOn())
+        return;
+    ExpandBookNode(book);
+    if (bookNumber == 0) {
+        txtVerse.Text = u"";
+        txtNotes.Locked = !m_noteFile;
+        return;
+    }
+    bookName = book;
+    if (!BuildChapterPage(bookNumber, wanted))
+        return;
+    WriteSetting(m_settings, u"biblereader", u"search", txtVerse.Text());
+    LoadNotes();
+}
+
+void frmBible::NormaliseBox()
+{
+    txtVerse.Text = Text(Trim(txtVerse.Text()));
+    Text text = txtVerse.Text;
+    if (!text.empty())
+        text.front() = ToUpper(text.front());
+    txtVerse.Text = text;
+    ReplaceAll(text, u"  ", u" ");
+    txtVerse.Text = text;
+}
+
+/// Builds and shows the page; false if the form is to go instead.
+bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
+{
+    MousePointer = pointerHourglass;
+    XPContainer2.Caption = bookName;
+    chapter = wanted.chapter;
+    verse = wanted.verse;
+    auto const bookFile = ReadData(m_files.ApplicationFolder() + u"\\" + translation + u"\\"
+            + translation + FromNumber(bookNumber),
+        largestBook);
+    PageListener listener;
+    listener.begin = [this](int lastLine) {
+        ProgressBar1.Min = 0;
+        ProgressBar1.Max = lastLine;
+        ProgressBar1.Value = 0;
+        ProgressBar1.Visible = true;
+    };
+    listener.line = [this](int line) { ProgressBar1.Value = line; };
+    listener.turn = [this] {
+        OwnScreen().OwnTurns().Give();
+        return IsToGoOn();
+    };
+    auto const page = ::BuildChapterPage(
+        bookFile, { m_files.ApplicationFolder(), translation == u"nasb", wanted }, listener);
+    if (page)
+        ShowPage(*page);
+    MousePointer = pointerDefault;
+    ProgressBar1.Visible = false;
+    return page.has_value();
+}
+
+void frmBible::ShowPage(TextView html)
+{
+    auto bytes = ToCodePage(html);
+    auto const& page = bytes ? *bytes : NearestCodePage(html).bytes;
+    auto written = m_files.WriteTemporary(pagePath, page);
+    if (auto const folder = m_files.TemporaryFolder(); !written && !m_files.FolderExists(folder)) {
+        // It couldn't be made when the program started.
+        EnsureFolder(driveLetter + u":");
+        EnsureFolder(folder);
+        written = m_files.WriteTemporary(pagePath, page);
+    }
+    StatusBar1.Panel2
+        = written ? AboutTranslation() : u"The page can't be shown: " + written.failure().Message();
+    if (written)
+        Text1.Navigate(u"file://" + pagePath);
+    UpdateChapterButtons();
+}
+
+/// Creates one level. Where that can't be, the notes fail when they are written.
+void frmBible::EnsureFolder(TextView path)
+{
+    if (!m_files.FolderExists(path))
+        static_cast<void>(m_files.CreateFolder(path));
+}
+
+Text frmBible::NotesFolder() const
+{
+    return driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes\\";
+}
+
+static constexpr TextView noteFails
+    = u"Your note can't be saved now. It is kept, and will be tried again.\r\n\r\n";
+
+void frmBible::SaveNotes(bool tell)
+{
+    tmrStore.Enabled = false;
+    if (!m_noteFile)
+        return;
+    if (auto const failure = m_notes.Leave(txtNotes.Text(), tell))
+        OwnScreen().Message(Text(noteFails) + failure->Message());
+}
+
+/// The user has changed the note a second ago.
+void frmBible::tmrStore_Timer()
+{
+    auto const [isOver, failure]
+        = m_noteFile ? m_notes.KeepTyped(txtNotes.Text()) : TypedOutcome { true, {} };
+    tmrStore.Enabled = !isOver;
+    if (failure)
+        OwnScreen().Message(Text(noteFails) + failure->Message());
+}
+
+void frmBible::LoadNotes()
+{
+    m_noteFile = NoteFile(NotesFolder(), bookName, chapter);
+    txtNotes.Text = u"";
+    cmdPrint.Enabled = false;
+    XPContainer4.Caption = u"Notes for " + bookName + (chapter.empty() ? u"" : u" " + chapter);
+    txtNotes.Locked = !m_noteFile;
+    if (m_noteFile)
+        txtNotes.Text = m_notes.Fill(*m_noteFile);
+    cmdPrint.Enabled = HasNote();
+    if (!m_noteFile)
+        OwnScreen().Message(
+            u"There can be no note on \u201C" + bookName + u"\u201D: a file can't bear that name.");
+}
+
+/// True if there is more in the box than blanks and line ends.
+bool frmBible::HasNote() const
+{
+    return txtNotes.Text().find_first_not_of(u" \r\n") != Text::npos;
+}
+
+void frmBible::txtNotes_Change()
+{
+    cmdPrint.Enabled = HasNote();
+}
+
+void frmBible::cmdPrint_Click()
+{
+    cmdPrint.Enabled = false;
+    MousePointer = pointerHourglass;
+    PrintNotes();
+    MousePointer = pointerDefault;
+    cmdPrint.Enabled = true;
+}
+
+void frmBible::PrintNotes()
+{
+    Printer& printer = OwnScreen().OwnHost().DefaultPrinter();
+    printer.SetFont({ u"Arial", 10, false });
+    auto const rightMargin
+        = RoundToEven(static_cast<double>(printer.ScaleWidth() - txtNotes.Width + 100));
+    PrintWrapped(printer, txtNotes.Text(), 100, static_cast<std::int32_t>(rightMargin));
+    printer.EndDoc();
+}

@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Walks through the desktop program on a screen in memory, with real keys and clicks: the main road, all windows, the Bible reader, the
+# maps, everything once more by what docs/accessibility.md promises, and the installer. Says what it saw, leaves pictures of each screen in build/walk/ with a
+# page index.html that shows them in order, and fails where the program doesn't do what a person expects.
+#   tests/walk/walk.sh DISC_FOLDER [PICTURE_FOLDER [SCREEN...]]
+# SCREEN is a size in pixels, or SIZE@DPI for the accessibility of enlarged windows alone (96 dpi are 100 %); left out: a small screen, a large one, and
+# a large one at 150 %.
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+disc=$(realpath "$1")
+pictures=${2:-$here/../../build/walk}
+screens=("${@:3}")
+[ ${#screens[@]} -gt 0 ] || screens=(1024x768 1920x1080 1920x1080@144)
+mkdir -p "$pictures"
+pictures=$(realpath "$pictures")
+rm -f "$pictures"/*.png "$pictures"/index.html
+
+# Roads wait more than they work, so two are walked at once; the longest begins.
+roads=() sizes=()
+for screen in "${screens[@]}"; do
+    case $screen in
+        *@*) roads+=("access_road ${screen%@*} ${screen#*@}" "setup_road ${screen%@*} ${screen#*@}") ;;
+        *)
+            for road in access_road windows_road lesson_road reader_road maps_road setup_road; do roads+=("$road $screen 96"); done
+            sizes+=("$screen")
+            ;;
+    esac
+done
+# shellcheck disable=SC2016 # The inner shell expands its own parameters.
+printf '%s\n' "${roads[@]}" | xargs -P 2 -I '{}' bash -c '"$0" $1 "${@:2}"' "$here/road.sh" '{}' "$disc" "$pictures"
+[ ${#sizes[@]} -eq 0 ] || /usr/bin/python3 -B "$here/album.py" "$pictures" "${sizes[@]}"
