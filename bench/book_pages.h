@@ -3,7 +3,7 @@
 // folder.
 
 #include "base/turns.h"
-#include "platform/host/host_file_system.h"
+#include "platform/posix/posix_file_system.h"
 #include "reader/chapter_page.h"
 
 #include <cstdio>
@@ -69,5 +69,5 @@ public:
     }
 
 private:
-    HostFileSystem m_files;
+    PosixFileSystem m_files;
 };

@@ -4,7 +4,7 @@
 
 #include "catalogue/frmContents.h"
 #include "headless/headless_host.h"
-#include "platform/host/host_file_system.h"
+#include "platform/posix/posix_file_system.h"
 #include "program/program.h"
 #include "ratios.h"
 
@@ -147,7 +147,7 @@ void ReadHeads(benchmark::State& state)
 }
 
 struct Bench {
-    HostFileSystem files { { "/", fs::absolute("drive_c") } };
+    PosixFileSystem files { { "/", fs::absolute("drive_c") } };
     CountingFiles counting { files };
     HeadlessHost host { files };
     NoSettings settings;
@@ -160,7 +160,7 @@ void LoadCatalogue(benchmark::State& state, Bench& bench)
 {
     for (auto _ : state) {
         bench.program.Start({});
-        bench.program.OwnScreen().CloseAll();
+        bench.program.GetScreen().CloseAll();
     }
 }
 
@@ -177,7 +177,7 @@ int main(int count, char** words)
         WriteStudies(body);
         Bench bench;
         bench.program.Start({});
-        bench.program.OwnScreen().CloseAll();
+        bench.program.GetScreen().CloseAll();
         read[run++] = bench.counting.bytes;
     }
     Bench bench;

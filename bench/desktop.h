@@ -5,11 +5,11 @@
 #include "controls/input.h"
 #include "desktop/desktop_host.h"
 #include "desktop/look.h"
-#include "platform/host/background_writer.h"
-#include "platform/host/host_file_system.h"
-#include "platform/host/host_shell.h"
-#include "platform/host/path_rules.h"
-#include "platform/host/sqlite_settings_store.h"
+#include "platform/posix/background_writer.h"
+#include "platform/posix/path_rules.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_shell.h"
+#include "platform/posix/sqlite_settings_store.h"
 #include "program/program.h"
 
 #include <QAbstractEventDispatcher>
@@ -49,17 +49,17 @@ inline void ServeAll()
 }
 
 struct Bench {
-    HostFileSystem files { { fs::current_path(), fs::absolute("user/drive_c") } };
+    PosixFileSystem files { { fs::current_path(), fs::absolute("user/drive_c") } };
     SqliteSettingsStore settings { fs::absolute("user/settings.db") };
     BackgroundWriter writer;
-    HostShell shell;
+    PosixShell shell;
     DesktopHost host { files, [](TextView path) { return Text(path); } };
     Program program { host, files, settings, writer, shell };
-    Input input { program.OwnScreen() };
+    Input input { program.GetScreen() };
 
     template <class Kind> Kind& Get(char const* form, char const* control)
     {
-        return dynamic_cast<Kind&>(*program.OwnScreen().Find(form)->FindControl(control));
+        return dynamic_cast<Kind&>(*program.GetScreen().Find(form)->FindControl(control));
     }
 };
 
@@ -84,7 +84,7 @@ inline void GoToCatalogue(Bench& bench)
     bench.program.Start({});
     ServeAll();
     auto const leaving = Clock::now();
-    bench.input.KeyPress(*bench.program.OwnScreen().Find("frmSplash"), u' ');
+    bench.input.KeyPress(*bench.program.GetScreen().Find("frmSplash"), u' ');
     ServeAll();
     Print("from the start-up screen to the catalogue", MillisecondsSince(leaving), "ms", 150);
 }

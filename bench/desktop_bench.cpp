@@ -120,7 +120,7 @@ int MeasureUsualLesson()
     auto& tree = bench.Get<TreeView>("frmContents", "TreeView1");
     bench.input.ClickNode(tree, *tree.Find(u"usual-1.dat:1"));
     ServeAll();
-    MeasureResize(*bench.program.OwnScreen().Find("frmMain"));
+    MeasureResize(*bench.program.GetScreen().Find("frmMain"));
     std::fflush(stdout);
     _exit(0);
 }

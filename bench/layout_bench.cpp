@@ -5,9 +5,9 @@
 #include "controls/input.h"
 #include "controls/xp_container.h"
 #include "headless/headless_host.h"
-#include "platform/host/host_file_system.h"
-#include "platform/host/host_shell.h"
-#include "platform/host/sqlite_settings_store.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_shell.h"
+#include "platform/posix/sqlite_settings_store.h"
 #include "program/program.h"
 #include "ratios.h"
 #include "support/pictures.h"
@@ -45,13 +45,13 @@ struct Bench {
         return panels;
     }
 
-    HostFileSystem files { { "/", fs::absolute("user/drive_c") } };
+    PosixFileSystem files { { "/", fs::absolute("user/drive_c") } };
     SqliteSettingsStore settings { fs::absolute("user/settings.db") };
     InlineWriter writer;
-    HostShell shell;
+    PosixShell shell;
     HeadlessHost host;
     Program program { host, files, settings, writer, shell };
-    Screen& screen = program.OwnScreen();
+    Screen& screen = program.GetScreen();
     Input input { screen };
 };
 

@@ -2,7 +2,7 @@
 // A real file in the system's temporary folder for as long as this object lives, and the file
 // system that reads it.
 
-#include "platform/host/host_file_system.h"
+#include "platform/posix/posix_file_system.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -33,5 +33,5 @@ public:
 private:
     std::filesystem::path m_folder;
     std::filesystem::path m_path;
-    HostFileSystem m_files;
+    PosixFileSystem m_files;
 };

@@ -92,7 +92,7 @@ void MeasurePage(Bench& bench)
 
 void MeasureReader(Bench& bench)
 {
-    auto& screen = bench.program.OwnScreen();
+    auto& screen = bench.program.GetScreen();
     Form& reader = *screen.Find("frmBible");
     auto const open
         = [&] { bench.input.Click(bench.Get<MenuEntry>("frmContents", "mnuBibleReader")); };
@@ -119,7 +119,7 @@ void MeasureReader(Bench& bench)
 
 void MeasureMaps(Bench& bench)
 {
-    Form& viewer = *bench.program.OwnScreen().Find("frmMap");
+    Form& viewer = *bench.program.GetScreen().Find("frmMap");
     auto const open = [&](int number) {
         bench.input.Click(bench.Get<MenuEntry>("frmContents", bibleMaps[number - 1].menuEntry));
     };

@@ -4,8 +4,8 @@
 
 #include "base/code_page.h"
 #include "check.h"
-#include "kit/kit_bench.h"
-#include "platform/host/backup_file.h"
+#include "platform/posix/backup_file.h"
+#include "support/test_folder.h"
 
 #include <ctime>
 

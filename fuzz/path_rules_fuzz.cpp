@@ -5,7 +5,7 @@
 #include "bible/note_file.h"
 #include "check.h"
 #include "kit/answers/user_work.h"
-#include "platform/host/path_rules.h"
+#include "platform/posix/path_rules.h"
 
 #include <algorithm>
 

@@ -4,8 +4,8 @@
 // triggers or trees the file brings along.
 
 #include "check.h"
-#include "kit/kit_bench.h"
-#include "platform/host/sqlite_settings_store.h"
+#include "platform/posix/sqlite_settings_store.h"
+#include "support/test_folder.h"
 
 #include <ctime>
 

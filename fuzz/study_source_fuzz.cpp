@@ -2,7 +2,7 @@
 // reads again, lesson by lesson and page by page, the same whether it is scrambled or plain.
 
 #include "check.h"
-#include "kit/kit_bench.h"
+#include "kit/kit_fixtures.h"
 #include "kit/study/study_source.h"
 #include "kit/study/study_writer.h"
 #include "study/lesson_file.h"

@@ -55,8 +55,8 @@ std::string_view BookLines::Without(char character, std::string_view line)
         line.remove_prefix(1);
     if (line.find(character) == line.npos)
         return line;
-    std::string kept(line); // The line may be m_kept itself.
+    std::string kept(line); // The line may be m_remainder itself.
     std::erase(kept, character);
-    m_kept = std::move(kept);
-    return m_kept;
+    m_remainder = std::move(kept);
+    return m_remainder;
 }

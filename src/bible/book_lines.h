@@ -38,7 +38,7 @@ private:
     static void AddBlock(Survey& survey, char const* block);
 
     std::string_view m_rest;
-    std::string m_kept; // what Without left of a line
+    std::string m_remainder; // what Without left of a line
     Survey m_survey;
     int m_index = -1;
 };

@@ -45,7 +45,7 @@ std::optional<Failure> ChapterNotes::ToBeTold(std::optional<Failure> failure, bo
     return isNews && tell ? std::move(failure) : std::nullopt;
 }
 
-TypedOutcome ChapterNotes::KeepTyped(TextView text)
+TypedOutcome ChapterNotes::QueueTyped(TextView text)
 {
     if (!m_writer.IsIdle())
         return { false, {} };

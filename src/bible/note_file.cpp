@@ -1,7 +1,7 @@
 #include "bible/note_file.h"
 
 #include "base/code_page.h"
-#include "base/nearest_form.h"
+#include "base/nearest_code_page.h"
 
 #include <algorithm>
 
@@ -56,7 +56,7 @@ Outcome<Text> ReadNote(FileSystem const& files, Text const& path)
         if (!exact)
             return exact.failure();
         Text text = FromUtf8(*exact);
-        if (NearestCodePage(text).bytes == *bytes)
+        if (ToNearestCodePage(text).bytes == *bytes)
             return text;
     }
     return FromCodePage(*bytes);
@@ -85,7 +85,7 @@ static std::optional<Failure> Promote(FileSystem& files, Text const& path)
     auto const bytes = files.ReadAll(path);
     if (!bytes)
         return bytes.failure();
-    bool const isPresent = NearestCodePage(FromUtf8(*next)).bytes == *bytes;
+    bool const isPresent = ToNearestCodePage(FromUtf8(*next)).bytes == *bytes;
     return isPresent ? FailureOf(files.Write(Exact(path), *next)) : std::nullopt;
 }
 
@@ -114,7 +114,7 @@ std::optional<Failure> WriteNote(FileSystem& files, Text const& path, TextView t
     if (!failure)
         failure = FailureOf(files.Write(Next(path), exact));
     if (!failure)
-        failure = FailureOf(files.Write(path, NearestCodePage(text).bytes));
+        failure = FailureOf(files.Write(path, ToNearestCodePage(text).bytes));
     if (!failure)
         failure = FailureOf(files.Write(Exact(path), exact));
     return failure ? failure : Drop(files, Next(path));
@@ -135,7 +135,7 @@ void RestoreNote(FileSystem& files, Text const& path, TextView text)
     if (presence == Presence::Unknown)
         return;
     auto const plain = ToCodePage(text);
-    auto const bytes = plain ? *plain : NearestCodePage(text).bytes;
+    auto const bytes = plain ? *plain : ToNearestCodePage(text).bytes;
     if (presence == Presence::Absent) {
         MakeFolders(files, path);
         auto const made = files.Create(path, bytes);

@@ -9,12 +9,12 @@
 static constexpr Colour titleBlue = Rgb(0, 0, 192);
 
 frmContents::frmContents(Screen& screen, FileSystem& files, SettingsStore& settings,
-    class frmMain& lesson, ReferenceForms const& reference)
+    frmMain& lesson, ReferenceForms const& reference)
     : Form(screen, "frmContents", u"Sparrowfield Interactive Bible Studies", 11085, 8190)
     , m_files(files)
     , m_settings(settings)
-    , frmMain(lesson)
-    , frmWelcome(reference.welcome)
+    , m_lesson(lesson)
+    , m_welcome(reference.welcome)
     , m_referenceMenus(*this, ReferenceScreen::Catalogue, reference)
     , File1(*this, "File1", u"*-1.dat", [this](TextView pattern) { return m_files.List(pattern); })
 {
@@ -78,7 +78,7 @@ void frmContents::Form_Resize()
 {
     if (WindowState == WindowState::Minimised)
         return;
-    KeepWithinLimits();
+    ClampSize();
     Image2.Left = ScaleWidth - Image2.Width - 15 - 600;
     XPContainer1.Width = Width - 2 * XPContainer1.Left;
     XPContainer1.Height = Height - StatusBar1.Height - XPContainer1.Top - 1100;
@@ -102,11 +102,11 @@ void frmContents::Form_Resize()
 }
 
 /// The height of the screen comes first, so the smallest size has the last word.
-void frmContents::KeepWithinLimits()
+void frmContents::ClampSize()
 {
     if (WindowState == WindowState::Maximised)
         return;
-    float const screenHeight = OwnScreen().OwnHost().ScreenSize().height;
+    float const screenHeight = GetScreen().GetHost().ScreenSize().height;
     if (Height > screenHeight)
         Height = screenHeight;
     if (Height < smallest.height)
@@ -143,20 +143,20 @@ void frmContents::OpenLesson(TextView studyKey)
 {
     Text const key(studyKey); // The node goes with this form, which the lesson unloads.
     if (ReadSetting(m_settings, u"Parameters", u"showhelp", u"true") == u"true" && !welcomeShown) {
-        Unload(frmWelcome); // A window that is open already can't be shown modally.
-        frmWelcome.ShowModal();
+        Unload(m_welcome); // A window that is open already can't be shown modally.
+        m_welcome.ShowModal();
         welcomeShown = true;
         if (!IsLoaded())
             return; // The program came to its end meanwhile.
     }
-    frmMain.SetStudy(key);
-    frmMain.Show();
-    if (frmMain.IsLoaded())
+    m_lesson.SetStudy(key);
+    m_lesson.Show();
+    if (m_lesson.IsLoaded())
         Unload(*this);
 }
 
 void frmContents::mnuFileExit_Click()
 {
-    Unload(frmMain);
+    Unload(m_lesson);
     Unload(*this);
 }

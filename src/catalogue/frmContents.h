@@ -11,10 +11,10 @@
 #include "controls/text_box.h"
 #include "controls/tree_view.h"
 #include "controls/xp_container.h"
+#include "dialogs/reference_menus.h"
 #include "lesson/frmMain.h"
 #include "platform/file_system.h"
 #include "platform/settings_store.h"
-#include "shell/reference_menus.h"
 
 class frmContents final : public Form {
 public:
@@ -25,7 +25,7 @@ public:
 private:
     void Form_Load() override;
     void Form_Resize() override;
-    void KeepWithinLimits();
+    void ClampSize();
     void TreeView1_NodeClick(Node& node);
     void mnuFileExit_Click();
     void ShowDescription(Node const& study);
@@ -33,8 +33,8 @@ private:
 
     FileSystem& m_files;
     SettingsStore& m_settings;
-    class frmMain& frmMain;
-    Form& frmWelcome;
+    frmMain& m_lesson;
+    Form& m_welcome;
     bool welcomeShown = false; // on the way into a lesson, in this run of the program
 
     Menu mnuFile { *this, "mnuFile", u"&File" };

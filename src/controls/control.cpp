@@ -12,9 +12,9 @@ PropertyBase::PropertyBase(Control& owner, char const* name)
 
 void PropertyBase::Tell(bool changed)
 {
-    Form& form = m_owner.OwnForm();
+    Form& form = m_owner.ParentForm();
     if (form.IsLoaded())
-        form.OwnScreen().OwnHost().Assigned(m_owner, *this);
+        form.GetScreen().GetHost().Assigned(m_owner, *this);
     m_owner.Assigned(*this, changed);
 }
 
@@ -24,7 +24,7 @@ Control::Control(Form& form, Control& container, char const* name, Bounds bounds
     m_form = &form;
     m_container = &container;
     form.m_controls.push_back(this);
-    TabIndex.Keep(static_cast<int>(form.m_controls.size()));
+    TabIndex.AssignSilently(static_cast<int>(form.m_controls.size()));
 }
 
 Control::Control(char const* name, Bounds bounds)
@@ -53,7 +53,7 @@ PropertyBase* Control::FindProperty(std::string_view name) const
 
 void Control::SetFocus()
 {
-    m_form->OwnScreen().SetFocus(*this);
+    m_form->GetScreen().SetFocus(*this);
 }
 
 bool Control::IsShown() const
@@ -78,10 +78,10 @@ void Control::Reset()
         property->RestoreDesign();
 }
 
-void Control::KeepDesign()
+void Control::SaveDesign()
 {
     for (PropertyBase* property : m_properties)
-        property->KeepDesign();
+        property->SaveDesign();
 }
 
 float Control::TwipsPerUnit() const
@@ -94,13 +94,13 @@ void Control::Assigned(PropertyBase const&, bool) { }
 void Control::ContentChanged()
 {
     if (m_form->IsLoaded())
-        m_form->OwnScreen().OwnHost().ContentChanged(*this);
+        m_form->GetScreen().GetHost().ContentChanged(*this);
 }
 
 void Control::RunHandler(std::function<void()> const& work)
 {
     if (m_form->IsLoaded())
-        m_form->OwnScreen().RunHandler(*m_form, work);
+        m_form->GetScreen().RunHandler(*m_form, work);
 }
 
 TextControl::TextControl(Form& form, Control& container, char const* name, Bounds bounds)

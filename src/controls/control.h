@@ -61,7 +61,7 @@ public:
     /// The name of the control's kind, such as "RichTextBox".
     virtual char const* Kind() const = 0;
     char const* Name() const { return m_name; }
-    Form& OwnForm() const { return *m_form; }
+    Form& ParentForm() const { return *m_form; }
     /// Nothing for a form itself.
     Control* Container() const { return m_container; }
 
@@ -83,7 +83,7 @@ public:
     /// Returns to the design state, without events.
     virtual void Reset();
     /// Takes the present state as the design state.
-    virtual void KeepDesign();
+    virtual void SaveDesign();
     /// The client area of the form has this size now, in the form's scale: for controls that are
     /// docked.
     virtual void FormResized(Size) { }

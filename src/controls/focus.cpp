@@ -70,7 +70,7 @@ void Screen::ResumeFocus()
 
 void Screen::SetFocus(Control& control)
 {
-    Form& form = control.OwnForm();
+    Form& form = control.ParentForm();
     if (!CanTake(control) || form.m_focus == &control)
         return;
     MoveFocus(form, &control);
@@ -97,7 +97,7 @@ void Screen::MoveFocus(Form& form, Control* control)
 
 bool Screen::CanTake(Control const& control) const
 {
-    return control.CanFocus() && control.OwnForm().IsLoaded() && control.IsShown()
+    return control.CanFocus() && control.ParentForm().IsLoaded() && control.IsShown()
         && control.IsUsable();
 }
 

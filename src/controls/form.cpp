@@ -18,13 +18,13 @@ Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth
     , ScaleWidth(*this, "ScaleWidth",
           [](Control const& control) {
               auto const& form = static_cast<Form const&>(control);
-              auto const frame = form.m_screen.OwnHost().FrameSize(form);
+              auto const frame = form.m_screen.GetHost().FrameSize(form);
               return std::max(0.0F, form.Width - frame.width) / form.TwipsPerUnit();
           })
     , ScaleHeight(*this, "ScaleHeight",
           [](Control const& control) {
               auto const& form = static_cast<Form const&>(control);
-              auto const frame = form.m_screen.OwnHost().FrameSize(form);
+              auto const frame = form.m_screen.GetHost().FrameSize(form);
               return std::max(0.0F, form.Height - frame.height) / form.TwipsPerUnit();
           })
     , scale(scaleMode)
@@ -32,7 +32,7 @@ Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth
     , m_designClient { clientWidth * Form::TwipsPerUnit(), clientHeight * Form::TwipsPerUnit() }
 {
     m_form = this;
-    Visible.Keep(false);
+    Visible.AssignSilently(false);
     screen.Made(*this);
 }
 
@@ -75,23 +75,23 @@ void Form::Reset()
         control->Reset();
 }
 
-void Form::KeepDesign()
+void Form::SaveDesign()
 {
-    Control::KeepDesign();
+    Control::SaveDesign();
     for (Control* control : m_controls)
-        control->KeepDesign();
+        control->SaveDesign();
 }
 
 void Form::PlaceAtLoad()
 {
-    auto const frame = m_screen.OwnHost().FrameSize(*this);
-    auto const whole = m_screen.OwnHost().ScreenSize();
+    auto const frame = m_screen.GetHost().FrameSize(*this);
+    auto const whole = m_screen.GetHost().ScreenSize();
     m_normal = { m_designClient.width + frame.width, m_designClient.height + frame.height };
     auto const size = opensAs == WindowState::Maximised ? whole : m_normal;
-    WindowState.Keep(opensAs);
+    WindowState.AssignSilently(opensAs);
     m_openState = opensAs;
-    Width.Keep(size.width);
-    Height.Keep(size.height);
+    Width.AssignSilently(size.width);
+    Height.AssignSilently(size.height);
     if (centred && opensAs == WindowState::Normal)
         Centre();
     DockControls();
@@ -106,9 +106,9 @@ void Form::DockControls()
 
 void Form::Centre()
 {
-    auto const whole = m_screen.OwnHost().ScreenSize();
-    Left.Keep(std::max(0.0F, (whole.width - m_normal.width) / 2));
-    Top.Keep(std::max(0.0F, (whole.height - m_normal.height) / 2));
+    auto const whole = m_screen.GetHost().ScreenSize();
+    Left.AssignSilently(std::max(0.0F, (whole.width - m_normal.width) / 2));
+    Top.AssignSilently(std::max(0.0F, (whole.height - m_normal.height) / 2));
 }
 
 void Form::Assigned(PropertyBase const& property, bool changed)
@@ -118,10 +118,10 @@ void Form::Assigned(PropertyBase const& property, bool changed)
     if (&property == &WindowState) {
         auto const state = WindowState();
         auto const size
-            = state == WindowState::Maximised ? m_screen.OwnHost().ScreenSize() : m_normal;
+            = state == WindowState::Maximised ? m_screen.GetHost().ScreenSize() : m_normal;
         if (state != WindowState::Minimised) {
-            Width.Keep(size.width);
-            Height.Keep(size.height);
+            Width.AssignSilently(size.width);
+            Height.AssignSilently(size.height);
         }
         bool const wasMaximised = m_openState == WindowState::Maximised;
         if (state == WindowState::Normal && wasMaximised && centred
@@ -138,9 +138,9 @@ void Form::Resized(float width, float height, ::WindowState state)
     bool const isSame = width == Width && height == Height && state == WindowState();
     if (isSame && m_client.width == ScaleWidth && m_client.height == ScaleHeight)
         return;
-    Width.Keep(width);
-    Height.Keep(height);
-    WindowState.Keep(state);
+    Width.AssignSilently(width);
+    Height.AssignSilently(height);
+    WindowState.AssignSilently(state);
     RunResize();
 }
 
@@ -174,10 +174,10 @@ void Form::RaiseKeyPress(char16_t character)
     m_screen.RunHandler(*this, [this, character] { Form_KeyPress(character); });
 }
 
-void Form::WishToClose()
+void Form::RequestClose()
 {
-    m_kept.clear();
-    m_wishedToClose = true;
+    m_queuedActions.clear();
+    m_closeRequested = true;
 }
 
 void Form::RunKept()
@@ -186,9 +186,9 @@ void Form::RunKept()
     if (m_runningKept)
         return;
     m_runningKept = true;
-    while (m_loaded && !IsBusy() && !m_kept.empty()) {
-        auto const action = std::move(m_kept.front());
-        m_kept.pop_front();
+    while (m_loaded && !IsBusy() && !m_queuedActions.empty()) {
+        auto const action = std::move(m_queuedActions.front());
+        m_queuedActions.pop_front();
         action();
     }
     m_runningKept = false;

@@ -31,7 +31,7 @@ public:
         ScaleMode scale = ScaleMode::Twips);
 
     char const* Kind() const override { return "Form"; }
-    Screen& OwnScreen() const { return m_screen; }
+    Screen& GetScreen() const { return m_screen; }
 
     /// Shows the form beside the others and activates it; loads it first if it isn't loaded.
     void Show();
@@ -48,11 +48,11 @@ public:
 
     /// Keeps an action that came while the form was busy; it runs when the form is free, behind
     /// those kept before.
-    void Keep(std::function<void()> action) { m_kept.push_back(std::move(action)); }
+    void QueueAction(std::function<void()> action) { m_queuedActions.push_back(std::move(action)); }
     /// The user closed the form while it was busy: nothing that was kept before counts any more.
-    void WishToClose();
+    void RequestClose();
     /// True from then until the form is free, and goes. Long work should end.
-    bool IsWishedToClose() const { return m_wishedToClose; }
+    bool IsCloseRequested() const { return m_closeRequested; }
 
     /// The controls in the order of their making.
     std::vector<Control*> const& Controls() const { return m_controls; }
@@ -87,7 +87,7 @@ public:
     ComputedProperty<float> ScaleWidth, ScaleHeight;
 
     void Reset() override;
-    void KeepDesign() override;
+    void SaveDesign() override;
 
 protected:
     virtual void Form_Load() { }
@@ -111,7 +111,7 @@ public:
     char const* icon = "icon"; ///< of the program's own pictures
     /// what the user does while a handler is inside a turn waits for the handler's end; else it is
     /// dropped
-    bool keepsActions = false;
+    bool queuesActions = false;
     /// outer, in twips, below which the user can't drag a window that isn't maximised; 0 for no
     /// limit
     Size smallest;
@@ -143,9 +143,9 @@ private:
     bool m_cameUp = false; // has been visible since it was loaded
     bool m_resizing = false; // Form_Resize is running
     int m_handlers = 0;
-    std::deque<std::function<void()>> m_kept;
+    std::deque<std::function<void()>> m_queuedActions;
     bool m_runningKept = false;
-    bool m_wishedToClose = false;
+    bool m_closeRequested = false;
 };
 
 /// Loads a form without showing it: its controls return to their design state, then Form_Load runs.

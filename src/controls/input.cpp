@@ -30,7 +30,7 @@ Refusal Input::Blocked(Form const& form) const
 
 Refusal Input::Blocked(Control const& control) const
 {
-    Form const& form = control.OwnForm();
+    Form const& form = control.ParentForm();
     if (auto refusal = Blocked(form); !refusal.empty())
         return refusal;
     auto const whole = std::string(form.Name()) + "." + control.Name();
@@ -67,9 +67,9 @@ Refusal Input::Click(Control& control)
 {
     bool const passesOn = IsGround(control) || (!control.Enabled && PassesClickOn(control));
     if (passesOn && control.IsShown())
-        return Click(control.OwnForm());
+        return Click(control.ParentForm());
     if (auto const* entry = dynamic_cast<MenuEntry const*>(&control); entry && entry->IsSeparator())
-        return std::string(control.OwnForm().Name()) + "." + control.Name() + " is a separator";
+        return std::string(control.ParentForm().Name()) + "." + control.Name() + " is a separator";
     return Act(control, control.TakesFocusByClick(), [&control] {
         if (auto* const box = dynamic_cast<CheckBox*>(&control))
             box->Value = 1 - box->Value;
@@ -83,7 +83,7 @@ Refusal Input::Focus(Control& control)
     if (auto refusal = Blocked(control); !refusal.empty())
         return refusal;
     if (!control.CanFocus())
-        return std::string(control.OwnForm().Name()) + "." + control.Name()
+        return std::string(control.ParentForm().Name()) + "." + control.Name()
             + " can't hold the focus";
     return Act(control, true, [] {});
 }
@@ -110,7 +110,7 @@ Refusal Input::Edit(TextInput& box, Text text, int start, int length)
     if (auto refusal = Blocked(box); !refusal.empty())
         return refusal;
     if (box.IsReadOnly())
-        return std::string(box.OwnForm().Name()) + "." + box.Name() + " is read-only";
+        return std::string(box.ParentForm().Name()) + "." + box.Name() + " is read-only";
     return Act(box, true, [&box, text = std::move(text), start, length] {
         if (box.Edited(text, start, length))
             box.Raise(box.Typed);
@@ -165,9 +165,9 @@ Refusal Input::KeyDown(Control& control, int keyCode, int shift)
 
 Refusal Input::KeyPress(Control& control, char16_t character)
 {
-    if (&control == &control.OwnForm())
-        return Act(control.OwnForm(),
-            [&control, character] { control.OwnForm().RaiseKeyPress(character); });
+    if (&control == &control.ParentForm())
+        return Act(control.ParentForm(),
+            [&control, character] { control.ParentForm().RaiseKeyPress(character); });
     return Act(
         control, false, [&control, character] { control.Raise(control.KeyPress, character); });
 }
@@ -228,7 +228,7 @@ Refusal Input::ChangeState(Form& form, WindowState state)
 
 Refusal Input::Close(Form& form)
 {
-    if (form.keepsActions && form.IsBusy() && Blocked(form).empty())
-        form.WishToClose();
+    if (form.queuesActions && form.IsBusy() && Blocked(form).empty())
+        form.RequestClose();
     return Act(form, [&form] { Unload(form); });
 }

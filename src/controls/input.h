@@ -97,8 +97,8 @@ template <class Action> Refusal Input::Act(Form& form, Action action)
     if (auto refusal = Blocked(form); !refusal.empty())
         return refusal;
     if (form.IsBusy()) {
-        if (form.keepsActions)
-            form.Keep([this, &form, action] { Act(form, action); });
+        if (form.queuesActions)
+            form.QueueAction([this, &form, action] { Act(form, action); });
         return {};
     }
     m_screen.Activate(form);
@@ -114,7 +114,7 @@ template <class Action> Refusal Input::Act(Control& control, bool focusFirst, Ac
 {
     if (auto refusal = Blocked(control); !refusal.empty())
         return refusal;
-    return Act(control.OwnForm(), [this, &control, focusFirst, action] {
+    return Act(control.ParentForm(), [this, &control, focusFirst, action] {
         if (focusFirst)
             control.SetFocus();
         if (Blocked(control).empty())

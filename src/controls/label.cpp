@@ -21,7 +21,7 @@ void Label::Assigned(PropertyBase const& property, bool)
         return;
     Font const font { FontName, FontSize, FontBold };
     auto const size
-        = OwnForm().OwnScreen().OwnHost().MeasureText(font, Caption, WordWrap ? Width() : 0);
+        = ParentForm().GetScreen().GetHost().MeasureText(font, Caption, WordWrap ? Width() : 0);
     Height = size.height;
     if (!WordWrap)
         Width = size.width;

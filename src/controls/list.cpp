@@ -31,11 +31,11 @@ FileListBox::FileListBox(Form& form, char const* name, TextView pattern,
     , List(*this, "List")
     , m_list(std::move(list))
 {
-    Visible.Keep(false);
+    Visible.AssignSilently(false);
 }
 
 void FileListBox::Reset()
 {
     Control::Reset();
-    List.Keep(m_list(Pattern));
+    List.AssignSilently(m_list(Pattern));
 }

@@ -11,7 +11,7 @@ WebBrowser::WebBrowser(Form& form, Control& container, char const* name, Bounds 
 void WebBrowser::Navigate(TextView url)
 {
     Url = ::Text(url);
-    OwnForm().OwnScreen().OwnHost().Navigate(*this, url);
+    ParentForm().GetScreen().GetHost().Navigate(*this, url);
 }
 
 WindowsMediaPlayer::WindowsMediaPlayer(

@@ -63,7 +63,7 @@ private:
         if (tag.id == TagId::Anchor)
             return TakeAnchor(at, tag);
         if (tag.id == TagId::Break)
-            return Keep(at, tag);
+            return CopyTag(at, tag);
         // The deepest level is the paragraphs' own: text that is deep in other tags still has its
         // paragraphs.
         bool const isParagraph = tag.id == TagId::Paragraph;
@@ -72,7 +72,7 @@ private:
         if (m_depth >= (isParagraph ? deepest : deepest - 1))
             return Replace(at, tag.end);
         m_open[m_depth++] = tag.id;
-        return tag.id == TagId::Font ? TakeFont(at, tag) : Keep(at, tag);
+        return tag.id == TagId::Font ? TakeFont(at, tag) : CopyTag(at, tag);
     }
 
     /// Each name would cost time in proportion to the names before it.
@@ -95,7 +95,7 @@ private:
 
     std::size_t TakeEnd(std::size_t at, Tag const& tag)
     {
-        return Close(tag.id) ? Keep(at, tag) : Replace(at, tag.end);
+        return Close(tag.id) ? CopyTag(at, tag) : Replace(at, tag.end);
     }
 
     /// Closes the tag that was opened last under this name, and what was opened within; false if
@@ -144,7 +144,7 @@ private:
     }
 
     /// A tag without attributes. What needn't be written anew goes with the text around it.
-    std::size_t Keep(std::size_t at, Tag const& tag)
+    std::size_t CopyTag(std::size_t at, Tag const& tag)
     {
         return tag.isPlain ? tag.end : Rewrite(at, tag);
     }

@@ -32,7 +32,7 @@ void PictureBox::Assigned(PropertyBase const& property, bool)
 {
     if (!AutoSize || &property != &Picture)
         return;
-    auto const pixels = OwnForm().OwnScreen().OwnHost().PictureSize(Picture);
+    auto const pixels = ParentForm().GetScreen().GetHost().PictureSize(Picture);
     float const unitsPerPixel = 15 / Container()->TwipsPerUnit();
     Width = pixels ? pixels->width * unitsPerPixel : 0;
     Height = pixels ? pixels->height * unitsPerPixel : 0;
@@ -42,5 +42,5 @@ ImageList::ImageList(Form& form, char const* name, std::initializer_list<Entry> 
     : Control(form, form, name, {})
     , m_entries(entries)
 {
-    Visible.Keep(false);
+    Visible.AssignSilently(false);
 }

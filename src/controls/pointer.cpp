@@ -40,12 +40,12 @@ Refusal Input::Mouse(Control& control, MouseAction action, float x, float y)
 
 Refusal Input::Fire(Timer& timer)
 {
-    std::string const name = std::string(timer.OwnForm().Name()) + "." + timer.Name();
-    if (!timer.OwnForm().IsLoaded())
-        return std::string(timer.OwnForm().Name()) + " isn't loaded";
+    std::string const name = std::string(timer.ParentForm().Name()) + "." + timer.Name();
+    if (!timer.ParentForm().IsLoaded())
+        return std::string(timer.ParentForm().Name()) + " isn't loaded";
     if (!timer.Enabled || timer.Interval <= 0)
         return name + " is off";
-    if (timer.OwnForm().IsBusy())
+    if (timer.ParentForm().IsBusy())
         return {};
     timer.Fire();
     ReportRestingPointer();

@@ -28,7 +28,7 @@ public:
 
     /// Keeps the present value as the design value, to which RestoreDesign returns without telling
     /// anyone.
-    virtual void KeepDesign() = 0;
+    virtual void SaveDesign() = 0;
     virtual void RestoreDesign() = 0;
 
 protected:
@@ -69,7 +69,7 @@ public:
     T const& operator()() const { return m_value; }
 
     /// Changes the value without telling the control: for what the control itself keeps in step.
-    void Keep(T value) { m_value = std::move(value); }
+    void AssignSilently(T value) { m_value = std::move(value); }
     /// The value itself, for a control that changes a part of it and tells the host on its own.
     T& Part() { return m_value; }
 
@@ -81,7 +81,7 @@ public:
             *this = *std::move(converted);
         return converted.has_value();
     }
-    void KeepDesign() override { m_design = m_value; }
+    void SaveDesign() override { m_design = m_value; }
     void RestoreDesign() override { m_value = m_design; }
 
 private:
@@ -105,7 +105,7 @@ public:
 
     Value Get() const override { return ToValue(m_compute(m_owner)); }
     bool Set(Value const&) override { return false; }
-    void KeepDesign() override { }
+    void SaveDesign() override { }
     void RestoreDesign() override { }
 
 private:

@@ -33,12 +33,12 @@ void RichTextBox::StartAnew()
     m_paragraphs = { { 0, {} } };
     ++m_revision;
     ++m_generation;
-    TopOffset.Keep(0);
-    SelStart.Keep(0);
-    SelLength.Keep(0);
-    SelBold.Keep(FontBold);
-    SelFontSize.Keep(FontSize);
-    SelCharOffset.Keep(0);
+    TopOffset.AssignSilently(0);
+    SelStart.AssignSilently(0);
+    SelLength.AssignSilently(0);
+    SelBold.AssignSilently(FontBold);
+    SelFontSize.AssignSilently(FontSize);
+    SelCharOffset.AssignSilently(0);
     if (!Text().empty()) {
         m_runs.push_back({ 0, WantedFormat() });
         SpliceParagraphs(0, 0, Text);
@@ -55,8 +55,8 @@ void RichTextBox::ReplaceSelection(TextView text)
         Append(inserted);
     else
         Splice(start, length, inserted);
-    SelStart.Keep(start + static_cast<int>(inserted.size()));
-    SelLength.Keep(0);
+    SelStart.AssignSilently(start + static_cast<int>(inserted.size()));
+    SelLength.AssignSilently(0);
     ContentChanged();
     Raise(Change);
 }
@@ -219,14 +219,14 @@ void RichTextBox::CaretPlaced()
 {
     if (!m_runs.empty()) {
         auto const& format = m_runs[RunAt(std::max(0, SelStart - 1))].format;
-        SelBold.Keep(format.bold);
-        SelFontSize.Keep(format.size);
-        SelCharOffset.Keep(format.raise);
+        SelBold.AssignSilently(format.bold);
+        SelFontSize.AssignSilently(format.size);
+        SelCharOffset.AssignSilently(format.raise);
     }
     auto const& format = m_paragraphs[ParagraphAt(SelStart)].format;
-    SelIndent.Keep(format.left);
-    SelRightIndent.Keep(format.right);
-    SelHangingIndent.Keep(format.hanging);
+    SelIndent.AssignSilently(format.left);
+    SelRightIndent.AssignSilently(format.right);
+    SelHangingIndent.AssignSilently(format.hanging);
 }
 
 void RichTextBox::Assigned(PropertyBase const& property, bool changed)

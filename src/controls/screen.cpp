@@ -78,10 +78,10 @@ void Screen::TellOfFailure()
     m_handlerFailed = false; // It is told once.
 }
 
-void Screen::KeepDesigns()
+void Screen::SaveDesigns()
 {
     for (Form* form : m_made) {
-        form->KeepDesign();
+        form->SaveDesign();
         form->m_designKept = true;
     }
 }
@@ -95,7 +95,7 @@ void Screen::Load(Form& form)
     form.m_cameUp = false;
     form.m_focus = nullptr;
     if (!form.m_designKept)
-        form.KeepDesign();
+        form.SaveDesign();
     form.m_designKept = true;
     form.Reset();
     form.PlaceAtLoad();
@@ -190,9 +190,9 @@ void Screen::Unload(Form& form)
     Try([&form] { form.Form_Unload(); });
     form.m_loaded = false;
     form.m_unloading = false;
-    form.m_kept.clear();
-    form.m_wishedToClose = false;
-    form.Visible.Keep(false);
+    form.m_queuedActions.clear();
+    form.m_closeRequested = false;
+    form.Visible.AssignSilently(false);
     Remove(m_loaded, form);
     Remove(m_order, form);
     Remove(m_modal, form);
@@ -220,10 +220,10 @@ void Screen::Message(TextView text)
 
 void Load(Form& form)
 {
-    form.OwnScreen().Load(form);
+    form.GetScreen().Load(form);
 }
 
 void Unload(Form& form)
 {
-    form.OwnScreen().Unload(form);
+    form.GetScreen().Unload(form);
 }

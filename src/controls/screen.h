@@ -16,8 +16,8 @@ public:
     Screen(Screen const&) = delete;
     Screen& operator=(Screen const&) = delete;
 
-    Host& OwnHost() const { return m_host; }
-    Turns& OwnTurns() const { return m_host.turns; }
+    Host& GetHost() const { return m_host; }
+    Turns& GetTurns() const { return m_host.turns; }
 
     /// The loaded forms, in the order of their loading.
     std::vector<Form*> const& Loaded() const { return m_loaded; }
@@ -30,7 +30,7 @@ public:
 
     /// Takes the present state of all forms as their design: once, when all are made and before the
     /// first is loaded.
-    void KeepDesigns();
+    void SaveDesigns();
 
     void Load(Form& form);
     /// Makes the form visible and active; one that is minimised returns to the state that it had

@@ -29,16 +29,17 @@ TextInput::TextInput(Form& form, Control& container, char const* name, Bounds bo
 void TextInput::Assigned(PropertyBase const& property, bool)
 {
     if (&property == &SelStart) {
-        SelLength.Keep(0);
+        SelLength.AssignSilently(0);
         CaretPlaced();
     }
 }
 
 void TextInput::Selected(int start, int length)
 {
-    SelStart.Keep(Within(CurrentText(), start));
+    SelStart.AssignSilently(Within(CurrentText(), start));
     int const room = static_cast<int>(CurrentText().size()) - SelStart;
-    SelLength.Keep(Within(CurrentText(), SelStart + std::clamp(length, 0, room)) - SelStart);
+    SelLength.AssignSilently(
+        Within(CurrentText(), SelStart + std::clamp(length, 0, room)) - SelStart);
     CaretPlaced();
 }
 
@@ -67,7 +68,7 @@ bool TextBox::Edited(::Text text, int start, int length)
 {
     text = WithLineEnds(text);
     bool const changed = text != Text();
-    Text.Keep(std::move(text));
+    Text.AssignSilently(std::move(text));
     Selected(start, length);
     ContentChanged();
     if (changed)

@@ -6,7 +6,7 @@ Timer::Timer(Form& form, char const* name, int interval)
     : Control(form, form, name, {})
     , Interval(*this, "Interval", interval)
 {
-    Visible.Keep(false);
+    Visible.AssignSilently(false);
 }
 
 void Timer::Fire()

@@ -34,7 +34,7 @@ Node::Further& Node::TakeFurther()
 
 void Node::SetTag(TextView tag)
 {
-    TakeFurther().tag = m_tree.Keep(tag);
+    TakeFurther().tag = m_tree.Intern(tag);
 }
 
 void Node::SetImage(NodeImage image)
@@ -93,7 +93,7 @@ char16_t* TreeView::TakeRoom(std::size_t size)
     return start;
 }
 
-TextView TreeView::Keep(TextView text)
+TextView TreeView::Intern(TextView text)
 {
     if (text.empty())
         return {};

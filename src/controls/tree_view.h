@@ -256,7 +256,7 @@ private:
     }
     /// Room for so many characters, until the tree is cleared.
     char16_t* TakeRoom(std::size_t size);
-    TextView Keep(TextView text);
+    TextView Intern(TextView text);
 
     KeptBlocks m_blocks;
     std::unique_ptr<Content> m_content = std::make_unique<Content>(m_blocks);

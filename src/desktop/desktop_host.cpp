@@ -16,11 +16,11 @@
 static constexpr Turns::Count turnsBetween = 256;
 
 DesktopHost::DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf)
-    : m_desk(files)
+    : m_context(files)
     , m_printer([this](Text const& message) { MessageBox(message, u"Sparrowfield"); })
 {
-    m_desk.placeOf = std::move(placeOf);
-    m_desk.acted = [this](Control& control) {
+    m_context.placeOf = std::move(placeOf);
+    m_context.acted = [this](Control& control) {
         // The model may have refused what the widget shows already.
         MarkDirty(control, nullptr);
         Mirror();
@@ -56,7 +56,7 @@ void DesktopHost::TakeDown()
 
 void DesktopHost::Run()
 {
-    if (!m_desk.screen || m_desk.screen->Ended())
+    if (!m_context.screen || m_context.screen->Ended())
         return;
     QApplication::exec();
     TakeDown();
@@ -64,14 +64,14 @@ void DesktopHost::Run()
 
 void DesktopHost::CloseAll()
 {
-    if (m_desk.screen)
-        m_desk.screen->CloseAll();
+    if (m_context.screen)
+        m_context.screen->CloseAll();
     LeaveLoops();
 }
 
 bool DesktopHost::MayComeUp() const
 {
-    return m_desk.screen && !m_desk.screen->Ended();
+    return m_context.screen && !m_context.screen->Ended();
 }
 
 /// As if the user had called the window up: the model hears of it as of any act of the window
@@ -90,8 +90,8 @@ static void CallUp(QWidget& window)
 
 void DesktopHost::ComeUp()
 {
-    Form const* const modal = m_desk.screen->Modal();
-    Form const* const form = modal ? modal : m_desk.screen->Active();
+    Form const* const modal = m_context.screen->Modal();
+    Form const* const form = modal ? modal : m_context.screen->Active();
     Peer* const peer = form ? PeerOf(*form) : nullptr;
     QWidget* const window = peer ? peer->Widget() : nullptr;
     if (window && window->isVisible())
@@ -103,17 +103,17 @@ void DesktopHost::ComeUp()
 
 void DesktopHost::FormLoaded(Form& form)
 {
-    m_desk.screen = &form.OwnScreen();
-    if (!m_desk.input)
-        m_desk.input.emplace(*m_desk.screen);
-    Desk::Mirroring const ours(m_desk);
-    auto* const window = new FormPeer(m_desk, form);
+    m_context.screen = &form.GetScreen();
+    if (!m_context.input)
+        m_context.input.emplace(*m_context.screen);
+    PeerContext::Mirroring const ours(m_context);
+    auto* const window = new FormPeer(m_context, form);
     m_windows.push_back(window);
     m_peers[&form] = window;
     m_dirty.push_back(window);
     for (Control* control : form.Controls()) {
         Peer* const container = PeerOf(*control->Container());
-        Peer* const peer = container ? MakePeer(m_desk, *control, *container, *window) : nullptr;
+        Peer* const peer = container ? MakePeer(m_context, *control, *container, *window) : nullptr;
         if (!peer)
             continue;
         m_peers[control] = peer;
@@ -132,7 +132,7 @@ void DesktopHost::FormUnloaded(Form& form)
 
 void DesktopHost::Retire(FormPeer& window)
 {
-    Form& form = window.OwnForm();
+    Form& form = window.ParentForm();
     auto const forget = [this](Control& control) {
         Peer* const peer = PeerOf(control);
         if (!peer)
@@ -183,7 +183,7 @@ void DesktopHost::HandlersEnded()
 {
     Mirror();
     CatchUp();
-    if (m_desk.screen && m_desk.screen->Ended())
+    if (m_context.screen && m_context.screen->Ended())
         LeaveLoops();
 }
 
@@ -203,9 +203,9 @@ void DesktopHost::LeaveLoops()
 
 void DesktopHost::Mirror()
 {
-    if (m_desk.IsMirroring())
+    if (m_context.IsMirroring())
         return;
-    Desk::Mirroring const ours(m_desk);
+    PeerContext::Mirroring const ours(m_context);
     for (Peer* peer : std::exchange(m_dirty, {})) {
         peer->isDirty = false;
         peer->Mirror();
@@ -218,7 +218,7 @@ void DesktopHost::Mirror()
 /// gone to another program in between.
 QWidget* DesktopHost::OwnerOfNewWindows() const
 {
-    bool const isUp = m_before && m_before->OwnForm().Visible && m_before->Widget()->isVisible();
+    bool const isUp = m_before && m_before->ParentForm().Visible && m_before->Widget()->isVisible();
     return isUp ? m_before->Widget() : QApplication::activeWindow();
 }
 
@@ -229,7 +229,7 @@ void DesktopHost::MirrorWindows()
     for (FormPeer* window : m_windows)
         window->MirrorShown(owner);
     for (FormPeer* window : m_windows) {
-        Control const* const focus = window->OwnForm().Focus();
+        Control const* const focus = window->ParentForm().Focus();
         window->MirrorFocus(focus ? PeerOf(*focus) : nullptr);
     }
     if (m_toActivate && m_toActivate->Widget()->isVisible()) {
@@ -248,7 +248,7 @@ void DesktopHost::Reap()
     for (QWidget* window : m_retired)
         window->hide();
     // A handler's caller may still be at work on the widget through which the user acted.
-    if (!m_desk.IsActing())
+    if (!m_context.IsActing())
         for (QWidget* window : std::exchange(m_retired, {}))
             window->deleteLater();
 }
@@ -261,9 +261,9 @@ void DesktopHost::TurnDue()
         return;
     Mirror();
     // What a busy form wants kept stays in the event queue.
-    auto const& forms = m_desk.screen->Loaded();
+    auto const& forms = m_context.screen->Loaded();
     bool const isKept = std::any_of(forms.begin(), forms.end(),
-        [](Form const* form) { return form->keepsActions && form->IsBusy(); });
+        [](Form const* form) { return form->queuesActions && form->IsBusy(); });
     QCoreApplication::processEvents(
         isKept ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
     m_served = std::chrono::steady_clock::now();
@@ -273,7 +273,7 @@ void DesktopHost::RunModal(Form& form)
 {
     QEventLoop loop;
     m_modal.emplace_back(&form, &loop);
-    if (form.IsLoaded() && !m_desk.screen->Ended())
+    if (form.IsLoaded() && !m_context.screen->Ended())
         loop.exec();
     m_modal.pop_back();
 }

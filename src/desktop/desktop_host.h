@@ -4,7 +4,7 @@
 // goes back through Input.
 
 #include "controls/host.h"
-#include "desktop/peers/desk.h"
+#include "desktop/peers/peer_context.h"
 #include "desktop/qt_printer.h"
 
 #include <QObject>
@@ -75,7 +75,7 @@ private:
     Peer* PeerOf(QWidget const* widget) const;
     FormPeer* WindowOf(QObject const* receiver) const;
 
-    Desk m_desk;
+    PeerContext m_context;
     QtPrinter m_printer;
     std::unordered_map<Control const*, Peer*> m_peers;
     std::vector<FormPeer*> m_windows;

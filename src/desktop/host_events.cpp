@@ -57,7 +57,7 @@ bool DesktopHost::eventFilter(QObject* watched, QEvent* event)
     if (!window)
         return false;
     bool const isFree
-        = !window->OwnForm().IsBusy() && m_desk.input->Blocked(window->OwnForm()).empty();
+        = !window->ParentForm().IsBusy() && m_context.input->Blocked(window->ParentForm()).empty();
     if (isFree)
         return false;
     // A widget would change itself before the model could refuse.
@@ -67,10 +67,10 @@ bool DesktopHost::eventFilter(QObject* watched, QEvent* event)
 
 void DesktopHost::WidgetFocused(QWidget* widget)
 {
-    if (!widget || m_desk.IsMirroring() || !m_desk.input || QApplication::activePopupWidget())
+    if (!widget || m_context.IsMirroring() || !m_context.input || QApplication::activePopupWidget())
         return;
     Peer* const peer = PeerOf(widget);
-    if (!peer || peer->OwnControl().OwnForm().Focus() == &peer->OwnControl())
+    if (!peer || peer->GetControl().ParentForm().Focus() == &peer->GetControl())
         return;
-    m_desk.Act(peer->OwnControl(), [&](Input& input) { input.Focus(peer->OwnControl()); });
+    m_context.Act(peer->GetControl(), [&](Input& input) { input.Focus(peer->GetControl()); });
 }

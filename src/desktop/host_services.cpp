@@ -89,5 +89,5 @@ Size DesktopHost::FrameSize(Form const& form) const
 
 std::optional<Size> DesktopHost::PictureSize(TextView picture)
 {
-    return m_desk.pictures.SizeOf(picture);
+    return m_context.pictures.SizeOf(picture);
 }

@@ -4,14 +4,14 @@
 #include "desktop/look.h"
 #include "desktop/orderly_end.h"
 #include "desktop/single_instance.h"
-#include "platform/host/background_writer.h"
-#include "platform/host/host_file_system.h"
-#include "platform/host/host_shell.h"
-#include "platform/host/leftover_pages.h"
-#include "platform/host/path_rules.h"
-#include "platform/host/running_copy.h"
-#include "platform/host/sqlite_settings_store.h"
-#include "platform/host/user_folders.h"
+#include "platform/posix/background_writer.h"
+#include "platform/posix/leftover_pages.h"
+#include "platform/posix/path_rules.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_shell.h"
+#include "platform/posix/running_copy.h"
+#include "platform/posix/sqlite_settings_store.h"
+#include "platform/posix/user_folders.h"
 #include "program/program.h"
 
 #include <QApplication>
@@ -54,11 +54,11 @@ static void RunProgram(Application& application)
     if (copy.HasRaisedAnother())
         return;
     auto const drive = user / "drive_c";
-    HostFileSystem files({ ProgramFolder(), drive });
+    PosixFileSystem files({ ProgramFolder(), drive });
     RemoveLeftoverPages(drive / "Temp");
     SqliteSettingsStore settings(user / "settings.db");
     BackgroundWriter writer;
-    HostShell shell;
+    PosixShell shell;
     DesktopHost host(files, [&drive](TextView path) {
         auto const place = PlaceOf(path, drive);
         return place ? place->u16string() : Text();

@@ -1,6 +1,6 @@
 #include "desktop/single_instance.h"
 
-#include "platform/host/running_copy.h"
+#include "platform/posix/running_copy.h"
 
 #include <QCryptographicHash>
 #include <QGuiApplication>

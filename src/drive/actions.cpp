@@ -16,7 +16,7 @@ static Json Set(Machine& machine, Arguments const& arguments)
     Control* owner = nullptr;
     PropertyBase& property = arguments.PropertyAt(0, &owner);
     auto const value = arguments.ValueAt(1, property);
-    Form& form = owner->OwnForm();
+    Form& form = owner->ParentForm();
     // Code shows and hides a form in this way, so that the focus moves along.
     if (&property == &form.Visible) {
         std::get<bool>(value) ? form.Show() : form.Hide();
@@ -32,8 +32,9 @@ static Json Set(Machine& machine, Arguments const& arguments)
 static Json Click(Machine& machine, Arguments const& arguments)
 {
     Control& control = arguments.ControlAt(0);
-    bool const isForm = &control == &control.OwnForm();
-    return Answer(isForm ? machine.input.Click(control.OwnForm()) : machine.input.Click(control));
+    bool const isForm = &control == &control.ParentForm();
+    return Answer(
+        isForm ? machine.input.Click(control.ParentForm()) : machine.input.Click(control));
 }
 
 static Node& NodeAt(Arguments const& arguments)
@@ -75,7 +76,7 @@ static Json Select(Machine& machine, Arguments const& arguments)
 static Json PressKey(Machine& machine, Arguments const& arguments)
 {
     Control* target = &arguments.ControlAt(0);
-    Form& form = target->OwnForm();
+    Form& form = target->ParentForm();
     if (target == &form && form.Focus())
         target = form.Focus();
     int const shift = arguments.Count() > 2 ? arguments.IntegerAt(2) : 0;

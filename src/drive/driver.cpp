@@ -20,10 +20,10 @@ Driver::Driver(Machine& machine, std::istream& script, std::ostream& answers,
     machine.host.onAssigned = [&machine](Control& control, PropertyBase const& property) {
         if (!machine.watched.contains(&property))
             return;
-        bool const isForm = &control == &control.OwnForm();
+        bool const isForm = &control == &control.ParentForm();
         std::string const owner = isForm
             ? control.Name()
-            : std::string(control.OwnForm().Name()) + "." + control.Name();
+            : std::string(control.ParentForm().Name()) + "." + control.Name();
         machine.changes.push_back(
             { { "property", owner + "." + property.Name() }, { "value", ToJson(property.Get()) } });
     };

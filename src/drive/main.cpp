@@ -2,11 +2,11 @@
 // docs/drive.md.
 
 #include "drive/driver.h"
-#include "platform/host/folders.h"
-#include "platform/host/fresh_folder.h"
-#include "platform/host/host_file_system.h"
-#include "platform/host/leftover_pages.h"
-#include "platform/host/sqlite_settings_store.h"
+#include "platform/posix/folders.h"
+#include "platform/posix/leftover_pages.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/sqlite_settings_store.h"
+#include "platform/posix/temporary_folder.h"
 #include "program/program.h"
 
 #include <CLI/CLI.hpp>
@@ -59,7 +59,7 @@ public:
     void Remove() { m_fresh.reset(); }
 
 private:
-    std::optional<FreshFolder> m_fresh;
+    std::optional<TemporaryFolder> m_fresh;
     fs::path m_path;
 };
 
@@ -72,14 +72,14 @@ int RunScript(Options const& options, std::istream& script, Size screen)
     if (!options.data.empty())
         fs::current_path(options.data);
 
-    HostFileSystem files({ application, user.Path() / "drive_c" });
+    PosixFileSystem files({ application, user.Path() / "drive_c" });
     RemoveLeftoverPages(user.Path() / "drive_c" / "Temp");
     SqliteSettingsStore settings(user.Path() / "settings.db");
     InlineWriter writer; // so that what a command has stored is there when it is answered
     RecordingShell shell;
     HeadlessHost host(files, screen);
     Program program(host, files, settings, writer, shell);
-    Machine machine { host, program.OwnScreen(), settings, shell };
+    Machine machine { host, program.GetScreen(), settings, shell };
     Driver driver(machine, script, std::cout, [&user](int status) {
         user.Remove();
         std::cout.flush();

@@ -33,8 +33,8 @@ static bool IsModifier(int keyCode)
 /// A key that brought up another form is let go over that.
 static bool HearsRelease(Input const& input, Control const& control)
 {
-    Form const& form = control.OwnForm();
-    return input.Blocked(control).empty() && form.OwnScreen().Active() == &form;
+    Form const& form = control.ParentForm();
+    return input.Blocked(control).empty() && form.GetScreen().Active() == &form;
 }
 
 /// The virtual key code of a character: letters by their capitals, digits and the blank by
@@ -58,7 +58,7 @@ static Refusal TypeCharacter(Input& input, TextInput& box, TextView character)
     if (character[0] != u'\r' || box.IsMultiLine())
         refusal = ReplaceByUser(input, box, character);
     else
-        input.PressDefault(box.OwnForm(), enter);
+        input.PressDefault(box.ParentForm(), enter);
     if (HearsRelease(input, box))
         input.KeyUp(box, keyCode, 0);
     return refusal;
@@ -135,7 +135,7 @@ static bool PressInControl(Input& input, Screen& screen, Control& target, int ke
     if (auto* const box = dynamic_cast<TextInput*>(&target)) {
         if (keyCode == enter && box->IsMultiLine() && !box->IsReadOnly())
             return ReplaceByUser(input, *box, u"\r\n").empty();
-        return PressInText(input, screen.OwnHost(), *box, keyCode, shift);
+        return PressInText(input, screen.GetHost(), *box, keyCode, shift);
     }
     if (auto* const tree = dynamic_cast<TreeView*>(&target)) {
         PressInTree(input, *tree, keyCode);
@@ -170,7 +170,7 @@ static char16_t CharacterOf(int keyCode, int shift)
 
 static void Strike(Input& input, Screen& screen, Control& target, int keyCode, int shift)
 {
-    Form& form = target.OwnForm();
+    Form& form = target.ParentForm();
     Control* const next = keyCode == tab
         ? screen.NextInTabOrder(form, form.Focus(), (shift & shiftKey) != 0)
         : nullptr;
@@ -195,13 +195,13 @@ static void Strike(Input& input, Screen& screen, Control& target, int keyCode, i
 
 Refusal Press(Input& input, Screen& screen, Control& target, int keyCode, int shift)
 {
-    bool const isForm = &target == &target.OwnForm();
-    if (auto refusal = isForm ? input.Blocked(target.OwnForm()) : input.Blocked(target);
+    bool const isForm = &target == &target.ParentForm();
+    if (auto refusal = isForm ? input.Blocked(target.ParentForm()) : input.Blocked(target);
         !refusal.empty())
         return refusal;
     if (!isForm && target.CanFocus())
         input.Focus(target);
-    Form& form = target.OwnForm();
+    Form& form = target.ParentForm();
     if (keyCode == f4 && shift == altKey)
         return input.Close(form);
     if (shift == controlKey && keyCode >= 'A' && keyCode <= 'Z') {

@@ -5,8 +5,8 @@
 #include "kit/answers/user_work.h"
 #include "kit/commands.h"
 #include "kit/common/files.h"
-#include "platform/host/host_file_system.h"
-#include "platform/host/user_folders.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/user_folders.h"
 
 #include <algorithm>
 #include <cassert>
@@ -60,7 +60,7 @@ int RunAnswersExport(AnswersArguments const& arguments)
     fs::current_path(arguments.disc, error); // Study files are found by their bare names.
     if (error)
         return Fail({ FromUtf8(arguments.disc.string()), 0, FromUtf8(error.message()) });
-    HostFileSystem files({ fs::current_path(), user / "drive_c" });
+    PosixFileSystem files({ fs::current_path(), user / "drive_c" });
     auto documents = BuildAnswerDocuments(*work, files, arguments.withPublisher);
     auto const answers = QuestionsIn(documents);
     auto notesDocument = BuildNotesDocument(*work, files);

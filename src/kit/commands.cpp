@@ -1,6 +1,6 @@
 #include "kit/commands.h"
 
-#include "base/nearest_form.h"
+#include "base/nearest_code_page.h"
 #include "base/printable.h"
 #include "kit/bible/bible_import.h"
 #include "kit/bible/canon.h"
@@ -95,7 +95,7 @@ int RunBibleImport(BibleImportArguments const& arguments)
     // What was told of another text mustn't stay.
     std::error_code error;
     if (!arguments.about.empty() || std::filesystem::exists(arguments.to / about, error))
-        import->files[about] = NearestCodePage(FromUtf8(arguments.about)).bytes + "\r\n";
+        import->files[about] = ToNearestCodePage(FromUtf8(arguments.about)).bytes + "\r\n";
     auto const status = Deliver(import->files, arguments.to, faults);
     if (status == 0)
         Describe(*import);

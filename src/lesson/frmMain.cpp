@@ -4,12 +4,12 @@
 #include "study/model_answer.h"
 #include "study/page_view.h"
 
-frmMain::frmMain(Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer,
+frmMain::frmMain(Screen& screen, FileSystem& files, AnswerStore& store, frmAnswer& answer,
     ReferenceForms const& reference)
     : Form(screen, "frmMain", u"Sparrowfield Interactive Bible Study", 11745, 8310)
     , m_files(files)
     , m_store(store)
-    , frmAnswer(answer)
+    , m_answerForm(answer)
     , m_referenceMenus(*this, ReferenceScreen::Lesson, reference)
 {
     Design();
@@ -146,22 +146,22 @@ bool frmMain::HasAnswer() const
 void frmMain::Command1_Click()
 {
     if (!HasAnswer())
-        OwnScreen().Message(askForAnswer);
+        GetScreen().Message(askForAnswer);
     else if (ctlScrollbar.Value < ctlScrollbar.Max)
         ctlScrollbar.Value = static_cast<std::int16_t>(ctlScrollbar.Value + 1);
-    Unload(frmAnswer);
+    Unload(m_answerForm);
 }
 
 void frmMain::Command2_Click()
 {
     if (ctlScrollbar.Value > ctlScrollbar.Min)
         ctlScrollbar.Value = static_cast<std::int16_t>(ctlScrollbar.Value - 1);
-    Unload(frmAnswer);
+    Unload(m_answerForm);
 }
 
 void frmMain::ctlScrollbar_Change()
 {
-    Unload(frmAnswer);
+    Unload(m_answerForm);
     ShowLessonPage(ctlScrollbar.Value);
     ProgressBar1.Min = ctlScrollbar.Min();
     ProgressBar1.Max = ctlScrollbar.Max();
@@ -173,10 +173,10 @@ void frmMain::Image1_Click()
     Text message(askForAnswer);
     if (HasAnswer())
         message = ModelAnswer(answers[static_cast<std::size_t>(ctlScrollbar.Value()) - 1]);
-    frmAnswer.SetText(message);
-    frmAnswer.Left = XPContainer1.Left - 100;
-    frmAnswer.Top = (ScaleHeight - frmAnswer.Height) / 2;
-    frmAnswer.Show();
+    m_answerForm.SetText(message);
+    m_answerForm.Left = XPContainer1.Left - 100;
+    m_answerForm.Top = (ScaleHeight - m_answerForm.Height) / 2;
+    m_answerForm.Show();
 }
 
 void frmMain::Text3_GotFocus()
@@ -199,7 +199,7 @@ void frmMain::StoreAnswer()
 {
     StopStoring();
     if (auto const failure = m_store.Leave(Text3.Text))
-        OwnScreen().Message(failure->Message());
+        GetScreen().Message(failure->Message());
 }
 
 /// The user has changed the answer: it is stored one second later, even if the typing goes on.
@@ -224,10 +224,10 @@ void frmMain::StopStoring()
 
 void frmMain::tmrStore_Timer()
 {
-    auto const [isOver, failure] = m_store.KeepTyped(Text3.Text);
+    auto const [isOver, failure] = m_store.QueueTyped(Text3.Text);
     tmrStore.Enabled = !isOver;
     if (failure)
-        OwnScreen().Message(failure->Message());
+        GetScreen().Message(failure->Message());
 }
 
 void frmMain::StoreAnew()
@@ -258,7 +258,7 @@ void frmMain::mnuFileSave_Click()
         return;
     StopStoring();
     if (auto const failure = m_store.Save(Text3.Text)) {
-        OwnScreen().Message(failure->Message());
+        GetScreen().Message(failure->Message());
         return;
     }
     // An answer that couldn't be read before stands in front of what was typed now.
@@ -271,13 +271,13 @@ void frmMain::mnuFileSave_Click()
 void frmMain::mnuFileClose_Click()
 {
     Hide();
-    frmContents->Show();
+    m_catalogue->Show();
     Unload(*this);
 }
 
 void frmMain::mnuFileExit_Click()
 {
-    Unload(*frmContents);
+    Unload(*m_catalogue);
     Unload(*this);
 }
 
@@ -290,7 +290,7 @@ void frmMain::mnuEditCut_Click()
 
 void frmMain::mnuEditCopy_Click()
 {
-    Host& host = OwnScreen().OwnHost();
+    Host& host = GetScreen().GetHost();
     auto const start = static_cast<std::size_t>(Text3.SelStart());
     host.SetClipboardText(
         TextView(Text3.Text).substr(start, static_cast<std::size_t>(Text3.SelLength())));
@@ -298,7 +298,7 @@ void frmMain::mnuEditCopy_Click()
 
 void frmMain::mnuEditPaste_Click()
 {
-    Text3.ReplaceSelection(OwnScreen().OwnHost().ClipboardText());
+    Text3.ReplaceSelection(GetScreen().GetHost().ClipboardText());
     StoreWhatIsTyped();
 }
 
@@ -306,7 +306,7 @@ void frmMain::mnuEditDeleteLesson_Click()
 {
     StopStoring();
     if (auto const failure = m_store.DeleteLesson(m_section, Text3.Text)) {
-        OwnScreen().Message(
+        GetScreen().Message(
             u"The answers of this lesson have not been deleted.\r\n\r\n" + failure->Message());
         return;
     }

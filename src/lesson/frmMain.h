@@ -12,9 +12,9 @@
 #include "controls/timer.h"
 #include "controls/tree_view.h"
 #include "controls/xp_container.h"
+#include "dialogs/reference_menus.h"
 #include "lesson/frmAnswer.h"
 #include "platform/file_system.h"
-#include "shell/reference_menus.h"
 #include "study/answer_store.h"
 #include "study/lesson_file.h"
 #include "study/verse_file.h"
@@ -30,12 +30,12 @@ inline constexpr Colour panelColor = 0xFCF4EF;
 class frmMain final : public Form {
 public:
     /// All outlive the form.
-    frmMain(Screen& screen, FileSystem& files, AnswerStore& store, class frmAnswer& answer,
+    frmMain(Screen& screen, FileSystem& files, AnswerStore& store, frmAnswer& answer,
         ReferenceForms const& reference);
 
     /// Names the screen that takes this one's place when it is left: once, before the first
     /// showing.
-    void ReturnTo(Form& catalogue) { frmContents = &catalogue; }
+    void ReturnTo(Form& catalogue) { m_catalogue = &catalogue; }
 
     /// Names the lesson that the next showing opens, "<file name>:<lesson number>". Only stores the
     /// value.
@@ -67,7 +67,7 @@ private:
 
     // The layout, in frmMain_layout.cpp.
     void Form_Resize() override;
-    void KeepWithinLimits();
+    void ClampSize();
     void HideForLayout();
     void PlaceLeftColumn(float w, float base, float leftSplit);
     void PlaceRightColumn(float w, float base, float rightSplit);
@@ -104,8 +104,8 @@ private:
 
     FileSystem& m_files;
     AnswerStore& m_store;
-    class frmAnswer& frmAnswer;
-    Form* frmContents = nullptr;
+    frmAnswer& m_answerForm;
+    Form* m_catalogue = nullptr;
 
     Text studyKey;
     Text m_section; // of the settings store, in which the answers of the lesson lie

@@ -12,7 +12,7 @@ void frmMain::Form_Resize()
 {
     if (WindowState == WindowState::Minimised)
         return;
-    KeepWithinLimits();
+    ClampSize();
     float const w = Width;
     float const h = Height;
     Frame1.Left = (w - Frame1.Width) / 2;
@@ -36,13 +36,13 @@ void frmMain::Form_Resize()
 
 /// The window can't be made smaller than the layout can bear; but a screen that is lower has the
 /// last word.
-void frmMain::KeepWithinLimits()
+void frmMain::ClampSize()
 {
     if (Width < smallest.width)
         Width = smallest.width;
     if (Height < smallest.height)
         Height = smallest.height;
-    float const screenHeight = OwnScreen().OwnHost().ScreenSize().height;
+    float const screenHeight = GetScreen().GetHost().ScreenSize().height;
     if (WindowState != WindowState::Maximised && Height > screenHeight)
         Height = screenHeight;
 }

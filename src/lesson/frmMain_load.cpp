@@ -52,10 +52,10 @@ void frmMain::Form_Load()
     TreeView1.SetBackgroundColour(panelColor);
     TreeView2.SetBackgroundColour(panelColor);
     Text const resumeAt = m_store.CurrentPage(m_section);
-    Unload(*frmContents);
+    Unload(*m_catalogue);
     Form_Resize();
     Show(); // So that the loading panel can be seen.
-    OwnScreen().OwnTurns().Give();
+    GetScreen().GetTurns().Give();
     auto const failure = TryToLoad();
     if (!IsLoaded())
         return; // The program came to its end in a turn of the load.
@@ -80,7 +80,7 @@ std::optional<Failure> frmMain::TryToLoad()
 
 std::optional<Failure> frmMain::LoadLesson()
 {
-    Turns& turns = OwnScreen().OwnTurns();
+    Turns& turns = GetScreen().GetTurns();
     auto reader = LessonReader::Open(m_files, studyKey, turns);
     if (!reader)
         return reader.failure();
@@ -135,7 +135,7 @@ std::optional<Failure> frmMain::LoadIntroduction(LessonReader& reader)
 
 void frmMain::AppendIntroduction()
 {
-    ReadIntroduction(m_files, OwnScreen().OwnTurns(), [this](TextView line) {
+    ReadIntroduction(m_files, GetScreen().GetTurns(), [this](TextView line) {
         Append(
             Text4, [this] { Text4.SelBold = false; }, Text(line) + u"\r\n");
     });
@@ -184,7 +184,7 @@ std::optional<Failure> frmMain::FillScriptures(TreeView& tree, TextView name)
             AppendVerse(item);
     };
     auto const read
-        = ReadVerseSection(m_files, name, lessonNumber, OwnScreen().OwnTurns(), listener);
+        = ReadVerseSection(m_files, name, lessonNumber, GetScreen().GetTurns(), listener);
     return read ? std::nullopt : std::optional(read.failure());
 }
 
@@ -238,7 +238,7 @@ void frmMain::Resume(TextView storedPage)
 
 void frmMain::GiveUp(Failure const& failure)
 {
-    OwnScreen().Message(u"This lesson can't be shown.\r\n\r\n" + failure.Message());
-    frmContents->Show();
+    GetScreen().Message(u"This lesson can't be shown.\r\n\r\n" + failure.Message());
+    m_catalogue->Show();
     Unload(*this);
 }

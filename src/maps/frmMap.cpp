@@ -83,7 +83,7 @@ void frmMap::TellWhyEmpty(TextView filename) const
 {
     auto const size = m_files.FileSize(filename);
     Failure const failure { Text(filename), 0, u"the file is no picture that can be shown" };
-    OwnScreen().Message((size ? failure : size.failure()).Message());
+    GetScreen().Message((size ? failure : size.failure()).Message());
 }
 
 void frmMap::ArrangeMapView()

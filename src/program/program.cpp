@@ -6,25 +6,25 @@ Program::Program(
     , m_settings(settings, writer)
     , m_answers(m_settings, writer)
     , m_notes(files, writer)
-    , frmVideo(m_screen)
-    , frmWelcome(m_screen, m_settings)
-    , frmGettingStarted(m_screen)
-    , frmFinalExam(m_screen)
-    , frmAbout(m_screen)
-    , frmSplash(m_screen, files, shell, frmVideo)
-    , frmBible(m_screen, files, m_settings, m_notes)
-    , frmMap(m_screen, files)
-    , frmAnswer(m_screen)
-    , frmMain(m_screen, files, m_answers, frmAnswer,
-          { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo, frmBible, frmMap })
-    , frmContents(m_screen, files, m_settings, frmMain,
-          { frmFinalExam, frmAbout, frmWelcome, frmGettingStarted, frmVideo, frmBible, frmMap })
+    , m_video(m_screen)
+    , m_welcome(m_screen, m_settings)
+    , m_gettingStarted(m_screen)
+    , m_finalExam(m_screen)
+    , m_about(m_screen)
+    , m_splash(m_screen, files, shell, m_video)
+    , m_reader(m_screen, files, m_settings, m_notes)
+    , m_map(m_screen, files)
+    , m_answerForm(m_screen)
+    , m_lesson(m_screen, files, m_answers, m_answerForm,
+          { m_finalExam, m_about, m_welcome, m_gettingStarted, m_video, m_reader, m_map })
+    , m_catalogue(m_screen, files, m_settings, m_lesson,
+          { m_finalExam, m_about, m_welcome, m_gettingStarted, m_video, m_reader, m_map })
 {
-    frmMain.ReturnTo(frmContents);
-    frmSplash.LeadTo(frmContents);
+    m_lesson.ReturnTo(m_catalogue);
+    m_splash.LeadTo(m_catalogue);
     m_screen.handlersEnded = [this] { TellOfStore(); };
     m_screen.handlerFailed = [this] { TellOfMemory(); };
-    m_screen.KeepDesigns();
+    m_screen.SaveDesigns();
 }
 
 /// Where an operation found the settings store damaged, whoever asked for it, what is on show goes
@@ -34,14 +34,14 @@ void Program::TellOfStore()
     auto const report = m_settings.TakeReport();
     if (!report)
         return;
-    frmMain.StoreAnew();
+    m_lesson.StoreAnew();
     m_screen.Message(report->Message());
 }
 
 void Program::TellOfMemory()
 {
-    frmMain.StoreTyped();
-    frmBible.StoreTyped();
+    m_lesson.StoreTyped();
+    m_reader.StoreTyped();
     m_screen.Message(
         u"There isn't enough memory for this, and it was left unfinished. What you have typed is "
         u"stored.");
@@ -49,7 +49,7 @@ void Program::TellOfMemory()
 
 void Program::Start(std::optional<Failure> const& report)
 {
-    frmSplash.Show();
+    m_splash.Show();
     if (report)
         m_screen.Message(report->Message());
 }

@@ -4,6 +4,12 @@
 #include "bible/chapter_notes.h"
 #include "catalogue/frmContents.h"
 #include "controls/screen.h"
+#include "dialogs/frmAbout.h"
+#include "dialogs/frmFinalExam.h"
+#include "dialogs/frmGettingStarted.h"
+#include "dialogs/frmSplash.h"
+#include "dialogs/frmVideo.h"
+#include "dialogs/frmWelcome.h"
 #include "lesson/frmAnswer.h"
 #include "lesson/frmMain.h"
 #include "maps/frmMap.h"
@@ -13,12 +19,6 @@
 #include "platform/shell.h"
 #include "platform/writer.h"
 #include "reader/frmBible.h"
-#include "shell/frmAbout.h"
-#include "shell/frmFinalExam.h"
-#include "shell/frmGettingStarted.h"
-#include "shell/frmSplash.h"
-#include "shell/frmVideo.h"
-#include "shell/frmWelcome.h"
 #include "study/answer_store.h"
 
 #include <optional>
@@ -29,9 +29,9 @@ public:
     /// `writer` stores what is typed; everything else comes behind what it was given before.
     Program(Host& host, FileSystem& files, SettingsStore& settings, Writer& writer, Shell& shell);
 
-    Screen& OwnScreen() { return m_screen; }
+    Screen& GetScreen() { return m_screen; }
     /// The settings as the program sees them, behind all that the writer was given.
-    SettingsStore& OwnSettings() { return m_settings; }
+    SettingsStore& GetSettings() { return m_settings; }
 
     /// Shows the first screen. `report`, if there is one, is told the user first: what was wrong
     /// with his data when it was opened.
@@ -50,15 +50,15 @@ private:
     OrderedSettingsStore m_settings;
     AnswerStore m_answers;
     ChapterNotes m_notes;
-    class frmVideo frmVideo;
-    class frmWelcome frmWelcome;
-    class frmGettingStarted frmGettingStarted;
-    class frmFinalExam frmFinalExam;
-    class frmAbout frmAbout;
-    class frmSplash frmSplash;
-    class frmBible frmBible;
-    class frmMap frmMap;
-    class frmAnswer frmAnswer;
-    class frmMain frmMain;
-    class frmContents frmContents;
+    frmVideo m_video;
+    frmWelcome m_welcome;
+    frmGettingStarted m_gettingStarted;
+    frmFinalExam m_finalExam;
+    frmAbout m_about;
+    frmSplash m_splash;
+    frmBible m_reader;
+    frmMap m_map;
+    frmAnswer m_answerForm;
+    frmMain m_lesson;
+    frmContents m_catalogue;
 };

@@ -32,7 +32,7 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
 {
     opensAs = WindowState::Maximised;
     centred = true;
-    keepsActions = true;
+    queuesActions = true;
     // the buttons stand beside each other, and some lines of text below them
     smallest = { 8500, 5000 };
     BackColor = Rgb(0, 0, 0);
@@ -86,7 +86,7 @@ void frmBible::Form_Load()
         ? u"kjv"
         : u"nasb";
     LoadBooks();
-    if (!IsToGoOn())
+    if (!ShouldContinue())
         return;
     txtVerse.Text = Text(Trim(ReadSetting(m_settings, settingsSection, u"search", u"John 3:16")));
     bookName = GetBookName(txtVerse.Text());
@@ -125,8 +125,8 @@ void frmBible::ForEachIndexLine(std::function<void(TextView line)> const& take)
         ReadData(m_files.ApplicationFolder() + u"\\bible" + translation + u".idx", largestIndex));
     TextView rest = index;
     while (!rest.empty()) {
-        OwnScreen().OwnTurns().Give();
-        if (!IsToGoOn())
+        GetScreen().GetTurns().Give();
+        if (!ShouldContinue())
             return;
         auto line = rest.substr(0, rest.find(u'\n'));
         rest.remove_prefix(std::min(line.size() + 1, rest.size()));

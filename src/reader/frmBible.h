@@ -59,7 +59,7 @@ private:
     void NormaliseBox();
     bool BuildChapterPage(int bookNumber, WantedVerses const& wanted);
     void ShowPage(TextView html);
-    bool IsToGoOn() const;
+    bool ShouldContinue() const;
     void EnsureFolder(TextView path);
     Text NotesFolder() const;
     void SaveNotes(bool tell);

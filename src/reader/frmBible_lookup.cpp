@@ -1,7 +1,7 @@
 // The part of the reader that looks a reference up: the page, and the note that goes with it.
 
 #include "base/code_page.h"
-#include "base/nearest_form.h"
+#include "base/nearest_code_page.h"
 #include "base/rounding.h"
 #include "bible/book_file.h"
 #include "bible/note_file.h"
@@ -14,9 +14,9 @@
 #include <algorithm>
 
 /// False if the form went, or was closed, in a turn of the work at hand.
-bool frmBible::IsToGoOn() const
+bool frmBible::ShouldContinue() const
 {
-    return IsLoaded() && !IsWishedToClose();
+    return IsLoaded() && !IsCloseRequested();
 }
 
 void frmBible::cmdOkay_Click()
@@ -30,7 +30,7 @@ void frmBible::cmdOkay_Click()
     // A number that can't be read is no reference to any book.
     Text book = wanted.isReadable ? GetBookName(txtVerse.Text()) : ToLower(txtVerse.Text());
     int const bookNumber = wanted.isReadable ? FindBook(book) : 0;
-    if (!IsToGoOn())
+    if (!ShouldContinue())
         return;
     ExpandBookNode(book);
     if (bookNumber == 0) {
@@ -75,8 +75,8 @@ bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
     };
     listener.line = [this](int line) { ProgressBar1.Value = line; };
     listener.turn = [this] {
-        OwnScreen().OwnTurns().Give();
-        return IsToGoOn();
+        GetScreen().GetTurns().Give();
+        return ShouldContinue();
     };
     auto const page = ::BuildChapterPage(
         bookFile, { m_files.ApplicationFolder(), translation == u"nasb", wanted }, listener);
@@ -90,7 +90,7 @@ bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
 void frmBible::ShowPage(TextView html)
 {
     auto bytes = ToCodePage(html);
-    auto const& page = bytes ? *bytes : NearestCodePage(html).bytes;
+    auto const& page = bytes ? *bytes : ToNearestCodePage(html).bytes;
     auto written = m_files.WriteTemporary(pagePath, page);
     if (auto const folder = m_files.TemporaryFolder(); !written && !m_files.FolderExists(folder)) {
         // It couldn't be made when the program started.
@@ -126,17 +126,17 @@ void frmBible::SaveNotes(bool tell)
     if (!m_noteFile)
         return;
     if (auto const failure = m_notes.Leave(txtNotes.Text(), tell))
-        OwnScreen().Message(Text(noteFails) + failure->Message());
+        GetScreen().Message(Text(noteFails) + failure->Message());
 }
 
 /// The user has changed the note a second ago.
 void frmBible::tmrStore_Timer()
 {
     auto const [isOver, failure]
-        = m_noteFile ? m_notes.KeepTyped(txtNotes.Text()) : TypedOutcome { true, {} };
+        = m_noteFile ? m_notes.QueueTyped(txtNotes.Text()) : TypedOutcome { true, {} };
     tmrStore.Enabled = !isOver;
     if (failure)
-        OwnScreen().Message(Text(noteFails) + failure->Message());
+        GetScreen().Message(Text(noteFails) + failure->Message());
 }
 
 void frmBible::LoadNotes()
@@ -150,7 +150,7 @@ void frmBible::LoadNotes()
         txtNotes.Text = m_notes.Fill(*m_noteFile);
     cmdPrint.Enabled = HasNote();
     if (!m_noteFile)
-        OwnScreen().Message(
+        GetScreen().Message(
             u"There can be no note on \u201C" + bookName + u"\u201D: a file can't bear that name.");
 }
 
@@ -176,7 +176,7 @@ void frmBible::cmdPrint_Click()
 
 void frmBible::PrintNotes()
 {
-    Printer& printer = OwnScreen().OwnHost().DefaultPrinter();
+    Printer& printer = GetScreen().GetHost().DefaultPrinter();
     printer.SetFont({ u"Arial", 10, false });
     auto const rightMargin
         = RoundToEven(static_cast<double>(printer.ScaleWidth() - txtNotes.Width + 100));

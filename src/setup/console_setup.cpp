@@ -1,7 +1,7 @@
 #include "setup/console_setup.h"
 
 #include "base/printable.h"
-#include "platform/host/console.h"
+#include "platform/posix/console.h"
 #include "setup/install.h"
 #include "setup/size_text.h"
 
@@ -53,7 +53,7 @@ void TellMenuFaults(SetupReport const& report, char const* what)
         Tell(fault);
 }
 
-int RunInstall(SetupPlaces const& places, std::function<bool()> const& isEndWished)
+int RunInstall(SetupPlaces const& places, std::function<bool()> const& isEndRequested)
 {
     auto const plan = PlanCopy(places.disc);
     if (!plan)
@@ -66,7 +66,7 @@ int RunInstall(SetupPlaces const& places, std::function<bool()> const& isEndWish
         ProgressLine line;
         return Install(places, *plan, [&](CopyProgress const& progress) {
             line.Show(progress);
-            return !isEndWished();
+            return !isEndRequested();
         });
     }();
     if (!report)
@@ -97,10 +97,11 @@ int RunUninstall(SetupPlaces const& places)
 
 } // namespace
 
-int RunConsoleSetup(Task task, SetupPlaces const& places, std::function<bool()> const& isEndWished)
+int RunConsoleSetup(
+    Task task, SetupPlaces const& places, std::function<bool()> const& isEndRequested)
 {
     int const status
-        = task == Task::Install ? RunInstall(places, isEndWished) : RunUninstall(places);
+        = task == Task::Install ? RunInstall(places, isEndRequested) : RunUninstall(places);
     std::cout.flush(); // Who lost sight of the text still gets the true status.
     return status;
 }

@@ -6,6 +6,7 @@
 
 #include <functional>
 
-/// Installs or uninstalls. `isEndWished` is asked often, and true cancels what can be cancelled.
+/// Installs or uninstalls. `isEndRequested` is asked often, and true cancels what can be cancelled.
 /// Gives the exit status.
-int RunConsoleSetup(Task task, SetupPlaces const& places, std::function<bool()> const& isEndWished);
+int RunConsoleSetup(
+    Task task, SetupPlaces const& places, std::function<bool()> const& isEndRequested);

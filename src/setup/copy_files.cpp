@@ -1,6 +1,6 @@
 #include "setup/copy_files.h"
 
-#include "platform/host/descriptor.h"
+#include "platform/posix/descriptor.h"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -3,8 +3,8 @@
 // The list has a record for each file: its size in bytes in decimal, a blank, its path below the
 // copy, a NUL.
 
-#include "platform/host/descriptor.h"
-#include "platform/host/folders.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/folders.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -103,7 +103,7 @@ Outcome<Done> CarryUserFiles(fs::path const& old, fs::path const& fresh)
     return Done {};
 }
 
-Outcome<fs::path> KeepUserFiles(fs::path const& copy, fs::path const& folder)
+Outcome<fs::path> MoveUserFilesOut(fs::path const& copy, fs::path const& folder)
 {
     auto const files = FindUserFiles(copy);
     if (files.empty())

@@ -28,5 +28,5 @@ Outcome<Done> CarryUserFiles(std::filesystem::path const& old, std::filesystem::
 /// Moves the user's files out of the copy into a new folder "Kept files-<number>" in the folder
 /// given, and gives that folder; an empty path if there are none. On a failure each file is in one
 /// of the two.
-Outcome<std::filesystem::path> KeepUserFiles(
+Outcome<std::filesystem::path> MoveUserFilesOut(
     std::filesystem::path const& copy, std::filesystem::path const& folder);

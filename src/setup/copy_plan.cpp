@@ -1,6 +1,6 @@
 #include "setup/copy_plan.h"
 
-#include "platform/host/descriptor.h"
+#include "platform/posix/descriptor.h"
 #include "setup/copy_list.h"
 #include "setup/places.h"
 

@@ -1,8 +1,8 @@
 #include "setup/install.h"
 
 #include "setup/copy_list.h"
-#include "setup/house_folder.h"
 #include "setup/menu_entry.h"
+#include "setup/publisher_folder.h"
 #include "setup/size_text.h"
 
 #include <algorithm>
@@ -14,15 +14,15 @@ namespace fs = std::filesystem;
 namespace {
 
 /// A folder that goes, with all that is in it, when its owner does.
-class PassingFolder {
+class ScopedFolder {
 public:
-    explicit PassingFolder(fs::path folder)
+    explicit ScopedFolder(fs::path folder)
         : m_folder(std::move(folder))
     {
     }
-    PassingFolder(PassingFolder const&) = delete;
-    PassingFolder& operator=(PassingFolder const&) = delete;
-    ~PassingFolder()
+    ScopedFolder(ScopedFolder const&) = delete;
+    ScopedFolder& operator=(ScopedFolder const&) = delete;
+    ~ScopedFolder()
     {
         std::error_code ignored; // What stays is removed by the next run.
         fs::remove_all(m_folder, ignored);
@@ -61,7 +61,7 @@ bool Holds(fs::path const& outer, fs::path const& inner)
     return !below.empty() && *below.begin() != "..";
 }
 
-std::optional<Failure> Hindrance(SetupPlaces const& places)
+std::optional<Failure> FindObstacle(SetupPlaces const& places)
 {
     if (IsCopyRunning(places.target))
         return At(
@@ -69,7 +69,7 @@ std::optional<Failure> Hindrance(SetupPlaces const& places)
     return std::nullopt;
 }
 
-std::optional<Failure> Hindrance(SetupPlaces const& places, CopyPlan const& plan)
+std::optional<Failure> FindObstacle(SetupPlaces const& places, CopyPlan const& plan)
 {
     if (RunsFromCopy(places))
         return At(places.disc, u"this is the installed copy; please start Setup.exe on the disc");
@@ -85,18 +85,18 @@ std::optional<Failure> Hindrance(SetupPlaces const& places, CopyPlan const& plan
     if (free < needed)
         return At(places.target,
             SizeText(needed) + u" are needed, and " + SizeText(free) + u" are free on the disk");
-    return Hindrance(places);
+    return FindObstacle(places);
 }
 
 Outcome<Ending> InstallCopy(SetupPlaces const& places, CopyPlan const& plan, Watcher const& goesOn)
 {
-    auto const house = HouseFolder::Hold(places.target.parent_path());
+    auto const house = PublisherFolder::Hold(places.target.parent_path());
     if (!house)
         return house.failure();
     auto const made = house->MakeAside();
     if (!made)
         return made.failure();
-    PassingFolder const fresh(*made); // after the exchange: the old copy
+    ScopedFolder const fresh(*made); // after the exchange: the old copy
     auto copied = CopyFiles(plan, fresh.Path(), goesOn);
     if (!copied || *copied == Ending::Cancelled)
         return copied;
@@ -113,8 +113,8 @@ Outcome<Ending> InstallCopy(SetupPlaces const& places, CopyPlan const& plan, Wat
 
 Outcome<SetupReport> Install(SetupPlaces const& places, CopyPlan const& plan, Watcher const& goesOn)
 {
-    if (auto const hindrance = Hindrance(places, plan))
-        return *hindrance;
+    if (auto const obstacle = FindObstacle(places, plan))
+        return *obstacle;
     auto const ending = InstallCopy(places, plan, goesOn);
     if (!ending)
         return ending.failure();
@@ -125,18 +125,18 @@ Outcome<SetupReport> Install(SetupPlaces const& places, CopyPlan const& plan, Wa
 
 Outcome<SetupReport> Uninstall(SetupPlaces const& places)
 {
-    if (auto const hindrance = Hindrance(places))
-        return *hindrance;
+    if (auto const obstacle = FindObstacle(places))
+        return *obstacle;
     auto const parent = places.target.parent_path();
     auto const menuFiles = FindMenuFiles(places);
     fs::path keptIn;
     std::error_code error;
     if (fs::exists(parent, error)) {
-        auto const house = HouseFolder::Hold(parent);
+        auto const house = PublisherFolder::Hold(parent);
         if (!house)
             return house.failure();
         if (IsInstalled(places)) {
-            auto const kept = KeepUserFiles(places.target, parent);
+            auto const kept = MoveUserFilesOut(places.target, parent);
             if (!kept)
                 return kept.failure();
             keptIn = *kept;

@@ -2,11 +2,11 @@
 // docs/setup.md.
 
 #include "base/printable.h"
-#include "platform/host/console.h"
-#include "platform/host/user_folders.h"
+#include "platform/posix/console.h"
+#include "platform/posix/user_folders.h"
 #include "setup/console_setup.h"
 #ifdef SPARROWFIELD_SETUP_WINDOW
-#include "setup/window/window_setup.h"
+#include "setup/window/run_window.h"
 #endif
 
 #include <iostream>
@@ -14,14 +14,14 @@
 static int Run(
     SetupOptions const& options, [[maybe_unused]] bool inWindow, [[maybe_unused]] char** words)
 {
-    EndHeldBack const end; // before the first thread, so that it holds for all
+    DeferredInterrupt const end; // before the first thread, so that it holds for all
     auto const places = FindPlaces(ProgramFolder(), UserDataFolder());
-    auto const isEndWished = [&end] { return end.IsWished(); };
+    auto const isEndRequested = [&end] { return end.IsWished(); };
 #ifdef SPARROWFIELD_SETUP_WINDOW
     if (inWindow)
-        return RunWindowSetup(options.task, places, isEndWished, words);
+        return RunSetupWindow(options.task, places, isEndRequested, words);
 #endif
-    return RunConsoleSetup(options.task, places, isEndWished);
+    return RunConsoleSetup(options.task, places, isEndRequested);
 }
 
 int main(int count, char** words)

@@ -1,7 +1,7 @@
 #include "setup/menu_entry.h"
 
-#include "platform/host/descriptor.h"
-#include "platform/host/folders.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/folders.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -98,8 +98,9 @@ bool IsBehindLink(fs::path const& file, fs::path const& base)
 /// True if the entry is a file that starts its program in the folder.
 bool PointsTo(fs::path const& entry, fs::path const& folder)
 {
-    auto const text = IsOwn(entry, fs::file_type::regular) ? ReadWholeFile(entry)
-                                                           : Outcome<std::string>(Failure());
+    auto const text = IsOwnedByUser(entry, fs::file_type::regular)
+        ? ReadWholeFile(entry)
+        : Outcome<std::string>(Failure());
     return text
         && ('\n' + *text + '\n').find("\nPath=" + Value(folder.string()) + '\n')
         != std::string::npos;
@@ -111,7 +112,7 @@ bool IsIconOfCopy(fs::path const& icon, fs::path const& copys, bool hasOwnEntry)
     std::error_code error;
     if (auto const link = fs::read_symlink(icon, error); !error)
         return (icon.parent_path() / link).lexically_normal() == copys;
-    if (!IsOwn(icon, fs::file_type::regular))
+    if (!IsOwnedByUser(icon, fs::file_type::regular))
         return false;
     if (!fs::exists(copys, error))
         return hasOwnEntry;

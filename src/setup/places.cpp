@@ -1,6 +1,6 @@
 #include "setup/places.h"
 
-#include "platform/host/path_rules.h"
+#include "platform/posix/path_rules.h"
 
 namespace fs = std::filesystem;
 

@@ -116,7 +116,7 @@ void AnswerStore::EnterIfMissing(Key const& key)
             m_settings.WriteAll({ { key.first, key.second, {} } }, SettingsStore::Existing::Stays));
 }
 
-TypedOutcome AnswerStore::KeepTyped(TextView text)
+TypedOutcome AnswerStore::QueueTyped(TextView text)
 {
     if (!m_writer.IsIdle())
         return { false, {} };

@@ -50,7 +50,7 @@ public:
 
     /// Hands a text that is being typed to the writer, by the rule of Leave, but waits for nothing.
     /// To be asked again as long as that isn't over.
-    TypedOutcome KeepTyped(TextView text);
+    TypedOutcome QueueTyped(TextView text);
 
     /// Tries to store all that waits. Gives the first failure.
     std::optional<Failure> RetryPending();

@@ -162,7 +162,7 @@ Failure LessonReader::Fail(Text reason) const
 }
 
 /// Takes the value of a step over into `to`; the failure where there is none.
-template <class Value> static std::optional<Failure> Keep(Outcome<Value> step, Value& to)
+template <class Value> static std::optional<Failure> TakeValue(Outcome<Value> step, Value& to)
 {
     if (!step)
         return step.failure();
@@ -177,9 +177,9 @@ Outcome<LessonBlock> ParseLessonBlock(FileSystem const& files, TextView studyKey
         return reader.failure();
     LessonBlock block;
     block.partWord = reader->PartWord();
-    if (auto failure = Keep(reader->ReadHead(), block.study))
+    if (auto failure = TakeValue(reader->ReadHead(), block.study))
         return *failure;
-    if (auto failure = Keep(reader->ReadTitleLine(), block.titleLine))
+    if (auto failure = TakeValue(reader->ReadTitleLine(), block.titleLine))
         return *failure;
     if (auto const found = reader->FindBlock(); !found)
         return found.failure();
@@ -187,11 +187,11 @@ Outcome<LessonBlock> ParseLessonBlock(FileSystem const& files, TextView studyKey
         = [&](IntroParagraph const& paragraph) { block.introParagraphs.push_back(paragraph); };
     if (auto const read = reader->ReadIntroduction(add); !read)
         return read.failure();
-    if (auto failure = Keep(reader->ReadBody(), block.body))
+    if (auto failure = TakeValue(reader->ReadBody(), block.body))
         return *failure;
-    if (auto failure = Keep(reader->ReadName(), block.mainVerseName))
+    if (auto failure = TakeValue(reader->ReadName(), block.mainVerseName))
         return *failure;
-    if (auto failure = Keep(reader->ReadName(), block.supplementalVerseName))
+    if (auto failure = TakeValue(reader->ReadName(), block.supplementalVerseName))
         return *failure;
     return block;
 }

@@ -13,7 +13,9 @@ TEST(Printable, LeavesNothingThatSteersATerminal)
         { "\x1B[2J\r\n\x07\x7F", "\uFFFD[2J\uFFFD\uFFFD\uFFFD\uFFFD" },
         { std::string("a\0b", 3), "a\uFFFDb" },
         { "\u009B31m\u0085", "\uFFFD31m\uFFFD" },
-        { "\x9B31m", "\uFFFD31m" },
+        { "\x9B"
+          "31m",
+            "\uFFFD31m" },
         { "\u202Etxt.exe\u2066\u2069\u200F\u061C", "\uFFFDtxt.exe\uFFFD\uFFFD\uFFFD\uFFFD" },
         { "\u2028\uFEFF\uFFFE\U000E0041", "\uFFFD\uFFFD\uFFFD\uFFFD" },
         { "\xED\xA0\x80", "\uFFFD" },

@@ -80,7 +80,9 @@ TEST(ChapterNotes, StandInTheCodePageForEveryReader)
     EXPECT_FALSE(files.FileExists(exactPath));
     EXPECT_FALSE(notes.Save(path, u"\u0141ask \U0001F426", true));
     EXPECT_EQ(files.Bytes(path), "Lask \xA4");
-    EXPECT_EQ(files.Bytes(exactPath), "\xC5\x81ask \xF0\x9F\x90\xA6");
+    EXPECT_EQ(files.Bytes(exactPath),
+        "\xC5\x81"
+        "ask \xF0\x9F\x90\xA6");
     // What another program makes of the file counts; what stands beside it doesn't any more.
     files.Put(path, "Lask and more");
     EXPECT_EQ(Fresh(files), u"Lask and more");
@@ -263,7 +265,7 @@ TEST(ChapterNotes, ThatCantBeLookedAtAreNotTakenForAbsent)
         NotesOfRun notes(files);
         EXPECT_EQ(notes.Fill(path), u"");
         EXPECT_FALSE(notes.Leave(u"", true));
-        EXPECT_TRUE(notes.KeepTyped(u"new").isOver);
+        EXPECT_TRUE(notes.QueueTyped(u"new").isOver);
         EXPECT_EQ(files.Bytes(path), "new");
         files.MakeVisible(unseen);
         EXPECT_NE(files.Bytes(Text(path) + u".aside"), "") << ToUtf8(unseen);

@@ -86,7 +86,7 @@ TEST_F(FormsTest, ActionsOnAFormInATurnOfItsOwnHandlerAreDropped)
 
 TEST_F(FormsTest, AFormThatKeepsActionsRunsThemInTheirOrder)
 {
-    a.keepsActions = true;
+    a.queuesActions = true;
     a.Show();
     bool closes = false;
     host.onTurn = [&] {
@@ -95,7 +95,7 @@ TEST_F(FormsTest, AFormThatKeepsActionsRunsThemInTheirOrder)
         EXPECT_EQ(input.Edit(a.first, u"typed", 5, 0), "");
         if (closes) {
             EXPECT_EQ(input.Close(a), "");
-            EXPECT_TRUE(a.IsWishedToClose());
+            EXPECT_TRUE(a.IsCloseRequested());
         }
         EXPECT_EQ(a.first.Text(), u"");
     };

@@ -1,6 +1,6 @@
 // What assistive tools see of each kind of control, and what they may do to it.
 
-#include "desktop/desktop_bench.h"
+#include "desktop/desktop_fixture.h"
 
 #include <QAccessible>
 

@@ -1,7 +1,7 @@
 // What the disc's pictures and the welcome video may be like: the screens stay usable, and no
 // message comes.
 
-#include "desktop/program_bench.h"
+#include "desktop/program_fixture.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -185,7 +185,7 @@ TEST_F(ProgramOnDesktop, ABadVideoHoldsNobodyUp)
 TEST_F(ProgramOnDesktop, ClosingTheVideoEndsItsPlayback)
 {
     WriteVideo(WelcomeVideo());
-    program.OwnScreen().Find("frmVideo")->Show();
+    program.GetScreen().Find("frmVideo")->Show();
     QPointer<QMediaPlayer> const player = Window("frmVideo")->findChild<QMediaPlayer*>();
     ASSERT_TRUE(player);
     if (!QTest::qWaitFor([&] {

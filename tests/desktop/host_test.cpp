@@ -1,7 +1,7 @@
 // The host as a whole: what is mirrored when, focus, keys, windows that can't be acted on.
 
 #include "controls/input.h"
-#include "desktop/desktop_bench.h"
+#include "desktop/desktop_fixture.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,7 +1,7 @@
 // Pages and tool tips that name files or are made to keep the program busy: nothing is opened but
 // the page's background.
 
-#include "desktop/desktop_bench.h"
+#include "desktop/desktop_fixture.h"
 
 #include <QElapsedTimer>
 #include <QHelpEvent>

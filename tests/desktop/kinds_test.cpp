@@ -1,6 +1,6 @@
 // Each kind of control: what the model sets is shown, what the user does arrives.
 
-#include "desktop/desktop_bench.h"
+#include "desktop/desktop_fixture.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 // The viewer of the maps with real pictures and a real pointer.
 
 #include "controls/input.h"
-#include "desktop/program_bench.h"
+#include "desktop/program_fixture.h"
 #include "maps/bible_maps.h"
 #include "support/pictures.h"
 
@@ -31,13 +31,13 @@ protected:
     MapOnDesktop()
     {
         program.Start({});
-        input.KeyPress(*program.OwnScreen().Find("frmSplash"), u' ');
+        input.KeyPress(*program.GetScreen().Find("frmSplash"), u' ');
         Settle();
     }
     void OpenMap(int number)
     {
         input.Click(
-            *program.OwnScreen().Find("frmContents")->FindControl(bibleMaps[number - 1].menuEntry));
+            *program.GetScreen().Find("frmContents")->FindControl(bibleMaps[number - 1].menuEntry));
         Settle();
     }
     QWidget& Widget(char const* name)
@@ -46,7 +46,7 @@ protected:
     }
     QPoint MapPlace() { return Widget("Picture2").pos(); }
 
-    Input input { program.OwnScreen() };
+    Input input { program.GetScreen() };
 };
 
 } // namespace

@@ -1,8 +1,8 @@
 // Pages, pictures and paper.
 
 #include "base/code_page.h"
-#include "base/nearest_form.h"
-#include "desktop/desktop_bench.h"
+#include "base/nearest_code_page.h"
+#include "desktop/desktop_fixture.h"
 #include "desktop/qt_printer.h"
 #include "reader/chapter_page.h"
 
@@ -68,7 +68,7 @@ TEST_F(DesktopTest, ThePageOfTheReaderHasItsBackgroundWhereverTheProgramLies)
                  *BuildChapterPage("Jude\r\n001 001 Jude,\r\n\r\n",
                      { Text(folder), false, ReadWantedVerses(u"Jude 1") }) }) {
             shown.setHtml({});
-            files.Put(u"C:\\Temp\\p.htm", NearestCodePage(page).bytes);
+            files.Put(u"C:\\Temp\\p.htm", ToNearestCodePage(page).bytes);
             reader.page.Navigate(u"file://C:\\Temp\\p.htm");
             auto const ground = shown.document()->rootFrame()->frameFormat().background();
             EXPECT_EQ(ground.texture().width(), 8) << ToUtf8(page);

@@ -1,8 +1,8 @@
 // The running copy's part in a second start: answering it from the event loop, and coming up.
 
-#include "desktop/desktop_bench.h"
+#include "desktop/desktop_fixture.h"
 #include "desktop/single_instance.h"
-#include "platform/host/running_copy.h"
+#include "platform/posix/running_copy.h"
 
 #include <QMessageBox>
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
 // Boxes with text: offsets, typing, increments, the line at the top.
 
-#include "desktop/desktop_bench.h"
+#include "desktop/desktop_fixture.h"
 #include "desktop/peers/text_edit.h"
 
 #include <QAbstractTextDocumentLayout>

@@ -1,6 +1,6 @@
 #include "drive/driver.h"
 
-#include "support/program_bench.h"
+#include "support/program_fixture.h"
 
 #include <sstream>
 

@@ -1,13 +1,11 @@
 #pragma once
-// What the tests of the kit share: faults as text, a folder of their own, a small Bible.
+// What the tests of the kit share: faults as text, a small Bible.
 
 #include "kit/bible/bible_texts.h"
 #include "kit/common/faults.h"
-#include "kit/common/files.h"
+#include "support/test_folder.h"
 
-#include <filesystem>
 #include <string>
-#include <unistd.h>
 
 /// Faults as the user sees them, each on a line.
 inline std::string Dump(Faults const& faults)
@@ -17,34 +15,6 @@ inline std::string Dump(Faults const& faults)
         text += ToString(fault) + '\n';
     return text;
 }
-
-/// A folder that goes with its object.
-class TestFolder {
-public:
-    TestFolder()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "kit-XXXXXX").string();
-        m_path = mkdtemp(pattern.data());
-    }
-    ~TestFolder() { std::filesystem::remove_all(m_path); }
-    TestFolder(TestFolder const&) = delete;
-    TestFolder& operator=(TestFolder const&) = delete;
-
-    std::filesystem::path const& Path() const { return m_path; }
-    void Write(std::filesystem::path const& name, std::string const& bytes) const
-    {
-        Faults faults;
-        ReplaceFiles(m_path, { { name, bytes } }, faults);
-    }
-    std::string Read(std::filesystem::path const& name) const
-    {
-        Faults faults;
-        return ReadWhole(m_path / name, faults).value_or("(missing)");
-    }
-
-private:
-    std::filesystem::path m_path;
-};
 
 /// A verse record that says where it stands.
 inline std::string TestVerse(int chapter, int verse)

@@ -1,4 +1,4 @@
-#include "support/bible_bench.h"
+#include "support/bible_fixture.h"
 
 namespace {
 

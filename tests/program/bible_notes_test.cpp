@@ -1,6 +1,6 @@
 #include "controls/timer.h"
 #include "headless/keyboard.h"
-#include "support/bible_bench.h"
+#include "support/bible_fixture.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -105,7 +105,7 @@ TEST_F(BibleTest, ANotePrintsAsWideAsItsBox)
 TEST_F(BibleTest, AStoredNoteSurvivesTheOpening)
 {
     for (TextView const search : { u"John 3:16", u"J", u"", u"Nobody 3", u"John" }) {
-        BibleBench run;
+        BibleFixture run;
         for (auto const* const name : { u"John", u"J", u"Nobody", u"John3", u"Job2", u"" })
             run.files.Put(NotePath(name), "years of work");
         run.Store(u"search", search);
@@ -239,7 +239,7 @@ TEST_F(BibleTest, NoSingleFailureLosesANote)
 {
     bool isThrough = false;
     for (int call = 1; !isThrough; ++call) {
-        BibleBench run;
+        BibleFixture run;
         run.Start();
         run.files.Put(NotePath(u"John4"), "four");
         int const callsBefore = run.files.Calls();

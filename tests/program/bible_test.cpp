@@ -1,5 +1,5 @@
 #include "bible/book_file.h"
-#include "support/bible_bench.h"
+#include "support/bible_fixture.h"
 
 using testing::IsEmpty;
 
@@ -49,7 +49,7 @@ TEST_F(BibleTest, ItOpensOnWhatIsStored)
         { u"kjv", u"Nobody 3", design, "KJV" },
     };
     for (auto const& row : rows) {
-        BibleBench run;
+        BibleFixture run;
         run.Store(u"translation", row.translation);
         run.Store(u"search", row.search);
         run.OpenReader();

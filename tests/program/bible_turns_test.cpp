@@ -1,4 +1,4 @@
-#include "support/bible_bench.h"
+#include "support/bible_fixture.h"
 
 using testing::IsEmpty;
 
@@ -6,7 +6,7 @@ namespace {
 
 /// A reader on John 3 with a note in the box that isn't stored yet, and stored notes on John 4 and
 /// Job 1.
-struct BusyBench : BibleBench {
+struct BusyBench : BibleFixture {
     BusyBench()
     {
         files.Put(NotePath(u"John4"), "four");
@@ -17,7 +17,7 @@ struct BusyBench : BibleBench {
 
     /// Looks John 4 up, with something done in a turn of that, and tells whether there was that
     /// turn.
-    bool LookUpWith(Turns::Count turn, std::function<void(BibleBench&)> const& action)
+    bool LookUpWith(Turns::Count turn, std::function<void(BibleFixture&)> const& action)
     {
         bool came = false;
         host.onTurn = [&] {
@@ -38,7 +38,7 @@ struct BusyBench : BibleBench {
 
 struct Action {
     char const* what;
-    std::function<void(BibleBench&)> take;
+    std::function<void(BibleFixture&)> take;
 };
 
 } // namespace
@@ -50,29 +50,30 @@ TEST(BusyBible, EndsWhereTheLastActionLeads)
         char const* state;
     };
     Row const rows[] = {
-        { { "a lookup", [](BibleBench& run) { run.LookUp(u"job 1"); } },
+        { { "a lookup", [](BibleFixture& run) { run.LookUp(u"job 1"); } },
             "Job 1 | k-Job-1:1 k-Job-1:16 | Job | Notes for Job 1 | job | -, Job 2" },
         { { "two lookups",
-              [](BibleBench& run) {
+              [](BibleFixture& run) {
                   run.LookUp(u"Jude");
                   run.LookUp(u"job 1");
               } },
             "Job 1 | k-Job-1:1 k-Job-1:16 | Job | Notes for Job 1 | job | -, Job 2" },
-        { { "a failing lookup", [](BibleBench& run) { run.LookUp(u"Nobody 1"); } },
+        { { "a failing lookup", [](BibleFixture& run) { run.LookUp(u"Nobody 1"); } },
             " | k-John-4:1 k-John-4:16 | John | Notes for John 4 | four | John 3, -" },
-        { { "a click in the tree", [](BibleBench& run) { run.Node(BibleBench::tree, u"job 1"); } },
+        { { "a click in the tree",
+              [](BibleFixture& run) { run.Node(BibleFixture::tree, u"job 1"); } },
             "Job 1 | k-Job-1:1 k-Job-1:16 | Job | Notes for Job 1 | job | -, Job 2" },
-        { { "a change of translation", [](BibleBench& run) { run.Translate(1); } },
+        { { "a change of translation", [](BibleFixture& run) { run.Translate(1); } },
             "John 4 | n-John-4:1 n-John-4:16 | John | Notes for John 4 | four | John 3, John 5" },
-        { { "a click on a button", [](BibleBench& run) { run.Click("frmBible.cmdPrev"); } },
+        { { "a click on a button", [](BibleFixture& run) { run.Click("frmBible.cmdPrev"); } },
             "John 3 | k-John-3:1 k-John-3:16 | John | Notes for John 3 | three | John 2, John 4" },
         { { "typing in the notes",
-              [](BibleBench& run) {
-                  static_cast<void>(run.Change(BibleBench::notes, u"three and more"));
+              [](BibleFixture& run) {
+                  static_cast<void>(run.Change(BibleFixture::notes, u"three and more"));
               } },
             "John 4 | k-John-4:1 k-John-4:16 | John | Notes for John 4 | four | John 3, -" },
         { { "another size",
-              [](BibleBench& run) {
+              [](BibleFixture& run) {
                   run.input.ChangeState(run.FormOf("frmBible"), WindowState::Normal);
               } },
             "John 4 | k-John-4:1 k-John-4:16 | John | Notes for John 4 | four | John 3, -" },
@@ -101,14 +102,14 @@ TEST(BusyBible, EndsWhereTheLastActionLeads)
 TEST(BusyBible, GoesWhenItIsClosed)
 {
     Action const actions[] = {
-        { "the close box", [](BibleBench& run) { run.CloseReader(); } },
+        { "the close box", [](BibleFixture& run) { run.CloseReader(); } },
         { "a lookup and the close box",
-            [](BibleBench& run) {
+            [](BibleFixture& run) {
                 run.LookUp(u"job 1");
                 run.CloseReader();
             } },
-        { "the menu", [](BibleBench& run) { run.Click("frmBible.mnuFileExit"); } },
-        { "the end of the program", [](BibleBench& run) { run.program.Finish(); } },
+        { "the menu", [](BibleFixture& run) { run.Click("frmBible.mnuFileExit"); } },
+        { "the end of the program", [](BibleFixture& run) { run.program.Finish(); } },
     };
     for (auto const& action : actions) {
         bool came = true;
@@ -134,14 +135,14 @@ TEST(BusyBible, EndsABuildAtTheNextTurnAfterTheCloseBox)
 {
     BusyBench run;
     EXPECT_TRUE(run.LookUpWith(
-        7, [](BibleBench& bench) { bench.CloseReader(); })); // in the first line of a verse
+        7, [](BibleFixture& bench) { bench.CloseReader(); })); // in the first line of a verse
     EXPECT_EQ(run.settings.Value(u"biblereader", u"search"), u"John 3:16");
 }
 
 TEST(BusyBible, IsToldFromAnIdleOne)
 {
     BusyBench run;
-    EXPECT_TRUE(run.LookUpWith(8, [](BibleBench& bench) {
+    EXPECT_TRUE(run.LookUpWith(8, [](BibleFixture& bench) {
         EXPECT_TRUE(bench.Get("frmBible.ProgressBar1").Visible);
         EXPECT_EQ(bench.FormOf("frmBible").MousePointer(), pointerHourglass);
         EXPECT_EQ(bench.CaptionOf("frmBible.XPContainer2"), u"John");
@@ -157,8 +158,8 @@ TEST(BusyBible, LetsTheProgramEndWhileItOpens)
 {
     bool came = true;
     for (Turns::Count turn = 1; came; ++turn) {
-        BibleBench run;
-        run.files.Put(BibleBench::NotePath(u"John"), "years of work");
+        BibleFixture run;
+        run.files.Put(BibleFixture::NotePath(u"John"), "years of work");
         run.Start();
         came = false;
         run.host.onTurn = [&] {

@@ -1,4 +1,4 @@
-#include "support/program_bench.h"
+#include "support/program_fixture.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -76,7 +76,7 @@ TEST_F(StudyTest, TheWelcomeDialogComesOnceOnTheWayIntoALesson)
     } const rows[] = { { "never chosen", u"", true }, { "wanted", u"true", true },
         { "unwanted", u"false", false }, { "anything else", u"True", false } };
     for (auto const& row : rows) {
-        ProgramBench run;
+        ProgramFixture run;
         for (auto const name :
             { u"james-1.dat", u"V-James1", u"V-James1s", u"introduction.txt", u"conclusion.txt" })
             run.files.Put(name, files.Bytes(name));

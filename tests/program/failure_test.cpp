@@ -2,7 +2,7 @@
 
 #include "controls/timer.h"
 #include "platform/text_lines.h"
-#include "support/program_bench.h"
+#include "support/program_fixture.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -173,7 +173,7 @@ TEST_F(StudyTest, WhatIsTypedIsStoredASecondLater)
     EXPECT_EQ(input.Fire(timer()), "");
     EXPECT_EQ(stored(1), u"first");
     EXPECT_FALSE(timer().Enabled);
-    EXPECT_EQ(Get("frmMain.Text3").OwnForm().Focus(), &Get("frmMain.Text3"))
+    EXPECT_EQ(Get("frmMain.Text3").ParentForm().Focus(), &Get("frmMain.Text3"))
         << "nothing of it is seen";
 
     for (auto const* const action : { "frmMain.mnuEditCut", "frmMain.mnuEditPaste" }) {

@@ -1,7 +1,7 @@
 // The small windows beside the screens, each by itself.
 
 #include "headless/keyboard.h"
-#include "support/program_bench.h"
+#include "support/program_fixture.h"
 
 #include <algorithm>
 
@@ -125,7 +125,7 @@ TEST_F(StudyTest, TheVideoIsSetToItsStartBeforeItPlaysEachTime)
     Start();
     for (int time = 0; time < 2; ++time) {
         Click("frmContents.mnuHelpVideo");
-        Get<WindowsMediaPlayer>("frmVideo.WindowsMediaPlayer1").currentPosition.Keep(12);
+        Get<WindowsMediaPlayer>("frmVideo.WindowsMediaPlayer1").currentPosition.AssignSilently(12);
         EXPECT_EQ(input.Close(FormOf("frmVideo")), "");
     }
     EXPECT_THAT(steps, ElementsAre("to 0", "play", "end", "to 0", "play", "end"));

@@ -1,5 +1,5 @@
 #include "controls/xp_container.h"
-#include "support/program_bench.h"
+#include "support/program_fixture.h"
 
 #include <gtest/gtest.h>
 

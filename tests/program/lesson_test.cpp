@@ -1,4 +1,4 @@
-#include "support/program_bench.h"
+#include "support/program_fixture.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;

@@ -3,7 +3,7 @@
 #include "controls/picture.h"
 #include "maps/bible_maps.h"
 #include "support/pictures.h"
-#include "support/program_bench.h"
+#include "support/program_fixture.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -1,4 +1,4 @@
-#include "support/program_bench.h"
+#include "support/program_fixture.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -26,29 +26,29 @@ TEST_F(SplashTest, EveryWayButTwoLeadsToTheCatalogue)
 {
     struct Way {
         char const* name;
-        std::function<void(ProgramBench&)> take;
+        std::function<void(ProgramFixture&)> take;
     };
     for (Way const& way : {
              Way { "a click on the ground",
-                 [](ProgramBench& run) {
+                 [](ProgramFixture& run) {
                      EXPECT_EQ(run.input.Click(run.FormOf("frmSplash")), "");
                  } },
              { "a key",
-                 [](ProgramBench& run) {
+                 [](ProgramFixture& run) {
                      EXPECT_EQ(run.input.KeyPress(run.FormOf("frmSplash"), 27), "");
                  } },
-             { "Run from CD", [](ProgramBench& run) { run.Click("frmSplash.lblRunFromCD"); } },
+             { "Run from CD", [](ProgramFixture& run) { run.Click("frmSplash.lblRunFromCD"); } },
              { "a choice that is covered",
-                 [](ProgramBench& run) { run.Click("frmSplash.lblEnter"); } },
-             { "its cover", [](ProgramBench& run) { run.Click("frmSplash.Shape2"); } },
+                 [](ProgramFixture& run) { run.Click("frmSplash.lblEnter"); } },
+             { "its cover", [](ProgramFixture& run) { run.Click("frmSplash.Shape2"); } },
              { "the video that isn't there",
-                 [](ProgramBench& run) { run.Click("frmSplash.lblWelcomeVideo"); } },
+                 [](ProgramFixture& run) { run.Click("frmSplash.lblWelcomeVideo"); } },
              { "closing",
-                 [](ProgramBench& run) {
+                 [](ProgramFixture& run) {
                      EXPECT_EQ(run.input.Close(run.FormOf("frmSplash")), "");
                  } },
          }) {
-        ProgramBench run;
+        ProgramFixture run;
         run.program.Start({});
         EXPECT_TRUE(run.IsOpen("frmSplash")) << way.name;
         EXPECT_FALSE(run.IsOpen("frmContents")) << way.name;
@@ -70,7 +70,7 @@ TEST_F(SplashTest, EveryKeyButAModifierByItselfLeadsOn)
     for (auto const& [key, shift] : std::vector<std::pair<int, int>> { { tab, 0 }, { enter, 0 },
              { escape, 0 }, { pageUp, 0 }, { left, 0 }, { down, 0 }, { del, 0 }, { f1, 0 },
              { f12, shiftKey }, { 'C', controlKey }, { 'X', altKey } }) {
-        ProgramBench run;
+        ProgramFixture run;
         run.program.Start({});
         EXPECT_EQ(Press(run.input, run.screen, run.FormOf("frmSplash"), key, shift), "");
         EXPECT_TRUE(run.IsOpen("frmContents")) << key;
@@ -80,7 +80,7 @@ TEST_F(SplashTest, EveryKeyButAModifierByItselfLeadsOn)
 TEST_F(SplashTest, ExitAndInstallEndTheProgramThereAndThen)
 {
     for (bool const fails : { false, true }) {
-        ProgramBench run;
+        ProgramFixture run;
         run.shell.failing = fails;
         run.program.Start({});
         run.Click("frmSplash.lblInstallToDisk");
@@ -116,7 +116,7 @@ TEST_F(SplashTest, AnInstalledCopyOffersNothingButToEnter)
     } const rows[]
         = { { "lblEnter", true }, { "lblInstallToDisk", false }, { "lblRunFromCD", false } };
     for (auto const& row : rows) {
-        ProgramBench run;
+        ProgramFixture run;
         run.files.applicationFolder = u"D:\\Programs\\Workbook";
         run.program.Start({});
         for (char const* const cover : { "Shape1", "Shape3" })

@@ -70,12 +70,16 @@ TEST(ChapterPage, ShowsWhatTheReferenceAsksFor)
         { u"John", false,
             "<p>=1= 1# a more  <p>\r\n2# b  <p>\r\n<p>=2= 1# c \xC2\xB6"
             "d  <p>\r\n2# e  <p>\r\n" },
-        { u"John", true, "<p>=1= 1# a more   2# b   <p>=2= 1# c \xC2\xB6d   2# e   " },
+        { u"John", true,
+            "<p>=1= 1# a more   2# b   <p>=2= 1# c \xC2\xB6"
+            "d   2# e   " },
         { u"John 1", false,
             // the marks of what isn't shown start paragraphs
             "<p>=1= 1# a more  <p>\r\n2# b  <p>\r\n<p><p>" },
         { u"John 2:2", false, "<p><p><p>=2= 2# e  <p>\r\n" },
-        { u"John 2:1,2", true, "<p><p>=2= 1# c \xC2\xB6d   2# e   " },
+        { u"John 2:1,2", true,
+            "<p><p>=2= 1# c \xC2\xB6"
+            "d   2# e   " },
         { u"John 9", false, "<p><p><p>" },
     };
     for (auto const& row : rows)

@@ -74,7 +74,9 @@ TEST(PrintWrapped, BreaksLinesBeforeWords)
                    "b",
               5),
             "<100>ab" },
-        { u"a\u00A0b", "<100>a\xC2\xA0b" }, // above the blank: no separator
+        { u"a\u00A0b",
+            "<100>a\xC2\xA0"
+            "b" }, // above the blank: no separator
         { u"12345678901\tb", "/<100>12345678901/<100>b" },
     };
     for (auto const& row : rows)

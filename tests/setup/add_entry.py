@@ -55,7 +55,7 @@ with tempfile.TemporaryDirectory() as folder:
         for wanted in (
             b"Exec=" + program,
             b"Path=%s/%s/build/disc" % (base, in_path),
-            b"Name=Sparrowfield",
+            b"Name=Sparrowfield Interactive Bible Study",
         ):
             if wanted not in lines:
                 sys.exit(f"{name!r}: {wanted!r} isn't in {lines!r}")

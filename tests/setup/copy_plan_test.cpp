@@ -1,6 +1,6 @@
 #include "setup/copy_plan.h"
 
-#include "setup/setup_bench.h"
+#include "setup/setup_fixture.h"
 #include "setup/size_text.h"
 
 #include <sys/stat.h>

@@ -1,7 +1,7 @@
 #include "setup/install.h"
 
-#include "setup/house_folder.h"
-#include "setup/setup_bench.h"
+#include "setup/publisher_folder.h"
+#include "setup/setup_fixture.h"
 
 #include <cerrno>
 #include <cstddef>
@@ -214,7 +214,7 @@ TEST_F(InstallTest, AFailureLeavesAllAsItWasAndNamesFileAndReason)
             "Software: 1152 PB are needed" },
         { "a Setup at work", [] {},
             [&] {
-                auto const held = HouseFolder::Hold(house);
+                auto const held = PublisherFolder::Hold(house);
                 return Told(InstallAll());
             },
             (house.string() + ": another Setup is at work there.") },

@@ -1,6 +1,6 @@
 #include "setup/menu_entry.h"
 
-#include "setup/setup_bench.h"
+#include "setup/setup_fixture.h"
 
 namespace fs = std::filesystem;
 

@@ -2,7 +2,7 @@
 #include "setup/menu_entry.h"
 #include "setup/options.h"
 
-#include "setup/setup_bench.h"
+#include "setup/setup_fixture.h"
 
 #include <thread>
 

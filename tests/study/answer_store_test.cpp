@@ -112,24 +112,24 @@ TEST_F(AnswerStoreTest, TypingIsStoredWithoutWaiting)
 {
     Put(1, u"a");
     Fill(1);
-    EXPECT_FALSE(answers.KeepTyped(u"ab").isOver);
+    EXPECT_FALSE(answers.QueueTyped(u"ab").isOver);
     EXPECT_EQ(Stored(1), u"a") << "in the writer's hands";
-    EXPECT_FALSE(answers.KeepTyped(u"abc").isOver) << "which is at work";
+    EXPECT_FALSE(answers.QueueTyped(u"abc").isOver) << "which is at work";
     writer.Work();
     EXPECT_EQ(Stored(1), u"ab");
-    EXPECT_FALSE(answers.KeepTyped(u"abc").isOver);
+    EXPECT_FALSE(answers.QueueTyped(u"abc").isOver);
     writer.Work();
-    EXPECT_TRUE(answers.KeepTyped(u"abc").isOver);
+    EXPECT_TRUE(answers.QueueTyped(u"abc").isOver);
     EXPECT_EQ(Stored(1), u"abc");
     Put(1, u"theirs");
-    EXPECT_TRUE(answers.KeepTyped(u"abc").isOver) << "nothing has been typed since";
+    EXPECT_TRUE(answers.QueueTyped(u"abc").isOver) << "nothing has been typed since";
     EXPECT_EQ(Stored(1), u"theirs");
 
     // Undone to what stood there first, before and after the writer is through.
     for (bool const isThrough : { false, true }) {
         Put(1, u"a");
         Fill(1);
-        answers.KeepTyped(u"ab");
+        answers.QueueTyped(u"ab");
         if (isThrough)
             writer.Work();
         EXPECT_FALSE(answers.Leave(u"a"));
@@ -137,25 +137,25 @@ TEST_F(AnswerStoreTest, TypingIsStoredWithoutWaiting)
     }
     // Each text goes to the page on which it was typed.
     Fill(2);
-    answers.KeepTyped(u"of page two");
+    answers.QueueTyped(u"of page two");
     EXPECT_EQ(Fill(3), u"");
     EXPECT_EQ(Stored(2), u"of page two");
     EXPECT_EQ(Stored(3), u"(none)");
     answers.ForgetBox();
-    EXPECT_TRUE(answers.KeepTyped(u"of no page").isOver);
+    EXPECT_TRUE(answers.QueueTyped(u"of no page").isOver);
 }
 
 TEST_F(AnswerStoreTest, ATypedTextThatCannotBeStoredWaitsAndIsToldOnce)
 {
     Fill(1);
     store.unwritable = true;
-    EXPECT_FALSE(answers.KeepTyped(u"a").isOver);
+    EXPECT_FALSE(answers.QueueTyped(u"a").isOver);
     writer.Work();
-    auto const first = answers.KeepTyped(u"a");
+    auto const first = answers.QueueTyped(u"a");
     EXPECT_TRUE(first.isOver && first.failure);
-    EXPECT_FALSE(answers.KeepTyped(u"ab").isOver);
+    EXPECT_FALSE(answers.QueueTyped(u"ab").isOver);
     writer.Work();
-    auto const second = answers.KeepTyped(u"ab");
+    auto const second = answers.QueueTyped(u"ab");
     EXPECT_TRUE(second.isOver && !second.failure);
     EXPECT_FALSE(answers.Leave(u"a")) << "told already";
     store.unwritable = false;
@@ -267,7 +267,7 @@ TEST_F(AnswerStoreTest, WhatIsTypedOverAnUnreadAnswerStandsBehindIt)
     store.unreadable = false;
     EXPECT_FALSE(answers.Leave(u"newer"));
     EXPECT_EQ(Stored(1), u"old\r\nnewer");
-    answers.KeepTyped(u"newest"); // the box still shows the new text alone
+    answers.QueueTyped(u"newest"); // the box still shows the new text alone
     writer.Work();
     EXPECT_EQ(Stored(1), u"old\r\nnewest");
 

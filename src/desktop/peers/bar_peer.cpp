@@ -11,8 +11,8 @@
 
 #include <algorithm>
 
-ScrollBarPeer::ScrollBarPeer(Desk& desk, ScrollBar& control, QWidget& ground)
-    : Peer(desk, control,
+ScrollBarPeer::ScrollBarPeer(PeerContext& context, ScrollBar& control, QWidget& ground)
+    : Peer(context, control,
         new QScrollBar(control.IsHorizontal() ? Qt::Horizontal : Qt::Vertical, &ground))
     , m_bar(control)
     , m_shown(static_cast<QScrollBar&>(*Widget()))
@@ -76,8 +76,8 @@ void ScrollBarPeer::Wheeled(int degrees)
         Act([&](Input& input) { input.Step(m_bar, direction); });
 }
 
-ProgressPeer::ProgressPeer(Desk& desk, ProgressBar& control, QWidget& ground)
-    : Peer(desk, control, new QProgressBar(&ground))
+ProgressPeer::ProgressPeer(PeerContext& context, ProgressBar& control, QWidget& ground)
+    : Peer(context, control, new QProgressBar(&ground))
     , m_bar(control)
     , m_shown(static_cast<QProgressBar&>(*Widget()))
 {
@@ -93,8 +93,8 @@ void ProgressPeer::Mirror()
     Peer::Mirror();
 }
 
-StatusBarPeer::StatusBarPeer(Desk& desk, StatusBar& control, QWidget& ground)
-    : Peer(desk, control, new QFrame(&ground))
+StatusBarPeer::StatusBarPeer(PeerContext& context, StatusBar& control, QWidget& ground)
+    : Peer(context, control, new QFrame(&ground))
     , m_bar(control)
     , m_first(*new QLabel(Widget()))
     , m_second(*new QLabel(Widget()))

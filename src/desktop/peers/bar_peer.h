@@ -10,7 +10,7 @@ class QScrollBar;
 
 class ScrollBarPeer final : public Peer {
 public:
-    ScrollBarPeer(Desk& desk, ScrollBar& control, QWidget& ground);
+    ScrollBarPeer(PeerContext& context, ScrollBar& control, QWidget& ground);
     void Mirror() override;
 
 protected:
@@ -27,7 +27,7 @@ private:
 
 class ProgressPeer final : public Peer {
 public:
-    ProgressPeer(Desk& desk, ProgressBar& control, QWidget& ground);
+    ProgressPeer(PeerContext& context, ProgressBar& control, QWidget& ground);
     void Mirror() override;
 
 private:
@@ -37,7 +37,7 @@ private:
 
 class StatusBarPeer final : public Peer {
 public:
-    StatusBarPeer(Desk& desk, StatusBar& control, QWidget& ground);
+    StatusBarPeer(PeerContext& context, StatusBar& control, QWidget& ground);
     void Mirror() override;
 
 private:

@@ -1,6 +1,6 @@
 #include "desktop/peers/browser_peer.h"
 
-#include "base/nearest_form.h"
+#include "base/nearest_code_page.h"
 #include "controls/page_filter.h"
 #include "desktop/peers/convert.h"
 
@@ -25,7 +25,7 @@ static Text PathOf(TextView url)
 /// The address of the background as the reader writes it into a page.
 static std::string BackgroundAddress(TextView applicationFolder)
 {
-    return NearestCodePage(u"file://" + Text(applicationFolder) + u"\\bg.jpg").bytes;
+    return ToNearestCodePage(u"file://" + Text(applicationFolder) + u"\\bg.jpg").bytes;
 }
 
 /// A picture that shows nothing. For an empty one the view would look by itself, in files that
@@ -40,14 +40,14 @@ static QPixmap NoPicture()
 /// The picture behind the pages, decoded once for what stands in its file.
 class Background {
 public:
-    QPixmap Find(Desk& desk)
+    QPixmap Find(PeerContext& context)
     {
-        auto const name = desk.files.ApplicationFolder() + u"\\bg.jpg";
-        auto file = desk.files.ReadAll(name);
+        auto const name = context.files.ApplicationFolder() + u"\\bg.jpg";
+        auto file = context.files.ReadAll(name);
         if (!file)
             return NoPicture();
         if (m_picture.isNull() || *file != m_file) {
-            m_picture = desk.pictures.Find(name);
+            m_picture = context.pictures.Find(name);
             m_file = std::move(*file);
             if (m_picture.isNull())
                 m_picture = NoPicture();
@@ -62,9 +62,9 @@ private:
 
 class PageView final : public QTextBrowser {
 public:
-    PageView(Desk& desk, QWidget* parent)
+    PageView(PeerContext& context, QWidget* parent)
         : QTextBrowser(parent)
-        , m_desk(desk)
+        , m_context(context)
     {
         setOpenLinks(false);
         setContextMenuPolicy(Qt::NoContextMenu);
@@ -82,7 +82,7 @@ public:
     {
         bool const isBackground = type == QTextDocument::ImageResource
             && name == QUrl(QLatin1String(pageBackground.data()));
-        return isBackground ? m_background.Find(m_desk) : NoPicture();
+        return isBackground ? m_background.Find(m_context) : NoPicture();
     }
 
 protected:
@@ -91,9 +91,9 @@ protected:
         bool const isPlain = event->modifiers().testFlag(Qt::ControlModifier)
             && !event->modifiers().testAnyFlags(Qt::AltModifier | Qt::MetaModifier);
         if (isPlain && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal))
-            Zoom(m_desk.pageZoom + 1);
+            Zoom(m_context.pageZoom + 1);
         else if (isPlain && event->key() == Qt::Key_Minus)
-            Zoom(m_desk.pageZoom - 1);
+            Zoom(m_context.pageZoom - 1);
         else if (isPlain && event->key() == Qt::Key_0)
             Zoom(0);
         else
@@ -105,7 +105,7 @@ protected:
         if (!event->modifiers().testFlag(Qt::ControlModifier))
             QTextBrowser::wheelEvent(event);
         else if (int const turn = event->angleDelta().y(); turn != 0)
-            Zoom(m_desk.pageZoom + (turn > 0 ? 1 : -1));
+            Zoom(m_context.pageZoom + (turn > 0 ? 1 : -1));
     }
 
     // A page has no caret: its frame shows that the keys scroll it. Both frames are as wide, so
@@ -129,32 +129,32 @@ private:
     {
         auto* const bar = verticalScrollBar();
         double const place = bar->maximum() > 0 ? double(bar->value()) / bar->maximum() : 0;
-        m_desk.pageZoom = std::clamp(step, -mostZoom / 2, mostZoom);
+        m_context.pageZoom = std::clamp(step, -mostZoom / 2, mostZoom);
         ApplyZoom();
         bar->setValue(qRound(place * bar->maximum()));
     }
 
     void ApplyZoom()
     {
-        auto const size = static_cast<float>(12 * std::pow(1.1, m_desk.pageZoom));
+        auto const size = static_cast<float>(12 * std::pow(1.1, m_context.pageZoom));
         document()->setDefaultFont(ToQFont({ u"Times New Roman", size, false }));
     }
 
-    Desk& m_desk;
+    PeerContext& m_context;
     Background m_background;
 };
 
-BrowserPeer::BrowserPeer(Desk& desk, WebBrowser& control, QWidget& ground)
-    : Peer(desk, control, new PageView(desk, &ground))
+BrowserPeer::BrowserPeer(PeerContext& context, WebBrowser& control, QWidget& ground)
+    : Peer(context, control, new PageView(context, &ground))
     , m_shown(static_cast<PageView&>(*Widget()))
 {
 }
 
 void BrowserPeer::Navigate(TextView url)
 {
-    auto const page = m_desk.files.ReadAll(PathOf(url));
-    Desk::Mirroring const ours(m_desk);
+    auto const page = m_context.files.ReadAll(PathOf(url));
+    PeerContext::Mirroring const ours(m_context);
     m_shown.setHtml(page
-            ? ToQString(FilterPage(*page, BackgroundAddress(m_desk.files.ApplicationFolder())))
+            ? ToQString(FilterPage(*page, BackgroundAddress(m_context.files.ApplicationFolder())))
             : QString());
 }

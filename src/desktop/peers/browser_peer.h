@@ -9,7 +9,7 @@ class PageView;
 
 class BrowserPeer final : public Peer {
 public:
-    BrowserPeer(Desk& desk, WebBrowser& control, QWidget& ground);
+    BrowserPeer(PeerContext& context, WebBrowser& control, QWidget& ground);
 
     /// Reads the page at a file address now and shows it; an empty page if it can't be read.
     void Navigate(TextView url);

@@ -6,8 +6,8 @@
 #include <QCheckBox>
 #include <QPushButton>
 
-ButtonPeer::ButtonPeer(Desk& desk, CommandButton& control, QWidget& ground)
-    : Peer(desk, control, new QPushButton(&ground))
+ButtonPeer::ButtonPeer(PeerContext& context, CommandButton& control, QWidget& ground)
+    : Peer(context, control, new QPushButton(&ground))
     , m_button(control)
     , m_shown(static_cast<QPushButton&>(*Widget()))
 {
@@ -32,8 +32,8 @@ bool ButtonPeer::TakeKey(QKeyEvent& event)
     return true;
 }
 
-CheckPeer::CheckPeer(Desk& desk, CheckBox& control, QWidget& ground)
-    : Peer(desk, control, new QCheckBox(&ground))
+CheckPeer::CheckPeer(PeerContext& context, CheckBox& control, QWidget& ground)
+    : Peer(context, control, new QCheckBox(&ground))
     , m_box(control)
     , m_shown(static_cast<QCheckBox&>(*Widget()))
 {

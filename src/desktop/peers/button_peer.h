@@ -9,7 +9,7 @@ class QPushButton;
 
 class ButtonPeer final : public Peer {
 public:
-    ButtonPeer(Desk& desk, CommandButton& control, QWidget& ground);
+    ButtonPeer(PeerContext& context, CommandButton& control, QWidget& ground);
     void Mirror() override;
 
 protected:
@@ -22,7 +22,7 @@ private:
 
 class CheckPeer final : public Peer {
 public:
-    CheckPeer(Desk& desk, CheckBox& control, QWidget& ground);
+    CheckPeer(PeerContext& context, CheckBox& control, QWidget& ground);
     void Mirror() override;
 
 private:

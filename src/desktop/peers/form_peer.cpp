@@ -34,8 +34,8 @@ static int MenuBarHeight(QMenuBar const* bar)
     return bar ? bar->sizeHint().height() : 0;
 }
 
-FormPeer::FormPeer(Desk& desk, Form& form)
-    : Peer(desk, form, new QWidget(nullptr, FlagsOf(form)))
+FormPeer::FormPeer(PeerContext& context, Form& form)
+    : Peer(context, form, new QWidget(nullptr, FlagsOf(form)))
     , m_form(form)
     , m_menuBar(form.Menus().empty() ? nullptr : new QMenuBar(Widget()))
     , m_client(*new ClientArea(Widget()))
@@ -49,7 +49,7 @@ FormPeer::FormPeer(Desk& desk, Form& form)
     SetRole(*Widget(), isDialog ? QAccessible::Dialog : QAccessible::Window);
     SetRole(m_client, QAccessible::Pane);
     m_client.installEventFilter(this);
-    Widget()->setWindowIcon(m_desk.pictures.Icon(form.icon));
+    Widget()->setWindowIcon(m_context.pictures.Icon(form.icon));
 }
 
 QWidget* FormPeer::Ground() const
@@ -91,11 +91,11 @@ void FormPeer::Mirror()
         m_client.update();
     m_client.ground = ground;
     if (std::exchange(m_pictureIsStale, false))
-        m_client.picture = m_desk.pictures.Find(m_form.Picture);
+        m_client.picture = m_context.pictures.Find(m_form.Picture);
     if (m_form.MousePointer == pointerDefault)
         window.unsetCursor();
     else
-        window.setCursor(CursorOf(m_desk.pictures, m_form.MousePointer, m_form.MouseIcon));
+        window.setCursor(CursorOf(m_context.pictures, m_form.MousePointer, m_form.MouseIcon));
     Place();
 }
 
@@ -182,7 +182,7 @@ void FormPeer::MirrorShown(QWidget* owner)
     if (isOwned)
         window.windowHandle()->setTransientParent(owner->windowHandle());
     if (!m_form.inTaskbar)
-        KeepOutOfTaskBar(*window.windowHandle());
+        HideFromTaskBar(*window.windowHandle());
     if (m_state == WindowState::Maximised) {
         // Where the window returns to when it is restored.
         auto const normal = InnerSize(m_form.NormalSize(), m_frame);

@@ -14,9 +14,9 @@ class QMenuBar;
 
 class FormPeer final : public Peer {
 public:
-    FormPeer(Desk& desk, Form& form);
+    FormPeer(PeerContext& context, Form& form);
 
-    Form& OwnForm() const { return m_form; }
+    Form& ParentForm() const { return m_form; }
     QWidget* Ground() const override;
     /// Nothing if the form has no menus.
     QMenuBar* MenuBar() const { return m_menuBar; }

@@ -134,14 +134,14 @@ void FormPeer::ReportActivation()
     if (m_activationMissed)
         return;
     bool const isActive = QApplication::activeWindow() == Widget();
-    bool const isModels = m_desk.screen->Active() == &m_form;
+    bool const isModels = m_context.screen->Active() == &m_form;
     Act([&](Input& input) {
         if (isActive && isModels)
-            m_desk.screen->ResumeFocus();
+            m_context.screen->ResumeFocus();
         else if (isActive)
             input.Activate(m_form);
         else if (isModels)
-            m_desk.screen->SuspendFocus();
+            m_context.screen->SuspendFocus();
     });
 }
 
@@ -150,15 +150,15 @@ void FormPeer::ReportActivation()
 void FormPeer::ReportClose()
 {
     // A form that keeps actions hears of it at once, so that its work can end.
-    bool const isHeldUp = m_desk.IsMirroring() || (m_form.IsBusy() && !m_form.keepsActions);
-    m_closeMissed = isHeldUp && m_desk.input->Blocked(m_form).empty();
+    bool const isHeldUp = m_context.IsMirroring() || (m_form.IsBusy() && !m_form.queuesActions);
+    m_closeMissed = isHeldUp && m_context.input->Blocked(m_form).empty();
     if (!isHeldUp)
         Act([&](Input& input) { input.Close(m_form); });
 }
 
 void FormPeer::CatchUp()
 {
-    if (m_form.IsBusy() || m_desk.IsMirroring())
+    if (m_form.IsBusy() || m_context.IsMirroring())
         return;
     if (m_closeMissed)
         ReportClose();

@@ -5,8 +5,8 @@
 #include <QComboBox>
 #include <QLabel>
 
-ComboPeer::ComboPeer(Desk& desk, ComboBox& control, QWidget& ground)
-    : Peer(desk, control, new QComboBox(&ground))
+ComboPeer::ComboPeer(PeerContext& context, ComboBox& control, QWidget& ground)
+    : Peer(context, control, new QComboBox(&ground))
     , m_list(control)
     , m_shown(static_cast<QComboBox&>(*Widget()))
 {
@@ -37,8 +37,8 @@ void ComboPeer::Mirror()
     Peer::Mirror();
 }
 
-TimerPeer::TimerPeer(Desk& desk, Timer& control, QObject& owner)
-    : Peer(desk, control, &owner)
+TimerPeer::TimerPeer(PeerContext& context, Timer& control, QObject& owner)
+    : Peer(context, control, &owner)
     , m_timer(control)
 {
     connect(&m_ticking, &QTimer::timeout, this,

@@ -11,7 +11,7 @@ class QComboBox;
 
 class ComboPeer final : public Peer {
 public:
-    ComboPeer(Desk& desk, ComboBox& control, QWidget& ground);
+    ComboPeer(PeerContext& context, ComboBox& control, QWidget& ground);
     void Mirror() override;
 
 private:
@@ -21,7 +21,7 @@ private:
 
 class TimerPeer final : public Peer {
 public:
-    TimerPeer(Desk& desk, Timer& control, QObject& owner);
+    TimerPeer(PeerContext& context, Timer& control, QObject& owner);
     void Mirror() override;
 
 private:

@@ -6,8 +6,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
-MenuPeer::MenuPeer(Desk& desk, Menu& control, QMenuBar& bar)
-    : Peer(desk, control, static_cast<QObject*>(&bar))
+MenuPeer::MenuPeer(PeerContext& context, Menu& control, QMenuBar& bar)
+    : Peer(context, control, static_cast<QObject*>(&bar))
     , m_menu(control)
     , m_shown(*bar.addMenu(QString()))
 {
@@ -22,8 +22,8 @@ void MenuPeer::Mirror()
     m_shown.menuAction()->setVisible(m_menu.Visible);
 }
 
-MenuEntryPeer::MenuEntryPeer(Desk& desk, MenuEntry& control, QMenu& menu)
-    : Peer(desk, control, static_cast<QObject*>(&menu))
+MenuEntryPeer::MenuEntryPeer(PeerContext& context, MenuEntry& control, QMenu& menu)
+    : Peer(context, control, static_cast<QObject*>(&menu))
     , m_entry(control)
     , m_shown(*menu.addAction(QString()))
 {

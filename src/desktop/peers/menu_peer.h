@@ -10,7 +10,7 @@ class QMenuBar;
 
 class MenuPeer final : public Peer {
 public:
-    MenuPeer(Desk& desk, Menu& control, QMenuBar& bar);
+    MenuPeer(PeerContext& context, Menu& control, QMenuBar& bar);
     void Mirror() override;
     QMenu& Shown() { return m_shown; }
 
@@ -21,7 +21,7 @@ private:
 
 class MenuEntryPeer final : public Peer {
 public:
-    MenuEntryPeer(Desk& desk, MenuEntry& control, QMenu& menu);
+    MenuEntryPeer(PeerContext& context, MenuEntry& control, QMenu& menu);
     void Mirror() override;
 
 private:

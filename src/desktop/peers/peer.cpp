@@ -9,9 +9,9 @@
 #include <QKeySequence>
 #include <QWidget>
 
-Peer::Peer(Desk& desk, Control& control, QWidget* widget)
+Peer::Peer(PeerContext& context, Control& control, QWidget* widget)
     : QObject(widget)
-    , m_desk(desk)
+    , m_context(context)
     , m_control(control)
     , m_widget(widget)
 {
@@ -22,9 +22,9 @@ Peer::Peer(Desk& desk, Control& control, QWidget* widget)
     widget->installEventFilter(this);
 }
 
-Peer::Peer(Desk& desk, Control& control, QObject* owner)
+Peer::Peer(PeerContext& context, Control& control, QObject* owner)
     : QObject(owner)
-    , m_desk(desk)
+    , m_context(context)
     , m_control(control)
 {
 }
@@ -65,7 +65,7 @@ void Peer::NameForAccess()
         if (auto const* const panel = dynamic_cast<XPContainer*>(each))
             name = panel->Caption;
     if (name.empty() && m_control.CanFocus())
-        name = m_control.OwnForm().Caption;
+        name = m_control.ParentForm().Caption;
     m_widget->setAccessibleName(ToQString(name));
 }
 
@@ -87,7 +87,7 @@ bool Peer::eventFilter(QObject* watched, QEvent* event)
 {
     // A key that a control leaves unused comes by its containers too: theirs it isn't.
     bool const isOurs = watched == m_widget && m_widget->window()->focusWidget() == m_widget;
-    if (!isOurs || isRetired || m_desk.IsMirroring() || !m_desk.input)
+    if (!isOurs || isRetired || m_context.IsMirroring() || !m_context.input)
         return false;
     switch (event->type()) {
     case QEvent::ShortcutOverride:
@@ -110,13 +110,13 @@ bool Peer::IsUsedByMenu(QKeyEvent const& event)
     if (!EditsByShortcuts())
         return false;
     auto const shortcut = QKeySequence(event.keyCombination()).toString(QKeySequence::PortableText);
-    return m_desk.input->FindShortcut(m_control.OwnForm(), ToText(shortcut));
+    return m_context.input->FindShortcut(m_control.ParentForm(), ToText(shortcut));
 }
 
 bool Peer::MoveFocus(bool backwards)
 {
-    Form& form = m_control.OwnForm();
-    Control* const next = m_desk.screen->NextInTabOrder(form, form.Focus(), backwards);
+    Form& form = m_control.ParentForm();
+    Control* const next = m_context.screen->NextInTabOrder(form, form.Focus(), backwards);
     if (next)
         Act([&](Input& input) { input.Focus(*next); });
     return next != nullptr;
@@ -132,12 +132,12 @@ bool Peer::KeyPressed(QKeyEvent& event)
         return true;
     int const keyCode = KeyCodeOf(event);
     char16_t const character = CharacterOf(event);
-    auto const isGone = [&] { return !m_desk.input->Blocked(m_control).empty(); };
+    auto const isGone = [&] { return !m_context.input->Blocked(m_control).empty(); };
     if (m_control.KeyDown)
         Act([&](Input& input) { input.KeyDown(m_control, keyCode, ShiftOf(event)); });
     if (isGone())
         return true;
-    bool const isForm = &m_control == &m_control.OwnForm(); // which has a handler of its own
+    bool const isForm = &m_control == &m_control.ParentForm(); // which has a handler of its own
     bool const isClose = keyCode == keyF4 && ShiftOf(event) == altKey;
     // A form hears also of keys that type nothing.
     bool const isHeard = isForm ? !IsModifier(event) && !isClose : m_control.KeyPress && character;
@@ -149,13 +149,13 @@ bool Peer::KeyPressed(QKeyEvent& event)
         = (keyCode == keyEnter || keyCode == keyEscape) && isPlain && !WantsKey(keyCode);
     bool pressed = false;
     if (isDefault)
-        Act([&](Input& input) { pressed = input.PressDefault(m_control.OwnForm(), keyCode); });
+        Act([&](Input& input) { pressed = input.PressDefault(m_control.ParentForm(), keyCode); });
     // A box would type the letter.
     return pressed || IsStruckWithAlt(event);
 }
 
 void Peer::KeyReleased(QKeyEvent const& event)
 {
-    if (m_control.KeyUp && !event.isAutoRepeat() && m_desk.input->Blocked(m_control).empty())
+    if (m_control.KeyUp && !event.isAutoRepeat() && m_context.input->Blocked(m_control).empty())
         Act([&](Input& input) { input.KeyUp(m_control, KeyCodeOf(event), ShiftOf(event)); });
 }

@@ -3,7 +3,7 @@
 // it back. Each kind of control has a peer of its own.
 
 #include "controls/control.h"
-#include "desktop/peers/desk.h"
+#include "desktop/peers/peer_context.h"
 
 #include <QObject>
 
@@ -13,11 +13,11 @@ class QWidget;
 class Peer : public QObject {
 public:
     /// The peer belongs to its widget, which is new, and dies with it.
-    Peer(Desk& desk, Control& control, QWidget* widget);
+    Peer(PeerContext& context, Control& control, QWidget* widget);
     /// For a control without a widget: the peer belongs to `owner`.
-    Peer(Desk& desk, Control& control, QObject* owner);
+    Peer(PeerContext& context, Control& control, QObject* owner);
 
-    Control& OwnControl() const { return m_control; }
+    Control& GetControl() const { return m_control; }
     /// Nothing for a control that isn't seen, such as a timer.
     QWidget* Widget() const { return m_widget; }
     /// The widget on which the controls within this one stand.
@@ -51,13 +51,13 @@ protected:
     template <class Action> void Act(Action action)
     {
         if (!isRetired)
-            m_desk.Act(m_control, action);
+            m_context.Act(m_control, action);
     }
     bool MoveFocus(bool backwards);
     bool KeyPressed(QKeyEvent& event);
     void KeyReleased(QKeyEvent const& event);
 
-    Desk& m_desk;
+    PeerContext& m_context;
     Control& m_control;
 
 private:

@@ -13,42 +13,42 @@
 
 #include <QWidget>
 
-static Peer* MakeMenuPeer(Desk& desk, Control& control, Peer& container, FormPeer& window)
+static Peer* MakeMenuPeer(PeerContext& context, Control& control, Peer& container, FormPeer& window)
 {
     if (auto* const menu = dynamic_cast<Menu*>(&control))
-        return new MenuPeer(desk, *menu, *window.MenuBar());
+        return new MenuPeer(context, *menu, *window.MenuBar());
     if (auto* const entry = dynamic_cast<MenuEntry*>(&control))
-        return new MenuEntryPeer(desk, *entry, static_cast<MenuPeer&>(container).Shown());
+        return new MenuEntryPeer(context, *entry, static_cast<MenuPeer&>(container).Shown());
     return nullptr;
 }
 
 /// The peer of one kind, if the control is of that kind.
 template <class Kind, class KindPeer>
-static Peer* Make(Desk& desk, Control& control, QWidget& ground)
+static Peer* Make(PeerContext& context, Control& control, QWidget& ground)
 {
     auto* const kind = dynamic_cast<Kind*>(&control);
-    return kind ? new KindPeer(desk, *kind, ground) : nullptr;
+    return kind ? new KindPeer(context, *kind, ground) : nullptr;
 }
 
-static Peer* MakeFillOrBox(Desk& desk, Control& control, QWidget& ground)
+static Peer* MakeFillOrBox(PeerContext& context, Control& control, QWidget& ground)
 {
     if (auto* const shape = dynamic_cast<Shape*>(&control))
-        return new FillPeer(desk, control, shape->FillColor, ground);
+        return new FillPeer(context, control, shape->FillColor, ground);
     if (auto* const line = dynamic_cast<Line*>(&control))
-        return new FillPeer(desk, control, line->BorderColor, ground);
+        return new FillPeer(context, control, line->BorderColor, ground);
     auto* const box = dynamic_cast<TextBox*>(&control);
     if (box && box->MultiLine)
-        return new TextBoxPeer(desk, *box, ground);
-    return box ? new LinePeer(desk, *box, ground) : nullptr;
+        return new TextBoxPeer(context, *box, ground);
+    return box ? new LinePeer(context, *box, ground) : nullptr;
 }
 
-Peer* MakePeer(Desk& desk, Control& control, Peer& container, FormPeer& window)
+Peer* MakePeer(PeerContext& context, Control& control, Peer& container, FormPeer& window)
 {
-    if (auto* const peer = MakeMenuPeer(desk, control, container, window))
+    if (auto* const peer = MakeMenuPeer(context, control, container, window))
         return peer;
     if (auto* const timer = dynamic_cast<Timer*>(&control))
-        return new TimerPeer(desk, *timer, *window.Widget());
-    using Maker = Peer* (*)(Desk&, Control&, QWidget&);
+        return new TimerPeer(context, *timer, *window.Widget());
+    using Maker = Peer* (*)(PeerContext&, Control&, QWidget&);
     constexpr Maker makers[] = { Make<Label, LabelPeer>, Make<CommandButton, ButtonPeer>,
         Make<RichTextBox, RichTextPeer>, MakeFillOrBox, Make<Image, ImagePeer>,
         Make<PictureBox, PictureBoxPeer>, Make<XPContainer, XPContainerPeer>,
@@ -56,7 +56,7 @@ Peer* MakePeer(Desk& desk, Control& control, Peer& container, FormPeer& window)
         Make<StatusBar, StatusBarPeer>, Make<CheckBox, CheckPeer>, Make<ComboBox, ComboPeer>,
         Make<WebBrowser, BrowserPeer>, Make<WindowsMediaPlayer, PlayerPeer> };
     for (auto const maker : makers)
-        if (auto* const peer = maker(desk, control, *container.Ground()))
+        if (auto* const peer = maker(context, control, *container.Ground()))
             return peer;
     return nullptr;
 }

@@ -6,4 +6,4 @@
 /// `container` is the peer of what the control stands in, `window` that of its form. Nothing for a
 /// control of which nothing is to be seen or done on the desktop, such as an image list.
 class FormPeer;
-Peer* MakePeer(Desk& desk, Control& control, Peer& container, FormPeer& window);
+Peer* MakePeer(PeerContext& context, Control& control, Peer& container, FormPeer& window);

@@ -38,8 +38,8 @@ protected:
     }
 };
 
-ImagePeer::ImagePeer(Desk& desk, Image& control, QWidget& ground)
-    : SurfacePeer(desk, control, new PictureWidget(&ground))
+ImagePeer::ImagePeer(PeerContext& context, Image& control, QWidget& ground)
+    : SurfacePeer(context, control, new PictureWidget(&ground))
     , m_image(control)
 {
     bool const isButton = control.Click && control.TabStop;
@@ -54,7 +54,7 @@ void ImagePeer::Mirror()
 {
     auto& shown = *static_cast<PictureWidget*>(Widget());
     if (std::exchange(m_isStale, false))
-        shown.picture = m_desk.pictures.Find(m_image.Picture);
+        shown.picture = m_context.pictures.Find(m_image.Picture);
     shown.stretched = m_image.Stretch;
     shown.marksFocus = m_image.TabStop;
     MirrorPointer(m_image.Click ? pointerHand : pointerDefault);
@@ -87,8 +87,8 @@ protected:
     }
 };
 
-PictureBoxPeer::PictureBoxPeer(Desk& desk, PictureBox& control, QWidget& ground)
-    : SurfacePeer(desk, control, new PictureWidget(&ground))
+PictureBoxPeer::PictureBoxPeer(PeerContext& context, PictureBox& control, QWidget& ground)
+    : SurfacePeer(context, control, new PictureWidget(&ground))
     , m_box(control)
     , m_border(*new BorderWidget(Widget()))
 {
@@ -100,7 +100,7 @@ void PictureBoxPeer::Mirror()
 {
     auto& shown = *static_cast<PictureWidget*>(Widget());
     if (std::exchange(m_isStale, false))
-        shown.picture = m_desk.pictures.Find(m_box.Picture);
+        shown.picture = m_context.pictures.Find(m_box.Picture);
     shown.ground = ToQColor(m_box.BackColor);
     MirrorPointer(m_box.MousePointer);
     Peer::Mirror();

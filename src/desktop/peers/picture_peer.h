@@ -5,7 +5,7 @@
 
 class ImagePeer final : public SurfacePeer {
 public:
-    ImagePeer(Desk& desk, Image& control, QWidget& ground);
+    ImagePeer(PeerContext& context, Image& control, QWidget& ground);
     void Noted(PropertyBase const& property) override
     {
         m_isStale |= &property == &m_image.Picture;
@@ -22,7 +22,7 @@ private:
 
 class PictureBoxPeer final : public SurfacePeer {
 public:
-    PictureBoxPeer(Desk& desk, PictureBox& control, QWidget& ground);
+    PictureBoxPeer(PeerContext& context, PictureBox& control, QWidget& ground);
     void Noted(PropertyBase const& property) override { m_isStale |= &property == &m_box.Picture; }
     void Mirror() override;
 

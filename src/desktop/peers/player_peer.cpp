@@ -17,8 +17,8 @@
 #include <algorithm>
 #include <cmath>
 
-PlayerPeer::PlayerPeer(Desk& desk, WindowsMediaPlayer& control, QWidget& ground)
-    : Peer(desk, control, new QWidget(&ground))
+PlayerPeer::PlayerPeer(PeerContext& context, WindowsMediaPlayer& control, QWidget& ground)
+    : Peer(context, control, new QWidget(&ground))
     , m_control(control)
     , m_picture(*new VideoWidget(Widget()))
     , m_bar(*new PlayerBar(Widget()))
@@ -38,7 +38,7 @@ void PlayerPeer::Listen()
 {
     connect(&m_player, &QMediaPlayer::playbackStateChanged, this,
         [this](QMediaPlayer::PlaybackState state) {
-            m_control.playing.Keep(state == QMediaPlayer::PlayingState);
+            m_control.playing.AssignSilently(state == QMediaPlayer::PlayingState);
             m_bar.ShowPlaying(m_control.playing);
         });
     connect(&m_player, &QMediaPlayer::durationChanged, this, [this](qint64 length) {
@@ -46,7 +46,7 @@ void PlayerPeer::Listen()
         m_bar.ShowTime(m_player.position(), length);
     });
     connect(&m_player, &QMediaPlayer::positionChanged, this, [this](qint64 place) {
-        m_control.currentPosition.Keep(static_cast<float>(place) / 1000);
+        m_control.currentPosition.AssignSilently(static_cast<float>(place) / 1000);
         m_bar.ShowTime(place, m_player.duration());
         if (!m_bar.Place().isSliderDown())
             m_bar.Place().setValue(static_cast<int>(place));
@@ -57,7 +57,7 @@ void PlayerPeer::Listen()
     connect(&m_bar.Place(), &QSlider::sliderMoved, this,
         [this](int place) { m_player.setPosition(place); });
     connect(&m_bar.Volume(), &QSlider::valueChanged, this, [this](int volume) {
-        m_control.volume.Keep(volume);
+        m_control.volume.AssignSilently(volume);
         if (m_sound)
             m_sound->setVolume(static_cast<float>(volume) / 100);
     });
@@ -104,7 +104,7 @@ void PlayerPeer::TogglePlay()
 
 void PlayerPeer::ToggleMute()
 {
-    m_control.mute.Keep(!m_control.mute);
+    m_control.mute.AssignSilently(!m_control.mute);
     m_bar.ShowMuted(m_control.mute);
     if (m_sound)
         m_sound->setMuted(m_control.mute);
@@ -150,7 +150,7 @@ static bool IsWindowsMedia(QString const& place)
 void PlayerPeer::Open()
 {
     m_opened = m_control.URL;
-    auto const place = m_desk.placeOf ? m_desk.placeOf(m_opened) : m_opened;
+    auto const place = m_context.placeOf ? m_context.placeOf(m_opened) : m_opened;
     // Without a file the player would go on "playing" for ever.
     m_present = IsWindowsMedia(ToQString(place));
     m_player.setSource(

@@ -12,7 +12,7 @@ class VideoWidget;
 
 class PlayerPeer final : public Peer {
 public:
-    PlayerPeer(Desk& desk, WindowsMediaPlayer& control, QWidget& ground);
+    PlayerPeer(PeerContext& context, WindowsMediaPlayer& control, QWidget& ground);
     void Noted(PropertyBase const& property) override;
     void Mirror() override;
 

@@ -11,8 +11,8 @@
 #include <algorithm>
 #include <utility>
 
-RichTextPeer::RichTextPeer(Desk& desk, RichTextBox& control, QWidget& ground)
-    : TextPeer(desk, control, ground)
+RichTextPeer::RichTextPeer(PeerContext& context, RichTextBox& control, QWidget& ground)
+    : TextPeer(context, control, ground)
     , m_rich(control)
     , m_revision(control.Revision())
     , m_generation(control.Generation())

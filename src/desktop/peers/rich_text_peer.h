@@ -8,7 +8,7 @@ class QTextCursor;
 
 class RichTextPeer final : public TextPeer {
 public:
-    RichTextPeer(Desk& desk, RichTextBox& control, QWidget& ground);
+    RichTextPeer(PeerContext& context, RichTextBox& control, QWidget& ground);
     void Noted(PropertyBase const& property) override
     {
         m_scrollWanted |= &property == &m_rich.TopOffset;

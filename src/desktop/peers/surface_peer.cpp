@@ -47,7 +47,7 @@ void SurfacePeer::MirrorPointer(int pointer, TextView icon)
     if (pointer == pointerDefault)
         Widget()->unsetCursor();
     else
-        Widget()->setCursor(CursorOf(m_desk.pictures, pointer, icon));
+        Widget()->setCursor(CursorOf(m_context.pictures, pointer, icon));
     if (m_control.MouseMove)
         Widget()->setMouseTracking(true);
 }
@@ -100,8 +100,8 @@ static QLabel* MakeLabel(Label const& control, QWidget& ground)
     return new ClickArea(&ground);
 }
 
-LabelPeer::LabelPeer(Desk& desk, Label& control, QWidget& ground)
-    : SurfacePeer(desk, control, MakeLabel(control, ground))
+LabelPeer::LabelPeer(PeerContext& context, Label& control, QWidget& ground)
+    : SurfacePeer(context, control, MakeLabel(control, ground))
     , m_label(control)
     , m_shown(static_cast<QLabel&>(*Widget()))
 {
@@ -139,8 +139,9 @@ protected:
     void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), colour); }
 };
 
-FillPeer::FillPeer(Desk& desk, Control& control, Property<Colour> const& colour, QWidget& ground)
-    : Peer(desk, control, new FillWidget(&ground))
+FillPeer::FillPeer(
+    PeerContext& context, Control& control, Property<Colour> const& colour, QWidget& ground)
+    : Peer(context, control, new FillWidget(&ground))
     , m_colour(colour)
 {
     Widget()->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -192,8 +193,8 @@ private:
     bool m_isPainted = false;
 };
 
-XPContainerPeer::XPContainerPeer(Desk& desk, XPContainer& control, QWidget& ground)
-    : SurfacePeer(desk, control, new CanvasWidget(control, &ground))
+XPContainerPeer::XPContainerPeer(PeerContext& context, XPContainer& control, QWidget& ground)
+    : SurfacePeer(context, control, new CanvasWidget(control, &ground))
     , m_panel(control)
     , m_caption(*new QLabel(Widget()))
 {

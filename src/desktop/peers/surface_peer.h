@@ -31,7 +31,7 @@ private:
 
 class LabelPeer final : public SurfacePeer {
 public:
-    LabelPeer(Desk& desk, Label& control, QWidget& ground);
+    LabelPeer(PeerContext& context, Label& control, QWidget& ground);
     void Mirror() override;
 
 private:
@@ -42,7 +42,8 @@ private:
 /// A filled rectangle, for shapes and lines, through which the pointer goes.
 class FillPeer final : public Peer {
 public:
-    FillPeer(Desk& desk, Control& control, Property<Colour> const& colour, QWidget& ground);
+    FillPeer(
+        PeerContext& context, Control& control, Property<Colour> const& colour, QWidget& ground);
     void Mirror() override;
 
 private:
@@ -51,7 +52,7 @@ private:
 
 class XPContainerPeer final : public SurfacePeer {
 public:
-    XPContainerPeer(Desk& desk, XPContainer& control, QWidget& ground);
+    XPContainerPeer(PeerContext& context, XPContainer& control, QWidget& ground);
     void Mirror() override;
 
 private:

@@ -8,8 +8,8 @@
 #include <QScrollBar>
 #include <QTextDocument>
 
-TextPeer::TextPeer(Desk& desk, TextInput& control, QWidget& ground)
-    : Peer(desk, control, new TextEdit(&ground))
+TextPeer::TextPeer(PeerContext& context, TextInput& control, QWidget& ground)
+    : Peer(context, control, new TextEdit(&ground))
     , m_box(control)
     , m_shown(static_cast<TextEdit&>(*Widget()))
 {
@@ -22,14 +22,14 @@ TextPeer::TextPeer(Desk& desk, TextInput& control, QWidget& ground)
 void TextPeer::ConnectDocument()
 {
     connect(m_shown.document(), &QTextDocument::contentsChange, this, [this] {
-        if (!m_desk.IsMirroring())
+        if (!m_context.IsMirroring())
             m_documentChanged = true;
     });
 }
 
 void TextPeer::Changed()
 {
-    if (m_desk.IsMirroring() || m_editing)
+    if (m_context.IsMirroring() || m_editing)
         return;
     auto const cursor = m_shown.textCursor();
     int const start = m_shown.ToOffset(cursor.selectionStart());
@@ -84,7 +84,7 @@ void TextPeer::MirrorCaret()
 {
     // The caret of a text that can't be written in shows only where the user reads by the keyboard.
     bool const isLocked = m_box.IsReadOnly();
-    if (isLocked && m_box.OwnForm().Focus() != &m_box)
+    if (isLocked && m_box.ParentForm().Focus() != &m_box)
         return;
     int const start = m_shown.ToPosition(m_box.SelStart);
     int const end = m_shown.ToPosition(m_box.SelStart + m_box.SelLength);
@@ -99,8 +99,8 @@ void TextPeer::MirrorCaret()
         m_shown.verticalScrollBar()->setValue(scrolled);
 }
 
-TextBoxPeer::TextBoxPeer(Desk& desk, TextBox& control, QWidget& ground)
-    : TextPeer(desk, control, ground)
+TextBoxPeer::TextBoxPeer(PeerContext& context, TextBox& control, QWidget& ground)
+    : TextPeer(context, control, ground)
     , m_textBox(control)
 {
     m_shown.setVerticalScrollBarPolicy(
@@ -119,8 +119,8 @@ void TextBoxPeer::MirrorText()
     m_shown.setPlainText(whole);
 }
 
-LinePeer::LinePeer(Desk& desk, TextBox& control, QWidget& ground)
-    : Peer(desk, control, new QLineEdit(&ground))
+LinePeer::LinePeer(PeerContext& context, TextBox& control, QWidget& ground)
+    : Peer(context, control, new QLineEdit(&ground))
     , m_box(control)
     , m_shown(static_cast<QLineEdit&>(*Widget()))
 {
@@ -131,7 +131,7 @@ LinePeer::LinePeer(Desk& desk, TextBox& control, QWidget& ground)
 
 void LinePeer::Changed()
 {
-    if (m_desk.IsMirroring())
+    if (m_context.IsMirroring())
         return;
     bool const selects = m_shown.hasSelectedText();
     int const start = selects ? m_shown.selectionStart() : m_shown.cursorPosition();

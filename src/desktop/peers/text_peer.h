@@ -11,7 +11,7 @@ class TextEdit;
 /// A box of several lines.
 class TextPeer : public Peer {
 public:
-    TextPeer(Desk& desk, TextInput& control, QWidget& ground);
+    TextPeer(PeerContext& context, TextInput& control, QWidget& ground);
     void Mirror() override;
 
 protected:
@@ -42,7 +42,7 @@ private:
 
 class TextBoxPeer final : public TextPeer {
 public:
-    TextBoxPeer(Desk& desk, TextBox& control, QWidget& ground);
+    TextBoxPeer(PeerContext& context, TextBox& control, QWidget& ground);
 
 protected:
     void MirrorText() override;
@@ -55,7 +55,7 @@ private:
 /// A box of one line.
 class LinePeer final : public Peer {
 public:
-    LinePeer(Desk& desk, TextBox& control, QWidget& ground);
+    LinePeer(PeerContext& context, TextBox& control, QWidget& ground);
     void Mirror() override;
 
 protected:

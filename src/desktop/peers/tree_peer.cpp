@@ -38,10 +38,10 @@ private:
     bool m_pressed = false;
 };
 
-TreePeer::TreePeer(Desk& desk, TreeView& control, QWidget& ground)
-    : Peer(desk, control, new NodeView(&ground))
+TreePeer::TreePeer(PeerContext& context, TreeView& control, QWidget& ground)
+    : Peer(context, control, new NodeView(&ground))
     , m_tree(control)
-    , m_model(control, desk.pictures)
+    , m_model(control, context.pictures)
     , m_shown(static_cast<NodeView&>(*Widget()))
 {
     m_shown.setModel(&m_model);
@@ -115,7 +115,7 @@ void TreePeer::MirrorSelected()
 
 void TreePeer::Toggled(QModelIndex const& index, bool expanded)
 {
-    if (m_desk.IsMirroring())
+    if (m_context.IsMirroring())
         return;
     Node& node = NodeModel::NodeAt(index);
     m_toggled.push_back(&node);
@@ -125,7 +125,7 @@ void TreePeer::Toggled(QModelIndex const& index, bool expanded)
 void TreePeer::Chosen(QModelIndex const& index)
 {
     Act([&](Input& input) {
-        if (input.Blocked(m_tree).empty() && !m_tree.OwnForm().IsBusy())
+        if (input.Blocked(m_tree).empty() && !m_tree.ParentForm().IsBusy())
             m_tree.Select(&NodeModel::NodeAt(index));
     });
 }

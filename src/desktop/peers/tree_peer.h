@@ -10,7 +10,7 @@ class QModelIndex;
 
 class TreePeer final : public Peer {
 public:
-    TreePeer(Desk& desk, TreeView& control, QWidget& ground);
+    TreePeer(PeerContext& context, TreeView& control, QWidget& ground);
     void Mirror() override;
 
 protected:

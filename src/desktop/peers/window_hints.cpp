@@ -33,7 +33,7 @@ static void Put(xcb_connection_t* connection, QWindow const& window, xcb_atom_t 
     xcb_flush(connection);
 }
 
-void KeepOutOfTaskBar(QWindow const& window)
+void HideFromTaskBar(QWindow const& window)
 {
     if (auto* const connection = Connection())
         Put(connection, window, Atom(connection, "_NET_WM_STATE"), XCB_ATOM_ATOM,
@@ -47,6 +47,6 @@ void TellOwner(QWindow const& window, QWindow const& owner)
             static_cast<std::uint32_t>(owner.winId()));
 }
 #else
-void KeepOutOfTaskBar(QWindow const&) { }
+void HideFromTaskBar(QWindow const&) { }
 void TellOwner(QWindow const&, QWindow const&) { }
 #endif

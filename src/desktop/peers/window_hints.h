@@ -5,7 +5,7 @@
 class QWindow;
 
 /// Keeps a window that isn't up yet out of the task bar.
-void KeepOutOfTaskBar(QWindow const& window);
+void HideFromTaskBar(QWindow const& window);
 /// Makes `owner` the window above which this one, which is up, has to stay. Qt says so of dialogs
 /// alone.
 void TellOwner(QWindow const& window, QWindow const& owner);

@@ -1,8 +1,8 @@
 #include "kit/answers/user_work.h"
 
-#include "platform/host/descriptor.h"
-#include "platform/host/folders.h"
-#include "platform/host/sqlite_settings_store.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/folders.h"
+#include "platform/posix/sqlite_settings_store.h"
 
 namespace fs = std::filesystem;
 

@@ -2,7 +2,7 @@
 // All that a user has written, the entries of his store and the files of his notes: how it is read,
 // and how it is brought back.
 
-#include "platform/host/backup_file.h"
+#include "platform/posix/backup_file.h"
 
 /// Where the notes lie in a user's folder.
 std::filesystem::path NotesFolder(std::filesystem::path const& userFolder);

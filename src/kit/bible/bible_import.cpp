@@ -1,7 +1,7 @@
 #include "kit/bible/bible_import.h"
 
 #include "base/code_page.h"
-#include "base/nearest_form.h"
+#include "base/nearest_code_page.h"
 #include "bible/about_line.h"
 #include "bible/book_file.h"
 #include "kit/bible/bible_books.h"
@@ -42,7 +42,7 @@ public:
         if (verse.text.empty())
             return;
         m_innerParagraphs += verse.innerParagraphs;
-        Keep(entry, verse);
+        AddVerse(entry, verse);
     }
 
     /// The result, but for the files.
@@ -87,7 +87,7 @@ private:
         m_isBookSeen[m_book] = true;
     }
 
-    void Keep(ExportEntry const& entry, OsisVerse const& verse)
+    void AddVerse(ExportEntry const& entry, OsisVerse const& verse)
     {
         auto const reference
             = m_bookName + ' ' + std::to_string(entry.chapter) + ':' + std::to_string(entry.verse);
@@ -117,9 +117,9 @@ private:
 
 /// A verse as it may stand in a book file: in code page 1252, with single blanks, what has a
 /// meaning there or in a page of HTML replaced.
-NearestForm FileText(std::string const& utf8)
+NearestBytes FileText(std::string const& utf8)
 {
-    auto form = NearestCodePage(FromUtf8(utf8));
+    auto form = ToNearestCodePage(FromUtf8(utf8));
     form.replaced += std::erase_if(
         form.bytes, [](char byte) { return byte == '*' || byte == paragraphMark; });
     std::string bytes;
@@ -141,7 +141,7 @@ NearestForm FileText(std::string const& utf8)
 std::string WriteBook(std::size_t book, BibleBooks& books, BibleImport& result)
 {
     auto const& canon = Canon()[book];
-    auto bytes = NearestCodePage(canon.name).bytes + "\r\n";
+    auto bytes = ToNearestCodePage(canon.name).bytes + "\r\n";
     for (int chapter = 1; chapter <= static_cast<int>(canon.verseCounts.size()); ++chapter) {
         for (int verse = 1; BibleBooks::Has(book, chapter, verse); ++verse) {
             auto const& gathered = books.At(book, chapter, verse);
@@ -163,7 +163,7 @@ std::string WriteBook(std::size_t book, BibleBooks& books, BibleImport& result)
 
 bool IsAboutText(std::string const& utf8)
 {
-    auto const bytes = NearestCodePage(FromUtf8(utf8)).bytes;
+    auto const bytes = ToNearestCodePage(FromUtf8(utf8)).bytes;
     return IsUtf8(utf8) && !bytes.empty() && bytes == ToCodePage(AboutLine(bytes));
 }
 

@@ -1,8 +1,8 @@
 #include "kit/common/files.h"
 
-#include "platform/host/console.h"
-#include "platform/host/descriptor.h"
-#include "platform/host/folders.h"
+#include "platform/posix/console.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/folders.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -53,7 +53,8 @@ constexpr char const *workMarker = "work-of-sparrowfield-kit",
 bool IsOwnWorkFolder(fs::path const& folder)
 {
     auto const marker = folder / workMarker;
-    if (!IsOwn(folder, fs::file_type::directory) || !IsOwn(marker, fs::file_type::regular))
+    if (!IsOwnedByUser(folder, fs::file_type::directory)
+        || !IsOwnedByUser(marker, fs::file_type::regular))
         return false;
     auto const marking = ReadWholeFile(marker);
     return marking && *marking == workMarking;
@@ -93,7 +94,7 @@ public:
     ~WorkFolder()
     {
         std::error_code ignored;
-        if (!m_isKept)
+        if (!m_isReleased)
             fs::remove_all(m_path, ignored);
         RemoveMadeTarget();
     }
@@ -102,10 +103,10 @@ public:
 
     fs::path const& Path() const { return m_path; }
     /// From now on it is the user's.
-    void Keep()
+    void Release()
     {
         std::error_code ignored;
-        m_isKept = true;
+        m_isReleased = true;
         fs::remove(m_path / workMarker, ignored);
     }
 
@@ -119,7 +120,7 @@ private:
 
     fs::path m_target;
     bool m_madeTarget;
-    bool m_isKept = false;
+    bool m_isReleased = false;
     fs::path m_path;
 };
 
@@ -196,7 +197,7 @@ private:
 void WriteAndExchange(fs::path const& target, OutputFiles const& files,
     std::vector<fs::path> const& names, Readers readers)
 {
-    EndHeldBack const untilDone;
+    DeferredInterrupt const untilDone;
     WorkFolder work(target);
     for (auto const& name : names)
         WriteWhole(work.Path() / "new" / name, files.at(name), target / name, readers);
@@ -207,7 +208,7 @@ void WriteAndExchange(fs::path const& target, OutputFiles const& files,
     } catch (fs::filesystem_error const& error) {
         if (exchange.PutBack())
             throw;
-        work.Keep();
+        work.Release();
         throw fs::filesystem_error("", error.path1(), exchange.Old(), error.code());
     }
 }

@@ -1,6 +1,6 @@
 #include "kit/common/progress.h"
 
-#include "platform/host/console.h"
+#include "platform/posix/console.h"
 
 #include <algorithm>
 #include <cstdio>

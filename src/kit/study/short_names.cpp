@@ -19,7 +19,7 @@ ShortName FindShortName(TextView text, std::size_t from)
     return {};
 }
 
-Text KeepShortNames(TextView text)
+Text EscapeShortNames(TextView text)
 {
     Text kept(text);
     for (auto name = FindShortName(kept, 0); name.length > 0;

@@ -17,4 +17,4 @@ ShortName FindShortName(TextView text, std::size_t from);
 
 /// The text with a soft hyphen (U+00AD, not seen within a line) in front of the full stop of each
 /// short name, which thus stays as it is.
-Text KeepShortNames(TextView text);
+Text EscapeShortNames(TextView text);

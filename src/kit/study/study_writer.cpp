@@ -39,7 +39,7 @@ public:
     void AddVerse(Verse const& verse, Passage const& passage)
     {
         auto const number = FromNumber(verse.number);
-        auto const line = KeepShortNames(number + u' ' + verse.text);
+        auto const line = EscapeShortNames(number + u' ' + verse.text);
         auto const item = ClassifyVerseLine(line);
         auto const what = passage.heading + u", verse " + number;
         bool const isSame = item && item->kind == VerseFileItem::Kind::NumberedVerse

@@ -1,6 +1,6 @@
 #include "setup/window/setup_window.h"
 
-#include "platform/host/host_shell.h"
+#include "platform/posix/posix_shell.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -82,7 +82,7 @@ void SetupWindow::Start_Click()
 {
     std::error_code error;
     std::filesystem::current_path(m_places.target, error);
-    if (!error && HostShell().Execute(u"open", FromUtf8(installedProgram)))
+    if (!error && PosixShell().Execute(u"open", FromUtf8(installedProgram)))
         return End();
     auto const program = m_places.target / installedProgram;
     Say(tr("%1: it couldn't be started.").arg(QString::fromStdU16String(program.u16string())),

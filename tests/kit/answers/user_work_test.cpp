@@ -1,7 +1,7 @@
 #include "kit/answers/user_work.h"
 
 #include "kit/kit_fixtures.h"
-#include "platform/host/sqlite_settings_store.h"
+#include "platform/posix/sqlite_settings_store.h"
 
 #include <gmock/gmock.h>
 

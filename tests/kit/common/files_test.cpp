@@ -77,12 +77,13 @@ TEST(Files, OfWorkFoldersOnlyOursAreRemoved)
     fs::create_directory(folder.Path() / "linked");
     fs::copy(ours, folder.Path() / "linked", fs::copy_options::recursive);
     fs::create_directory_symlink("linked", folder.Path() / ".kit-link");
-    folder.Write("b", "2");
+    Faults faults;
+    ReplaceFiles(folder.Path(), { { "b", "2" } }, faults);
     EXPECT_TRUE(fs::exists(ours)) << "it may be at work";
     for (auto const* const name : { ".kit-mine", ".kit-other", ".kit-kept", "linked" })
         old(folder.Path() / name);
     old(ours);
-    folder.Write("b", "3");
+    ReplaceFiles(folder.Path(), { { "b", "3" } }, faults);
     EXPECT_FALSE(fs::exists(ours));
     for (auto const* const name :
         { ".kit-mine/letter", ".kit-kept/old/a", ".kit-other", ".kit-link" })

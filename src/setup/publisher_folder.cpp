@@ -1,0 +1,129 @@
+#include "setup/publisher_folder.h"
+
+#include "platform/posix/folders.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+static constexpr char const* asideName = ".new-";
+
+static Failure About(fs::path const& place)
+{
+    return SystemFailure(FromUtf8(place.string()));
+}
+
+static void RemoveLeftovers(fs::path const& folder)
+{
+    std::error_code error;
+    std::vector<fs::path> leftovers;
+    fs::directory_iterator entries(folder, error);
+    for (; !error && entries != fs::directory_iterator(); entries.increment(error))
+        if (entries->path().filename().string().starts_with(asideName)
+            && IsOwnedByUser(entries->path(), fs::file_type::directory))
+            leftovers.push_back(entries->path());
+    for (auto const& leftover : leftovers)
+        fs::remove_all(leftover, error);
+}
+
+Outcome<PublisherFolder> PublisherFolder::Hold(fs::path const& folder)
+{
+    if (auto const made = MakeFolders(folder); !made)
+        return made.failure();
+    std::error_code error;
+    for (auto const& place : { folder.parent_path(), folder })
+        if (fs::is_symlink(fs::symlink_status(place, error)))
+            return Failure { FromUtf8(place.string()), 0,
+                u"it is a link, and Setup changes nothing behind a link" };
+    Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW));
+    if (!descriptor)
+        return About(folder);
+    if (::flock(descriptor.Number(), LOCK_EX | LOCK_NB) != 0) {
+        if (errno == EWOULDBLOCK)
+            return Failure { FromUtf8(folder.string()), 0, u"another Setup is at work there" };
+        // A file system without locks: better to go on than never to install.
+    }
+    RemoveLeftovers(folder);
+    return PublisherFolder(folder, std::move(descriptor));
+}
+
+PublisherFolder::PublisherFolder(fs::path folder, Descriptor descriptor)
+    : m_folder(std::move(folder))
+    , m_descriptor(std::move(descriptor))
+{
+}
+
+PublisherFolder::~PublisherFolder()
+{
+    if (m_descriptor)
+        ::rmdir(m_folder.c_str());
+}
+
+Outcome<fs::path> PublisherFolder::MakeAside() const
+{
+    std::string pattern = (m_folder / (std::string(asideName) + "XXXXXX")).string();
+    if (!::mkdtemp(pattern.data()))
+        return About(m_folder);
+    return fs::path(pattern);
+}
+
+/// In two steps, where the file system can't do it in one. A program that is killed in between
+/// leaves no copy, which the next installation mends.
+static Outcome<Done> ExchangeInSteps(fs::path const& fresh, fs::path const& target)
+{
+    fs::path const aside = fresh.string() + "-old";
+    if (::rename(target.c_str(), aside.c_str()) != 0)
+        return About(target);
+    if (::rename(fresh.c_str(), target.c_str()) != 0) {
+        auto const failure = About(target);
+        [[maybe_unused]] auto const isBack = ::rename(aside.c_str(), target.c_str());
+        return failure;
+    }
+    std::error_code ignored; // What stays is removed by the next Hold.
+    fs::remove_all(aside, ignored);
+    return Done {};
+}
+
+Outcome<Done> PublisherFolder::Exchange(fs::path const& fresh, fs::path const& target) const
+{
+    std::error_code error;
+    if (!fs::exists(fs::symlink_status(target, error))) {
+        if (::rename(fresh.c_str(), target.c_str()) != 0)
+            return About(target);
+    } else if (::renameat2(AT_FDCWD, fresh.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE)
+        != 0) {
+        if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP)
+            return About(target);
+        if (auto exchanged = ExchangeInSteps(fresh, target); !exchanged)
+            return exchanged;
+    }
+    return FlushFolder(m_folder.string());
+}
+
+Outcome<Done> PublisherFolder::Remove(fs::path const& target) const
+{
+    std::error_code error;
+    auto const status = fs::symlink_status(target, error);
+    if (fs::is_symlink(status))
+        return ::unlink(target.c_str()) == 0 ? Outcome<Done>(Done {}) : About(target);
+    if (!fs::is_directory(status))
+        return Failure { FromUtf8(target.string()), 0, u"it is no folder" };
+    auto const aside = MakeAside();
+    if (!aside)
+        return aside.failure();
+    if (::rename(target.c_str(), aside->c_str()) != 0) {
+        auto const failure = About(target);
+        ::rmdir(aside->c_str());
+        return failure;
+    }
+    fs::remove_all(*aside, error);
+    if (error)
+        return SystemFailure(FromUtf8(aside->string()), error.value());
+    return FlushFolder(m_folder.string());
+}
