@@ -3,7 +3,6 @@
 
 #include "desktop/desktop_fixture.h"
 
-#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QTemporaryDir>
@@ -112,15 +111,14 @@ TEST_F(DesktopTest, AHostilePageOpensNothingAndIsSoonThere)
         files.Put(u"C:\\Temp\\p.htm",
             "<html><body background=\"file:///app\\bg.jpg\">" + page
                 + "</body></html>"); // there is no such file
-        QElapsedTimer time;
-        time.start();
+        auto const start = std::clock(); // of this process, whatever else the machine does
         reader.page.Navigate(u"file://C:\\Temp\\p.htm");
         Settle();
         shown.grab();
         QTest::mouseClick(shown.viewport(), Qt::LeftButton, {}, { 30, 15 });
         Settle();
         EXPECT_FALSE(folder.WasOpened());
-        EXPECT_LT(time.elapsed(), 1000);
+        EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC);
     }
     for (int const type : { 1, 2, 3, 4, 100 }) // of a resource, as QTextDocument numbers them
         EXPECT_FALSE(shown.loadResource(type, QUrl(QStringLiteral("secret.png"))).isNull())

@@ -11,7 +11,7 @@ import sys
 import time
 
 here = pathlib.Path(__file__).resolve().parent
-sys.path[:0] = [str(here.parents[1] / "packaging" / "walk"), str(here.parent)]
+sys.path[:0] = [str(here.parents[1] / "tests" / "walk"), str(here.parent)]
 import person  # noqa: E402
 from person import click_at, control, expect, run, start, text_of, user, wait  # noqa: E402
 from program import stored  # noqa: E402
