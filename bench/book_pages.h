@@ -1,6 +1,5 @@
 #pragma once
-// The two pages that the benchmarks of the Bible are about, built from the book files of a disc
-// folder.
+// The two pages that the benchmarks of the Bible build, from the book files of a disc.
 
 #include "base/turns.h"
 #include "platform/posix/posix_file_system.h"
@@ -20,8 +19,8 @@ struct Passage {
 constexpr Passage john3 { "John 3", u"\\kjv\\kjv43", u"John 3" };
 constexpr Passage psalms { "Psalms", u"\\kjv\\kjv19", u"Psalms" };
 
-/// The disc folder of the command line, else build/disc; says so and ends the process if it has no
-/// Bible.
+/// The disc folder of the command line, or else build/disc. If it has no Bible, prints a message
+/// and exits.
 inline std::filesystem::path DiscFolder(int count, char** arguments)
 {
     std::filesystem::path disc = count > 1 ? arguments[1] : SPARROWFIELD_SOURCE_DIR "/build/disc";

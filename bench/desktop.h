@@ -1,6 +1,6 @@
 #pragma once
 // What the benchmarks of the desktop program share: the program on Qt's offscreen platform in a
-// folder of its own, and figures held against what is asked for.
+// folder of its own, and figures compared with their targets.
 
 #include "controls/input.h"
 #include "desktop/desktop_host.h"
@@ -37,14 +37,14 @@ inline double Median(std::vector<double> times)
     return times[times.size() / 2];
 }
 
-/// Serves the event loop until nothing is left to do: all is laid out and painted then.
+/// Runs the event loop until nothing is left to do: everything is laid out and painted then.
 inline void ServeAll()
 {
     auto* const dispatcher = QAbstractEventDispatcher::instance();
     do
         QCoreApplication::sendPostedEvents();
     while (dispatcher->processEvents(QEventLoop::AllEvents));
-    // Windows that were closed go when an event loop is run, which there is none of here.
+    // Closed windows are deleted by an event loop, and none runs here.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

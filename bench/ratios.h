@@ -1,6 +1,6 @@
 #pragma once
-// Benchmarks beside the floor they are held against: the same bytes, each touched once. The ratios
-// stand at the end.
+// Benchmarks compared with a floor: the same bytes, each touched once. The ratios are printed at
+// the end.
 
 #include "base/code_page.h"
 
@@ -22,8 +22,8 @@ inline void ConvertEach(std::string_view bytes, char16_t* to)
     benchmark::ClobberMemory();
 }
 
-/// Registers a benchmark that runs many times, each for a very short while: the fastest run counts,
-/// and a machine with other work to do leaves at least one of them alone.
+/// Registers a benchmark that runs many times, each for a very short while. The fastest run counts:
+/// even a busy machine leaves at least one of them undisturbed.
 template <class... Arguments> void RegisterShort(std::string const& name, Arguments&&... arguments)
 {
     benchmark::RegisterBenchmark(name.c_str(), std::forward<Arguments>(arguments)...)

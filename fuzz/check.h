@@ -1,6 +1,6 @@
 #pragma once
-// What must hold for every input: broken, it says where and stops the fuzzer, in every kind of
-// build.
+// A condition that must hold for every input. If it doesn't, says where and stops the fuzzer, in
+// every kind of build.
 
 #include <cstdio>
 

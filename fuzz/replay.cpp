@@ -1,5 +1,5 @@
-// Runs a fuzz target once on each file of a folder, in name order. A rule that is broken stops it
-// (check.h); the last file named is the one it was broken by.
+// Runs a fuzz target once on each file of a folder, in the order of their names. A broken rule
+// stops it (check.h); the last file named is the one that broke it.
 
 #include <algorithm>
 #include <cstdio>

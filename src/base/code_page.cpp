@@ -34,8 +34,8 @@ static bool IsAscii(char const* block)
     return ((words[0] | words[1]) & 0x8080808080808080) == 0;
 }
 
-/// Makes each byte a character of the same value. The compiler knows that the copies don't overlap,
-/// and so converts the block as a whole.
+/// Makes each byte a character of the same value. The compiler knows that source and target don't
+/// overlap, so it can convert a block at once.
 static void Widen(char const* block, char16_t* to)
 {
     unsigned char bytes[blockSize];
@@ -51,7 +51,7 @@ static void ConvertEach(std::string_view bytes, char16_t* to)
         [](char byte) { return codePageCharacters[static_cast<unsigned char>(byte)]; });
 }
 
-/// In nearly all blocks each byte is its own character.
+/// In nearly all blocks each byte has the value of its character.
 static void ConvertBlock(char const* block, char16_t* to)
 {
     if (IsAscii(block))
@@ -67,7 +67,7 @@ void ConvertFromCodePage(std::string_view bytes, char16_t* to)
     auto const last = bytes.size() - blockSize;
     for (std::size_t at = 0; at < last; at += blockSize)
         ConvertBlock(bytes.data() + at, to + at);
-    // The last block may convert some bytes again; that is quicker than the rest one by one.
+    // The last block may convert some bytes twice; that is faster than converting the rest singly.
     ConvertBlock(bytes.data() + last, to + last);
 }
 

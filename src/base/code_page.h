@@ -15,13 +15,13 @@ extern char16_t const codePageCharacters[256];
 /// The text of the bytes, one character a byte.
 Text FromCodePage(std::string_view bytes);
 
-/// Writes the characters of the bytes to `to`, which has room for as many.
+/// Writes one character for each byte to `to`, which must have room for them.
 void ConvertFromCodePage(std::string_view bytes, char16_t* to);
 
 /// Appends the text of the bytes to `text`.
 void AppendFromCodePage(Text& text, std::string_view bytes);
 
-/// The byte of a character, or nothing if the code page lacks it.
+/// The byte of a character; nothing if the code page lacks it.
 std::optional<unsigned char> CodePageByte(char16_t character);
 
 /// The bytes of a text that the code page can hold exactly; nothing otherwise.

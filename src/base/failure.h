@@ -1,5 +1,5 @@
 #pragma once
-// Why an operation that has several reasons to fail did fail, as a value.
+// Why an operation failed, as a value.
 
 #include "base/text.h"
 
@@ -7,7 +7,7 @@
 #include <utility>
 #include <variant>
 
-/// What a person needs to know about a failure: the file, where it helps the line, and the reason.
+/// What a user needs to know about a failure: the file, the line where that helps, and the reason.
 struct Failure {
     Text file; ///< as the program named it; empty if no file is concerned
     int line = 0; ///< counted from 1; 0 if no line is concerned
@@ -17,7 +17,7 @@ struct Failure {
     Text Message() const;
 };
 
-/// A value, or the failure that stood in its way.
+/// A value, or the failure that prevented it.
 template <class Value> class [[nodiscard]] Outcome {
 public:
     Outcome(Value value)
@@ -34,7 +34,7 @@ public:
     Value const& operator*() const { return *std::get_if<0>(&m_state); }
     Value* operator->() { return std::get_if<0>(&m_state); }
     Value const* operator->() const { return std::get_if<0>(&m_state); }
-    /// Only of an outcome that failed.
+    /// Call this only if the operation failed.
     Failure const& failure() const
     {
         assert(m_state.index() == 1);
@@ -45,5 +45,5 @@ private:
     std::variant<Value, Failure> m_state;
 };
 
-/// The outcome of an operation that gives nothing but may fail.
+/// The value of an operation that returns nothing but may fail.
 struct Done { };

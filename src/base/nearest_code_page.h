@@ -1,6 +1,6 @@
 #pragma once
-// The nearest form of a text in code page 1252, for files that can hold nothing else. The exact
-// conversions are code_page.h's work.
+// The nearest equivalent of a text in code page 1252, for files that can hold nothing else.
+// code_page.h has the exact conversions.
 
 #include "base/text.h"
 
@@ -13,8 +13,8 @@ struct NearestBytes {
     std::size_t replaced = 0;
 };
 
-/// Characters of the code page stand for themselves. A letter with a mark that the code page lacks
-/// loses the mark; dashes, blanks, quotation marks and ligatures become those that there are; marks
-/// that combine with a letter, Hebrew points among them, and characters without a width go; Greek
-/// and Hebrew letters are written in Latin ones. For anything else stands U+00A4.
+/// Characters of the code page are copied. An accented letter that the code page lacks loses its
+/// accent; dashes, blanks, quotation marks and ligatures are replaced by those that the code page
+/// has; combining marks (Hebrew points too) and characters without a width are dropped; Greek and
+/// Hebrew letters are transliterated. Anything else becomes U+00A4.
 NearestBytes ToNearestCodePage(TextView text);

@@ -78,7 +78,7 @@ static bool IsDigit(char16_t character)
     return character >= u'0' && character <= u'9';
 }
 
-/// True if only zeros stand before the point of a decimal number.
+/// True if a decimal number has only zeros before its point.
 static bool IsBelowOne(std::string_view number)
 {
     auto const first = number.find_first_not_of("-0");
@@ -164,8 +164,8 @@ std::string ToUtf8(TextView text)
     return bytes;
 }
 
-/// Reads one code at `at` and moves behind it; U+FFFD, one byte further, where the bytes are no
-/// UTF-8.
+/// Reads the character at `at` and advances past it; where the bytes are not UTF-8, returns U+FFFD
+/// and advances by one byte.
 static char32_t NextCode(std::string_view bytes, std::size_t& at)
 {
     auto const lead = static_cast<unsigned char>(bytes[at++]);

@@ -1,6 +1,6 @@
 #pragma once
 // The program's text type and the few helpers on it that more than one folder needs.
-// Code pages are code_page.h's work.
+// code_page.h converts to and from code pages.
 
 #include <cstdint>
 #include <optional>
@@ -10,7 +10,7 @@
 
 /// A text in 16-bit characters (UTF-16 code units; unpaired surrogates are allowed and kept).
 using Text = std::u16string;
-/// A text that is only read. Never kept beyond the call that it was given to.
+/// A text that is only read. A callee never keeps it after it returns.
 using TextView = std::u16string_view;
 
 /// The text without leading and trailing blanks (U+0020 alone; tabs and line ends stay).
@@ -32,27 +32,23 @@ Text WithLineEnds(TextView text);
 /// The number in decimal, without leading zeros.
 Text FromNumber(std::int64_t number);
 
-/// What a decimal number at the start of the text gives, leading blanks skipped: an optional sign,
-/// digits, and an optional fraction. 0 where the text doesn't open with a number; infinite above
-/// the range.
+/// The decimal number at the start of the text, after any blanks: an optional sign, digits, and an
+/// optional fraction. 0 if the text doesn't begin with a number; infinite above the range.
 double NumericValue(TextView text);
 
 /// The whole text as a decimal integer (optional sign, digits, blanks around it); nothing if it is
-/// anything else or lies outside 64 bits.
+/// anything else or doesn't fit 64 bits.
 std::optional<std::int64_t> ToInteger(TextView text);
 
-/// UTF-8 both ways. An unpaired surrogate becomes its three-byte form and returns from it; bytes
-/// that are no UTF-8 become U+FFFD.
+/// Conversions to and from UTF-8. An unpaired surrogate becomes its three-byte form and is restored
+/// from it; bytes that are not UTF-8 become U+FFFD.
 std::string ToUtf8(TextView text);
 Text FromUtf8(std::string_view bytes);
 
-/// The text with the capital letters of code page 1252 as small ones, every other character as it
-/// is.
+/// The text with the capital letters of code page 1252 as small ones, all others unchanged.
 Text ToLower(TextView text);
-/// A small letter of code page 1252 as a capital, if that has one too; every other character as it
-/// is.
+/// The capital of a small letter, if both are in code page 1252; any other character unchanged.
 char16_t ToUpper(char16_t character);
 
-/// The text with `A` to `Z` as `a` to `z`, every other character as it is: the case rule of file
-/// names.
+/// The text with `A` to `Z` as `a` to `z`, all others unchanged: the case rule of file names.
 Text ToLowerLatin(TextView text);

@@ -1,14 +1,13 @@
 #pragma once
-// Turns of the event loop, given by long work to whoever shows the forms. A turn costs one
-// decrement while nothing is due; what a due turn does is the host's business.
+// Turns of the event loop: long work gives them to the host, which shows the forms. A turn costs
+// one decrement while nothing is due; the host decides what happens in a due turn.
 
 #include <cstdint>
 #include <functional>
 #include <limits>
 #include <utility>
 
-/// An inline count-down: the host arms it with the number of turns after which it wants to be
-/// called.
+/// An inline countdown: the host sets the number of turns after which it wants to be called.
 class Turns {
 public:
     using Count = std::uint64_t;

@@ -1,15 +1,17 @@
 #pragma once
-// At which call the disk fails, and how. The calls themselves are wrapped in wrapped_calls.cpp; the
-// environment tells:
+// The call at which the disk fails, and how. wrapped_calls.cpp wraps the calls; the environment
+// says what to do:
 //
-//     FAULTS_FOLDER   calls about this folder, and what is below it, are counted from 1; an
-//     absolute path without links FAULTS_LOG      a file outside of it that gets a line for each
-//     counted call: number, name, path, and "!" if it was disturbed FAULTS_MODE     enospc, eio,
-//     erofs: the call fails with that error and does nothing
+//     FAULTS_FOLDER   calls on this folder and everything below it are counted from 1; an absolute
+//                     path without links
+//     FAULTS_LOG      a file outside of it that gets a line for each counted call: number, name,
+//                     path, and "!" if the call was disturbed
+//     FAULTS_MODE     enospc, eio, erofs: the call fails with that error and does nothing
 //                     short: it writes half of its bytes, and the next write to the same file finds
-//                     the disk full full: of this call and the 29 after it, all that need room fail
-//                     with ENOSPC kill-before, kill-half, kill-after: the process ends without the
-//                     call, after half of its bytes, or behind it
+//                     the disk full
+//                     full: of this call and the next 29, all that need space fail with ENOSPC
+//                     kill-before, kill-half, kill-after: the process ends without the call, after
+//                     half of its bytes, or after it
 //     FAULTS_AT       the number of the call; 0 or missing: none is disturbed
 
 #include <cstddef>

@@ -1,6 +1,6 @@
-// A library to be loaded before the C library (LD_PRELOAD): it stands in for the calls by which
-// files change, counts those that concern the user's folder, and lets one of them go wrong. Each
-// call goes on to the function of the same name behind it. Reading is never disturbed.
+// A library that is loaded before the C library (LD_PRELOAD). It replaces the calls that change
+// files, counts those that concern the user's folder, and makes one of them fail. All others are
+// passed on to the C library. Reading is never disturbed.
 
 #include "fault.h"
 
@@ -32,8 +32,8 @@ template <class Value> Value Failed(int error)
         return -1;
 }
 
-/// Carries a call out, unless its turn is the one that goes wrong. A fault that needs bytes to
-/// halve passes it by.
+/// Performs a call, unless it is the one that has to fail. A fault that needs bytes to halve
+/// doesn't apply to it.
 template <class Call> auto Meet(char const* name, std::string const& path, Room room, Call call)
 {
     auto const [fault, error] = Judge(name, path, room);
@@ -239,7 +239,7 @@ ssize_t pwrite64(int file, void const* bytes, std::size_t size, off64_t offset)
         "pwrite64", file, size, [=](std::size_t part) { return next(file, bytes, part, offset); });
 }
 
-/// Half of its pieces stand for half of its bytes.
+/// Half of its pieces count as half of its bytes.
 ssize_t writev(int file, iovec const* pieces, int count)
 {
     static auto* const next = Next<decltype(::writev)>("writev");
