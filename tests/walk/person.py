@@ -137,7 +137,7 @@ def read_page():
             if line.startswith("## "):
                 form = re.match(r"## `(\w+)`", line)
             elif form and (
-                window := re.match(r'An? (dialog|frame|alert) named (?:as the (map)|"(.+?)")', line)
+                window := re.match(r'An? (dialog|frame|alert) named (after the map|"(.+?)")', line)
             ):
                 forms[form[1]] = Told(window[1], window[3] or "*")
             elif form and line.startswith("| ") and "`" in line:
