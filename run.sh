@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Makes a Debian 12 machine ready, builds the program and the disc, and starts the program on the disc. Where there
-# is no display it walks through the program on a screen in memory instead and leaves pictures. Can be run again at
-# any time; what is there already is not made anew.
+# Prepares a Debian 12 machine, builds the program and the disc, and starts the program on the disc.
+# Without a display it runs an automatic walk through the program on a virtual screen instead, which
+# saves pictures. Can be run again at any time; it builds only what has changed.
 set -euo pipefail
 cd "$(dirname "$0")"
 . packaging/packages.sh

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Makes a Debian 12 machine ready, builds everything and runs all tests, without a display. The last line reads
-# "N passed, N failed" and, where tests were skipped, "N skipped" behind it; exit status 0 only if none failed.
+# Prepares a Debian 12 machine, builds everything and runs all tests, without a display. The last
+# line is "N passed, N failed", followed by ", N skipped" if tests were skipped. The exit status is
+# 0 only if no test failed.
 #
 #   ./test.sh              preset dev
 #   ./test.sh --sanitize   preset asan: with the address and undefined behaviour sanitizers
@@ -9,7 +10,7 @@ cd "$(dirname "$0")" || exit 1
 . packaging/packages.sh
 
 Say() { printf '\n== %s\n' "$*"; }
-# A step before the tests counts as one failure: no test has run then.
+# A step that fails before the tests counts as one failure; no test has run then.
 Fail() {
     echo "$*; no test was run."
     echo "0 passed, 1 failed"
@@ -44,7 +45,7 @@ import xml.etree.ElementTree
 counts = dict.fromkeys(("run", "fail", "notrun", "disabled"), 0)
 for case in xml.etree.ElementTree.parse(sys.argv[1]).iter("testcase"):
     skipped = case.find("skipped")
-    # A program that is missing is reported as not run too, but nobody chose to skip it.
+    # A missing test program is also reported as not run, but it isn't a deliberate skip.
     wanted = skipped is not None and skipped.get("message", "").startswith("SKIP_")
     counts["fail" if case.get("status") == "notrun" and not wanted else case.get("status")] += 1
 skips = counts["notrun"] + counts["disabled"]

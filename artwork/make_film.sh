@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Makes the welcome video: frames by the drawing tool, music by music.py, put together by ffmpeg.
+# Makes the welcome video from the frames of the drawing tool and the music of music.py by ffmpeg.
 #
 #   artwork/make_film.sh TOOL SCREENSHOTS FILM
 #
-# TOOL is the built sparrowfield-artwork. SCREENSHOTS is the folder with the pictures that a walk at 1024x768 leaves
-# (build/walk): the film shows the catalogue, a lesson and a publisher's answer from them. Needs ffmpeg.
+# TOOL is the built sparrowfield-artwork. SCREENSHOTS is the folder with the pictures of a walk at
+# 1024x768 (build/walk). The film shows its pictures of the catalogue, a lesson and a publisher's
+# answer. Needs ffmpeg.
 set -euo pipefail
 [ $# -eq 3 ] || {
     sed -n '4s/^# *//p' "$0" >&2

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Writes the music of the welcome video: music.py FILE.wav. Soft plucked chords over a low pad, 30 seconds, mono."""
+"""Writes the music of the welcome video: music.py FILE.wav. Soft plucked chords over a low pad, 30
+seconds, mono."""
 
 import array
 import math
@@ -9,7 +10,7 @@ import wave
 RATE = 22050
 SECONDS = 30
 BAR = 3.2  # seconds
-CHORDS = [  # bass, then the notes of the broken chord, as half tones above C3
+CHORDS = [  # bass, then the notes of the broken chord, in semitones above C3
     (0, (12, 16, 19, 24)),
     (-5, (11, 14, 19, 23)),
     (-3, (12, 16, 21, 24)),
@@ -52,7 +53,7 @@ for bar, (bass, notes) in enumerate(CHORDS):
             ((1, 1.0), (2, 0.35), (3, 0.12), (4, 0.05)),
         )
 
-for n in range(len(samples)):  # it comes and goes softly
+for n in range(len(samples)):  # fade in and out
     t = n / RATE
     samples[n] *= min(1.0, t / 1.5) * min(1.0, (SECONDS - t) / 3.0)
 peak = max(abs(s) for s in samples)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Adds Sparrowfield to the user's application menu: the program and the disc in build/.
-# To remove it, delete the file that this names.
+# Adds an entry for the program in build/disc to the user's application menu.
+# To remove it, delete the file that this script prints.
 set -euo pipefail
 export LC_ALL=C # bytes, not characters
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -14,8 +14,9 @@ if ! printf %s "$disc" | iconv -f UTF-8 -t UTF-8 >/dev/null 2>&1; then
     exit 1
 fi
 
-# shellcheck disable=SC1003 # A backslash in single quotes is meant as one.
-# The rules of the Desktop Entry Specification 1.5: a word of a command line is quoted; then the text becomes the value of a key.
+# shellcheck disable=SC1003 # The single-quoted backslash is intended.
+# By the Desktop Entry Specification 1.5, an argument of a command line is quoted first; then the
+# text is escaped as the value of a key.
 quoted() {
     local word=$1 character
     for character in '\' '"' '`' '$'; do word=${word//"$character"/"\\$character"}; done
@@ -28,7 +29,7 @@ value() {
     text=${text//$'\r'/'\r'}
     printf %s "${text//$'\t'/'\t'}"
 }
-# The path of a program can't hold "=", and desktops never find one with "%" in it, however it is written.
+# The path of a program must not contain "=", and desktops don't find a path with "%" in it.
 case $program in
 *[=%]*) command='sh -c "exec ./sparrowfield"' ;;
 *) command=$(quoted "$program") ;;

@@ -1,5 +1,6 @@
-# cmake --install and the Debian package. The program lies with its studies, Bibles and maps in one folder, and a command of its name
-# starts it there. The folder's name has "Program" in it, by which the program knows that it is installed and offers to enter.
+# cmake --install and the Debian package. The program is installed in one folder with its studies,
+# Bibles and maps, and a command of the same name starts it there. The folder's name contains
+# "Program", by which the program knows that it is installed and offers "Enter".
 include(GNUInstallDirs)
 
 set(SPARROWFIELD_DISC "${PROJECT_SOURCE_DIR}/build/disc" CACHE PATH "The disc, made by packaging/make_disc.sh, that is installed")
@@ -35,14 +36,14 @@ set(CPACK_PACKAGE_NAME sparrowfield)
 set(CPACK_PACKAGE_VENDOR "Sparrowfield House")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "workbook for Bible studies, with two Bibles and nine maps")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-# Strips the programs, and puts the symbols into a package beside.
+# Strips the programs, and puts the symbols into a separate package.
 set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/package)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Sparrowfield House <house@sparrowfield.example>")
 set(CPACK_DEBIAN_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What the program loads by name: the window system's plug-ins, and typefaces.
+# Loaded by name at run time: the window system's plug-ins, and fonts.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, fonts-liberation2 | fonts-liberation")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, qt6-wayland")
 include(CPack)

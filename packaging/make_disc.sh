@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Makes the demonstration disc: the folder from which the program runs, with all that it opens.
+# Makes the demonstration disc: the folder in which the program runs, with all files that it opens.
 #
 #   packaging/make_disc.sh FOLDER PROGRAMS
 #
-# PROGRAMS is the folder of the built programs. The texts come from data/, the Bibles from the Debian packages
-# sword-text-kjv and sword-text-web. Only files whose content changes are written, so a second run is cheap; study
-# and verse files without a source are removed, and nothing else in the folder is touched.
+# PROGRAMS is the folder of the built programs. The texts come from data/, the Bibles from the
+# Debian packages sword-text-kjv and sword-text-web. Only files whose content changes are written,
+# so a second run is fast. Study and verse files without a source are removed; no other file in the
+# folder is touched.
 set -euo pipefail
 [ $# -eq 2 ] || {
     sed -n '2,4s/^# \{0,1\}//p' "$0" >&2
@@ -18,7 +19,8 @@ cd "$(dirname "$0")/.."
 kit=$programs/sparrowfield-kit
 exports=$disc/../exports # beside the disc, not on it
 
-# Export MODULE PACKAGE: the path of a module's text export; made once for each version of the package.
+# Export MODULE PACKAGE: prints the path of a module's text export, which is made once for each
+# version of the package.
 Export() {
     local version file
     version=$(dpkg-query -W -f='${Version}' "$2") || return 1
@@ -31,7 +33,7 @@ Export() {
     echo "$file"
 }
 
-# Bring FILE NAME: copies a file to the disc, if it isn't there already. A program may run meanwhile.
+# Bring FILE NAME: copies a file to the disc if it differs, even while a program on the disc runs.
 Bring() {
     cmp -s "$1" "$disc/$2" && return
     cp "$1" "$disc/.new-file"

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Makes the Debian package in build/package: builds the release, makes the disc, packs both. Can be run again at any time.
+# Makes the Debian package in build/package: builds the release, makes the disc, packages both. Can
+# be run again at any time.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . packaging/packages.sh

@@ -1,16 +1,16 @@
 # shellcheck shell=bash disable=SC2034 # The lists are for the scripts that source this one.
-# The Debian packages that the project needs, all in this one place, and the function that installs what is missing.
-# To be read by a bash script: source packaging/packages.sh
+# All Debian packages that the project needs, and a function that installs the missing ones.
+# To be sourced by a bash script: source packaging/packages.sh
 
 buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libxcb1-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev)
 runPackages=(libqt6widgets6 libqt6printsupport6 libqt6multimediawidgets6 qt6-qpa-plugins
     fonts-liberation2 fonts-dejavu-core)
 discPackages=(libsword-utils sword-text-kjv sword-text-web)
 testPackages=(python3 black clang-format shellcheck libgtest-dev libgmock-dev libbenchmark-dev)
-walkPackages=(xvfb xauth x11-utils openbox xdotool imagemagick poppler-utils dbus at-spi2-core python3-gi gir1.2-atspi-2.0) # a screen that is only a memory, and hands to use it
+walkPackages=(xvfb xauth x11-utils openbox xdotool imagemagick poppler-utils dbus at-spi2-core python3-gi gir1.2-atspi-2.0) # a virtual screen, and tools to use it
 
-# InstallMissing PACKAGE...: installs those that aren't there yet; asks apt-get only then. Says what it does;
-# returns other than 0, with the command to run by hand, if it can't.
+# InstallMissing PACKAGE...: installs the packages that are missing; runs apt-get only if there are
+# any. Says what it does. On failure it prints the command to run by hand and returns nonzero.
 InstallMissing() {
     local package missing=() asRoot=()
     for package in "$@"; do

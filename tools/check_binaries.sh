@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Looks whether programs were built as what is released is to be: position-independent, with addresses that can't be overwritten once
-# they are resolved, guarded stacks and checked library calls, and without symbols.
+# Checks that programs were built as a release requires: position-independent, with read-only
+# relocations, stack protectors and checked library calls, and without symbols.
 #   tools/check_binaries.sh [--with-symbols] PROGRAM...
 set -euo pipefail
 withSymbols=
@@ -23,7 +23,7 @@ for program in "$@"; do
     grep -q __stack_chk_fail <<<"$symbols" || Lacks "$program" "stack protectors"
     grep -Eq '__[a-z]+_chk\b' <<<"$symbols" && hasCheckedCalls=1
     grep -q _ZSt21__glibcxx_assert_fail <<<"$symbols" || Lacks "$program" "checked containers (_GLIBCXX_ASSERTIONS)"
-    # shellcheck disable=SC2016 # $0x0 is a number of the assembler's.
+    # shellcheck disable=SC2016 # $0x0 is assembler syntax.
     if grep -q 'Machine: *Advanced Micro Devices X86-64' <<<"$head"; then
         [ "$(grep -c endbr64 <<<"$code")" -gt 100 ] || Lacks "$program" "control-flow protection"
         grep -Eq 'or[ql]? +\$0x0,(0x0)?\(%rsp' <<<"$code" && hasProbes=1
@@ -32,7 +32,7 @@ for program in "$@"; do
     fi
     [ -n "$withSymbols" ] || ! readelf -SW "$program" | grep -Eq '\.(symtab|debug_info)' || Lacks "$program" "nothing: its symbols weren't stripped"
 done
-# Not each program has a call that can be checked, or a frame of more than a page.
+# Not every program has a call that can be checked, or a stack frame of more than a page.
 [ -n "$hasCheckedCalls" ] || Lacks "all programs" "checked library calls (_FORTIFY_SOURCE)"
 [ -n "$hasProbes" ] || Lacks "all programs" "probes of the stack's next page (-fstack-clash-protection)"
 [ $faults -eq 0 ] && echo "$# programs checked"

@@ -1,8 +1,12 @@
 #!/usr/bin/env bash
-# Does what README says first, as somebody does who has nothing but a minimal Debian: takes a clone of what is committed, runs the tests,
-# runs the program (which walks through itself where there is no display), makes the package, and tries that in a system of its own.
-# Takes about half an hour on two cores. Needs root and debootstrap.
-#   tools/check_clone.sh [FOLDER]      the folder for the systems, removed at the end; left out: a temporary one
+# Follows the first steps of the README on a minimal Debian: clones the last commit, runs the tests,
+# runs the program (as an automatic walk, since there is no display), makes the package, and tests
+# the package in another new system. Takes about half an hour on two cores. Needs root and
+# debootstrap.
+#
+#   tools/check_clone.sh [FOLDER]
+#
+# FOLDER is for the systems and is removed at the end; by default a temporary folder.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . packaging/packages.sh

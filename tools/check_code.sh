@@ -1,13 +1,17 @@
 #!/usr/bin/env bash
-# Looks for mistakes without running anything: clang-tidy with the checks of .clang-tidy, cppcheck with its warnings about errors, speed and
-# portability. Takes about half an hour the first time. Ends with status 1 if either finds something.
-#   tools/check_code.sh [FILE...]      the sources for clang-tidy; left out: all of src/ and artwork/
+# Static analysis: clang-tidy with the checks of .clang-tidy, and cppcheck with its warnings about
+# errors, performance and portability. Takes about half an hour the first time. The exit status is 1
+# if either finds something.
+#
+#   tools/check_code.sh [FILE...]
+#
+# FILE... are the sources for clang-tidy; by default all of src/ and artwork/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . packaging/packages.sh
 InstallMissing "${buildPackages[@]}" "${testPackages[@]}" clang-tidy cppcheck libqt6svg6-dev
 cmake --preset dev -DSPARROWFIELD_ARTWORK=ON >/dev/null
-# The resources that Qt's tools write are sources too.
+# The build generates further sources, by Qt's tools.
 cmake --build --preset dev
 files=("$@")
 [ ${#files[@]} -gt 0 ] || mapfile -t files < <(git ls-files 'src/*.cpp' 'artwork/*.cpp')

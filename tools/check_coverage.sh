@@ -1,6 +1,10 @@
 #!/usr/bin/env bash
-# Runs all tests and says how many lines of src/ ran, in all and by folder, with the files that ran least.
-#   tools/check_coverage.sh [LEAST]      fails below LEAST percent of the lines; left out: 90
+# Runs all tests and reports the line coverage of src/, in total and by folder, and the files with
+# the lowest coverage.
+#
+#   tools/check_coverage.sh [LEAST]
+#
+# Fails if less than LEAST percent of the lines are covered; the default is 90.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . packaging/packages.sh
@@ -20,7 +24,7 @@ with open(sys.argv[1], encoding="utf-8") as report:
     report = json.load(report)
 folders = collections.defaultdict(lambda: [0, 0])
 for file in report["files"]:
-    # Headers are found by way of the build's include folders.
+    # Headers have paths below the build's include folders.
     file["filename"] = re.sub(r"^build/coverage/include/\w+/", "src/", file["filename"])
     folder = folders[file["filename"].rsplit("/", 1)[0]]
     folder[0] += file["line_covered"]

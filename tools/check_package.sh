@@ -1,7 +1,11 @@
 #!/usr/bin/env bash
-# Tries the Debian package as a new user would, in a fresh system of its own: installs it with what it depends on, walks through the
-# program as it is installed, removes it, and looks for what is left. Needs root and debootstrap.
-#   tools/check_package.sh [FOLDER]      the folder for the system, removed at the end; left out: a temporary one
+# Tests the Debian package in a new system: installs it with its dependencies, walks through the
+# installed program, removes the package, and looks for files left behind. Needs root and
+# debootstrap.
+#
+#   tools/check_package.sh [FOLDER]
+#
+# FOLDER is for the system and is removed at the end; by default a temporary folder.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . packaging/packages.sh

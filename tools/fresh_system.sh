@@ -1,8 +1,10 @@
 # shellcheck shell=bash
-# A fresh Debian system in a folder, of the same release as this machine and from where it gets its own packages. For the checks that
-# try the program as somebody does who has nothing yet. To be read by a bash script that runs as root, with debootstrap installed.
+# Makes a new Debian system in a folder, of the same release and from the same mirror as this
+# machine. For tests that start from a minimal system. To be sourced by a bash script that runs as
+# root, with debootstrap installed.
 
-# MakeSystem FOLDER: makes the system and sees to it that the folder is gone when the script ends. Fails with debootstrap's last words.
+# MakeSystem FOLDER: makes the system, and removes the folder when the script ends. On failure it
+# prints the last messages of debootstrap.
 MakeSystem() {
     root=$1
     mkdir -p "$root"
@@ -21,12 +23,12 @@ MakeSystem() {
     In apt-get update -q >/dev/null
 }
 
-# In COMMAND...: runs it in the system, with an environment that owes nothing to this one.
+# In COMMAND...: runs a command in the system, with a clean environment.
 In() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive chroot "$root" "$@"; }
 
 RemoveSystem() {
     local place
-    # What the walk left running may still hold them.
+    # Processes left by the walk may still use them.
     for place in dev/pts dev proc; do ! mountpoint -q "$root/$place" || umount "$root/$place" 2>/dev/null || umount -l "$root/$place"; done
     rm -rf --one-file-system "$root" "$root.log"
 }

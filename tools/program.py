@@ -1,4 +1,5 @@
-"""The program without a screen, run for the tools beside this file: one copy of it, asked a line at a time, and what its user's folder holds."""
+"""Runs the program without a screen for the tools in this folder: one copy, driven line by line,
+and the content of its user's folder."""
 
 import json
 import os
@@ -9,25 +10,26 @@ import sqlite3
 import subprocess
 
 NOTES = "drive_c/Program Files/Sparrowfield Interactive Software/notes"
-# Where the folders of the runs lie: in memory if that can be, since each storing is flushed.
+# The place for the users' folders: in memory if possible, because each store is flushed.
 FOLDERS = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 PATIENCE = 60  # seconds; the slowest command takes a few under the sanitizers
 
 
 class Ended(Exception):
-    """The program went while it was asked."""
+    """The program ended before it answered."""
 
 
 class Fault(Exception):
-    """The program did something that it must not do."""
+    """The program broke a rule."""
 
 
 class Program:
-    """A running copy. `environment` is what its process gets; the rest is as in docs/drive.md."""
+    """A running copy. `environment` is that of its process; the other arguments are described in
+    docs/drive.md."""
 
     def __init__(self, drive, disc, user, environment=None):
-        self.lines = []  # what it was told
-        self.said = b""  # what it has said and nobody read yet
+        self.lines = []  # the commands sent
+        self.said = b""  # output that wasn't read yet
         self.process = subprocess.Popen(
             [drive, "--app", disc, "--data", disc, "--user", str(user)],
             stdin=subprocess.PIPE,
@@ -37,7 +39,7 @@ class Program:
         )
 
     def ask(self, *words):
-        """Gives a command without waiting for its answer."""
+        """Sends a command without waiting for its answer."""
         line = " ".join(
             word if re.fullmatch(r"[A-Za-z0-9._:-]+", word) else json.dumps(word)
             for word in map(str, words)
@@ -61,12 +63,12 @@ class Program:
         return json.loads(line)
 
     def attempt(self, *words):
-        """The answer, which may be a refusal."""
+        """The answer, which may be an error."""
         self.ask(*words)
         return self.answer()
 
     def attempt_all(self, *commands):
-        """The answers to several commands given at once, which spares waiting where other programs keep the machine busy."""
+        """The answers to several commands sent at once, which is faster on a busy machine."""
         for command in commands:
             self.ask(*command)
         return [self.answer() for _ in commands]
@@ -84,7 +86,7 @@ class Program:
         return [form["name"] for form in self.do("forms")["forms"] if form["visible"]]
 
     def end(self):
-        """Lets it end, which closes its forms; its exit status and what it said of errors."""
+        """Ends the script, which closes the forms; returns the exit status and the error output."""
         try:
             self.process.stdin.close()
         except BrokenPipeError:
@@ -102,7 +104,7 @@ class Program:
 
 
 def plain(raw, encoding):
-    """A text as the driver tells it: half of a character that takes two 16-bit ones is shown as three U+FFFD."""
+    """A text as the driver prints it: an unpaired surrogate is shown as three U+FFFD."""
     try:
         return re.sub("[\ud800-\udfff]", "\ufffd" * 3, raw.decode(encoding, "surrogatepass"))
     except UnicodeDecodeError as error:
@@ -110,7 +112,8 @@ def plain(raw, encoding):
 
 
 def stored_answers(user):
-    """The answers in the settings store, by lesson and page; empty ones left out. None if there is no store yet."""
+    """The non-empty answers in the settings store, by lesson and page; none if there is no
+    store."""
     store = pathlib.Path(user) / "settings.db"
     if not store.exists() or store.stat().st_size == 0:
         return {}
@@ -129,7 +132,7 @@ def stored_answers(user):
 
 
 def note_forms(file):
-    """The texts that stand in the files of a note: the exact ones, if there are any beside, then the code page's."""
+    """The texts in the files of a note: exact ones, if any, then the one in the code page."""
     exact = [file.with_name(file.name + ending) for ending in (".utf8", ".utf8-next")]
     return [plain(beside.read_bytes(), "utf-8") for beside in exact if beside.exists()] + [
         file.read_bytes().decode("cp1252", "replace")
@@ -137,7 +140,7 @@ def note_forms(file):
 
 
 def stored_notes(user):
-    """The notes that aren't empty, by the names of their files without the ending."""
+    """The non-empty notes, by file name without extension."""
     found = {
         ("note", file.stem): note_forms(file)[0]
         for file in (pathlib.Path(user) / NOTES).glob("*.dat")

@@ -1,4 +1,5 @@
-"""A person who writes answers and notes with one copy of the program, and knows at each moment what must be kept."""
+"""A user who writes answers and notes with one copy of the program, and knows at each moment which
+texts must be stored."""
 
 from program import Fault
 
@@ -7,10 +8,8 @@ class Memory:
     """What was written at each place: ("answer", lesson, page) or ("note", book and chapter)."""
 
     def __init__(self):
-        self.sure = (
-            {}
-        )  # the text whose storing the program has told of by an answer; a missing one is empty
-        self.maybe = {}  # texts that the box held since; each may be stored by now
+        self.sure = {}  # the text whose storing the program has confirmed; a missing one is empty
+        self.maybe = {}  # texts in the box since then; each may be stored by now
         self.words = {}  # every word that was typed and not deleted
 
     def typed(self, place, text, words=""):
@@ -32,14 +31,15 @@ class Memory:
 
 
 class Box:
-    """A box on show: its control, its place, and the text that stands in it."""
+    """A box that is shown: its control, its place, and its text."""
 
     def __init__(self, control, place, text):
         self.control, self.place, self.text = control, place, text
 
 
 class Writer:
-    """`strict`: the program must show exactly what is kept; otherwise the disk may fail, and a box may lack what couldn't be read."""
+    """`strict`: the program must show exactly what is stored. Otherwise the disk may fail, and a
+    box may lack text that couldn't be read."""
 
     def __init__(self, program, memory, strict=True):
         self.program, self.memory, self.strict = program, memory, strict
@@ -54,7 +54,7 @@ class Writer:
         return answer
 
     def leave(self, *words):
-        """A command that leaves the boxes on show: once it is answered, they are stored."""
+        """Runs a command that leaves the boxes; when it is answered, their texts are stored."""
         self.program.do(*words)
         for box in filter(None, (self.answer, self.note)):
             if self.memory.maybe.get(box.place):
@@ -75,7 +75,7 @@ class Writer:
         self.do("type", box.control, text)
 
     def write_anew(self, box, text):
-        """Types over all that stands in a box."""
+        """Replaces the whole text of a box."""
         self.memory.words[box.place] = []
         self.memory.typed(box.place, text, text)
         self.do("select", box.control, 0, len(box.text.encode("utf-16-le")) // 2)
@@ -83,7 +83,7 @@ class Writer:
         self.do("type", box.control, text)
 
     def wait_a_second(self, box):
-        """Long enough for the form's timer, which stores what has been typed."""
+        """Lets the form's timer fire, which stores what was typed."""
         self.do("tick", box.control.split(".")[0] + ".tmrStore")
         self.memory.left(box.place, box.text)
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Holds the tables of the maps against distances and bearings that are known from elsewhere, and the drawn maps against what the viewer
-and the disc can bear.  places_test.py SOURCE_FOLDER"""
+"""Checks the tables of the maps against independently known distances and bearings, and the drawn
+maps against the limits of the viewer and the disc: places_test.py SOURCE_FOLDER."""
 
 import math
 import pathlib
@@ -23,7 +23,7 @@ maps_of = {fields[0]: fields[4] for _, fields in rows("places.txt")}
 
 
 def distance_and_bearing(start, end):
-    """Great circle in km, and the first bearing in degrees from north over east."""
+    """Great-circle distance in km, and the initial bearing in degrees clockwise from north."""
     (a, b), (c, d) = (map(math.radians, places[name]) for name in (start, end))
     haversine = math.sin((c - a) / 2) ** 2 + math.cos(a) * math.cos(c) * math.sin((d - b) / 2) ** 2
     bearing = math.atan2(
@@ -38,7 +38,7 @@ def check(condition, fault):
         faults.append(fault)
 
 
-# Distances as handbooks give them, in km with what they may be off, and rough bearings.
+# Distances from handbooks in km, their tolerances, and approximate bearings.
 KNOWN = [
     ("Jerusalem", "Bethlehem", 8.5, 0.6, 200),
     ("Jerusalem", "Hebron", 30.5, 1.5, 203),
@@ -60,7 +60,7 @@ KNOWN = [
     ("Haran", "Carchemish", 91, 5, 268),
     ("Memphis", "On", 31.5, 2, 9),
     ("Kadesh-barnea", "Beersheba", 77, 4, 31),
-    # Within Jerusalem, where the sites are sure.
+    # Within Jerusalem, between sites whose position is certain.
     ("Gihon Spring", "Pool of Siloam", 0.385, 0.05, 198),
     ("Golgotha", "Golden Gate", 0.72, 0.04, 83),
     ("Golgotha", "Damascus Gate", 0.35, 0.03, 12),
@@ -75,14 +75,14 @@ for start, end, km, tolerance, bearing in KNOWN:
 
 
 def metres_from(spot, start, end):
-    """From a line between two spots, on the plane, which a city is."""
+    """Distance from a line segment; a city is small enough to be treated as flat."""
     east = 111320 * math.cos(math.radians(spot[0]))
     (x, y), (dx, dy) = (((b - start[1]) * east, (a - start[0]) * 110900) for a, b in (spot, end))
     share = max(0, min(1, (x * dx + y * dy) / ((dx * dx + dy * dy) or 1)))
     return math.hypot(x - share * dx, y - share * dy)
 
 
-# A gate of a city's plan stands in one of its walls.
+# In a city plan each gate is in a wall.
 for number in (6, 7):
     walls = [
         [tuple(map(float, spot.split())) for spot in fields[2].split(";")]

@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
-"""Attacks by what lies on the disc and in the user's folder: attacks.py DRIVE KIT DISC [--sanitized].
+"""Attacks with hostile files on the disc and in the user's folder:
+attacks.py DRIVE KIT DISC [--sanitized].
 
-In each row something hostile takes the place of files, and somebody works with the program all the same: writes an answer and a note,
-looks passages up, opens a map and a lesson. No step may take more than a second of the processor's time, none may wait, the whole
-may take 200 MB, and what was typed is there in the end. Built with sanitizers, the program is slower and larger."""
+In each row something hostile replaces files, and the program is then used as usual: the test writes
+an answer and a note, looks up passages, opens a map and a lesson. No step may take more than a
+second of processor time or hang, the program may use 200 MB, and what was typed is there in the
+end. With sanitizers the limits are higher."""
 
 import os
 import pathlib
@@ -19,9 +21,9 @@ from program import NOTES, Fault, Program
 
 drive, kit, disc = sys.argv[1:4]
 SANITIZED = "--sanitized" in sys.argv
-SECONDS = 6 if SANITIZED else 1  # of the processor's time, for one step
+SECONDS = 6 if SANITIZED else 1  # of processor time, for one step
 MEGABYTES = 2000 if SANITIZED else 200
-HUGE = 10 << 30  # bytes, of a file that takes no room on the disk
+HUGE = 10 << 30  # bytes; a sparse file, which uses no disk space
 
 
 def sparse(file, start=b""):
@@ -32,7 +34,7 @@ def sparse(file, start=b""):
 
 
 def put(file, content):
-    file.unlink(missing_ok=True)  # it is a second name of the disc's own
+    file.unlink(missing_ok=True)  # it is a hard link to the file of the disc
     file.write_bytes(content)
 
 
@@ -60,7 +62,7 @@ def pipe_by_link(file):
 
 
 def many_scans(scans):
-    """A progressive JPEG of 2000 by 2000 pixels with this many scans, none of which holds anything."""
+    """A progressive JPEG of 2000 by 2000 pixels with this many empty scans."""
 
     def segment(marker, content):
         return bytes([0xFF, marker]) + struct.pack(">H", len(content) + 2) + content
@@ -149,7 +151,7 @@ ROWS = {
 
 
 class Watched(Program):
-    """Measures each step."""
+    """A Program that limits the processor time of each step."""
 
     def answer(self):
         before = self.used()
@@ -178,7 +180,7 @@ def open_lesson(program, key):
 
 
 def work(program):
-    """Everything that a file of the disc is read for; True if what was typed last is there in the end."""
+    """Uses all files of the disc; True if the text typed last is there in the end."""
     program.do("press", "frmSplash", 32)
     assert open_lesson(program, "joseph-1.dat:1")
     program.do("type", "frmMain.Text3", "kept words")
@@ -220,7 +222,7 @@ def attack(row, spoil):
 
 
 def kit_reads(about, make, *words):
-    """The kit given such a file: it says what is wrong with it."""
+    """Runs the kit on such a file; it must report what is wrong."""
     with tempfile.TemporaryDirectory() as scratch:
         file = pathlib.Path(scratch, "V-file")
         make(file)

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Holds the Bible files of a disc against the exports that they were made from, by a reading of its own.
+"""Compares the Bible files of a disc with the exports that they were made from, by its own parser.
 
     check_bibles.py DISC EXPORTS
 
-Every word of every verse has to be there in its order; blanks count for nothing, since the exports lack some where
-notes stood. Numbers of books, chapters and verses are known figures.
+Every word of every verse must be there in order. Blanks are ignored, because the exports lack some
+where notes were removed. The numbers of books, chapters and verses are known.
 """
 
 import html
@@ -15,7 +15,7 @@ import sys
 import exports
 
 disc, folder = map(pathlib.Path, sys.argv[1:3])
-# Looked up by hand; "¶" where a paragraph begins.
+# Checked by hand; "¶" where a paragraph begins.
 samples = {
     "kjv": {
         "Genesis 1:1": "¶In the beginning God created the heaven and the earth.",
@@ -56,7 +56,7 @@ samples = {
 
 
 def read_disc(name):
-    """{(book, chapter, verse): (starts a paragraph, text)} and the index."""
+    """{(book, chapter, verse): (starts a paragraph, text)}, and the index."""
     index = [
         line.split("|") for line in (disc / f"bible{name}.idx").read_text("cp1252").splitlines()
     ]

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Reads both Bibles of a disc through, chapter by chapter in the Bible reader, and holds each verse on its pages against the
-exports that the disc was made from: read_bibles.py DRIVER DISC EXPORTS."""
+"""Reads both Bibles of a disc chapter by chapter in the Bible reader, and compares each verse with
+the exports from which the disc was made: read_bibles.py DRIVER DISC EXPORTS."""
 
 import html
 import json
@@ -28,7 +28,7 @@ def do(*words):
 
 
 def read_page(book, chapter):
-    """{(book, chapter, verse): its text without blanks} of the page on show."""
+    """{(book, chapter, verse): its text without blanks} of the page that is shown."""
     page = do("page", "frmBible.Text1")["html"]
     headings = heading.findall(page)
     if headings != [(str(chapter), str(chapter))]:
@@ -42,7 +42,7 @@ def read_page(book, chapter):
     ]
 
 
-# Thousands of settings and notes get written on the way, which needn't wait for a disk.
+# The run writes thousands of settings and notes, which needn't wait for a disk.
 memory = pathlib.Path("/dev/shm")
 with tempfile.TemporaryDirectory(dir=memory if memory.is_dir() else None) as user:
     process = subprocess.Popen(

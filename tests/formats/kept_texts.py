@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The examples of the pages on what a user has written, docs/formats/answers.md, settings.md and notes.md, held against what the program
+"""Compares the examples in docs/formats/answers.md, settings.md and notes.md with what the program
 writes: kept_texts.py DRIVE DISC FOLDER_OF_PAGES."""
 
 import json

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Does what a page tells, word by word, and compares what the programs say with what it says they say: page.py PAGE FOLDER_OF_PROGRAMS DISC."""
+"""Runs the commands of a page and compares their output with the output on the page:
+page.py PAGE FOLDER_OF_PROGRAMS DISC."""
 
 import os
 import re

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Exports, backs up and restores a user's work while the program is at it: answers.py KIT DRIVE DISC."""
+"""Exports, backs up and restores a user's work while the program is running: answers.py KIT DRIVE
+DISC."""
 
 import json
 import os
@@ -26,7 +27,7 @@ def expect(found, wanted, about):
 
 
 class Program:
-    """The running program, a line at a time."""
+    """The running program, driven line by line."""
 
     def __init__(self, user):
         self.process = subprocess.Popen(
@@ -59,7 +60,7 @@ def newer(store):
 
 
 def locked(store):
-    """Another program that holds the store."""
+    """Another process that holds a lock on the store."""
     script = f"import sqlite3\nd = sqlite3.connect({str(store)!r})\nd.execute('begin exclusive')\nprint(flush=True)\ninput()"
     holder = subprocess.Popen(
         [sys.executable, "-c", script], stdin=subprocess.PIPE, stdout=subprocess.PIPE
@@ -69,7 +70,7 @@ def locked(store):
 
 
 def refused(folder, user):
-    """Nothing is read from a store like these, and nothing in the user's folder changes."""
+    """Such a store is not read, and nothing in the user's folder changes."""
     store = user / "settings.db"
     whole = store.read_bytes()
     damaged = "it is damaged or no settings store"
@@ -103,7 +104,7 @@ def refused(folder, user):
 
 
 def hostile(folder, user):
-    """What a foreign backup can bring neither leaves the folder of documents nor steers the terminal."""
+    """Text of a foreign backup must not leave the folder of documents or control the terminal."""
 
     def texts(*words):
         return [word.encode("utf-16-be") for word in words]

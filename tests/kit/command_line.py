@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Calls sparrowfield-kit as its users do: command_line.py KIT DISC."""
+"""Runs sparrowfield-kit as its users do: command_line.py KIT DISC."""
 
 import pathlib
 import pty
@@ -109,7 +109,7 @@ with tempfile.TemporaryDirectory() as folder:
         status, out, errors = run(*words)
         expect((status, out, bool(errors)), (1, b"", True), f"{words}")
 
-    # Progress belongs on a terminal alone.
+    # Progress is shown only on a terminal.
     export = folder / "b.imp"
     export.write_text("$$$Genesis 1:1\nx\n" * 500_000)
     words = [kit, "bible", "import", "--from", str(export), "--as", "kjv", "--to", str(folder)]

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Adds the menu entry of the source tree from folders with odd names: add_entry.py SOURCE_FOLDER. The entry quotes as Setup's does."""
+"""Adds the menu entry of the source tree from folders with unusual names:
+add_entry.py SOURCE_FOLDER. The entry must be quoted as by Setup."""
 
 import os
 import pathlib
@@ -10,7 +11,7 @@ import tempfile
 
 packaging = pathlib.Path(sys.argv[1]) / "packaging"
 
-# The name of the folder; what its name becomes in Exec (None: the program is started by a shell) and in Path.
+# The name of the folder, in Exec (None: a shell starts the program) and in Path.
 ROWS = [
     (b"Program Files", b"Program Files", b"Program Files"),
     (b'a"b', rb'a\\"b', b'a"b'),

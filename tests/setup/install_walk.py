@@ -46,7 +46,7 @@ def await_true(condition, about, seconds=60):
 
 
 def drive(driver, user, *lines):
-    """Opens a lesson without a screen, does what the lines say there, and gives the answers to all."""
+    """Opens a lesson without a screen, runs the lines there, and returns all answers."""
     road = [
         "click frmSplash.lblEnter",
         "click frmSplash.lblRunFromCD",
@@ -116,7 +116,7 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
     expect((status, errors, "Repairing" in out), (0, "", True), "the repair")
     expect_whole(copy, "after the repair")
 
-    # A signal in the middle, on a terminal, on which the progress stands.
+    # A signal in the middle of a repair, on a terminal that shows the progress.
     (copy / "kjv/kjv1").write_text("older")
     mine, its = pty.openpty()
     process = subprocess.Popen(
@@ -142,7 +142,7 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
         seen += part
     if process.wait() != -signal.SIGINT or b"%" not in seen:
         sys.exit(f"a cancelled repair: {process.returncode}, {seen!r}")
-    if b"nothing was changed" in seen:  # else it was over before the signal came
+    if b"nothing was changed" in seen:  # otherwise it ended before the signal
         expect((copy / "kjv/kjv1").read_text(), "older", "a file after the cancel")
     expect(
         [file.name for file in copy.parent.iterdir()],
@@ -150,7 +150,7 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
         "what lies beside the copy after a cancel",
     )
 
-    # The window, which --install lets begin at once and a signal closes.
+    # The window: with --install it begins at once, and a signal closes it.
     process = subprocess.Popen([disc / "Setup.exe", "--install"], env=windowed)
     await_true(
         lambda: (copy / "kjv/kjv1").read_bytes() == (disc / "kjv/kjv1").read_bytes(),
@@ -166,7 +166,7 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
         sys.exit(f"the status of the window: {status}")
     expect_whole(copy, "after the repair from the window")
 
-    # The installed program, started as the menu does.
+    # The installed program, started as from the menu.
     process = subprocess.Popen([copy / "sparrowfield.exe"], cwd=copy, env=windowed)
     time.sleep(2)
     expect(process.poll(), None, "the status of the installed program after two seconds")
@@ -181,7 +181,7 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
         "click frmMain.Command1",
     )
 
-    # The copy repairs nothing, but removes itself.
+    # The copy can't repair, but it can remove itself.
     status, _, errors = setup("--console", "--install", program=copy / "Setup.exe")
     expect(
         (status, "start Setup.exe on the disc" in errors),

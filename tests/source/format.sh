@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks the layout of all sources: C++ against .clang-format and its limit of 100 columns, Python
-# against black, shell scripts against shellcheck. To mend what it finds, run it with --write.
+# against black, shell scripts against shellcheck. To fix the layout, run it with --write.
 #
 #   format.sh [--write]
 set -uo pipefail
@@ -19,7 +19,7 @@ fi
 
 status=0
 printf '%s\0' "${cpp[@]}" | xargs -0 -n 32 -P "$(nproc)" clang-format --dry-run -Werror || status=1
-# A string literal without a blank is never broken, nor is a raw one.
+# clang-format never breaks raw string literals and those without blanks.
 if LC_ALL=C.UTF-8 grep -nE '^.{101,}' "${cpp[@]}"; then
     echo "These lines are longer than 100 characters."
     status=1

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Checks the includes of src/ against docs/architecture.md, src/README.md and src/CMakeLists.txt: there
-is no circle of files or folders; a folder includes only folders of lower levels; it links exactly the
-libraries that it includes; Qt, SQLite and the operating system are named only where they may be.
+"""Checks the includes of src/ against docs/architecture.md, src/README.md and src/CMakeLists.txt:
+there are no cycles of files or folders; a folder includes only folders of lower levels; it links
+exactly the libraries that it includes; Qt, SQLite and the operating system are used only where they
+are allowed.
 
     includes.py SOURCE_FOLDER
 """
@@ -13,7 +14,7 @@ import sys
 root = os.path.join(sys.argv[1], "src")
 faults = []
 
-# What a folder may include beside the project and the standard library: the beginnings of the names.
+# What a folder may include besides the project and the standard library: prefixes of names.
 MAY_INCLUDE = {
     "desktop": ("Q", "unistd.h"),
     "desktop/peers": ("Q", "xcb/"),
@@ -24,11 +25,11 @@ MAY_INCLUDE = {
     "kit/answers": ("nlohmann/",),
     "drive": ("nlohmann/", "CLI/"),
 }
-STANDARD = re.compile(r"[a-z_0-9]+$")  # <vector>, <cstdint>: no point, no slash, no capital
+STANDARD = re.compile(r"[a-z_0-9]+$")  # <vector>, <cstdint>: no dot, slash or capital letter
 
 
 def levels():
-    """The level of each folder, from the table in src/README.md; folders beside the ladder stand above it."""
+    """The level of each folder, from the table in src/README.md; "beside" is above all levels."""
     found = {}
     with open(os.path.join(root, "README.md"), encoding="utf-8") as page:
         for row in page:
@@ -52,7 +53,7 @@ def includes_of(file):
 
 
 def circle(graph):
-    """The nodes of a circle in the graph, in their order, or nothing."""
+    """The nodes of a cycle in the graph, in order, or nothing."""
     done, road = set(), []
 
     def follow(node):
@@ -74,7 +75,7 @@ def circle(graph):
 
 
 def links():
-    """The libraries of src/CMakeLists.txt: by folder, the folders of its LINKS and of its USES."""
+    """The libraries of src/CMakeLists.txt: for each folder, those of its LINKS and of its USES."""
     with open(os.path.join(root, "CMakeLists.txt"), encoding="utf-8") as page:
         calls = re.findall(
             r"^ *sparrowfield_library\(([a-z/]+)([^)]*)\)", page.read(), re.MULTILINE
@@ -90,7 +91,7 @@ def links():
 
 level = levels()
 files, folders = {}, {}
-shown, hidden = {}, {}  # what the headers of a folder include, and what its sources do
+shown, hidden = {}, {}  # includes of each folder's headers, and of its sources
 for file in sources():
     folder = os.path.dirname(file)
     if folder.split("/")[0] not in level:
@@ -109,7 +110,7 @@ for file in sources():
         other = os.path.dirname(name)
         if other == folder:
             continue
-        # A program's main stands above all libraries, its own folder's too.
+        # A program's main is above all libraries, even that of its own folder.
         isMain = os.path.basename(file) == "main.cpp"
         folders.setdefault(f"{folder}/main" if isMain else folder, set()).add(other)
         if not isMain:

@@ -1,4 +1,5 @@
-"""Holds a window against docs/accessibility.md: names and roles, the order of Tab both ways, a focus that can be seen, letters that can be read."""
+"""Checks a window against docs/accessibility.md: names and roles, the Tab order in both directions,
+a visible focus, contrast of text."""
 
 import time
 
@@ -13,7 +14,7 @@ TAKES_FOCUS = {
     "combo box",
     "scroll bar",
     "slider",
-}  # roles that a person acts on
+}  # roles that a user acts on
 least = 4.5  # contrast of text, by the Web Content Accessibility Guidelines 2.1, level AA
 lowest = []
 
@@ -43,8 +44,9 @@ def what_is_told_of(form, node):
 
 
 def check_names(form):
-    """Each thing that can be acted on stands on the page. A window's own scroll bars inside a text have no name and need none; a label says that it takes
-    the focus if the mouse can mark its text."""
+    """Checks that the page lists every control that the user can act on. The scroll bars inside a
+    text have no name and need none. A label counts as focusable if the mouse can select its
+    text."""
     seen = set()
     for node in all_showing(window_of(form)):
         names = what_is_told_of(form, node)
@@ -68,7 +70,8 @@ def check_names(form):
 
 
 def focused(form):
-    """A box around the buttons says that it has the focus when the first of them has it, though it can't take it."""
+    """The control with the focus. A box around buttons reports the focus of its first button,
+    although it isn't focusable itself."""
     return search(
         window_of(form),
         lambda node: has(node, Atspi.StateType.FOCUSED)
@@ -94,7 +97,7 @@ def order_told(form):
 
 
 def is_seen(node, without):
-    """Whether the control looks otherwise now; the looks don't keep time with a caret that blinks."""
+    """Whether the control looks different now. Varying delays catch a blinking caret."""
     for look in range(12):
         if picture_of(user.name, *place(node)) != without:
             return True
@@ -132,7 +135,7 @@ def check_tab(form, ends_at, begins_at):
 
 
 def check_contrast(form):
-    """That of all labels, buttons and menus that aren't greyed, and of the lines of texts and trees."""
+    """Checks all enabled labels, buttons and menus, and the lines of texts and trees."""
     for node in list(all_showing(window_of(form))):
         role, (x, y, width, height) = node.get_role_name(), place(node)
         bears_text = role in (
@@ -162,8 +165,9 @@ def check_contrast(form):
 
 
 def check(form, ends_at=None, begins_at=None):
-    """Goes through the window by Tab; it begins at the first control in the order unless told otherwise, and doesn't come round if told where it ends.
-    The names of the controls that it shows."""
+    """Checks the window and moves through it by Tab. The focus begins at the first control in the
+    order, or at `begins_at`; with `ends_at` it doesn't return to the first control. Returns the
+    names of the controls that the window shows."""
     wait(lambda: is_active(form), form)
     time.sleep(0.6)
     seen = check_names(form)

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Every window of the program as docs/accessibility.md tells it, and a lesson answered by keys alone."""
+"""Checks every window against docs/accessibility.md, and answers a lesson by keys alone."""
 
 import os
 import time
@@ -35,7 +35,7 @@ def lesson_and_answer():
     check_all("frmAnswer", check("frmAnswer"))
     keys("Escape")
     wait(lambda: not is_open("frmAnswer"), "the answer window to close")
-    keys("Tab", "Tab", "Return")  # from the lamp by the page bar to "Next >"
+    keys("Tab", "Tab", "Return")  # from the lamp past the page bar to "Next >"
     wait(lambda: control("frmMain", "lblPageTitle").get_name() == "2.", "page 2 by keys alone")
     seen |= check("frmMain")  # with "< Prev" enabled
     check_all("frmMain", seen)
@@ -44,7 +44,7 @@ def lesson_and_answer():
 def walk():
     start()
     check_all("frmSplash", check("frmSplash"))
-    keys("Tab")  # a key like any other
+    keys("Tab")  # any key will do
     seen = check("frmContents")
     keys("Down", "Return")
     time.sleep(0.5)

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Makes index.html of the pictures that a walk left, in their order, with a sentence each.  album.py PICTURE_FOLDER SCREEN...
-Fails if a picture is missing, or if one is there of which nothing is told."""
+"""Makes index.html of the pictures of a walk, in order, with a sentence for each:
+album.py PICTURE_FOLDER SCREEN... Fails if a picture is missing or has no sentence."""
 
 import html
 import os
@@ -54,7 +54,7 @@ OF_SETUP = {
 }
 
 folder, screens = sys.argv[1], sys.argv[2:]
-# Of an enlarged screen a walk leaves pictures of some windows only; they lie beside the page.
+# A walk on an enlarged screen takes pictures of only some windows; the page leaves them out.
 found = {name for name in os.listdir(folder) if name.endswith(".png") and "@" not in name}
 if any("-f-" in name for name in found):  # a package has no Setup
     SENTENCES.update(OF_SETUP)

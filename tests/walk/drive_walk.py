@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Walks the main road of the program on the disc through the headless driver: drive_walk.py DRIVER DISC."""
+"""Walks the main path through the program on the disc, with the headless driver:
+drive_walk.py DRIVER DISC."""
 
 import json
 import subprocess
@@ -10,7 +11,7 @@ driver, disc = sys.argv[1:3]
 
 
 class Run:
-    """A run of the driver, asked line by line."""
+    """A run of the driver, one line at a time."""
 
     def __init__(self, user):
         self.process = subprocess.Popen(

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""The main road: from the start-up screen to a lesson, answers, publisher's answer, catalogue, second part, and on after a power cut."""
+"""The main path: from the start-up screen to a lesson, answers, publisher's answer, catalogue,
+second part, and a restart after a power cut."""
 
 import time
 

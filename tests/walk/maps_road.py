@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""The maps: each of the nine from both screens, moved by hand, keys and bars; closed during a drag."""
+"""The maps: all nine from both screens, moved by dragging, keys and bars; closed during a drag."""
 
 import os
 import subprocess
@@ -21,7 +21,7 @@ def box(name):
 
 
 def map_place():
-    """Where the map's corner lies in the viewport."""
+    """The position of the map's corner in the viewport."""
     view, shown = box("Picture1"), box("Picture2")
     return shown.x - view.x, shown.y - view.y
 
@@ -32,7 +32,7 @@ def go_to(x, y):
 
 
 def patch(x, y):
-    """The picture of what lies about a point of the screen."""
+    """A picture of the area around a point of the screen."""
     file = os.path.join(user.name, f"patch-{time.monotonic_ns()}.png")
     run("import", "-window", "root", "-crop", f"60x60+{int(x) - 30}+{int(y) - 30}", "+repage", file)
     return file

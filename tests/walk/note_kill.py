@@ -1,7 +1,8 @@
 """Kills the program at random moments while it writes notes: note_kill.py DRIVER DISC [TIMES].
 
-Each time, a run that writes one note after the other is killed; the next run must find each chapter's note as one of those that
-were written there, whole. Half of the notes hold characters that need the exact file beside the usual one."""
+Each time, a run that writes one note after another is killed. In the next run, the note of each
+chapter must be one of those written there, and whole. Half of the notes contain characters that
+need the file with the exact text."""
 
 import json
 import random

@@ -1,8 +1,9 @@
-"""A person at the desktop program: finds what is on the screen, clicks, types, takes pictures. The walks beside this file are made of it;
-each is started as WALK DISC PICTURES SCREEN.
+"""A user of the desktop program: finds what is on the screen, clicks, types, takes pictures. The
+walks in this folder use it; each is started as WALK DISC PICTURES SCREEN.
 
-Controls are found through the accessibility interface by what a screen reader would call them, which docs/accessibility.md lists; every action
-goes through the window system. Stops with an error at the first thing that isn't as it should be."""
+Controls are found through the accessibility interface by their names for a screen reader, as listed
+in docs/accessibility.md. Every action goes through the window system. The walk stops with an error
+at the first failed check."""
 
 import os
 import re
@@ -39,7 +40,7 @@ def expect(holds, what):
 
 
 def expect_soon(holds, what):
-    """As expect, of what the program may still be at work on."""
+    """As expect, but waits until it holds."""
     wait(holds, what)
     print(f"   {what}", flush=True)
 
@@ -51,7 +52,7 @@ def wait(get, what, seconds=20):
         if found:
             return found
         time.sleep(0.05)
-    fail(f"waited in vain for {what}")
+    fail(f"timeout while waiting for {what}")
 
 
 def run(*command):
@@ -70,7 +71,7 @@ def start(program="sparrowfield"):
 
 
 def is_ours(pid):
-    """Whether the process works in this walk's own folder; one that the program starts does too."""
+    """Whether the process, the program or one that it started, uses this walk's folder."""
     try:
         with open(f"/proc/{pid}/environ", "rb") as its:
             return f"XDG_DATA_HOME={user.name}".encode() in its.read().split(b"\0")
@@ -84,7 +85,7 @@ def end_of_walk():
 
 
 def wait_for_end():
-    """Waits until the program has ended by itself; its exit status."""
+    """Waits until the program has ended by itself; returns its exit status."""
     wait(lambda: process.poll() is not None, "the program's end")
     return process.returncode
 
@@ -117,7 +118,8 @@ def search(node, test):
 
 
 class Told:
-    """What the page on accessibility tells of a form: its role and title, and of each control its place in the order of Tab (or 0), role and name."""
+    """A form on the page on accessibility: its role and title, and for each control its position in
+    the Tab order (or 0), role and name."""
 
     def __init__(self, role, title):
         self.role, self.title, self.controls = role, title, {}
@@ -137,7 +139,7 @@ def read_page():
             if line.startswith("## "):
                 form = re.match(r"## `(\w+)`", line)
             elif form and (
-                window := re.match(r'An? (dialog|frame|alert) named (?:as the (map)|"(.+?)")', line)
+                window := re.match(r'An? (dialog|frame|alert) named (after the map|"(.+?)")', line)
             ):
                 forms[form[1]] = Told(window[1], window[3] or "*")
             elif form and line.startswith("| ") and "`" in line:
@@ -149,7 +151,7 @@ told = read_page()
 
 
 def name_of(node):
-    """What a screen reader says: the name of a label that stands for the control, or its own."""
+    """What a screen reader says: the name of the control's label, or its own."""
     for relation in node.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
             return relation.get_target(0).get_name()
@@ -173,7 +175,7 @@ def window_of(form):
 
 
 def control(form, name, missing_is_fine=False):
-    """The control of this name on the form of that name."""
+    """The control of this name on this form."""
     _, role, title = told[form].controls[name]
 
     def get():
@@ -192,13 +194,13 @@ def takes_keys(window):
 
 
 def is_active(form):
-    """Whether the form's window is open and the keys go there."""
+    """Whether the form's window is open and gets the keys."""
     window = window_of(form)
     return window is not None and takes_keys(window)
 
 
 def wait_for_keyboard():
-    """Between one window that goes and another that comes, keys would go nowhere."""
+    """Waits for an active window: between two windows, keys would be lost."""
     wait(lambda: any(map(takes_keys, windows())), "a window of the program to be active")
 
 
@@ -225,7 +227,7 @@ def click(node, x=None):
 
 
 def item(form, tree, name):
-    """A node of a tree, by its text; the one that is showing."""
+    """The visible node of a tree with this text."""
 
     def get():
         return search(control(form, tree), lambda node: node.get_name() == name and showing(node))

@@ -1,4 +1,4 @@
-"""What the pictures of the screen tell about letters: their contrast, and whether something looks different with the focus."""
+"""Measures pictures of the screen: the contrast of text, and changes by the focus."""
 
 import os
 import subprocess
@@ -52,9 +52,9 @@ def contrast(one, other):
 
 
 def contrast_of_text(rows):
-    """The contrast between the letters in a picture and the ground around them: of the colour that most of each row has against the one farthest
-    from it, the best of the rows (letters are soft at their edges, and not every row holds a stem), and None where nothing is written.
-    """
+    """The contrast between the letters in a picture and their background, or None if there is no
+    text. In each row the most frequent colour is compared with the colour farthest from it. The
+    best row counts, because letters have soft edges and not every row crosses a stem."""
     best = None
     for row in rows:
         ground = max(set(row), key=row.count)

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""The Bible reader: lookup by typing, buttons, tree, translation, a note that is printed and is there again when the reader is reopened."""
+"""The Bible reader: lookup by typing, buttons, tree and translation; a note that is printed and
+is still there when the reader is reopened."""
 
 import glob
 import os

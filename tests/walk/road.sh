@@ -1,22 +1,23 @@
 #!/usr/bin/env bash
-# Takes one road through the program, on a screen in memory, a window manager and a message bus of its own. Says what it saw when it is over.
+# Runs one walk through the program, with its own virtual screen, window manager and message bus.
+# Prints its report at the end.
 #   tests/walk/road.sh ROAD SIZE DPI DISC_FOLDER PICTURE_FOLDER
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 road=$1 size=$2 dpi=$3 disc=$4 pictures=$5
 screen=$size
 [ "$dpi" -eq 96 ] || screen=$size@$dpi
-# Without -noreset the screen would forget its scale with the first client that leaves.
+# Without -noreset the screen would lose its scale when the first client disconnects.
 # shellcheck disable=SC2016 # The inner shell expands its own parameters.
 said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten tcp -noreset" \
     dbus-run-session -- bash -c '
         xprop -root -format RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "$(printf "Xft.dpi:\t%s\n" "$1")"
-        # The first key makes its keyboard the one of the screen. A window manager that is up by then binds all its keys anew, and misses
-        # what is pressed meanwhile.
+        # The first key press makes its keyboard the current one of the screen. A window manager
+        # that is already running would then bind all its keys again, and miss keys in the meantime.
         xdotool key Shift_L
         openbox --startup "xprop -root -format WALK_MANAGED 8s -set WALK_MANAGED yes" >/dev/null 2>&1 &
         trap "kill %1" EXIT
-        # A window that comes before its manager is ready may never be the active one, or never be seen.
+        # A window that opens before the window manager is ready may never become active or visible.
         until xprop -root WALK_MANAGED | grep -q yes; do
             kill -0 %1 || exit
             sleep 0.1
@@ -24,8 +25,8 @@ said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten t
         export WALK_SCALE=$(/usr/bin/python3 -c "print($1 / 96)")
         /usr/bin/python3 -B "$0" "${@:2}"' "$here/$road.py" "$dpi" "$disc" "$pictures" "$screen" 2>&1)
 status=$?
-# What the bus says of its own coming up.
+# Messages of the bus about its own start.
 said=$(grep -v '^dbus-daemon\|^SpiRegistry' <<<"$said")
 printf -- '-- %s on a screen of %s, %s %%\n%s\n' "$road" "$size" "$((dpi * 100 / 96))" "$said"
-# To xargs, a status of 255 is the word to begin no other.
+# A status of 255 tells xargs to start no further walk.
 [ $status -eq 0 ] || exit 255

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""A second start: with the same folders it raises the copy that runs, wherever that stands, and ends; from another directory, or while the copy
-that runs hangs, both run."""
+"""A second start. With the same folders it raises the running copy, whatever form that shows, and
+ends. From another directory, or while the running copy hangs, both run."""
 
 import os
 import signal
@@ -23,7 +23,7 @@ def start_again(directory=disc):
 
 
 def active_window():
-    """The caption of the window that has the keyboard, and its process."""
+    """The caption and the process of the window that has the keyboard focus."""
     found = subprocess.run(
         ["xdotool", "getactivewindow", "getwindowname", "getwindowpid"],
         capture_output=True,
@@ -50,7 +50,7 @@ def expect_raised(title, where):
 def walk():
     start()
     first = person.process
-    # Without a title bar the window still has its name.
+    # The window has no title bar, but it has a name.
     expect_raised("Sparrowfield Interactive Bible Study", "with its start-up screen")
     keys("Return")
     wait(lambda: is_open("frmContents"), "the catalogue")

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
-"""The installer's window, by keys alone: from "Install to Disk" on the start-up screen to the installed program, a repair, and the removal. A package
-has no installer; the road ends there at once."""
+"""The installer's window, by keys alone: from "Install to Disk" on the start-up screen to the
+installed program, a repair, and the removal. A package has no installer; there this walk does
+nothing."""
 
 import filecmp
 import os
@@ -90,7 +91,7 @@ def walk():
     if not os.path.exists(os.path.join(disc, "Setup.exe")):
         return
     seen = install() | repair()
-    # The copying of the demonstration is over before a person could look at it.
+    # Copying the demonstration disc is too fast for these to be seen.
     check_all("Setup", seen | {"Cancel", "Progress"})
     remove()
 

@@ -1,7 +1,8 @@
-"""Two copies of the program on one user's folder, and a restore beside them: two_copies.py DRIVER KIT DISC.
+"""Two copies of the program on one user's folder, and a restore at the same time:
+two_copies.py DRIVER KIT DISC.
 
-Whatever one copy does with a page, the other's untouched box leaves it alone; what a user has typed is never lost but to words that were typed
-later in the same place."""
+Whatever one copy does with a page, an untouched box of the other copy doesn't change it. Typed text
+is replaced only by text typed later in the same place."""
 
 import json
 import os
@@ -129,7 +130,7 @@ def deleted_and_written_again(one, user):
 
 
 def typing(one, other):
-    """The store by the timer, at each moment around an undo; the other copy sees it."""
+    """Stores by the timer before and after an undo; the other copy sees the result."""
     for undone_before in (False, True):
         one.page(1)
         one.make("a")

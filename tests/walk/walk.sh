@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Walks through the desktop program on a screen in memory, with real keys and clicks: the main road, all windows, the Bible reader, the
-# maps, everything once more by what docs/accessibility.md promises, and the installer. Says what it saw, leaves pictures of each screen in build/walk/ with a
-# page index.html that shows them in order, and fails where the program doesn't do what a person expects.
+# Walks through the desktop program on a virtual screen, with real keys and clicks: the main path,
+# all windows, the Bible reader, the maps, all rules of docs/accessibility.md, and the installer.
+# Reports what it saw, saves pictures of each screen in build/walk/ with a page index.html that
+# shows them in order, and fails if the program doesn't behave as expected.
+#
 #   tests/walk/walk.sh DISC_FOLDER [PICTURE_FOLDER [SCREEN...]]
-# SCREEN is a size in pixels, or SIZE@DPI for the accessibility of enlarged windows alone (96 dpi are 100 %); left out: a small screen, a large one, and
-# a large one at 150 %.
+#
+# SCREEN is a size in pixels, or SIZE@DPI to test only the accessibility of enlarged windows (96 dpi
+# is 100 %). By default: a small screen, a large one, and a large one at 150 %.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 disc=$(realpath "$1")
@@ -15,7 +18,7 @@ mkdir -p "$pictures"
 pictures=$(realpath "$pictures")
 rm -f "$pictures"/*.png "$pictures"/index.html
 
-# Roads wait more than they work, so two are walked at once; the longest begins.
+# The walks mostly wait, so two run at a time; the longest starts first.
 roads=() sizes=()
 for screen in "${screens[@]}"; do
     case $screen in

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""All windows: the start-up screen's choices, then every menu entry of both main screens, twice in one run of the program."""
+"""All windows: the start-up screen's choices, then every menu entry of both main screens, twice in
+one run of the program."""
 
 import os
 import subprocess
@@ -18,14 +19,14 @@ helpWindows = {  # the letters of the menus, the window, and how it is closed
 
 
 def active_window():
-    """Its number, as the window manager counts."""
+    """Its X window number."""
     return int(
         subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True).stdout or 0
     )
 
 
 def told_of(window, name):
-    """What the window manager is told of a window, or tells."""
+    """A property of a window, set by the program or the window manager."""
     return subprocess.run(
         ["xprop", "-id", str(window), name], capture_output=True, text=True
     ).stdout

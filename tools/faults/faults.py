@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
-"""Lets the disk fail, or the program be killed, at the k-th call that changes a file, and looks whether a word is lost.
+"""Makes the k-th call that changes a file fail, or kills the program there, and checks that no text
+is lost.
 
-    faults.py PROGRAMS DISC               a sample: one run of each kind, and two copies at once
-    faults.py PROGRAMS DISC --all         each call in each mode, some 10,000 runs, and two copies 300 times over
-    faults.py PROGRAMS DISC --all --mode MODE         of these one mode
-    faults.py PROGRAMS DISC --mode MODE --at K --start fresh|used [--show]      one run again, as a failure names it
+    faults.py PROGRAMS DISC               a sample: one to three runs of each kind, and two copies at once
+    faults.py PROGRAMS DISC --all         each call in each mode, some 10,000 runs, and 300 runs of two copies
+    faults.py PROGRAMS DISC --all --mode MODE         the same in one mode
+    faults.py PROGRAMS DISC --mode MODE --at K --start fresh|used [--show]      repeats one run, as printed by a failure
 
-PROGRAMS is the folder with sparrowfield-drive and faults.so (build/dev/bin), DISC that of the disc (build/dev/disc). The modes stand in fault.h.
-The walk whose calls are counted is in walk.py; it is taken in a fresh folder, and in one that an earlier walk has left."""
+PROGRAMS is the folder with sparrowfield-drive and faults.so (build/dev/bin), DISC that of the disc
+(build/dev/disc). The modes are listed in fault.h. The session whose calls are counted is in
+walk.py; it runs in a fresh folder, and in one that an earlier session has used."""
 
 import argparse
 import concurrent.futures
@@ -29,7 +31,7 @@ from program import FOLDERS, NOTES, Ended, Fault, Program, note_forms, stored_an
 ERRORS = ("enospc", "eio", "erofs", "short", "full")
 KILLS = ("kill-before", "kill-half", "kill-after")
 WRITES = ("write", "pwrite", "pwrite64", "writev", "sendfile")
-FULL_FOR = 30  # calls; so many fail in the mode "full"
+FULL_FOR = 30  # the number of calls that fail in mode "full"
 
 
 class Bench:
@@ -37,7 +39,7 @@ class Bench:
         self.drive = str(pathlib.Path(programs, "sparrowfield-drive").resolve())
         self.preload = str(pathlib.Path(programs, "faults.so").resolve())
         self.disc = disc
-        # The address sanitizer wants to be loaded before anything else.
+        # The address sanitizer must be loaded before all other libraries.
         needed = subprocess.run(
             ["ldd", self.drive], capture_output=True, text=True, check=True
         ).stdout
@@ -58,7 +60,7 @@ class Bench:
 
 
 def calls_in(log):
-    """What the library counted: number, name, path, and whether the call was disturbed."""
+    """The calls that the library counted: number, name, path, and whether a fault was injected."""
     calls = []
     for line in log.read_text(encoding="utf-8").splitlines():
         number, name, path = line.removesuffix(" !").split(" ", 2)
@@ -67,7 +69,7 @@ def calls_in(log):
 
 
 def begin(bench, folder, start):
-    """A user's folder, and the memory of who has written there."""
+    """A user's folder, and the record of what was written there."""
     user, memory = folder / "user", Memory()
     user.mkdir()
     if start == "used":
@@ -84,10 +86,10 @@ def expect_end(program, status):
 
 
 def check(bench, user, memory, after_kill):
-    """Starts again without faults: every word must be there, on the screen and in the files."""
+    """Starts again without faults: all text must be there, on the screen and in the files."""
     program = bench.program(user)
     try:
-        person = Writer(program, Memory(), strict=False)  # with no part in what is remembered
+        person = Writer(program, Memory(), strict=False)  # its record is not used
         person.enter()
         if person.messages or (messages := program.do("messages")["messages"]):
             raise Fault(f"the next start says {messages}")
@@ -104,7 +106,7 @@ def check(bench, user, memory, after_kill):
     if answers != {place: text for place, text in shown.items() if text and place[0] == "answer"}:
         raise Fault(f"the store holds {answers}, the screen shows {shown}")
     for place, text in shown.items():
-        # After a kill the exact text may stand in another file yet than at rest.
+        # After a kill the exact text may still be in another file than usual.
         if place[0] == "note" and text not in (
             forms := note_forms(user / NOTES / f"{place[1]}.dat")
         ):
@@ -118,13 +120,14 @@ def check(bench, user, memory, after_kill):
 
 
 def holds_words(memory, place, text):
-    """Where a stored text couldn't be read, what was typed then is stored behind it as a paragraph of its own."""
+    """Whether the text has all words typed at this place. If a stored text couldn't be read, new
+    text is appended to it as a separate paragraph."""
     left = text.split()
     return all(word in left for word in memory.words.get(place, ()))
 
 
 def one_run(bench, mode, at, start, show=False):
-    """The calls that were counted. Raises a Fault if a word is lost."""
+    """Returns the calls that were counted. Raises a Fault if text is lost."""
     with tempfile.TemporaryDirectory(dir=FOLDERS) as folder:
         folder = pathlib.Path(folder).resolve()
         user, memory = begin(bench, folder, start)
@@ -147,14 +150,15 @@ def one_run(bench, mode, at, start, show=False):
         wanted = -signal.SIGKILL if hit and mode in KILLS else 0
         if status != wanted:
             raise Fault(f"the program ended with status {status}: {said}")
-        # A disk that is full until the program ends: what came last is lost, and no promise says otherwise.
+        # If the disk is full until the program ends, the last text may be lost.
         if mode != "full" or len(calls) > at + 2 * FULL_FOR:
             check(bench, user, memory, mode in KILLS)
         return calls
 
 
 def plan(bench, start):
-    """Each run that can be, as mode, call and start, with its kind. A write's half is for writes alone."""
+    """All possible runs as mode, call and start, with their kinds. Only writes can be done in
+    part."""
     calls = one_run(bench, "", 0, start)
     for mode in ERRORS + KILLS:
         for number, name, path, _ in calls:
@@ -163,13 +167,15 @@ def plan(bench, start):
 
 
 def kind(mode, name, path):
-    """To the program one error is as good as another, and after one call is before the next; a full disk spans many calls."""
+    """The kind of a run; runs of one kind are equivalent. All errors are the same to the program,
+    and after one call is before the next. A full disk spans many calls."""
     ways = {"eio": "enospc", "erofs": "enospc", "kill-after": "kill-before"}
     return ways.get(mode, mode), mode == "full" or name, NOTES in path, "settings.db" in path
 
 
 def sample(runs):
-    """A run of each kind, always the same; three where the program is killed over a note, for which no database answers."""
+    """One run of each kind, always the same. Three if the program is killed while it writes a note,
+    because notes aren't protected by a database."""
     kinds = {}
     for run, its in runs:
         kinds.setdefault(its, []).append(run)

@@ -1,5 +1,6 @@
-"""Two copies of the program on one user's folder, who answer the same lesson and write notes on the same chapters in turns. What stands at a place in
-the end is what was last written or saved there by either: leaving a box that nobody touched never takes away what the other copy wrote."""
+"""Two copies of the program on one user's folder answer the same lesson and write notes on the same
+chapters in turns. In the end each place has the text that either copy wrote or saved there last:
+leaving an untouched box never removes what the other copy wrote."""
 
 import pathlib
 import random
@@ -14,7 +15,8 @@ STEPS = 60
 
 
 class Copy(Writer):
-    """One of the two. Its box may show what the other has replaced since, so only the files are compared."""
+    """One of the two copies. Its box may show text that the other has replaced since, so only the
+    files are compared."""
 
     def __init__(self, program, memory, chance, name):
         super().__init__(program, memory, strict=False)
@@ -57,7 +59,7 @@ class Copy(Writer):
         self.write(self.note, self.word())
 
     def save(self):
-        """Stores what the box shows, also where the other copy has written since."""
+        """Stores the text in the box, even if the other copy has written since."""
         super().save()
         self.memory.left(self.answer.place, self.answer.text)
 
@@ -72,7 +74,7 @@ def run(bench, seed):
     chance = random.Random(seed)
     with tempfile.TemporaryDirectory(dir=FOLDERS) as folder:
         user = pathlib.Path(folder).resolve()
-        # One truth of what is stored, and for each copy what its own boxes hold.
+        # Both copies share the record of what is stored; each has its own record of its boxes.
         sure = {}
         copies = []
         try:

@@ -1,11 +1,13 @@
-"""The walk during which the disk fails. Every kind of storing comes up: pages turned, saved, left for the catalogue and for the reader; answers
-deleted and written again; notes that code page 1252 can hold and others, each in the place of the other; the translation; the program's end.
+"""The session during which the disk fails. It covers every kind of storing: pages that are turned,
+saved, left for the catalogue and for the reader; answers that are deleted and written again; notes
+with and without characters outside code page 1252, each replacing the other; the translation; the
+end of the program.
 
-To extend it: take more steps of writer.Writer, which keep the memory of what is typed by themselves."""
+To extend it, add steps of writer.Writer; they record what is typed."""
 
 
 def earlier(person):
-    """What somebody has done in a folder on another day."""
+    """An earlier session in the same folder."""
     person.enter()
     person.open_lesson("mount-1.dat:1")
     for word in ("once", "twice", "thrice"):
@@ -73,7 +75,7 @@ def notes(person):
 
 
 def visit(person, places):
-    """The texts that the program shows at these places, by place."""
+    """The text that the program shows at each of these places."""
     shown = {}
     answers = [place for place in places if place[0] == "answer"]
     for lesson in sorted({place[1] for place in answers}):

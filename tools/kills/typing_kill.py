@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""Kills the program at random moments while somebody types an answer and a note: typing_kill.py DRIVER DISC [TIMES [SEED]].
+"""Kills the program at random moments while a user types an answer and a note:
+typing_kill.py DRIVER DISC [TIMES [SEED]].
 
-The script types, undoes, lets the timers store, turns pages, saves and deletes without waiting for answers. After each kill the store and the notes must
-hold what the last answered store put there, or what one did that was on its way: never less, never a half text."""
+The script types, undoes, lets the timers store, turns pages, saves and deletes without waiting for
+answers. After each kill, the store and the notes must contain the text of the last store that was
+answered, or of one that was under way: never less, and never part of a text."""
 
 import pathlib
 import random
@@ -17,7 +19,7 @@ LESSON, PAGES, BOX, NOTE = "mount-1.dat:1", 4, "frmMain.Text3", "frmBible.txtNot
 
 
 class Script:
-    """Commands, and of each what is stored in each place once it has been carried out."""
+    """Commands, and for each command what is stored in each place after it."""
 
     def __init__(self, stored, chance):
         self.stored, self.chance, self.page, self.chapter = dict(stored), chance, 1, "John3"
@@ -77,7 +79,7 @@ class Script:
             self.store(self.page, "click", "frmMain.mnuFileSave")
 
     def leave_answer(self):
-        """The next command leaves the box of the answer."""
+        """Records that the next command leaves the box of the answer."""
         self.stored[self.page] = self.box[self.page]
 
 
@@ -94,7 +96,7 @@ def begin(drive, disc, user):
 
 
 def stored_now(drive, disc, user):
-    """What the next start of the program shows, in the store and in the notes."""
+    """The answers and notes that the next start of the program finds."""
     program = Program(drive, disc, user)
     found = {}
     for entry in program.do("settings")["settings"]:
@@ -123,7 +125,7 @@ def one_kill(drive, disc, user, stored, chance):
             break
     time.sleep(chance.uniform(0, 0.15))
     program.process.kill()
-    answers = program.process.stdout.read().split(b"\n")[:-1]  # without one that was cut off
+    answers = program.process.stdout.read().split(b"\n")[:-1]  # without a last, incomplete one
     program.process.wait()
     for answer in answers:
         if b"error" in answer:

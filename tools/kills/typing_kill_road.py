@@ -1,6 +1,8 @@
 #!/usr/bin/python3
-"""Kills the desktop program at random moments while somebody types an answer: what was typed more than a second before, and the time that a flush
-takes, must be stored, and what is stored must be what was typed. A road for tests/walk/road.sh; KILLS in the environment says how often."""
+"""Kills the desktop program at random moments while a user types an answer. Text typed more than a
+second (plus the time of a flush) before the kill must be stored, and the stored text must be what
+was typed. A walk for tests/walk/road.sh; the environment variable KILLS sets the number of
+kills."""
 
 import os
 import random
@@ -17,7 +19,7 @@ from person import *  # noqa: E402, F403
 SECOND, FLUSH = (
     1.0,
     0.5,
-)  # the timer's, and what a busy machine may take for a key, a tick and a flush
+)  # the timer's second, and time for a key, a tick and a flush on a busy machine
 WORDS = "in the beginning was the word and the word was with god "
 chance = random.Random(int(os.environ.get("SEED", "0")) or None)
 database = os.path.join(user.name, "sparrowfield", "settings.db")
@@ -54,7 +56,7 @@ def open_lesson():
 
 
 def type_until_killed(typed):
-    """Types a few letters at a time and notes when each lot had been sent."""
+    """Types a few letters at a time and records when each group was sent."""
     text = ""
     while person.process.poll() is None:
         lot = (WORDS * 20)[len(text) : len(text) + chance.randint(1, 6)]

@@ -1,4 +1,4 @@
-"""Random actions of a person, made up from what the driver tells of the form on show."""
+"""Random user actions, chosen from the driver's description of the form that is shown."""
 
 REFERENCES = (
     "Jude 1",
@@ -32,7 +32,7 @@ TEXTS = (
     "\t",
 )
 KEYS = (13, 27, 9, 8, 46, 35, 36, 33, 34, 37, 38, 39, 40, 32, 65, 67, 86, 88, 90, 112, 115, 121)
-WRITTEN_IN = ("frmSplash", "frmContents", "frmMain", "frmBible")  # and the way there
+WRITTEN_IN = ("frmSplash", "frmContents", "frmMain", "frmBible")  # and the forms on the way there
 
 
 class Actions:
@@ -40,7 +40,7 @@ class Actions:
         self.chance = chance
 
     def make(self, program, form, dump):
-        """An action as the words of a command, for a form that is active."""
+        """A random action on the active form, as the words of a command."""
         if form not in WRITTEN_IN and self.chance.random() < 0.15:
             return ("close", form)
         if self.chance.random() < 0.01:
@@ -50,7 +50,7 @@ class Actions:
             for name, control in dump["controls"].items()
             if self.is_usable(name, control)
         ]
-        # Boxes come up often, menus seldom: without words there is nothing to lose.
+        # Boxes are chosen often and menus rarely: without text there is nothing to lose.
         boxes = [pair for pair in controls if pair[1].get("Locked") is False]
         others = [pair for pair in controls if pair[1]["kind"] != "MenuEntry"]
         controls = self.chance.choices((boxes, others, controls), (35, 45, 20))[0] or controls

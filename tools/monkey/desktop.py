@@ -1,8 +1,11 @@
 #!/usr/bin/python3
-"""Does random things with the desktop program, on a screen in memory: tests/walk/road.sh ../../tools/monkey/desktop 1024x768 96 DISC PICTURES
+"""Performs random actions on the desktop program, on a virtual screen:
+tests/walk/road.sh ../../tools/monkey/desktop 1024x768 96 DISC PICTURES
 
-From the environment: MONKEY_SEED (1), MONKEY_ROUNDS (3) and MONKEY_ACTIONS a round (40). Each round starts the program in the same user's folder, and ends by
-closing windows until it is gone. It must go by itself and without complaint, and what stood in its boxes then must be stored."""
+Environment variables: MONKEY_SEED (1), MONKEY_ROUNDS (3) and MONKEY_ACTIONS for each round (40).
+Each round starts the program in the same user's folder, and ends by closing windows until the
+program has ended. It must end by itself and without messages, and what was in its boxes then must
+be stored."""
 
 import os
 import pathlib
@@ -20,7 +23,7 @@ seed = int(os.environ.get("MONKEY_SEED", 1))
 rounds = int(os.environ.get("MONKEY_ROUNDS", 3))
 actions = int(os.environ.get("MONKEY_ACTIONS", 40))
 chance = random.Random(seed)
-# What is printed without a printer goes into the user's documents.
+# Without a printer, printing writes files to the user's documents.
 person.environment["HOME"] = user.name
 store = pathlib.Path(user.name, "sparrowfield")
 
@@ -54,7 +57,7 @@ BOXES = (("frmMain", "Text3"), ("frmBible", "txtNotes"))
 
 
 def keys(*names):
-    """Presses keys, whoever gets them: a monkey doesn't look whether a window waits for them, or whether there is one."""
+    """Presses keys without checking which window gets them, or whether there is one."""
     run("xdotool", "key", "--clearmodifiers", *names)
     time.sleep(0.25)
 
@@ -78,7 +81,7 @@ def open_menu():
 
 
 def answer():
-    """Goes into a lesson's or chapter's box, if there is one on show, and writes."""
+    """Types into the box of a lesson or chapter, if one is shown."""
     box = next(filter(None, (control(*box, missing_is_fine=True) for box in BOXES)), None)
     if box:
         person.click(box)
@@ -98,7 +101,7 @@ def act():
 
 
 def shown():
-    """What stands in the boxes that are open."""
+    """The texts in the boxes that are shown."""
     return [
         text
         for form, name in BOXES

@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
-"""Does random things with the program and holds its store against what stood in its boxes.
+"""Performs random actions on the program and compares its store with what was in its boxes.
 
-    monkey.py DRIVE DISC [--seed N] [--actions N]       the same seed does the same things again
+    monkey.py DRIVE DISC [--seed N] [--actions N]       a seed repeats the same actions
     monkey.py DRIVE DISC --hours H                      one seed after the other, from --seed on, 2,000 actions each
-    ... --show                                          what the driver was told, as a script for it
+    ... --show                                          prints the commands as a script for the driver
 
-DRIVE is sparrowfield-drive. After each action
- - every answer and note that isn't on show is stored as it was;
- - a box that was left is stored as it stood; one that is on show is stored as it stands or stood before;
- - a page or chapter that is newly on show shows what is stored."""
+DRIVE is sparrowfield-drive. These rules must hold after each action:
+ - every answer and note that isn't shown is stored unchanged;
+ - for a box that was left, its last text is stored; for one that is shown, its present text or an
+   earlier one;
+ - a page or chapter that is newly shown has the stored text."""
 
 import argparse
 import collections
@@ -27,7 +28,7 @@ DELETE = ("click", "frmMain.mnuEditDeleteLesson")
 
 
 def lesson_names(drive, disc):
-    """The study keys of the lessons, by what the lesson screen shows of their titles."""
+    """The study keys of the lessons, by their titles on the lesson screen."""
     names = {}
     with tempfile.TemporaryDirectory(dir=FOLDERS) as user:
         program = Program(drive, disc, user)
@@ -57,7 +58,7 @@ class Monkey:
         )
         self.actions = Actions(chance)
         self.kept = {}  # what is stored
-        self.stores = 0  # how often that has changed
+        self.stores = 0  # how often it has changed
         self.lines = []  # of all runs
         self.start()
 
@@ -65,11 +66,11 @@ class Monkey:
         self.program = Program(self.drive, self.disc, self.user)
         self.program.lines = self.lines
         self.boxes = {}  # by form
-        self.held = {}  # of each box on show, what it held since it was filled
+        self.held = {}  # for each box that is shown, its texts since it was filled
         self.look()
 
     def look(self, forms=None):
-        """Learns what is on show: the active form and the boxes."""
+        """Reads what is shown: the active form and the boxes."""
         forms = self.program.do("forms")["forms"] if forms is None else forms
         self.form = next((form["name"] for form in forms if form["active"]), None)
         wanted = [
@@ -97,13 +98,14 @@ class Monkey:
         if not text["Visible"]:
             return None
         place = ("answer", self.lessons[title(dump)], dump["controls"]["ctlScrollbar"]["Value"])
-        # In a window that is minimised it is for the host to say what has the focus.
+        # In a minimised window the host decides what has the focus.
         return Shown(
             place, text["Text"], dump["focus"] == "Text3" or dump["form"]["WindowState"] == 1
         )
 
     def note_box(self, dump):
-        """A note is stored when the chapter or the form is left; until then its box counts as having the focus."""
+        """The box of the note. A note is stored when the chapter or the form is left; until then
+        its box counts as focused."""
         name = dump["controls"]["XPContainer4"]["Caption"].removeprefix("Notes for ")
         if dump["controls"]["txtNotes"]["Locked"]:
             return None
