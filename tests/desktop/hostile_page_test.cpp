@@ -9,6 +9,7 @@
 #include <QTextBrowser>
 #include <QTextDocumentFragment>
 
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <sys/inotify.h>
