@@ -7,6 +7,7 @@
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/sqlite_settings_store.h"
 #include "platform/posix/temporary_folder.h"
+#include "platform/posix/user_folders.h"
 #include "program/program.h"
 
 #include <CLI/CLI.hpp>
@@ -66,15 +67,14 @@ private:
 int RunScript(Options const& options, std::istream& script, Size screen)
 {
     UserFolder user(options.user);
-    fs::path const application = options.app.empty()
-        ? fs::read_symlink("/proc/self/exe").parent_path()
-        : fs::absolute(options.app);
+    auto const application = options.app.empty() ? ProgramFolder() : fs::absolute(options.app);
     if (!options.data.empty())
         fs::current_path(options.data);
 
-    PosixFileSystem files({ application, user.Path() / "drive_c" });
-    RemoveLeftoverPages(user.Path() / "drive_c" / "Temp");
-    SqliteSettingsStore settings(user.Path() / "settings.db");
+    auto const drive = DriveFolder(user.Path());
+    PosixFileSystem files({ application, drive });
+    RemoveLeftoverPages(drive / "Temp");
+    SqliteSettingsStore settings(SettingsFile(user.Path()));
     InlineWriter writer; // so that what a command has stored is there when it is answered
     RecordingShell shell;
     HeadlessHost host(files, screen);

@@ -40,14 +40,14 @@ Outcome<PublisherFolder> PublisherFolder::Hold(fs::path const& folder)
     for (auto const& place : { folder.parent_path(), folder })
         if (fs::is_symlink(fs::symlink_status(place, error)))
             return Failure { FromUtf8(place.string()), 0,
-                u"it is a link, and Setup changes nothing behind a link" };
+                u"it is a link, and Setup doesn't follow links" };
     Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW));
     if (!descriptor)
         return About(folder);
     if (::flock(descriptor.Number(), LOCK_EX | LOCK_NB) != 0) {
         if (errno == EWOULDBLOCK)
-            return Failure { FromUtf8(folder.string()), 0, u"another Setup is at work there" };
-        // A file system without locks: better to go on than never to install.
+            return Failure { FromUtf8(folder.string()), 0, u"another Setup is using this folder" };
+        // On a file system without locks installing without one is better than never.
     }
     RemoveLeftovers(folder);
     return PublisherFolder(folder, std::move(descriptor));
@@ -73,8 +73,8 @@ Outcome<fs::path> PublisherFolder::MakeAside() const
     return fs::path(pattern);
 }
 
-/// In two steps, where the file system can't do it in one. A program that is killed in between
-/// leaves no copy, which the next installation mends.
+/// The exchange in two steps, for file systems that can't do it in one. If the program is killed in
+/// between, there is no copy until the next installation.
 static Outcome<Done> ExchangeInSteps(fs::path const& fresh, fs::path const& target)
 {
     fs::path const aside = fresh.string() + "-old";
@@ -85,7 +85,7 @@ static Outcome<Done> ExchangeInSteps(fs::path const& fresh, fs::path const& targ
         [[maybe_unused]] auto const isBack = ::rename(aside.c_str(), target.c_str());
         return failure;
     }
-    std::error_code ignored; // What stays is removed by the next Hold.
+    std::error_code ignored; // The next Hold removes what is left.
     fs::remove_all(aside, ignored);
     return Done {};
 }
@@ -113,7 +113,7 @@ Outcome<Done> PublisherFolder::Remove(fs::path const& target) const
     if (fs::is_symlink(status))
         return ::unlink(target.c_str()) == 0 ? Outcome<Done>(Done {}) : About(target);
     if (!fs::is_directory(status))
-        return Failure { FromUtf8(target.string()), 0, u"it is no folder" };
+        return Failure { FromUtf8(target.string()), 0, u"it is not a folder" };
     auto const aside = MakeAside();
     if (!aside)
         return aside.failure();

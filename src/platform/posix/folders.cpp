@@ -1,11 +1,31 @@
 #include "platform/posix/folders.h"
 
-#include "platform/posix/descriptor.h"
-
+#include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
+
+Failure FolderFailure(TextView path)
+{
+    if (errno == ENOENT || errno == ENOTDIR)
+        return { Text(path), 0, u"its folder doesn't exist" };
+    return SystemFailure(path);
+}
+
+Outcome<Done> MakeFolder(std::string const& folder, std::string const& parent, TextView path)
+{
+    if (::mkdir(folder.c_str(), 0700) == 0) {
+        auto const flushed = FlushFolder(parent);
+        return flushed ? flushed : Failure { Text(path), 0, flushed.failure().reason };
+    }
+    if (errno != EEXIST)
+        return FolderFailure(path);
+    std::error_code error;
+    return fs::is_directory(folder, error) ? Outcome<Done>(Done {})
+                                           : Failure { Text(path), 0, u"it is not a folder" };
+}
 
 Outcome<Done> MakeFolders(fs::path const& folder)
 {
@@ -17,6 +37,18 @@ Outcome<Done> MakeFolders(fs::path const& folder)
     if (auto made = MakeFolders(parent); !made || !whole.has_filename())
         return made;
     return MakeFolder(whole.string(), parent.string(), FromUtf8(whole.string()));
+}
+
+bool FlushFolder(Descriptor const& folder)
+{
+    // A file system that keeps no folders to flush says EINVAL or ENOTSUP.
+    return ::fsync(folder.Number()) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+Outcome<Done> FlushFolder(std::string const& folder)
+{
+    Descriptor const opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return opened && FlushFolder(opened) ? Outcome<Done>(Done {}) : SystemFailure(FromUtf8(folder));
 }
 
 bool IsOwnedByUser(fs::path const& place, fs::file_type type)
