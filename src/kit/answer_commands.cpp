@@ -60,7 +60,7 @@ int RunAnswersExport(AnswersArguments const& arguments)
     std::error_code error;
     fs::current_path(arguments.disc, error); // Study files are found by their bare names.
     if (error)
-        return Fail({ FromUtf8(arguments.disc.string()), 0, FromUtf8(error.message()) });
+        return Fail(FileFailure(arguments.disc, error.value()));
     PosixFileSystem files({ fs::current_path(), DriveFolder(user) });
     auto documents = BuildAnswerDocuments(*work, files, arguments.withPublisher);
     auto const answers = QuestionsIn(documents);
@@ -89,10 +89,9 @@ int RunAnswersBackup(AnswersArguments const& arguments)
 {
     auto const present = fs::symlink_status(arguments.file);
     if (fs::exists(present) && !fs::is_regular_file(present))
-        return Fail({ FromUtf8(arguments.file.string()), 0, u"it is not a regular file" });
+        return Fail(FileFailure(arguments.file, u"it is not a regular file"));
     if (!arguments.replaces && fs::exists(present))
-        return Fail({ FromUtf8(arguments.file.string()), 0,
-            u"it already exists; --replace overwrites it" });
+        return Fail(FileFailure(arguments.file, u"it already exists; --replace overwrites it"));
     auto const work = LoadUserWork(UserFolder(arguments.user));
     if (!work)
         return Fail(work.failure());

@@ -13,11 +13,6 @@ namespace {
 /// Large enough to be fast, small enough to notice a cancel at once.
 constexpr std::size_t blockSize = 1 << 20;
 
-Failure About(fs::path const& place)
-{
-    return SystemFailure(FromUtf8(place.string()));
-}
-
 class Copier {
 public:
     Copier(CopyPlan const& plan, Watcher const& shouldContinue)
@@ -34,25 +29,25 @@ public:
         Descriptor const from(
             ::open(planned.from.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
         if (!from)
-            return About(planned.from);
+            return FileFailure(planned.from);
         Descriptor file(::open(
             to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, planned.isProgram ? 0755 : 0644));
         if (!file)
-            return About(to);
+            return FileFailure(to);
         for (;;) {
             auto const size = ReadSome(from, m_block);
             if (size < 0)
-                return About(planned.from);
+                return FileFailure(planned.from);
             if (size == 0)
                 break;
             if (!WriteAll(file, { m_block.data(), static_cast<std::size_t>(size) }))
-                return About(to);
+                return FileFailure(to);
             m_done += static_cast<std::uint64_t>(size);
             if (!m_shouldContinue({ m_done, m_total, planned.to }))
                 return Ending::Cancelled;
         }
         if (::fsync(file.Number()) != 0 || !file.Close())
-            return About(to);
+            return FileFailure(to);
         return Ending::Complete;
     }
 
@@ -68,7 +63,7 @@ Outcome<Ending> CopyFiles(CopyPlan const& plan, fs::path const& to, Watcher cons
 {
     for (auto const& folder : plan.folders)
         if (::mkdir((to / folder).c_str(), 0755) != 0)
-            return About(to / folder);
+            return FileFailure(to / folder);
     Copier copier(plan, shouldContinue);
     for (auto const& file : plan.files) {
         auto ending = copier.Copy(file, to / file.to);
@@ -76,9 +71,9 @@ Outcome<Ending> CopyFiles(CopyPlan const& plan, fs::path const& to, Watcher cons
             return ending;
     }
     for (auto const& folder : plan.folders)
-        if (auto const flushed = FlushFolder((to / folder).string()); !flushed)
+        if (auto const flushed = FlushFolder(to / folder); !flushed)
             return flushed.failure();
-    if (auto const flushed = FlushFolder(to.string()); !flushed)
+    if (auto const flushed = FlushFolder(to); !flushed)
         return flushed.failure();
     return Ending::Complete;
 }

@@ -19,7 +19,7 @@ Outcome<Done> WriteCopyList(CopyPlan const& plan, fs::path const& copy)
     std::string list;
     for (auto const& file : plan.files)
         list += std::to_string(file.size) + ' ' + file.to.string() + '\0';
-    return ReplaceFile(copy.string(), copyListName, list, FromUtf8((copy / copyListName).string()));
+    return ReplaceFile(copy / copyListName, list);
 }
 
 /// Sizes by name; nothing if there is no list.
@@ -79,7 +79,7 @@ Outcome<Done> CarryUserFiles(fs::path const& old, fs::path const& fresh)
         if (error) // Not every file system has hard links.
             fs::copy(old / name, to, fs::copy_options::copy_symlinks, error);
         if (error)
-            return SystemFailure(FromUtf8((old / name).string()), error.value());
+            return FileFailure(old / name, error.value());
     }
     return Done {};
 }
@@ -95,7 +95,7 @@ Outcome<fs::path> MoveUserFilesOut(fs::path const& copy, fs::path const& folder)
         if (auto const made = MakeFolders(to.parent_path()); !made)
             return made.failure();
         if (std::rename((copy / file.name).c_str(), to.c_str()) != 0)
-            return SystemFailure(FromUtf8((copy / file.name).string()));
+            return FileFailure(copy / file.name);
     }
     return kept;
 }

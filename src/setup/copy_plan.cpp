@@ -30,8 +30,8 @@ public:
         m_program
             = fs::is_regular_file(m_disc / discProgram, error) ? discProgram : installedProgram;
         if (!fs::is_regular_file(m_disc / m_program, error))
-            return Failure { FromUtf8((m_disc / discProgram).string()), 0,
-                u"the program is missing; please start Setup.exe from the disc" };
+            return FileFailure(m_disc / discProgram,
+                u"the program is missing; please start Setup.exe from the disc");
         auto const added = AddFolder({});
         return added ? Outcome<CopyPlan>(std::move(m_plan)) : added.failure();
     }
@@ -45,7 +45,7 @@ private:
         for (; !error && entries != fs::directory_iterator(); entries.increment(error))
             names.push_back(entries->path().filename());
         if (error)
-            return SystemFailure(FromUtf8((m_disc / below).string()), error.value());
+            return FileFailure(m_disc / below, error.value());
         std::sort(names.begin(), names.end());
         for (auto const& name : names)
             if (!name.string().starts_with(".new-") && below / name != copyListName)
@@ -74,7 +74,7 @@ private:
         std::error_code error;
         auto const size = fs::file_size(place, error);
         if (error)
-            return SystemFailure(FromUtf8(place.string()), error.value());
+            return FileFailure(place, error.value());
         bool const isTheProgram = below == m_program;
         if (!isTheProgram && below == installedProgram)
             return Done {}; // The program gets this name.
@@ -98,7 +98,7 @@ Outcome<CopyPlan> PlanCopy(fs::path const& disc)
     std::error_code error;
     auto whole = fs::canonical(disc, error);
     if (error)
-        return SystemFailure(FromUtf8(disc.string()), error.value());
+        return FileFailure(disc, error.value());
     return Planner(std::move(whole)).Plan();
 }
 

@@ -1,5 +1,6 @@
 #include "setup/install.h"
 
+#include "platform/posix/temporary_folder.h"
 #include "setup/copy_list.h"
 #include "setup/menu_entry.h"
 #include "setup/publisher_folder.h"
@@ -8,31 +9,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-/// Removes a folder with everything in it when it is destroyed.
-class ScopedFolder {
-public:
-    explicit ScopedFolder(fs::path folder)
-        : m_folder(std::move(folder))
-    {
-    }
-    ScopedFolder(ScopedFolder const&) = delete;
-    ScopedFolder& operator=(ScopedFolder const&) = delete;
-    ~ScopedFolder()
-    {
-        std::error_code ignored; // What stays is removed by the next run.
-        fs::remove_all(m_folder, ignored);
-    }
-    fs::path const& Path() const { return m_folder; }
-
-private:
-    fs::path m_folder;
-};
-
-Failure At(fs::path const& place, TextView reason)
-{
-    return { FromUtf8(place.string()), 0, Text(reason) };
-}
 
 /// True if a process that the user may see runs the installed program, which would lose its files.
 bool IsCopyRunning(fs::path const& target)
@@ -53,7 +29,7 @@ bool IsCopyRunning(fs::path const& target)
 Outcome<Done> CheckNotRunning(SetupPlaces const& places)
 {
     if (IsCopyRunning(places.target))
-        return At(
+        return FileFailure(
             places.target / installedProgram, u"the program is running; please close it first");
     return Done {};
 }
@@ -61,18 +37,19 @@ Outcome<Done> CheckNotRunning(SetupPlaces const& places)
 Outcome<Done> CheckInstallable(SetupPlaces const& places, CopyPlan const& plan)
 {
     if (RunsFromCopy(places))
-        return At(places.disc, u"this is the installed copy; please start Setup.exe on the disc");
+        return FileFailure(
+            places.disc, u"this is the installed copy; please start Setup.exe on the disc");
     std::error_code error;
     auto const disc = fs::weakly_canonical(places.disc, error);
     auto const target = fs::weakly_canonical(places.target.parent_path(), error);
     if (IsInside(target, disc) || IsInside(disc, target))
-        return At(places.target, u"neither the disc nor the copy may be inside the other");
+        return FileFailure(places.target, u"neither the disc nor the copy may be inside the other");
     auto const status = fs::symlink_status(places.target, error);
     if (fs::exists(status) && !fs::is_directory(status) && !fs::is_symlink(status))
-        return At(places.target, u"it exists and is not a folder");
+        return FileFailure(places.target, u"it exists and is not a folder");
     auto const needed = NeededSpace(plan), free = FreeSpace(places.target);
     if (free < needed)
-        return At(places.target,
+        return FileFailure(places.target,
             u"this needs " + SizeText(needed) + u", and " + SizeText(free)
                 + u" are free on the disk");
     return CheckNotRunning(places);
@@ -87,7 +64,7 @@ Outcome<Ending> InstallCopy(
     auto const made = publisher->MakeAside();
     if (!made)
         return made.failure();
-    ScopedFolder const fresh(*made); // after the exchange: the old copy
+    TemporaryFolder const fresh(*made); // after the exchange: the old copy
     auto copied = CopyFiles(plan, fresh.Path(), shouldContinue);
     if (!copied || *copied == Ending::Cancelled)
         return copied;

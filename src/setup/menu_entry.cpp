@@ -33,24 +33,13 @@ std::vector<Icon> Icons()
 /// A text, escaped as the value of a key.
 std::string Value(std::string_view text)
 {
+    constexpr std::string_view special = "\\\n\r\t", letters = "\\nrt";
     std::string value;
     for (char const character : text)
-        switch (character) {
-        case '\\':
-            value += "\\\\";
-            break;
-        case '\n':
-            value += "\\n";
-            break;
-        case '\r':
-            value += "\\r";
-            break;
-        case '\t':
-            value += "\\t";
-            break;
-        default:
+        if (auto const which = special.find(character); which != special.npos)
+            (value += '\\') += letters[which];
+        else
             value += character;
-        }
     return value;
 }
 
@@ -75,13 +64,6 @@ std::string Command(fs::path const& folder)
     if (program.find_first_of("=%") != std::string::npos)
         return std::string("sh -c \"exec ./") + installedProgram + '"';
     return Quoted(program);
-}
-
-Outcome<Done> PutFile(fs::path const& folder, std::string const& name, std::string_view bytes)
-{
-    if (auto made = MakeFolders(folder); !made)
-        return made;
-    return ReplaceFile(folder.string(), name, bytes, FromUtf8((folder / name).string()));
 }
 
 /// True if a folder between `base` and the file is a link.
@@ -123,10 +105,9 @@ bool IsIconOfCopy(fs::path const& icon, fs::path const& copys, bool hasOwnEntry)
 void RemoveFile(fs::path const& file, fs::path const& base, std::vector<Failure>& faults)
 {
     if (IsReachedThroughLink(file, base))
-        faults.push_back(
-            { FromUtf8(file.string()), 0, u"it is reached through a link and was left alone" });
+        faults.push_back(FileFailure(file, u"it is reached through a link and was left alone"));
     else if (::unlink(file.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR)
-        faults.push_back(SystemFailure(FromUtf8(file.string())));
+        faults.push_back(FileFailure(file));
 }
 
 /// Marks the theme's folder as changed, so that desktops look for new icons.
@@ -156,7 +137,9 @@ std::vector<Failure> AddToMenu(SetupPlaces const& places)
     }
     auto const put
         = [&faults](fs::path const& folder, std::string const& name, std::string_view bytes) {
-              if (auto const done = PutFile(folder, name, bytes); !done)
+              auto const made = MakeFolders(folder);
+              auto const done = made ? ReplaceFile(folder / name, bytes) : made;
+              if (!done)
                   faults.push_back(done.failure());
           };
     for (auto const& icon : Icons()) {

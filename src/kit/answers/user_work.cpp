@@ -87,9 +87,7 @@ Outcome<Done> Restore(RestorePlan const& plan, fs::path const& userFolder, bool 
     if (auto const made = MakeFolders(notes); !made)
         return made.failure();
     for (auto const& [name, bytes] : plan.notes)
-        if (auto const written
-            = ReplaceFile(notes.string(), name, bytes, FromUtf8((notes / name).string()));
-            !written)
+        if (auto const written = ReplaceFile(notes / name, bytes); !written)
             return written.failure();
     SqliteSettingsStore store(SettingsFile(userFolder));
     return store.WriteAll(

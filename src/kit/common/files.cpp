@@ -235,7 +235,7 @@ static bool StaysInside(fs::path const& name)
 Outcome<Replaced> ReplaceFiles(fs::path const& target, OutputFiles const& files, Readers readers)
 {
     auto const fail = [](fs::path const& path, std::string const& reason) {
-        return Failure { FromUtf8(path.string()), 0, FromUtf8(reason) };
+        return FileFailure(path, FromUtf8(reason));
     };
     for (auto const& [name, bytes] : files)
         if (!StaysInside(name))

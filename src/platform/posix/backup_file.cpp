@@ -76,11 +76,6 @@ Text DigestOf(std::vector<SettingsStore::Entry> const& entries)
     return digest.Hexadecimal();
 }
 
-Failure Refuse(fs::path const& file, TextView reason)
-{
-    return { FromUtf8(file.string()), 0, Text(reason) };
-}
-
 /// The entries of the container, in the order of the digest.
 std::vector<SettingsStore::Entry> Packed(UserWork const& work)
 {
@@ -103,7 +98,7 @@ Outcome<UserWork> Unpacked(std::vector<SettingsStore::Entry> const& packed, fs::
         auto const name = ToRawBytes(entry.key);
         auto const bytes = ToRawBytes(entry.value);
         if (entry.section != Text(1, notesMark) || !name || !bytes || !IsNoteName(*name))
-            return Refuse(
+            return FileFailure(
                 file, u"it contains a note with a name that isn't allowed, or something unknown");
         work.notes.emplace(*name, *bytes);
     }
@@ -127,10 +122,8 @@ Outcome<Done> WriteBackup(UserWork const& work, fs::path const& file)
     packed.push_back({ Text(headSection), u"digest", digest });
     auto const bytes = WriteStoreImage(packed);
     if (!bytes)
-        return Refuse(file, bytes.failure().reason);
-    auto const whole = fs::absolute(file);
-    return ReplaceFile(
-        whole.parent_path().string(), whole.filename().string(), *bytes, FromUtf8(file.string()));
+        return FileFailure(file, bytes.failure().reason);
+    return ReplaceFile(file, *bytes);
 }
 
 Outcome<UserWork> ReadBackup(fs::path const& file)
@@ -140,7 +133,7 @@ Outcome<UserWork> ReadBackup(fs::path const& file)
         return bytes.failure();
     auto all = ReadStoreImage(*bytes);
     if (!all)
-        return Refuse(file, u"it is not a backup, or it is damaged");
+        return FileFailure(file, u"it is not a backup, or it is damaged");
     Text version, digest;
     std::erase_if(*all, [&](SettingsStore::Entry const& entry) {
         if (entry.section != headSection)
@@ -149,11 +142,11 @@ Outcome<UserWork> ReadBackup(fs::path const& file)
         return true;
     });
     if (version.empty())
-        return Refuse(file, u"it is not a backup");
+        return FileFailure(file, u"it is not a backup");
     if (version != formatVersion)
-        return Refuse(file, u"it was made by a newer version of this program");
+        return FileFailure(file, u"it was made by a newer version of this program");
     if (digest != DigestOf(*all))
-        return Refuse(file, u"it is damaged");
+        return FileFailure(file, u"it is damaged");
     return Unpacked(*all, file);
 }
 

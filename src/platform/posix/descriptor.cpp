@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <sys/file.h>
 #include <unistd.h>
 
 bool Descriptor::Close()
@@ -47,6 +48,32 @@ Failure SystemFailure(TextView path, int number)
 Failure SystemFailure(TextView path)
 {
     return SystemFailure(path, errno);
+}
+
+Failure FileFailure(std::filesystem::path const& file)
+{
+    return SystemFailure(FromUtf8(file.string()));
+}
+
+Failure FileFailure(std::filesystem::path const& file, int number)
+{
+    return SystemFailure(FromUtf8(file.string()), number);
+}
+
+Failure FileFailure(std::filesystem::path const& file, TextView reason)
+{
+    return { FromUtf8(file.string()), 0, Text(reason) };
+}
+
+bool LockFile(Descriptor const& file, std::chrono::steady_clock::time_point deadline)
+{
+    while (::flock(file.Number(), LOCK_EX | LOCK_NB) != 0) {
+        if ((errno != EWOULDBLOCK && errno != EINTR)
+            || std::chrono::steady_clock::now() >= deadline)
+            return false;
+        ::usleep(10'000); // microseconds
+    }
+    return true;
 }
 
 std::ptrdiff_t ReadSome(Descriptor const& file, std::span<char> block)

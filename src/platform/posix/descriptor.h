@@ -4,6 +4,8 @@
 
 #include "base/failure.h"
 
+#include <chrono>
+#include <filesystem>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -37,6 +39,14 @@ private:
 /// The failure that the system's last error number describes, about this path.
 Failure SystemFailure(TextView path);
 Failure SystemFailure(TextView path, int number);
+/// The same about a file by its place on this machine, and with a reason of the caller's.
+Failure FileFailure(std::filesystem::path const& file);
+Failure FileFailure(std::filesystem::path const& file, int number);
+Failure FileFailure(std::filesystem::path const& file, TextView reason);
+
+/// Locks the file against others that do the same (flock), and waits for them until the deadline.
+/// On a failure the reason is in the system's last error number, EWOULDBLOCK after a timeout.
+bool LockFile(Descriptor const& file, std::chrono::steady_clock::time_point deadline);
 
 /// Reads the next bytes into `block` and returns how many; 0 at the end of the file. On an error
 /// returns -1, with the reason in the system's last error number.

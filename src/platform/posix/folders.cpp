@@ -14,10 +14,15 @@ Failure FolderFailure(TextView path)
     return SystemFailure(path);
 }
 
-Outcome<Done> MakeFolder(std::string const& folder, std::string const& parent, TextView path)
+fs::path FolderOf(fs::path const& file)
+{
+    return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+Outcome<Done> MakeFolder(fs::path const& folder, TextView path)
 {
     if (::mkdir(folder.c_str(), 0700) == 0) {
-        auto const flushed = FlushFolder(parent);
+        auto const flushed = FlushFolder(FolderOf(folder));
         return flushed ? flushed : Failure { Text(path), 0, flushed.failure().reason };
     }
     if (errno != EEXIST)
@@ -33,10 +38,9 @@ Outcome<Done> MakeFolders(fs::path const& folder)
     auto const whole = fs::absolute(folder, error);
     if (fs::is_directory(whole, error) || !whole.has_relative_path())
         return Done {};
-    auto const parent = whole.parent_path();
-    if (auto made = MakeFolders(parent); !made || !whole.has_filename())
+    if (auto made = MakeFolders(whole.parent_path()); !made || !whole.has_filename())
         return made;
-    return MakeFolder(whole.string(), parent.string(), FromUtf8(whole.string()));
+    return MakeFolder(whole, FromUtf8(whole.string()));
 }
 
 bool FlushFolder(Descriptor const& folder)
@@ -45,10 +49,10 @@ bool FlushFolder(Descriptor const& folder)
     return ::fsync(folder.Number()) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-Outcome<Done> FlushFolder(std::string const& folder)
+Outcome<Done> FlushFolder(fs::path const& folder)
 {
     Descriptor const opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return opened && FlushFolder(opened) ? Outcome<Done>(Done {}) : SystemFailure(FromUtf8(folder));
+    return opened && FlushFolder(opened) ? Outcome<Done>(Done {}) : FileFailure(folder);
 }
 
 bool IsOwnedByUser(fs::path const& place, fs::file_type type)

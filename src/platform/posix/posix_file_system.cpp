@@ -163,9 +163,7 @@ Outcome<bool> PosixFileSystem::Create(TextView path, std::string_view bytes)
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place || !place->has_filename())
         return InvalidPath(path);
-    auto const folder = place->parent_path();
-    return CreateFile(
-        folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
+    return CreateFile(*place, bytes, path);
 }
 
 Outcome<Done> PosixFileSystem::WriteTemporary(TextView path, std::string_view bytes)
@@ -178,9 +176,7 @@ Outcome<Done> PosixFileSystem::Replace(TextView path, std::string_view bytes, La
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place || !place->has_filename())
         return InvalidPath(path);
-    auto const folder = place->parent_path();
-    return ReplaceFile(
-        folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path, lasting);
+    return ReplaceFile(*place, bytes, path, lasting);
 }
 
 Outcome<Done> PosixFileSystem::SetAside(TextView path)
@@ -199,10 +195,9 @@ Outcome<Done> PosixFileSystem::CreateFolder(TextView path)
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place)
         return InvalidPath(path);
-    auto const parent = place->parent_path();
     if (*place == m_folders.drive) // If this fails, so does what follows, with the reason.
-        static_cast<void>(MakeFolders(parent));
-    return MakeFolder(place->string(), parent.empty() ? "." : parent.string(), path);
+        static_cast<void>(MakeFolders(place->parent_path()));
+    return MakeFolder(*place, path);
 }
 
 Outcome<Done> PosixFileSystem::Delete(TextView path)

@@ -42,11 +42,6 @@ SqliteConnection::SqliteConnection(
 {
 }
 
-Failure SqliteConnection::Fail(Text reason) const
-{
-    return { FromUtf8(m_file.string()), 0, std::move(reason) };
-}
-
 Outcome<Done> SqliteConnection::Do(Work const& work)
 {
     int code = SQLITE_DONE;
@@ -61,7 +56,7 @@ Outcome<Done> SqliteConnection::Do(Work const& work)
     }
     if (code == SQLITE_CANTOPEN && !m_opening)
         return m_opening;
-    return code == SQLITE_DONE ? Outcome<Done>(Done {}) : Fail(ReasonFor(code));
+    return code == SQLITE_DONE ? Outcome<Done>(Done {}) : FileFailure(m_file, ReasonFor(code));
 }
 
 int SqliteConnection::TryOnce(Work const& work)
@@ -71,7 +66,7 @@ int SqliteConnection::TryOnce(Work const& work)
     if (m_database.IsOpen() && IdentityOf(m_file) != m_identity) {
         m_database.Close();
         m_isSeenWhole = false;
-        m_report = Fail(
+        m_report = FileFailure(m_file,
             u"it was removed or replaced; what the program shows now is stored in the new file");
     }
     int code = Open();
@@ -100,7 +95,7 @@ int SqliteConnection::Open()
         code = CheckInTime();
     if (code != SQLITE_OK) {
         if (int const system = m_database.SystemError(); system != 0)
-            m_opening = SystemFailure(FromUtf8(m_file.string()), system);
+            m_opening = FileFailure(m_file, system);
         m_database.Close();
     }
     return code;
@@ -127,7 +122,8 @@ int SqliteConnection::Check()
         return code;
     bool const isEmpty = state.IsEmpty();
     if (isEmpty && m_isSeenWhole)
-        m_report = Fail(u"it was emptied; what the program shows now is stored in it again");
+        m_report = FileFailure(
+            m_file, u"it was emptied; what the program shows now is stored in it again");
     m_isNewer = state.IsNewer();
     if (!isEmpty && (code = CheckSchema(m_database, state)) != SQLITE_OK)
         return code;
@@ -146,8 +142,9 @@ Outcome<Done> SqliteConnection::SetAside()
 {
     m_database.Close();
     if (m_onDamage == OnDamage::Fail)
-        return Fail(m_isNewer ? u"it was made by a newer version of this program"
-                              : u"it is damaged or not a settings file");
+        return FileFailure(m_file,
+            m_isNewer ? u"it was made by a newer version of this program"
+                      : u"it is damaged or not a settings file");
     auto const aside = SetStoreAside(m_file, m_identity, m_database.Deadline());
     if (!aside) {
         m_patience = std::min(shortPatience, m_fullPatience);
@@ -155,7 +152,8 @@ Outcome<Done> SqliteConnection::SetAside()
     }
     m_isSeenWhole = false;
     if (*aside)
-        m_report = Fail(u"it is damaged or not a settings file; it was renamed to "
-            + FromUtf8((*aside)->filename().string()) + u", and a new file was started");
+        m_report = FileFailure(m_file,
+            u"it is damaged or not a settings file; it was renamed to "
+                + FromUtf8((*aside)->filename().string()) + u", and a new file was started");
     return Done {};
 }

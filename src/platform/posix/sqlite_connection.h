@@ -25,7 +25,6 @@ private:
     int CheckInTime();
     int Check();
     Outcome<Done> SetAside();
-    Failure Fail(Text reason) const;
 
     std::filesystem::path m_file;
     OnDamage m_onDamage;

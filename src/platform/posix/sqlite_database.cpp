@@ -148,16 +148,11 @@ int SqliteDatabase::Run(
     return code;
 }
 
-int SqliteDatabase::Ask(char const* question, int& answer, char const* parameter)
+int SqliteDatabase::Ask(char const* question, int& answer)
 {
-    sqlite3_stmt* prepared = nullptr;
-    int code = sqlite3_prepare_v2(m_database, question, -1, &prepared, nullptr);
-    if (code == SQLITE_OK && parameter)
-        code = sqlite3_bind_text(prepared, 1, parameter, -1, SQLITE_STATIC);
-    if (code == SQLITE_OK && (code = sqlite3_step(prepared)) == SQLITE_ROW)
-        answer = sqlite3_column_int(prepared, 0);
-    sqlite3_finalize(prepared);
-    return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
+    int const code
+        = Run(question, {}, [&](sqlite3_stmt* row) { answer = sqlite3_column_int(row, 0); });
+    return code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
 bool SqliteDatabase::ReadBeginning(std::string& bytes)

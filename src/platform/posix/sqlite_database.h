@@ -50,11 +50,20 @@ public:
     /// Runs a statement with these texts bound in order, and passes each row on. SQLITE_DONE on
     /// success.
     int Run(char const* statement, std::initializer_list<TextView> texts, Row const& row = {});
-    /// Runs a statement that has one number as result, with a parameter of UTF-8 if there is one;
-    /// `answer` is kept if there is no row. SQLITE_OK on success.
-    int Ask(char const* question, int& answer, char const* parameter = nullptr);
+    /// Runs a statement that has one number as result. SQLITE_OK on success.
+    int Ask(char const* question, int& answer);
     /// Does work that returns SQLITE_DONE, as one transaction; any other code undoes it.
-    template <class Work> int InTransaction(Work const& work);
+    template <class Work> int InTransaction(Work const& work)
+    {
+        int code = Execute("begin immediate");
+        if (code == SQLITE_OK)
+            code = work();
+        if (code == SQLITE_DONE)
+            code = Execute("commit");
+        if (code != SQLITE_OK)
+            Execute("rollback");
+        return code == SQLITE_OK ? SQLITE_DONE : code;
+    }
 
     /// The beginning of the open file, read without a lock. False if that can't be read.
     bool ReadBeginning(std::string& bytes);
@@ -70,15 +79,3 @@ private:
     Clock::time_point m_deadline {};
     std::chrono::nanoseconds m_endOfComputing = std::chrono::nanoseconds::max();
 };
-
-template <class Work> int SqliteDatabase::InTransaction(Work const& work)
-{
-    int code = Execute("begin immediate");
-    if (code == SQLITE_OK)
-        code = work();
-    if (code == SQLITE_DONE)
-        code = Execute("commit");
-    if (code != SQLITE_OK)
-        Execute("rollback");
-    return code == SQLITE_OK ? SQLITE_DONE : code;
-}

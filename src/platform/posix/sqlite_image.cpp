@@ -15,13 +15,13 @@ Outcome<std::string> WriteStoreImage(std::vector<SettingsStore::Entry> const& en
                          : std::move(bytes);
 }
 
-/// Bytes cut off the last page would be read as zeros, and surplus ones ignored.
-static int CheckSize(SqliteDatabase& database, StoreState const& state, std::size_t size)
+/// Without this, SQLite would read bytes that are cut off the last page as zeros, and ignore
+/// surplus ones.
+static bool IsOfSize(SqliteDatabase& database, StoreState const& state, std::size_t size)
 {
     int page = 0;
-    int const code = database.Ask("pragma page_size", page);
-    auto const expected = static_cast<std::size_t>(page) * static_cast<std::size_t>(state.pages);
-    return code == SQLITE_OK && size != expected ? SQLITE_CORRUPT : code;
+    return database.Ask("pragma page_size", page) == SQLITE_OK
+        && static_cast<std::size_t>(page) * static_cast<std::size_t>(state.pages) == size;
 }
 
 Outcome<std::vector<SettingsStore::Entry>> ReadStoreImage(std::string_view bytes)
@@ -30,18 +30,9 @@ Outcome<std::vector<SettingsStore::Entry>> ReadStoreImage(std::string_view bytes
     database.StartClock({}, std::chrono::seconds(20));
     StoreState state;
     std::vector<SettingsStore::Entry> entries;
-    int code = database.OpenImage(bytes);
-    if (code == SQLITE_OK)
-        code = ReadState(database, state);
-    if (code == SQLITE_OK)
-        code = CheckSchema(database, state);
-    if (code == SQLITE_OK)
-        code = CheckSize(database, state, bytes.size());
-    if (code == SQLITE_OK)
-        code = CheckWhole(database);
-    if (code == SQLITE_OK)
-        code = ReadEntries(database, entries);
-    if (code != SQLITE_DONE)
-        return Failure { {}, 0, u"it is damaged or not a settings file" };
-    return entries;
+    if (database.OpenImage(bytes) == SQLITE_OK && ReadState(database, state) == SQLITE_OK
+        && CheckSchema(database, state) == SQLITE_OK && IsOfSize(database, state, bytes.size())
+        && CheckWhole(database) == SQLITE_OK && ReadEntries(database, entries) == SQLITE_DONE)
+        return entries;
+    return Failure { {}, 0, u"it is damaged or not a settings file" };
 }

@@ -4,15 +4,17 @@
 static constexpr int applicationId = 0x53504631;
 
 /// The definition of our table, as SQLite keeps it in the schema after "CREATE TABLE ".
-static constexpr char const* tableDefinition
+static std::string const tableDefinition
     = "settings (section blob not null, key blob not null, value blob not null, primary key "
       "(section, key)) without rowid";
 
 /// How many objects in the schema aren't ours: all but the table, and SQLite's own statistics and
 /// indexes.
-static constexpr char const* countForeignObjects
+static std::string const countForeignObjects
     = "select count(*) from sqlite_master where not coalesce("
-      "(type = 'table' and name = 'settings' and sql = 'CREATE TABLE ' || ?1)"
+      "(type = 'table' and name = 'settings' and sql = 'CREATE TABLE "
+    + tableDefinition
+    + "')"
       " or (type = 'table' and name = 'sqlite_stat1' and sql = 'CREATE TABLE "
       "sqlite_stat1(tbl,idx,stat)')"
       " or (type = 'table' and name = 'sqlite_stat4' and sql = 'CREATE TABLE "
@@ -43,8 +45,7 @@ int CheckSchema(SqliteDatabase& database, StoreState const& state)
     if (state.id != applicationId || state.tables == 0)
         return SQLITE_NOTADB;
     int foreign = 0, entries = 0;
-    if (int const code = database.Ask(countForeignObjects, foreign, tableDefinition);
-        code != SQLITE_OK)
+    if (int const code = database.Ask(countForeignObjects.c_str(), foreign); code != SQLITE_OK)
         return code;
     // A table that is only listed in the schema can't be read.
     bool const hasTable = foreign == 0
@@ -64,9 +65,8 @@ int CheckWhole(SqliteDatabase& database)
 
 int MakeStore(SqliteDatabase& database)
 {
-    static std::string const make = std::string("begin immediate; create table if not exists ")
-        + tableDefinition + "; pragma application_id = " + std::to_string(applicationId)
-        + "; commit";
+    static std::string const make = "begin immediate; create table if not exists " + tableDefinition
+        + "; pragma application_id = " + std::to_string(applicationId) + "; commit";
     int const code = database.Execute(make.c_str());
     if (code != SQLITE_OK)
         database.Execute("rollback");
@@ -80,8 +80,8 @@ bool BeginsAsForeign(SqliteDatabase& database)
     if (!database.ReadBeginning(head))
         return false;
     int id = 0;
-    for (unsigned char const byte : head.substr(68, 4))
-        id = id << 8 | byte;
+    for (char const byte : head.substr(68, 4))
+        id = id << 8 | static_cast<unsigned char>(byte);
     return !head.starts_with(mark) || id != applicationId;
 }
 

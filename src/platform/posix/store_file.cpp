@@ -6,9 +6,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -26,9 +24,8 @@ static Outcome<Done> CheckKinds(fs::path const& file)
         struct stat status { };
         if (::stat(place.c_str(), &status) != 0 || S_ISREG(status.st_mode))
             continue;
-        return S_ISDIR(status.st_mode)
-            ? SystemFailure(FromUtf8(place), EISDIR)
-            : Failure { FromUtf8(place), 0, u"it is not a regular file" };
+        return S_ISDIR(status.st_mode) ? FileFailure(place, EISDIR)
+                                       : FileFailure(place, u"it is not a regular file");
     }
     return Done {};
 }
@@ -40,7 +37,7 @@ Outcome<Done> PrepareStoreFile(fs::path const& file)
     // Private from the first moment. A file that exists isn't opened: closing it would drop the
     // locks of every other connection within this process.
     Descriptor const fresh(::open(file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
-    return fresh || errno == EEXIST ? CheckKinds(file) : SystemFailure(FromUtf8(file.string()));
+    return fresh || errno == EEXIST ? CheckKinds(file) : FileFailure(file);
 }
 
 bool HasJournal(fs::path const& file)
@@ -69,28 +66,15 @@ FileIdentity IdentityOf(fs::path const& file)
                                               : FileIdentity();
 }
 
-/// Waits for the lock until the deadline; it is asked for once at least.
-static bool Lock(Descriptor const& file, std::chrono::steady_clock::time_point deadline)
-{
-    while (::flock(file.Number(), LOCK_EX | LOCK_NB) != 0) {
-        if ((errno != EWOULDBLOCK && errno != EINTR)
-            || std::chrono::steady_clock::now() >= deadline)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return true;
-}
-
 Outcome<std::optional<fs::path>> SetStoreAside(fs::path const& file, FileIdentity const& identity,
     std::chrono::steady_clock::time_point deadline)
 {
-    auto const path = FromUtf8(file.string());
-    auto const old = OpenRegularFile(file, path);
+    auto const old = OpenRegularFile(file, FromUtf8(file.string()));
     if (!old)
         return old.failure();
-    if (!Lock(old->descriptor, deadline))
-        return errno == EWOULDBLOCK ? Failure { path, 0, u"it is in use by another program" }
-                                    : SystemFailure(path);
+    if (!LockFile(old->descriptor, deadline))
+        return errno == EWOULDBLOCK ? FileFailure(file, u"it is in use by another program")
+                                    : FileFailure(file);
     if (IdentityOf(file) != identity)
         return std::optional<fs::path>();
     fs::path const aside = FirstFreeName(file.string() + ".damaged-", {},
@@ -98,9 +82,9 @@ Outcome<std::optional<fs::path>> SetStoreAside(fs::path const& file, FileIdentit
     std::error_code error, ignored;
     fs::rename(file, aside, error);
     if (error)
-        return Failure { path, 0,
+        return FileFailure(file,
             u"it is damaged or not a settings file, and it couldn't be renamed: "
-                + FromUtf8(error.message()) };
+                + FromUtf8(error.message()));
     // The journal belongs to the old file. SQLite would drop it if it were beside the new one.
     fs::rename(JournalOf(file), JournalOf(aside), ignored);
     return std::optional(aside);

@@ -65,21 +65,23 @@ Outcome<std::string> ReadWholeFile(fs::path const& file, std::uint64_t atMost)
     return opened ? ReadWholeFile(*opened, path, atMost) : opened.failure();
 }
 
-/// Writes a new file in the folder, readable by its owner alone, and lets `giveName` rename it;
-/// that gets its present name, and returns true if it succeeded. On a failure the file is removed.
+/// Writes a new file in the folder of `file`, readable by its owner alone, and lets `giveName`
+/// rename it; that gets its present name, and returns true if it succeeded. On a failure the file
+/// is removed.
 template <class GiveName>
-static Outcome<Done> WriteNew(std::string const& folder, std::string_view bytes, TextView path,
+static Outcome<Done> WriteNew(fs::path const& file, std::string_view bytes, TextView path,
     Lasting lasting, GiveName const& giveName)
 {
+    auto const folder = FolderOf(file);
     Descriptor const directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!directory)
         return FolderFailure(path);
-    std::string fresh = folder + "/.new-XXXXXX"; // mkostemp makes it readable by its owner alone.
-    Descriptor file(::mkostemp(fresh.data(), O_CLOEXEC));
-    if (!file)
+    auto fresh = (folder / ".new-XXXXXX").string(); // mkostemp lets only its owner read it.
+    Descriptor opened(::mkostemp(fresh.data(), O_CLOEXEC));
+    if (!opened)
         return FolderFailure(path);
-    if (WriteAll(file, bytes) && (lasting == Lasting::No || ::fsync(file.Number()) == 0)
-        && file.Close() && giveName(fresh.c_str()))
+    if (WriteAll(opened, bytes) && (lasting == Lasting::No || ::fsync(opened.Number()) == 0)
+        && opened.Close() && giveName(fresh.c_str()))
         return lasting == Lasting::No || FlushFolder(directory) ? Outcome<Done>(Done {})
                                                                 : SystemFailure(path);
     auto const failure = SystemFailure(path);
@@ -87,28 +89,30 @@ static Outcome<Done> WriteNew(std::string const& folder, std::string_view bytes,
     return failure;
 }
 
-Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name,
-    std::string_view bytes, TextView path, Lasting lasting)
+Outcome<Done> ReplaceFile(
+    fs::path const& file, std::string_view bytes, TextView path, Lasting lasting)
 {
-    auto const place = folder + "/" + name;
-    return WriteNew(folder, bytes, path, lasting,
-        [&](char const* fresh) { return std::rename(fresh, place.c_str()) == 0; });
+    return WriteNew(file, bytes, path, lasting,
+        [&](char const* fresh) { return std::rename(fresh, file.c_str()) == 0; });
 }
 
-Outcome<bool> CreateFile(
-    std::string const& folder, std::string const& name, std::string_view bytes, TextView path)
+Outcome<Done> ReplaceFile(fs::path const& file, std::string_view bytes)
 {
-    auto const place = folder + "/" + name;
+    return ReplaceFile(file, bytes, FromUtf8(file.string()));
+}
+
+Outcome<bool> CreateFile(fs::path const& file, std::string_view bytes, TextView path)
+{
     bool isTaken = false;
-    auto const made = WriteNew(folder, bytes, path, Lasting::Yes, [&](char const* fresh) {
-        if (::renameat2(AT_FDCWD, fresh, AT_FDCWD, place.c_str(), RENAME_NOREPLACE) == 0)
+    auto const made = WriteNew(file, bytes, path, Lasting::Yes, [&](char const* fresh) {
+        if (::renameat2(AT_FDCWD, fresh, AT_FDCWD, file.c_str(), RENAME_NOREPLACE) == 0)
             return true;
         isTaken = errno == EEXIST;
         if (errno != EINVAL && errno != ENOSYS)
             return false;
-        // Not every file system can rename in this way; a hard link fails likewise if the name is
+        // Not every file system can rename in this way; a hard link, too, fails if the name is
         // taken.
-        bool const isMade = ::link(fresh, place.c_str()) == 0;
+        bool const isMade = ::link(fresh, file.c_str()) == 0;
         isTaken = !isMade && errno == EEXIST;
         return isMade && ::unlink(fresh) == 0;
     });

@@ -4,7 +4,6 @@
 #include "platform/posix/descriptor.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 
 /// A regular file that is open for reading.
@@ -26,15 +25,14 @@ Outcome<std::string> ReadWholeFile(
 /// Whether what is written has to survive a power cut.
 enum class Lasting { No, Yes };
 
-/// Replaces the file `name` in a folder whole, or not at all. The new file is readable by its owner
-/// alone.
-Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name,
-    std::string_view bytes, TextView path, Lasting lasting = Lasting::Yes);
+/// Replaces a file whole, or not at all. The new file is readable by its owner alone.
+Outcome<Done> ReplaceFile(std::filesystem::path const& file, std::string_view bytes, TextView path,
+    Lasting lasting = Lasting::Yes);
+Outcome<Done> ReplaceFile(std::filesystem::path const& file, std::string_view bytes);
 
-/// Makes the file `name` in a folder, whole or not at all, if nothing has that name; what is there
-/// stays. True if it was made. It survives a power cut and is readable by its owner alone.
-Outcome<bool> CreateFile(
-    std::string const& folder, std::string const& name, std::string_view bytes, TextView path);
+/// Makes a file, whole or not at all, if nothing has its name; what is there stays. True if it was
+/// made. It survives a power cut and is readable by its owner alone.
+Outcome<bool> CreateFile(std::filesystem::path const& file, std::string_view bytes, TextView path);
 
 /// True if nothing has this name, not even a link that leads nowhere.
 bool IsFreeName(std::filesystem::path const& place);
