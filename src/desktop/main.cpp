@@ -53,10 +53,10 @@ static void RunProgram(Application& application)
         RunningCopiesFolder(user), InstanceName(FolderIdentity(user), FolderIdentity(".")));
     if (copy.HasRaisedAnother())
         return;
-    auto const drive = user / "drive_c";
+    auto const drive = DriveFolder(user);
     PosixFileSystem files({ ProgramFolder(), drive });
     RemoveLeftoverPages(drive / "Temp");
-    SqliteSettingsStore settings(user / "settings.db");
+    SqliteSettingsStore settings(SettingsFile(user));
     BackgroundWriter writer;
     PosixShell shell;
     DesktopHost host(files, [&drive](TextView path) {

@@ -7,6 +7,7 @@
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/sqlite_settings_store.h"
 #include "platform/posix/temporary_folder.h"
+#include "platform/posix/user_folders.h"
 #include "program/program.h"
 
 #include <CLI/CLI.hpp>
@@ -39,49 +40,29 @@ std::optional<Size> ParseScreen(std::string const& text)
     return Size { static_cast<float>(width), static_cast<float>(height) };
 }
 
-/// The user's folder: the one named, kept, or a fresh one that is removed with this object.
-class UserFolder {
-public:
-    explicit UserFolder(std::string const& named)
-    {
-        if (named.empty()) {
-            m_path = m_fresh.emplace().Path();
-            if (m_path.empty())
-                throw std::runtime_error("can't make a folder for the user's data");
-            return;
-        }
-        if (auto const made = MakeFolders(named); !made)
-            throw std::runtime_error(ToUtf8(made.failure().Message()));
-        m_path = fs::absolute(named);
-    }
-
-    fs::path const& Path() const { return m_path; }
-    void Remove() { m_fresh.reset(); }
-
-private:
-    std::optional<TemporaryFolder> m_fresh;
-    fs::path m_path;
-};
-
 int RunScript(Options const& options, std::istream& script, Size screen)
 {
-    UserFolder user(options.user);
-    fs::path const application = options.app.empty()
-        ? fs::read_symlink("/proc/self/exe").parent_path()
-        : fs::absolute(options.app);
+    std::optional<TemporaryFolder> fresh; // for the user's data, unless a folder is named
+    auto const user = options.user.empty() ? fresh.emplace().Path() : fs::absolute(options.user);
+    if (user.empty())
+        throw std::runtime_error("can't make a folder for the user's data");
+    if (auto const made = MakeFolders(user); !made)
+        throw std::runtime_error(ToUtf8(made.failure().Message()));
+    auto const application = options.app.empty() ? ProgramFolder() : fs::absolute(options.app);
     if (!options.data.empty())
         fs::current_path(options.data);
 
-    PosixFileSystem files({ application, user.Path() / "drive_c" });
-    RemoveLeftoverPages(user.Path() / "drive_c" / "Temp");
-    SqliteSettingsStore settings(user.Path() / "settings.db");
+    auto const drive = DriveFolder(user);
+    PosixFileSystem files({ application, drive });
+    RemoveLeftoverPages(drive / "Temp");
+    SqliteSettingsStore settings(SettingsFile(user));
     InlineWriter writer; // so that what a command has stored is there when it is answered
     RecordingShell shell;
     HeadlessHost host(files, screen);
     Program program(host, files, settings, writer, shell);
     Machine machine { host, program.GetScreen(), settings, shell };
-    Driver driver(machine, script, std::cout, [&user](int status) {
-        user.Remove();
+    Driver driver(machine, script, std::cout, [&fresh](int status) {
+        fresh.reset();
         std::cout.flush();
         std::_Exit(status);
     });

@@ -7,6 +7,7 @@
 #include "kit/common/files.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/user_folders.h"
+#include "platform/posix/whole_file.h"
 
 #include <algorithm>
 #include <cassert>
@@ -59,8 +60,8 @@ int RunAnswersExport(AnswersArguments const& arguments)
     std::error_code error;
     fs::current_path(arguments.disc, error); // Study files are found by their bare names.
     if (error)
-        return Fail({ FromUtf8(arguments.disc.string()), 0, FromUtf8(error.message()) });
-    PosixFileSystem files({ fs::current_path(), user / "drive_c" });
+        return Fail(FileFailure(arguments.disc, error.value()));
+    PosixFileSystem files({ fs::current_path(), DriveFolder(user) });
     auto documents = BuildAnswerDocuments(*work, files, arguments.withPublisher);
     auto const answers = QuestionsIn(documents);
     auto notesDocument = BuildNotesDocument(*work, files);
@@ -77,12 +78,8 @@ int RunAnswersExport(AnswersArguments const& arguments)
     for (auto const& document : documents)
         outputs[document.name + ending] = Render(document, format);
     assert(outputs.size() == documents.size());
-    Faults faults;
-    auto const replaced = ReplaceFiles(to, outputs, faults, Readers::Owner);
-    for (auto const& fault : faults)
-        std::cerr << ToString(fault) << '\n';
-    if (!replaced)
-        return 1;
+    if (auto const replaced = ReplaceFiles(to, outputs, Readers::Owner); !replaced)
+        return Fail(replaced.failure());
     std::cout << Printable(to.string()) << ": " << Counted(documents.size(), "document") << " with "
               << Counted(answers, "answer") << " and " << Counted(notes, "note") << ".\n";
     return 0;
@@ -92,10 +89,9 @@ int RunAnswersBackup(AnswersArguments const& arguments)
 {
     auto const present = fs::symlink_status(arguments.file);
     if (fs::exists(present) && !fs::is_regular_file(present))
-        return Fail({ FromUtf8(arguments.file.string()), 0, u"it is not a regular file" });
+        return Fail(FileFailure(arguments.file, u"it is not a regular file"));
     if (!arguments.replaces && fs::exists(present))
-        return Fail({ FromUtf8(arguments.file.string()), 0,
-            u"it is there already; --replace overwrites it" });
+        return Fail(FileFailure(arguments.file, u"it already exists; --replace overwrites it"));
     auto const work = LoadUserWork(UserFolder(arguments.user));
     if (!work)
         return Fail(work.failure());
@@ -104,16 +100,6 @@ int RunAnswersBackup(AnswersArguments const& arguments)
     std::cout << Printable(arguments.file.string()) << ": " << Counted(*work) << ", "
               << fs::file_size(arguments.file) << " bytes.\n";
     return 0;
-}
-
-/// The first name beside the user's work that is free.
-static fs::path SafetyCopy(fs::path const& user)
-{
-    for (int number = 1;; ++number) {
-        auto file = user / ("before-restore-" + std::to_string(number) + ".backup");
-        if (!fs::exists(fs::symlink_status(file)))
-            return file;
-    }
 }
 
 int RunAnswersRestore(AnswersArguments const& arguments)
@@ -128,22 +114,21 @@ int RunAnswersRestore(AnswersArguments const& arguments)
     auto const plan = PlanRestore(*present, *backup, arguments.replaces);
     if (!plan.differing.empty() && !arguments.replaces) {
         for (auto const& name : plan.differing)
-            std::cerr << Printable(name) << ": there is another text now\n";
-        std::cerr << "Nothing was restored. With --replace the texts of the backup take the place "
-                     "of these "
+            std::cerr << Printable(name) << ": it has a different text now\n";
+        std::cerr << "Nothing was restored. With --replace the texts of the backup replace these "
                   << plan.differing.size() << ".\n";
         return 1;
     }
     if (!plan.differing.empty()) {
-        auto const copy = SafetyCopy(user);
+        fs::path const copy = FirstFreeName((user / "before-restore-").string(), ".backup");
         if (auto const written = WriteBackup(*present, copy); !written)
             return Fail(written.failure());
-        std::cout << "What was there is kept in " << Printable(copy.string()) << ".\n";
+        std::cout << "The present work was first saved in " << Printable(copy.string()) << ".\n";
     }
     if (auto const restored = Restore(plan, user, arguments.replaces); !restored)
         return Fail(restored.failure());
     std::cout << Printable(user.string()) << ": restored from " << Counted(*backup) << "; "
-              << plan.same << " of them there already, " << plan.differing.size()
-              << " in place of other words.\n";
+              << plan.same << " of them were there already, " << plan.differing.size()
+              << " replaced a different text.\n";
     return 0;
 }

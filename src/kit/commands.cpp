@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Of one run; more of them tell nobody anything.
+/// Of one run. Nobody reads more.
 constexpr std::size_t mostFaultsShown = 100;
 
 int Fail(Faults const& faults)
@@ -30,14 +30,14 @@ int Fail(Faults const& faults)
     return 1;
 }
 
-/// Writes the files of a subcommand, if its faults allow it, and says so.
-int Deliver(OutputFiles const& files, std::filesystem::path const& to, Faults& faults)
+/// Writes the files of a subcommand if it has no faults, and reports the result.
+int Deliver(OutputFiles const& files, std::filesystem::path const& to, Faults const& faults)
 {
     if (!faults.empty())
         return Fail(faults);
-    auto const replaced = ReplaceFiles(to, files, faults);
+    auto const replaced = ReplaceFiles(to, files);
     if (!replaced)
-        return Fail(faults);
+        return Fail({ ToFault(replaced.failure()) });
     std::cout << Printable(to.string()) << ": " << replaced->written << " files written, "
               << replaced->unchanged << " were up to date.\n";
     return 0;
@@ -92,7 +92,7 @@ int RunBibleImport(BibleImportArguments const& arguments)
     if (!import)
         return Fail(faults);
     auto const about = "bible" + arguments.translation + ".about";
-    // What was told of another text mustn't stay.
+    // The description of another text mustn't remain.
     std::error_code error;
     if (!arguments.about.empty() || std::filesystem::exists(arguments.to / about, error))
         import->files[about] = ToNearestCodePage(FromUtf8(arguments.about)).bytes + "\r\n";

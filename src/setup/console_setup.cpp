@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The line on which the copying shows how far it is, while standard error is a terminal.
+/// Shows the progress of the copying on one line, if standard error is a terminal.
 class ProgressLine {
 public:
     ~ProgressLine()
@@ -89,9 +89,9 @@ int RunUninstall(SetupPlaces const& places)
     std::cout << (wasInstalled ? "Removed: " : "No copy is installed: ")
               << Printable(places.target.string()) << '\n';
     if (!report->kept.empty())
-        std::cout << "Files of your own that lay in it are kept in "
-                  << Printable(report->kept.string()) << '\n';
-    TellMenuFaults(*report, "Something of the menu entry couldn't be removed:");
+        std::cout << "Your own files in it were moved to " << Printable(report->kept.string())
+                  << '\n';
+    TellMenuFaults(*report, "Part of its menu entry couldn't be removed:");
     return report->menuFaults.empty() ? 0 : 1;
 }
 
@@ -102,6 +102,6 @@ int RunConsoleSetup(
 {
     int const status
         = task == Task::Install ? RunInstall(places, isEndRequested) : RunUninstall(places);
-    std::cout.flush(); // Who lost sight of the text still gets the true status.
+    std::cout.flush();
     return status;
 }

@@ -1,12 +1,11 @@
 #pragma once
-// Setup as text: what is done on standard output, faults and progress on standard error.
+// Setup without a window: reports on standard output, faults and progress on standard error.
 
-#include "setup/options.h"
-#include "setup/places.h"
+#include "setup/install.h"
 
 #include <functional>
 
-/// Installs or uninstalls. `isEndRequested` is asked often, and true cancels what can be cancelled.
-/// Gives the exit status.
+/// Installs or uninstalls, and returns the exit status. `isEndRequested` is called often; true
+/// cancels what can be cancelled.
 int RunConsoleSetup(
     Task task, SetupPlaces const& places, std::function<bool()> const& isEndRequested);

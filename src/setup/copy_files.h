@@ -1,5 +1,5 @@
 #pragma once
-// The copying itself.
+// Copies the files of a plan.
 
 #include "setup/copy_plan.h"
 
@@ -7,15 +7,15 @@
 
 struct CopyProgress {
     std::uint64_t done, total; ///< bytes
-    std::filesystem::path const& file; ///< below the folder of the copy
+    std::filesystem::path const& file; ///< relative to the folder of the copy
 };
 
-/// Told of each file before it is copied, and of each block behind it. False ends the copying.
+/// Called before each file and after each block. False ends the copying.
 using Watcher = std::function<bool(CopyProgress const&)>;
 
 enum class Ending { Complete, Cancelled };
 
-/// Copies everything of the plan into a folder that is empty. What is complete survives a power
-/// cut. What was cancelled or has failed leaves part of it there.
+/// Copies everything in the plan into an empty folder. A complete copy survives a power cut. After
+/// a cancel or a failure part of it is there.
 Outcome<Ending> CopyFiles(
-    CopyPlan const& plan, std::filesystem::path const& to, Watcher const& goesOn);
+    CopyPlan const& plan, std::filesystem::path const& to, Watcher const& shouldContinue);

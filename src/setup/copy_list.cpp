@@ -1,10 +1,10 @@
 #include "setup/copy_list.h"
 
-// The list has a record for each file: its size in bytes in decimal, a blank, its path below the
-// copy, a NUL.
+// The list has a record for each file: its size in bytes in decimal, a blank, its path relative to
+// the copy, a NUL.
 
-#include "platform/posix/descriptor.h"
 #include "platform/posix/folders.h"
+#include "platform/posix/whole_file.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -14,17 +14,12 @@
 
 namespace fs = std::filesystem;
 
-static Failure About(fs::path const& place)
-{
-    return SystemFailure(FromUtf8(place.string()));
-}
-
 Outcome<Done> WriteCopyList(CopyPlan const& plan, fs::path const& copy)
 {
     std::string list;
     for (auto const& file : plan.files)
         list += std::to_string(file.size) + ' ' + file.to.string() + '\0';
-    return ReplaceFile(copy.string(), copyListName, list, FromUtf8((copy / copyListName).string()));
+    return ReplaceFile(copy / copyListName, list);
 }
 
 /// Sizes by name; nothing if there is no list.
@@ -69,36 +64,22 @@ std::vector<UserFile> FindUserFiles(fs::path const& copy)
     return found;
 }
 
-static bool IsTaken(fs::path const& place)
-{
-    std::error_code ignored;
-    return fs::exists(fs::symlink_status(place, ignored));
-}
-
-/// The place with a number behind it that isn't taken.
-static fs::path FreeName(fs::path const& place, char const* mark)
-{
-    for (int number = 1;; ++number)
-        if (fs::path free = place.string() + mark + std::to_string(number); !IsTaken(free))
-            return free;
-}
-
 Outcome<Done> CarryUserFiles(fs::path const& old, fs::path const& fresh)
 {
     for (auto const& [name, isChanged] : FindUserFiles(old)) {
         if (isChanged)
             continue;
         auto to = fresh / name;
-        if (IsTaken(to))
-            to = FreeName(to, ".kept-");
+        if (!IsFreeName(to))
+            to = FirstFreeName(to.string() + ".kept-");
         if (auto const made = MakeFolders(to.parent_path()); !made)
             return made.failure();
         std::error_code error;
         fs::create_hard_link(old / name, to, error);
-        if (error) // Not every file system has second names.
+        if (error) // Not every file system has hard links.
             fs::copy(old / name, to, fs::copy_options::copy_symlinks, error);
         if (error)
-            return SystemFailure(FromUtf8((old / name).string()), error.value());
+            return FileFailure(old / name, error.value());
     }
     return Done {};
 }
@@ -108,13 +89,13 @@ Outcome<fs::path> MoveUserFilesOut(fs::path const& copy, fs::path const& folder)
     auto const files = FindUserFiles(copy);
     if (files.empty())
         return fs::path();
-    auto const kept = FreeName(folder / "Kept files", "-");
+    fs::path const kept = FirstFreeName((folder / "Kept files-").string());
     for (auto const& file : files) {
         auto const to = kept / file.name;
         if (auto const made = MakeFolders(to.parent_path()); !made)
             return made.failure();
         if (std::rename((copy / file.name).c_str(), to.c_str()) != 0)
-            return About(copy / file.name);
+            return FileFailure(copy / file.name);
     }
     return kept;
 }

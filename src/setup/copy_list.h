@@ -1,6 +1,6 @@
 #pragma once
-// The list of what Setup has put into the installed copy, by which it tells the user's own files in
-// it.
+// The list of the files that Setup has put into the installed copy. All others in it are the
+// user's own.
 
 #include "setup/copy_plan.h"
 
@@ -12,21 +12,21 @@ inline constexpr char const* copyListName = ".installed-files";
 Outcome<Done> WriteCopyList(CopyPlan const& plan, std::filesystem::path const& copy);
 
 struct UserFile {
-    std::filesystem::path name; ///< below the folder of the copy
-    bool isChanged; ///< Setup has put it there, of another size
+    std::filesystem::path name; ///< relative to the folder of the copy
+    bool isChanged; ///< put there by Setup, with another size
 };
 
-/// Files and links in the copy that Setup hasn't put there, or of another size. Links aren't
-/// followed. None if the copy has no list, as copies of the first versions, or is behind a link
-/// itself.
+/// Files and links in the copy that Setup didn't put there, or that have another size by now. Links
+/// aren't followed. None if the copy is a link itself or has no list, like copies made by the first
+/// versions.
 std::vector<UserFile> FindUserFiles(std::filesystem::path const& copy);
 
-/// Gives those files that Setup hasn't put into the old copy to the new one as well. Where the new
-/// one has a file of that name, it becomes "<name>.kept-<number>". The old copy stays as it is.
+/// Adds the files that Setup didn't put into the old copy to the new one. If the new one has a file
+/// of that name, the user's is named "<name>.kept-<number>". The old copy isn't changed.
 Outcome<Done> CarryUserFiles(std::filesystem::path const& old, std::filesystem::path const& fresh);
 
-/// Moves the user's files out of the copy into a new folder "Kept files-<number>" in the folder
-/// given, and gives that folder; an empty path if there are none. On a failure each file is in one
-/// of the two.
+/// Moves the user's files out of the copy into a new folder "Kept files-<number>" in `folder`, and
+/// returns the new folder; an empty path if there are none. On a failure each file is in one of the
+/// two.
 Outcome<std::filesystem::path> MoveUserFilesOut(
     std::filesystem::path const& copy, std::filesystem::path const& folder);

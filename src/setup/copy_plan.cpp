@@ -5,24 +5,17 @@
 #include "setup/places.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-/// A file takes whole blocks of the disk.
+/// Files occupy whole blocks of the disk, of so many bytes.
 constexpr std::uint64_t block = 4096;
-/// What the user's other work needs meanwhile, and the disk for its own records.
+/// Left free for the user's other work and the file system's own records.
 constexpr std::uint64_t reserve = 16 << 20;
 
 constexpr char const* discProgram = "sparrowfield";
-
-bool LiesBelow(fs::path const& place, fs::path const& folder)
-{
-    auto const below = place.lexically_relative(folder);
-    return !below.empty() && *below.begin() != "..";
-}
 
 class Planner {
 public:
@@ -37,15 +30,14 @@ public:
         m_program
             = fs::is_regular_file(m_disc / discProgram, error) ? discProgram : installedProgram;
         if (!fs::is_regular_file(m_disc / m_program, error))
-            return Failure { FromUtf8((m_disc / discProgram).string()), 0,
-                u"the program isn't there; Setup.exe has to lie beside it, as on the disc" };
-        if (auto const failure = Folder({}))
-            return *failure;
-        return std::move(m_plan);
+            return FileFailure(m_disc / discProgram,
+                u"the program is missing; please start Setup.exe from the disc");
+        auto const added = AddFolder({});
+        return added ? Outcome<CopyPlan>(std::move(m_plan)) : added.failure();
     }
 
 private:
-    std::optional<Failure> Folder(fs::path const& below)
+    Outcome<Done> AddFolder(fs::path const& below)
     {
         std::error_code error;
         std::vector<fs::path> names;
@@ -53,45 +45,45 @@ private:
         for (; !error && entries != fs::directory_iterator(); entries.increment(error))
             names.push_back(entries->path().filename());
         if (error)
-            return SystemFailure(FromUtf8((m_disc / below).string()), error.value());
+            return FileFailure(m_disc / below, error.value());
         std::sort(names.begin(), names.end());
         for (auto const& name : names)
             if (!name.string().starts_with(".new-") && below / name != copyListName)
-                if (auto failure = Entry(below / name))
-                    return failure;
-        return std::nullopt;
+                if (auto added = AddEntry(below / name); !added)
+                    return added;
+        return Done {};
     }
 
-    std::optional<Failure> Entry(fs::path const& below)
+    Outcome<Done> AddEntry(fs::path const& below)
     {
         std::error_code error;
         fs::path const place = m_disc / below;
         if (fs::symlink_status(place, error).type() == fs::file_type::directory) {
             m_plan.folders.push_back(below);
-            return Folder(below);
+            return AddFolder(below);
         }
-        // A link whose file can't be reached leads off the disc for all that can be told.
+        // A link whose target can't be reached counts as one that leads off the disc.
         auto const whole = fs::canonical(place, error);
-        if (error || !LiesBelow(whole, m_disc) || !fs::is_regular_file(whole, error))
-            return std::nullopt;
-        return File(whole, below);
+        if (error || !IsInside(whole, m_disc) || !fs::is_regular_file(whole, error))
+            return Done {};
+        return AddFile(whole, below);
     }
 
-    std::optional<Failure> File(fs::path const& place, fs::path const& below)
+    Outcome<Done> AddFile(fs::path const& place, fs::path const& below)
     {
         std::error_code error;
         auto const size = fs::file_size(place, error);
         if (error)
-            return SystemFailure(FromUtf8(place.string()), error.value());
+            return FileFailure(place, error.value());
         bool const isTheProgram = below == m_program;
         if (!isTheProgram && below == installedProgram)
-            return std::nullopt; // Its place is taken.
+            return Done {}; // The program gets this name.
         bool const isProgram = isTheProgram
             || (fs::status(place, error).permissions() & fs::perms::owner_exec) != fs::perms::none;
         m_plan.files.push_back(
             { place, isTheProgram ? fs::path(installedProgram) : below, size, isProgram });
         m_plan.bytes += size;
-        return std::nullopt;
+        return Done {};
     }
 
     fs::path m_disc;
@@ -106,7 +98,7 @@ Outcome<CopyPlan> PlanCopy(fs::path const& disc)
     std::error_code error;
     auto whole = fs::canonical(disc, error);
     if (error)
-        return SystemFailure(FromUtf8(disc.string()), error.value());
+        return FileFailure(disc, error.value());
     return Planner(std::move(whole)).Plan();
 }
 

@@ -1,45 +1,16 @@
 #include "setup/install.h"
 
+#include "platform/posix/temporary_folder.h"
 #include "setup/copy_list.h"
 #include "setup/menu_entry.h"
 #include "setup/publisher_folder.h"
 #include "setup/size_text.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <optional>
-
 namespace fs = std::filesystem;
 
 namespace {
 
-/// A folder that goes, with all that is in it, when its owner does.
-class ScopedFolder {
-public:
-    explicit ScopedFolder(fs::path folder)
-        : m_folder(std::move(folder))
-    {
-    }
-    ScopedFolder(ScopedFolder const&) = delete;
-    ScopedFolder& operator=(ScopedFolder const&) = delete;
-    ~ScopedFolder()
-    {
-        std::error_code ignored; // What stays is removed by the next run.
-        fs::remove_all(m_folder, ignored);
-    }
-    fs::path const& Path() const { return m_folder; }
-
-private:
-    fs::path m_folder;
-};
-
-Failure At(fs::path const& place, TextView reason)
-{
-    return { FromUtf8(place.string()), 0, Text(reason) };
-}
-
-/// True if a process, as far as the user may see it, runs the installed program. It would lose its
-/// files with the folder that it runs in.
+/// True if a process that the user may see runs the installed program, which would lose its files.
 bool IsCopyRunning(fs::path const& target)
 {
     std::error_code error;
@@ -55,67 +26,65 @@ bool IsCopyRunning(fs::path const& target)
     return false;
 }
 
-bool Holds(fs::path const& outer, fs::path const& inner)
-{
-    auto const below = inner.lexically_relative(outer);
-    return !below.empty() && *below.begin() != "..";
-}
-
-std::optional<Failure> FindObstacle(SetupPlaces const& places)
+Outcome<Done> CheckNotRunning(SetupPlaces const& places)
 {
     if (IsCopyRunning(places.target))
-        return At(
+        return FileFailure(
             places.target / installedProgram, u"the program is running; please close it first");
-    return std::nullopt;
+    return Done {};
 }
 
-std::optional<Failure> FindObstacle(SetupPlaces const& places, CopyPlan const& plan)
+Outcome<Done> CheckInstallable(SetupPlaces const& places, CopyPlan const& plan)
 {
     if (RunsFromCopy(places))
-        return At(places.disc, u"this is the installed copy; please start Setup.exe on the disc");
+        return FileFailure(
+            places.disc, u"this is the installed copy; please start Setup.exe on the disc");
     std::error_code error;
     auto const disc = fs::weakly_canonical(places.disc, error);
     auto const target = fs::weakly_canonical(places.target.parent_path(), error);
-    if (Holds(disc, target) || Holds(target, disc))
-        return At(places.target, u"disc and copy would lie one within the other");
+    if (IsInside(target, disc) || IsInside(disc, target))
+        return FileFailure(places.target, u"neither the disc nor the copy may be inside the other");
     auto const status = fs::symlink_status(places.target, error);
     if (fs::exists(status) && !fs::is_directory(status) && !fs::is_symlink(status))
-        return At(places.target, u"something that is no folder stands in its place");
+        return FileFailure(places.target, u"it exists and is not a folder");
     auto const needed = NeededSpace(plan), free = FreeSpace(places.target);
     if (free < needed)
-        return At(places.target,
-            SizeText(needed) + u" are needed, and " + SizeText(free) + u" are free on the disk");
-    return FindObstacle(places);
+        return FileFailure(places.target,
+            u"this needs " + SizeText(needed) + u", and " + SizeText(free)
+                + u" are free on the disk");
+    return CheckNotRunning(places);
 }
 
-Outcome<Ending> InstallCopy(SetupPlaces const& places, CopyPlan const& plan, Watcher const& goesOn)
+Outcome<Ending> InstallCopy(
+    SetupPlaces const& places, CopyPlan const& plan, Watcher const& shouldContinue)
 {
-    auto const house = PublisherFolder::Hold(places.target.parent_path());
-    if (!house)
-        return house.failure();
-    auto const made = house->MakeAside();
+    auto const publisher = PublisherFolder::Hold(places.target.parent_path());
+    if (!publisher)
+        return publisher.failure();
+    auto const made = publisher->MakeAside();
     if (!made)
         return made.failure();
-    ScopedFolder const fresh(*made); // after the exchange: the old copy
-    auto copied = CopyFiles(plan, fresh.Path(), goesOn);
+    TemporaryFolder const fresh(*made); // after the exchange: the old copy
+    auto copied = CopyFiles(plan, fresh.Path(), shouldContinue);
     if (!copied || *copied == Ending::Cancelled)
         return copied;
     if (auto const carried = CarryUserFiles(places.target, fresh.Path()); !carried)
         return carried.failure();
     if (auto const listed = WriteCopyList(plan, fresh.Path()); !listed)
         return listed.failure();
-    if (auto const exchanged = house->Exchange(fresh.Path(), places.target); !exchanged)
+    if (auto const exchanged = publisher->Exchange(fresh.Path(), places.target); !exchanged)
         return exchanged.failure();
     return Ending::Complete;
 }
 
 } // namespace
 
-Outcome<SetupReport> Install(SetupPlaces const& places, CopyPlan const& plan, Watcher const& goesOn)
+Outcome<SetupReport> Install(
+    SetupPlaces const& places, CopyPlan const& plan, Watcher const& shouldContinue)
 {
-    if (auto const obstacle = FindObstacle(places, plan))
-        return *obstacle;
-    auto const ending = InstallCopy(places, plan, goesOn);
+    if (auto const checked = CheckInstallable(places, plan); !checked)
+        return checked.failure();
+    auto const ending = InstallCopy(places, plan, shouldContinue);
     if (!ending)
         return ending.failure();
     if (*ending == Ending::Cancelled)
@@ -125,22 +94,22 @@ Outcome<SetupReport> Install(SetupPlaces const& places, CopyPlan const& plan, Wa
 
 Outcome<SetupReport> Uninstall(SetupPlaces const& places)
 {
-    if (auto const obstacle = FindObstacle(places))
-        return *obstacle;
+    if (auto const checked = CheckNotRunning(places); !checked)
+        return checked.failure();
     auto const parent = places.target.parent_path();
     auto const menuFiles = FindMenuFiles(places);
     fs::path keptIn;
     std::error_code error;
     if (fs::exists(parent, error)) {
-        auto const house = PublisherFolder::Hold(parent);
-        if (!house)
-            return house.failure();
+        auto const publisher = PublisherFolder::Hold(parent);
+        if (!publisher)
+            return publisher.failure();
         if (IsInstalled(places)) {
             auto const kept = MoveUserFilesOut(places.target, parent);
             if (!kept)
                 return kept.failure();
             keptIn = *kept;
-            if (auto const removed = house->Remove(places.target); !removed)
+            if (auto const removed = publisher->Remove(places.target); !removed)
                 return removed.failure();
         }
     }

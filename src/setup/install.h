@@ -4,21 +4,23 @@
 #include "setup/copy_files.h"
 #include "setup/places.h"
 
-/// What was done, and what of the menu entry couldn't be.
+enum class Task { Ask, Install, Uninstall };
+
+/// What was done, and what couldn't be done about the menu entry.
 struct SetupReport {
     Ending ending = Ending::Complete;
     std::vector<Failure> menuFaults;
-    /// the folder with files of the user's that lay in the copy; empty if there were none
+    /// the folder to which the user's own files in the copy were moved; empty if there were none
     std::filesystem::path kept;
 };
 
-/// Copies the disc as planned in place of the copy that may be installed, and adds the menu entry.
-/// Files that the user had put into that copy are in the new one too. Where it fails or is
-/// cancelled nothing new is left, and an installed copy is as it was.
+/// Copies the disc as planned, replaces the installed copy if there is one, and adds the menu
+/// entry. The new copy has the files, too, that the user had put into the old one. After a failure
+/// or a cancel nothing has changed.
 Outcome<SetupReport> Install(
-    SetupPlaces const& places, CopyPlan const& plan, Watcher const& goesOn);
+    SetupPlaces const& places, CopyPlan const& plan, Watcher const& shouldContinue);
 
-/// Removes the installed copy, if there is one, and what of the menu points to it. The user's
-/// answers and notes lie elsewhere and stay; files that he has put into the copy, or changed, are
-/// moved out of it before.
+/// Removes the installed copy, if there is one, and its menu entry and icons. Answers and notes are
+/// elsewhere and are kept; files that the user has put into the copy, or changed, are first moved
+/// out of it.
 Outcome<SetupReport> Uninstall(SetupPlaces const& places);

@@ -1,7 +1,7 @@
 #include "setup/menu_entry.h"
 
-#include "platform/posix/descriptor.h"
 #include "platform/posix/folders.h"
+#include "platform/posix/whole_file.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -30,31 +30,20 @@ std::vector<Icon> Icons()
     return icons;
 }
 
-/// A text as the value of a key.
+/// A text, escaped as the value of a key.
 std::string Value(std::string_view text)
 {
+    constexpr std::string_view special = "\\\n\r\t", letters = "\\nrt";
     std::string value;
     for (char const character : text)
-        switch (character) {
-        case '\\':
-            value += "\\\\";
-            break;
-        case '\n':
-            value += "\\n";
-            break;
-        case '\r':
-            value += "\\r";
-            break;
-        case '\t':
-            value += "\\t";
-            break;
-        default:
+        if (auto const which = special.find(character); which != special.npos)
+            (value += '\\') += letters[which];
+        else
             value += character;
-        }
     return value;
 }
 
-/// A word of a command line, quoted.
+/// A quoted word of a command line.
 std::string Quoted(std::string_view word)
 {
     std::string quoted = "\"";
@@ -70,22 +59,15 @@ std::string Quoted(std::string_view word)
 std::string Command(fs::path const& folder)
 {
     auto const program = (folder / installedProgram).string();
-    // The path of a program can't hold "=", and desktops never find one with "%" in it, however it
-    // is written.
+    // The path of a program must not contain "=", and desktops don't find one that contains "%",
+    // however it is escaped.
     if (program.find_first_of("=%") != std::string::npos)
         return std::string("sh -c \"exec ./") + installedProgram + '"';
     return Quoted(program);
 }
 
-Outcome<Done> PutFile(fs::path const& folder, std::string const& name, std::string_view bytes)
-{
-    if (auto made = MakeFolders(folder); !made)
-        return made;
-    return ReplaceFile(folder.string(), name, bytes, FromUtf8((folder / name).string()));
-}
-
-/// True if a folder below `base` on the way to the file is a link.
-bool IsBehindLink(fs::path const& file, fs::path const& base)
+/// True if a folder between `base` and the file is a link.
+bool IsReachedThroughLink(fs::path const& file, fs::path const& base)
 {
     std::error_code ignored;
     for (auto folder = file.parent_path(); folder != base && folder.has_relative_path();
@@ -95,7 +77,7 @@ bool IsBehindLink(fs::path const& file, fs::path const& base)
     return false;
 }
 
-/// True if the entry is a file that starts its program in the folder.
+/// True if the entry is a file that starts a program in the folder.
 bool PointsTo(fs::path const& entry, fs::path const& folder)
 {
     auto const text = IsOwnedByUser(entry, fs::file_type::regular)
@@ -122,14 +104,14 @@ bool IsIconOfCopy(fs::path const& icon, fs::path const& copys, bool hasOwnEntry)
 
 void RemoveFile(fs::path const& file, fs::path const& base, std::vector<Failure>& faults)
 {
-    if (IsBehindLink(file, base))
-        faults.push_back({ FromUtf8(file.string()), 0, u"it lies behind a link, and stays" });
+    if (IsReachedThroughLink(file, base))
+        faults.push_back(FileFailure(file, u"it is reached through a link and was left alone"));
     else if (::unlink(file.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR)
-        faults.push_back(SystemFailure(FromUtf8(file.string())));
+        faults.push_back(FileFailure(file));
 }
 
-/// Desktops look for new icons when the theme's folder has changed.
-void TellOfIcons(fs::path const& icons)
+/// Marks the theme's folder as changed, so that desktops look for new icons.
+void Touch(fs::path const& icons)
 {
     std::error_code ignored;
     fs::last_write_time(icons, fs::file_time_type::clock::now(), ignored);
@@ -150,19 +132,21 @@ std::vector<Failure> AddToMenu(SetupPlaces const& places)
     std::vector<Failure> faults;
     if (auto const target = places.target.string(); ToUtf8(FromUtf8(target)) != target) {
         faults.push_back(
-            { FromUtf8(target), 0, u"its path isn't UTF-8, so there is no menu entry" });
+            { FromUtf8(target), 0, u"its path isn't UTF-8, so no menu entry was made" });
         return faults;
     }
     auto const put
         = [&faults](fs::path const& folder, std::string const& name, std::string_view bytes) {
-              if (auto const done = PutFile(folder, name, bytes); !done)
+              auto const made = MakeFolders(folder);
+              auto const done = made ? ReplaceFile(folder / name, bytes) : made;
+              if (!done)
                   faults.push_back(done.failure());
           };
     for (auto const& icon : Icons()) {
         if (auto const bytes = ReadWholeFile(places.target / icon.from))
             put(places.icons / icon.folder, icon.name, *bytes);
     }
-    TellOfIcons(places.icons);
+    Touch(places.icons);
     put(places.menu, entryName, MenuEntry(places.target));
     return faults;
 }
@@ -187,10 +171,10 @@ std::vector<Failure> RemoveFromMenu(SetupPlaces const& places, std::vector<fs::p
     for (auto const& file : files) {
         RemoveFile(file, places.menu.parent_path(), faults);
         auto const folder = file.parent_path();
-        if (folder != places.menu && !IsBehindLink(file, places.menu.parent_path())
+        if (folder != places.menu && !IsReachedThroughLink(file, places.menu.parent_path())
             && ::rmdir(folder.c_str()) == 0)
             ::rmdir(folder.parent_path().c_str());
     }
-    TellOfIcons(places.icons);
+    Touch(places.icons);
     return faults;
 }

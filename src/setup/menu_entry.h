@@ -9,20 +9,20 @@
 #include <string>
 #include <vector>
 
-/// The text of the entry that starts the program of a folder, in that folder.
+/// The text of the entry that starts the program in a folder, with that folder as current one.
 std::string MenuEntry(std::filesystem::path const& folder);
 
-/// Writes the entry, and copies those icons that the installed copy brings. Gives what couldn't be
-/// done; one thing that fails doesn't keep the others from being tried. Where the path of the copy
-/// isn't UTF-8, which entries have to be, there is neither entry nor icons, and a failure says so.
+/// Writes the entry, and copies the icons of the installed copy. Tries everything and returns what
+/// failed. If the path of the copy isn't UTF-8, as entries have to be, makes neither entry nor
+/// icons and says so in a failure.
 std::vector<Failure> AddToMenu(SetupPlaces const& places);
 
-/// What of the menu belongs to the copy, which must still be there to tell: the entry if it starts
-/// a program in the folder of the copy, and those icons that are the copy's, or links into it. If
-/// the copy has lost an icon, the entry speaks for it.
+/// The files of the menu that belong to the copy, which must still be there: the entry if it starts
+/// a program in the copy's folder, and icons that equal the copy's or are links into it. An icon
+/// that the copy has lost belongs to it if the entry does.
 std::vector<std::filesystem::path> FindMenuFiles(SetupPlaces const& places);
 
-/// Removes these files of the menu, and folders of icons that are then empty. What lies behind a
-/// link stays, and is a failure.
+/// Removes these files, and folders of icons that are then empty. What is reached through a link is
+/// left alone, and a failure.
 std::vector<Failure> RemoveFromMenu(
     SetupPlaces const& places, std::vector<std::filesystem::path> const& files);

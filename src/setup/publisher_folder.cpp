@@ -6,18 +6,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 #include <vector>
 
 namespace fs = std::filesystem;
 
 static constexpr char const* asideName = ".new-";
-
-static Failure About(fs::path const& place)
-{
-    return SystemFailure(FromUtf8(place.string()));
-}
 
 static void RemoveLeftovers(fs::path const& folder)
 {
@@ -39,15 +33,14 @@ Outcome<PublisherFolder> PublisherFolder::Hold(fs::path const& folder)
     std::error_code error;
     for (auto const& place : { folder.parent_path(), folder })
         if (fs::is_symlink(fs::symlink_status(place, error)))
-            return Failure { FromUtf8(place.string()), 0,
-                u"it is a link, and Setup changes nothing behind a link" };
+            return FileFailure(place, u"it is a link, and Setup doesn't follow links");
     Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW));
     if (!descriptor)
-        return About(folder);
-    if (::flock(descriptor.Number(), LOCK_EX | LOCK_NB) != 0) {
+        return FileFailure(folder);
+    if (!LockFile(descriptor, {})) {
         if (errno == EWOULDBLOCK)
-            return Failure { FromUtf8(folder.string()), 0, u"another Setup is at work there" };
-        // A file system without locks: better to go on than never to install.
+            return FileFailure(folder, u"another Setup is using this folder");
+        // On a file system without locks installing without one is better than never.
     }
     RemoveLeftovers(folder);
     return PublisherFolder(folder, std::move(descriptor));
@@ -69,23 +62,23 @@ Outcome<fs::path> PublisherFolder::MakeAside() const
 {
     std::string pattern = (m_folder / (std::string(asideName) + "XXXXXX")).string();
     if (!::mkdtemp(pattern.data()))
-        return About(m_folder);
+        return FileFailure(m_folder);
     return fs::path(pattern);
 }
 
-/// In two steps, where the file system can't do it in one. A program that is killed in between
-/// leaves no copy, which the next installation mends.
+/// The exchange in two steps, for file systems that can't do it in one. If the program is killed in
+/// between, there is no copy until the next installation.
 static Outcome<Done> ExchangeInSteps(fs::path const& fresh, fs::path const& target)
 {
     fs::path const aside = fresh.string() + "-old";
     if (::rename(target.c_str(), aside.c_str()) != 0)
-        return About(target);
+        return FileFailure(target);
     if (::rename(fresh.c_str(), target.c_str()) != 0) {
-        auto const failure = About(target);
+        auto const failure = FileFailure(target);
         [[maybe_unused]] auto const isBack = ::rename(aside.c_str(), target.c_str());
         return failure;
     }
-    std::error_code ignored; // What stays is removed by the next Hold.
+    std::error_code ignored; // The next Hold removes what is left.
     fs::remove_all(aside, ignored);
     return Done {};
 }
@@ -95,15 +88,15 @@ Outcome<Done> PublisherFolder::Exchange(fs::path const& fresh, fs::path const& t
     std::error_code error;
     if (!fs::exists(fs::symlink_status(target, error))) {
         if (::rename(fresh.c_str(), target.c_str()) != 0)
-            return About(target);
+            return FileFailure(target);
     } else if (::renameat2(AT_FDCWD, fresh.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE)
         != 0) {
         if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP)
-            return About(target);
+            return FileFailure(target);
         if (auto exchanged = ExchangeInSteps(fresh, target); !exchanged)
             return exchanged;
     }
-    return FlushFolder(m_folder.string());
+    return FlushFolder(m_folder);
 }
 
 Outcome<Done> PublisherFolder::Remove(fs::path const& target) const
@@ -111,19 +104,19 @@ Outcome<Done> PublisherFolder::Remove(fs::path const& target) const
     std::error_code error;
     auto const status = fs::symlink_status(target, error);
     if (fs::is_symlink(status))
-        return ::unlink(target.c_str()) == 0 ? Outcome<Done>(Done {}) : About(target);
+        return ::unlink(target.c_str()) == 0 ? Outcome<Done>(Done {}) : FileFailure(target);
     if (!fs::is_directory(status))
-        return Failure { FromUtf8(target.string()), 0, u"it is no folder" };
+        return FileFailure(target, u"it is not a folder");
     auto const aside = MakeAside();
     if (!aside)
         return aside.failure();
     if (::rename(target.c_str(), aside->c_str()) != 0) {
-        auto const failure = About(target);
+        auto const failure = FileFailure(target);
         ::rmdir(aside->c_str());
         return failure;
     }
     fs::remove_all(*aside, error);
     if (error)
-        return SystemFailure(FromUtf8(aside->string()), error.value());
-    return FlushFolder(m_folder.string());
+        return FileFailure(*aside, error.value());
+    return FlushFolder(m_folder);
 }

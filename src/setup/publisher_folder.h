@@ -1,6 +1,6 @@
 #pragma once
-// The folder in which the installed copy lies: held by one Setup at a time, and the place in which
-// a new copy grows and an old one goes.
+// The folder that contains the installed copy. One Setup at a time holds it, makes a new copy in
+// it, and removes the old one.
 
 #include "platform/posix/descriptor.h"
 
@@ -9,22 +9,22 @@
 class PublisherFolder {
 public:
     /// Makes the folder and those above it, private to the user, where they are missing, and
-    /// removes the folders that a run that was killed has left. Fails while another Setup holds it,
-    /// and where the folder or the one above it is a link.
+    /// removes what a killed run has left. Fails while another Setup holds it, and if the folder or
+    /// the one above it is a link.
     static Outcome<PublisherFolder> Hold(std::filesystem::path const& folder);
     PublisherFolder(PublisherFolder&&) noexcept = default;
     PublisherFolder& operator=(PublisherFolder&&) = delete;
-    /// Takes the folder away again if nothing is in it.
+    /// Removes the folder if it is empty.
     ~PublisherFolder();
 
     /// An empty folder beside the copy, private to the user, which the next Hold would remove.
     Outcome<std::filesystem::path> MakeAside() const;
-    /// Puts a folder that MakeAside made at the target. What stood at the target, if anything did,
-    /// then stands in its stead or is gone; on a failure it stands where it stood.
+    /// Moves a folder made by MakeAside to the target. What was at the target, if anything, is then
+    /// at `fresh` or removed; on a failure it is where it was.
     Outcome<Done> Exchange(
         std::filesystem::path const& fresh, std::filesystem::path const& target) const;
-    /// Takes what stands at the target away: of a link only the link. On a failure it is either
-    /// untouched or no longer at the target.
+    /// Removes what is at the target; of a link, only the link. On a failure it is either untouched
+    /// or no longer at the target.
     Outcome<Done> Remove(std::filesystem::path const& target) const;
 
 private:

@@ -73,7 +73,7 @@ def refused(folder, user):
     """Such a store is not read, and nothing in the user's folder changes."""
     store = user / "settings.db"
     whole = store.read_bytes()
-    damaged = "it is damaged or no settings store"
+    damaged = "it is damaged or not a settings file"
     for about, spoil, reason in (
         ("text", lambda: store.write_bytes(b"no store any more"), damaged),
         ("cut", lambda: store.write_bytes(whole[: len(whole) // 2]), damaged),
@@ -142,7 +142,7 @@ def hostile(folder, user):
         database.execute("update settings set value = x'0079' where value = x'0078'")
     status, out, errors = run("restore", folder / "hostile.backup", "--user", user)
     expect(
-        (status, "there is another text now" in errors, [c for c in errors if c in "\x1b\u202e"]),
+        (status, "it has a different text now" in errors, [c for c in errors if c in "\x1b\u202e"]),
         (1, True, []),
         "control characters",
     )
@@ -185,7 +185,7 @@ with tempfile.TemporaryDirectory() as folder:
     status, out, errors = run("restore", folder / "one.backup", "--user", user)
     expect(
         (status, out, errors.splitlines()[0]),
-        (1, "", "the answer mount-1.dat:1, Page1: there is another text now"),
+        (1, "", "the answer mount-1.dat:1, Page1: it has a different text now"),
         "newer work",
     )
     program.end()
@@ -214,11 +214,11 @@ with tempfile.TemporaryDirectory() as folder:
         "files",
     )
     status, out, errors = run("restore", folder / "one.backup", "--user", user, "--replace")
-    expect((status, errors, "kept in" in out), (0, "", True), "a restore that was told to replace")
+    expect((status, errors, "saved in" in out), (0, "", True), "a restore that was told to replace")
     kept = user / "before-restore-1.backup"
     status, out, errors = run("restore", kept, "--user", user)
     expect(
-        (status, "there is another text now" in errors),
+        (status, "it has a different text now" in errors),
         (1, True),
         "the text that went is in the backup that was kept",
     )

@@ -66,8 +66,7 @@ TEST_F(InstallTest, NothingIsChangedBehindALink)
         fs::create_directory_symlink(
             place == house ? folder / "precious/Sparrowfield House" : folder / "precious", place);
         auto const before = Tree(folder / "precious");
-        auto const link
-            = place.string() + ": it is a link, and Setup changes nothing behind a link.";
+        auto const link = place.string() + ": it is a link, and Setup doesn't follow links.";
         EXPECT_EQ(Told(InstallAll()), link);
         EXPECT_EQ(Told(Uninstall(places)), link);
         EXPECT_EQ(Tree(folder / "precious"), before);
@@ -189,21 +188,20 @@ TEST_F(InstallTest, AFailureLeavesAllAsItWasAndNamesFileAndReason)
                 plan.files[1].from = disc / "kjv";
                 return Told(Install(places, plan, watch));
             },
-            (disc / "kjv: a folder stands in its place.").string() },
+            (disc / "kjv: it is a folder.").string() },
         { "a file in the folder's place",
             [&] {
                 fs::remove_all(places.target);
                 Put(places.target, "mine");
             },
             [&] { return Told(InstallAll()); },
-            (places.target.string() + ": something that is no folder stands in its place.") },
+            (places.target.string() + ": it exists and is not a folder.") },
         { "a file above the folder",
             [&] {
                 fs::remove_all(house);
                 Put(house, "mine");
             },
-            [&] { return Told(InstallAll()); },
-            (house.string() + ": something stands in its place.") },
+            [&] { return Told(InstallAll()); }, (house.string() + ": it is not a folder.") },
         { "no space", [] {},
             [&] {
                 auto plan = Plan();
@@ -211,13 +209,13 @@ TEST_F(InstallTest, AFailureLeavesAllAsItWasAndNamesFileAndReason)
                 auto const told = Told(Install(places, plan, watch));
                 return told.substr(0, told.find(", and"));
             },
-            "Software: 1152 PB are needed" },
+            "Software: this needs 1152 PB" },
         { "a Setup at work", [] {},
             [&] {
                 auto const held = PublisherFolder::Hold(house);
                 return Told(InstallAll());
             },
-            (house.string() + ": another Setup is at work there.") },
+            (house.string() + ": another Setup is using this folder.") },
         { "the installed copy as the disc", [] {},
             [&] {
                 auto const own = FindPlaces(places.target, user);
@@ -226,7 +224,7 @@ TEST_F(InstallTest, AFailureLeavesAllAsItWasAndNamesFileAndReason)
             ": this is the installed copy; please start Setup.exe on the disc." },
         { "a disc around the copy", [] {},
             [&] { return Told(Install(FindPlaces(folder, user), Plan(), watch)); },
-            ": disc and copy would lie one within the other." },
+            ": neither the disc nor the copy may be inside the other." },
     };
     for (auto const& row : rows) {
         fs::remove_all(user);
@@ -248,7 +246,7 @@ TEST_F(InstallTest, ADiskThatFillsUpOrCantBeWrittenToLeavesAllAsItWas)
     Put(disc / "large", std::string(20 << 20, 'x'));
     auto const before = Tree(folder);
     auto const tooLarge = Told(InstallAll());
-    EXPECT_TRUE(tooLarge.ends_with("are needed, and 18 MB are free on the disk.")) << tooLarge;
+    EXPECT_TRUE(tooLarge.ends_with(", and 18 MB are free on the disk.")) << tooLarge;
 
     auto plan = Plan();
     for (auto& file : plan.files)
@@ -258,7 +256,7 @@ TEST_F(InstallTest, ADiskThatFillsUpOrCantBeWrittenToLeavesAllAsItWas)
 
     EXPECT_EQ(mount("", house.c_str(), "", MS_REMOUNT | MS_RDONLY, "size=64m"), 0);
     auto const readOnly = Told(InstallAll());
-    EXPECT_TRUE(readOnly.ends_with("the disk can't be written to.")) << readOnly;
+    EXPECT_TRUE(readOnly.ends_with("the disk is read-only.")) << readOnly;
     EXPECT_EQ(Tree(folder), before);
     EXPECT_EQ(umount(house.c_str()), 0);
 }

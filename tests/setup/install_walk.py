@@ -86,7 +86,7 @@ with tempfile.TemporaryDirectory(prefix="sparrowfield walk ") as data:
 
     status, out, _ = setup("--help")
     expect((status, "--uninstall" in out), (0, True), "--help")
-    for words in ([], ["--console"], ["--frob"], ["--install", "--uninstall"]):
+    for words in ([], ["--console"], ["--frob"], ["--install", "--uninstall"], ["disc"], [""]):
         status, out, errors = setup(*words)
         expect((status, out, "--uninstall" in errors), (2, "", True), f"the status of {words}")
     expect(sorted(data.iterdir()), [], "what was made without being asked")

@@ -41,7 +41,7 @@ TEST_F(MenuTest, APathThatIsNotUtf8GetsNoEntryAndSaysSo)
     ASSERT_TRUE(report);
     ASSERT_EQ(report->menuFaults.size(), 1U);
     EXPECT_EQ(
-        ToUtf8(report->menuFaults[0].reason), "its path isn't UTF-8, so there is no menu entry");
+        ToUtf8(report->menuFaults[0].reason), "its path isn't UTF-8, so no menu entry was made");
     EXPECT_FALSE(fs::exists(odd.menu));
 }
 
@@ -56,9 +56,9 @@ TEST_F(MenuTest, WithoutAnEntryTheInstallationStandsAndTellsWhy)
     EXPECT_EQ(Tree(places.target), WholeCopy());
     ASSERT_EQ(report->menuFaults.size(), 2U);
     EXPECT_EQ(ToUtf8(report->menuFaults[0].Message()),
-        (folder / "data home/icons: something stands in its place.").string());
-    EXPECT_EQ(ToUtf8(report->menuFaults[1].Message()),
-        places.menu.string() + ": something stands in its place.");
+        (folder / "data home/icons: it is not a folder.").string());
+    EXPECT_EQ(
+        ToUtf8(report->menuFaults[1].Message()), places.menu.string() + ": it is not a folder.");
 
     auto const removed = Uninstall(places);
     ASSERT_TRUE(removed);

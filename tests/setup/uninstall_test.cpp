@@ -1,6 +1,5 @@
 #include "setup/install.h"
 #include "setup/menu_entry.h"
-#include "setup/options.h"
 
 #include "setup/setup_fixture.h"
 
@@ -113,7 +112,8 @@ TEST_F(UninstallTest, MenuFilesOfOthersStay)
     ASSERT_TRUE(InstallAll());
     auto const faults = Uninstall(places)->menuFaults;
     ASSERT_EQ(faults.size(), 1U);
-    EXPECT_EQ(ToUtf8(faults[0].Message()), entry.string() + ": it lies behind a link, and stays.");
+    EXPECT_EQ(ToUtf8(faults[0].Message()),
+        entry.string() + ": it is reached through a link and was left alone.");
     EXPECT_EQ(Names(folder / "menus"), "sparrowfield.desktop ");
 }
 
@@ -142,22 +142,4 @@ TEST_F(UninstallTest, ARunningProgramKeepsItsFiles)
     EXPECT_EQ(Tree(folder), before);
     EXPECT_TRUE(Uninstall(places));
     ExpectOnlyAnswersAndNotes();
-}
-
-TEST(SetupOptions, AreReadOrRefused)
-{
-    struct {
-        std::vector<char const*> words;
-        char const* read; ///< "<task>" and "c" for the console; empty if refused
-    } const rows[] = { { {}, "0" }, { { "--console" }, "0c" }, { { "--install" }, "1" },
-        { { "--console", "--uninstall" }, "2c" }, { { "--help" }, "3" },
-        { { "--install", "--install" }, "1" }, { { "--install", "--uninstall" }, "" },
-        { { "--frob" }, "" }, { { "disc" }, "" }, { { "" }, "" } };
-    for (auto const& row : rows) {
-        auto const options = ReadOptions(row.words);
-        auto const read = options
-            ? std::to_string(static_cast<int>(options->task)) + (options->isConsole ? "c" : "")
-            : "";
-        EXPECT_EQ(read, row.read) << testing::PrintToString(row.words);
-    }
 }

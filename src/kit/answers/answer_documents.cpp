@@ -2,6 +2,7 @@
 
 #include "base/printable.h"
 #include "bible/note_file.h"
+#include "platform/posix/whole_file.h"
 #include "study/lesson_file.h"
 
 #include <algorithm>
@@ -13,8 +14,8 @@ namespace {
 
 using Answers = std::map<std::int64_t, Text>; // by page
 
-/// The paragraphs of a page or of the publisher's answer, which stand between slashes; brackets
-/// round the answer go.
+/// The paragraphs of a page or of the publisher's answer, which are parted by slashes, without the
+/// brackets round the answer.
 std::vector<Text> Paragraphs(TextView text)
 {
     if (text.starts_with(u'[') && text.ends_with(u']'))
@@ -49,7 +50,7 @@ constexpr char const *othersName = "answers-without-their-study", *notesName = "
 /// beyond), "_", "-" or a blank becomes "_".
 std::string BareName(TextView study)
 {
-    // characters; of three bytes, they leave place for a number and an ending
+    // Characters of three bytes each leave room for a number and an ending in a file name.
     constexpr std::size_t longest = 60;
     std::string name;
     for (char16_t const character : study.substr(0, longest)) {
@@ -63,15 +64,15 @@ std::string BareName(TextView study)
     return name.empty() || name[0] == ' ' || name[0] == '-' ? "_" + name : name;
 }
 
-/// Gives each document the name that it has, with "-2" and so on where another has it already.
+/// Keeps the names of documents distinct: appends "-2" and so on where another has the name.
 class Names {
 public:
     std::string Take(std::string const& name)
     {
-        auto taken = name;
-        for (int number = 2; !m_taken.insert(ToLower(FromUtf8(taken))).second; ++number)
-            taken = name + "-" + std::to_string(number);
-        return taken;
+        auto const take = [this](std::string const& wanted) {
+            return m_taken.insert(ToLower(FromUtf8(wanted))).second;
+        };
+        return take(name) ? name : FirstFreeName(name + "-", {}, take, 2);
     }
 
 private:
@@ -94,7 +95,7 @@ AnsweredLesson LessonOf(LessonBlock const& block, Answers const& answers, bool w
         auto const index = static_cast<std::size_t>(page - 1);
         if (page >= 1 && index < block.body.pages.size()) {
             question.question = Paragraphs(block.body.pages[index]);
-            // Where the publisher leaves the answer to the user there is nothing to add.
+            // If the publisher leaves the answer to the user, there is nothing to add.
             if (withPublisher && !Contains(block.body.answers[index], u"swers will vary"))
                 question.publisher = Paragraphs(block.body.answers[index]);
         }

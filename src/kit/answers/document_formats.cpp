@@ -46,32 +46,17 @@ static std::vector<std::string> CleanLines(TextView text)
     return lines;
 }
 
-static std::string HtmlEscaped(std::string const& text)
-{
-    std::string escaped;
-    for (char const character : text)
-        switch (character) {
-        case '&':
-            escaped += "&amp;";
-            break;
-        case '<':
-            escaped += "&lt;";
-            break;
-        case '>':
-            escaped += "&gt;";
-            break;
-        case '"':
-            escaped += "&quot;";
-            break;
-        default:
-            escaped += character;
-        }
-    return escaped;
-}
-
 static std::string Html(TextView text)
 {
-    return HtmlEscaped(Clean(text));
+    constexpr std::string_view special = "&<>\"";
+    constexpr char const* entities[] = { "&amp;", "&lt;", "&gt;", "&quot;" };
+    std::string escaped;
+    for (char const character : Clean(text))
+        if (auto const which = special.find(character); which != special.npos)
+            escaped += entities[which];
+        else
+            escaped += character;
+    return escaped;
 }
 
 static std::string HtmlParagraphs(std::vector<Text> const& paragraphs, char const* style)

@@ -1,8 +1,9 @@
 #include "kit/answers/user_work.h"
 
-#include "platform/posix/descriptor.h"
 #include "platform/posix/folders.h"
 #include "platform/posix/sqlite_settings_store.h"
+#include "platform/posix/user_folders.h"
+#include "platform/posix/whole_file.h"
 
 namespace fs = std::filesystem;
 
@@ -23,17 +24,16 @@ std::string NameOf(SettingsStore::Entry const& entry)
 
 fs::path NotesFolder(fs::path const& userFolder)
 {
-    return userFolder / "drive_c" / "Program Files" / "Sparrowfield Interactive Software" / "notes";
+    return DriveFolder(userFolder) / "Program Files" / "Sparrowfield Interactive Software"
+        / "notes";
 }
 
 Outcome<UserWork> LoadUserWork(fs::path const& userFolder)
 {
     UserWork work;
-    if (fs::exists(userFolder / "settings.db")) {
-        // A damaged one is the program's to set aside, when it starts.
-        using Store = SqliteSettingsStore;
-        Store const store(
-            userFolder / "settings.db", std::chrono::seconds(2), Store::Damaged::Stays);
+    if (auto const file = SettingsFile(userFolder); fs::exists(file)) {
+        // The program itself renames a damaged one when it starts.
+        SqliteSettingsStore const store(file, std::chrono::seconds(2), OnDamage::Fail);
         auto entries = store.All();
         if (!entries)
             return entries.failure();
@@ -87,11 +87,9 @@ Outcome<Done> Restore(RestorePlan const& plan, fs::path const& userFolder, bool 
     if (auto const made = MakeFolders(notes); !made)
         return made.failure();
     for (auto const& [name, bytes] : plan.notes)
-        if (auto const written
-            = ReplaceFile(notes.string(), name, bytes, FromUtf8((notes / name).string()));
-            !written)
+        if (auto const written = ReplaceFile(notes / name, bytes); !written)
             return written.failure();
-    SqliteSettingsStore store(userFolder / "settings.db");
+    SqliteSettingsStore store(SettingsFile(userFolder));
     return store.WriteAll(
         plan.entries, replaces ? SettingsStore::Existing::Goes : SettingsStore::Existing::Stays);
 }

@@ -1,5 +1,7 @@
 #pragma once
-// What is wrong with the input of a subcommand, gathered so that one run names all of it.
+// What is wrong with the input of a subcommand, collected so that one run reports all of it.
+
+#include "base/failure.h"
 
 #include <cstddef>
 #include <string>
@@ -16,3 +18,6 @@ struct Fault {
 std::string ToString(Fault const& fault);
 
 using Faults = std::vector<Fault>;
+
+/// A failure of the platform as a fault of the input.
+Fault ToFault(Failure const& failure);

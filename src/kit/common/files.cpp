@@ -1,8 +1,8 @@
 #include "kit/common/files.h"
 
 #include "platform/posix/console.h"
-#include "platform/posix/descriptor.h"
 #include "platform/posix/folders.h"
+#include "platform/posix/whole_file.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -17,7 +17,7 @@ namespace {
 
 constexpr auto ownersRights = fs::perms::owner_read | fs::perms::owner_write;
 
-/// True if the file is there as it would be written.
+/// True if the file exists as it would be written.
 bool IsUpToDate(fs::path const& path, std::string const& bytes, Readers readers)
 {
     std::error_code error;
@@ -25,11 +25,11 @@ bool IsUpToDate(fs::path const& path, std::string const& bytes, Readers readers)
         return false;
     if (!fs::is_regular_file(path, error) || fs::file_size(path, error) != bytes.size() || error)
         return false;
-    Faults ignored;
-    return ReadWhole(path, ignored) == bytes;
+    auto const present = ReadWholeFile(path);
+    return present && *present == bytes;
 }
 
-/// `meant` is the file as the user knows it.
+/// `meant` is the name of the file in failures, as the user knows it.
 void WriteWhole(
     fs::path const& path, std::string const& bytes, fs::path const& meant, Readers readers)
 {
@@ -45,7 +45,7 @@ void WriteWhole(
 }
 
 constexpr char const* workName = ".kit-";
-/// The file by which a work folder is known for the kit's own, and what stands in it.
+/// The file that marks a work folder as the kit's own, and its content.
 constexpr char const *workMarker = "work-of-sparrowfield-kit",
                      *workMarking = "Made by sparrowfield-kit, and removed by it.\n";
 
@@ -60,7 +60,7 @@ bool IsOwnWorkFolder(fs::path const& folder)
     return marking && *marking == workMarking;
 }
 
-/// Removes what a run that was killed has left. One that is younger than this may still be at work.
+/// Removes the folders of killed runs. A folder younger than an hour may still be in use.
 void RemoveLeftovers(fs::path const& target)
 {
     std::error_code ignored;
@@ -72,8 +72,8 @@ void RemoveLeftovers(fs::path const& target)
     }
 }
 
-/// A folder for work inside of the target, removed with all that is left in it; and the target
-/// itself, if it was made for this and nothing has come into it.
+/// A temporary folder inside the target. Both are removed at the end: this one with everything in
+/// it, the target if it was made for this and is still empty.
 class WorkFolder {
 public:
     explicit WorkFolder(fs::path target)
@@ -89,7 +89,7 @@ public:
         }
         fs::permissions(m_path, fs::perms::owner_all, error);
         std::ofstream(m_path / workMarker, std::ios::binary)
-            << workMarking; // Without it the folder would stay after a kill.
+            << workMarking; // Without it the folder would be left after a kill.
     }
     ~WorkFolder()
     {
@@ -102,7 +102,7 @@ public:
     WorkFolder& operator=(WorkFolder const&) = delete;
 
     fs::path const& Path() const { return m_path; }
-    /// From now on it is the user's.
+    /// Leaves the folder to the user.
     void Release()
     {
         std::error_code ignored;
@@ -115,7 +115,7 @@ private:
     {
         std::error_code ignored;
         if (m_madeTarget)
-            fs::remove(m_target, ignored); // Only an empty folder goes.
+            fs::remove(m_target, ignored); // fails unless it is empty
     }
 
     fs::path m_target;
@@ -124,8 +124,8 @@ private:
     fs::path m_path;
 };
 
-/// Exchanges files one by one. What a file replaces is set aside as a second name of it, so at no
-/// time is a name missing.
+/// Exchanges files one by one. The old file is kept under a second name, so no name is missing at
+/// any time.
 class Exchange {
 public:
     Exchange(fs::path target, fs::path const& work)
@@ -183,7 +183,7 @@ private:
         fs::create_directories((m_old / name).parent_path());
         std::error_code error;
         fs::create_hard_link(m_target / name, m_old / name, error);
-        if (error) // Not every file system has second names.
+        if (error) // Not every file system has hard links.
             fs::copy_file(m_target / name, m_old / name);
     }
 
@@ -192,8 +192,8 @@ private:
     std::vector<Moved> m_moved;
 };
 
-/// Writes the files in the work folder and exchanges them. Throws with "nothing was changed" or
-/// where the old files lie.
+/// Writes the files into a work folder and exchanges them. If it throws with a second path, some
+/// files couldn't be put back, and the old ones are there.
 void WriteAndExchange(fs::path const& target, OutputFiles const& files,
     std::vector<fs::path> const& names, Readers readers)
 {
@@ -220,44 +220,39 @@ std::optional<std::string> ReadWhole(fs::path const& path, Faults& faults, std::
     auto bytes = ReadWholeFile(path, atMost);
     if (bytes)
         return std::move(*bytes);
-    faults.push_back({ path.string(), 0, ToUtf8(bytes.failure().reason) });
+    faults.push_back(ToFault(bytes.failure()));
     return std::nullopt;
 }
 
-/// True for a name that stays in the folder in which it is taken.
-static bool StaysBelow(fs::path const& name)
+/// True for a relative name that doesn't lead out of its folder.
+static bool StaysInside(fs::path const& name)
 {
     return !name.empty() && name.is_relative() && name.has_filename()
         && std::none_of(name.begin(), name.end(),
             [](fs::path const& part) { return part == ".." || part == "."; });
 }
 
-std::optional<Replaced> ReplaceFiles(
-    fs::path const& target, OutputFiles const& files, Faults& faults, Readers readers)
+Outcome<Replaced> ReplaceFiles(fs::path const& target, OutputFiles const& files, Readers readers)
 {
-    for (auto const& [name, bytes] : files) {
-        if (!StaysBelow(name)) {
-            faults.push_back(
-                { name.string(), 0, "its name leads out of the folder; nothing was changed" });
-            return std::nullopt;
-        }
-    }
+    auto const fail = [](fs::path const& path, std::string const& reason) {
+        return FileFailure(path, FromUtf8(reason));
+    };
+    for (auto const& [name, bytes] : files)
+        if (!StaysInside(name))
+            return fail(name, "its name leads out of the folder; nothing was changed");
     try {
         std::vector<fs::path> changed;
-        for (auto const& [name, bytes] : files) {
+        for (auto const& [name, bytes] : files)
             if (!IsUpToDate(target / name, bytes, readers))
                 changed.push_back(name);
-        }
         if (!changed.empty())
             WriteAndExchange(target, files, changed, readers);
         return Replaced { changed.size(), files.size() - changed.size() };
     } catch (fs::filesystem_error const& error) {
-        auto const& path = error.path1().empty() ? target : error.path1();
-        faults.push_back({ path.string(), 0,
+        return fail(error.path1().empty() ? target : error.path1(),
             error.code().message()
                 + (error.path2().empty() ? "; nothing was changed"
-                                         : "; not all could be put back, the old files lie in "
-                            + error.path2().string()) });
-        return std::nullopt;
+                                         : "; some files couldn't be put back, the old ones are in "
+                            + error.path2().string()));
     }
 }

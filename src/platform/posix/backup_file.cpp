@@ -1,17 +1,15 @@
 #include "platform/posix/backup_file.h"
 
-#include "platform/posix/descriptor.h"
-#include "platform/posix/sqlite_settings_store.h"
-#include "platform/posix/temporary_folder.h"
+#include "platform/posix/sqlite_image.h"
+#include "platform/posix/whole_file.h"
 
 #include <algorithm>
-#include <fstream>
 #include <set>
 
 namespace fs = std::filesystem;
 
 static constexpr TextView headSection = u"backup", formatVersion = u"1";
-// Of a section of the container: what it holds.
+// The first character of a section of the container: what it holds.
 static constexpr char16_t settingsMark = u's', notesMark = u'n';
 
 static constexpr TextView deletionBeginning = u"before-delete-", deletionEnding = u".backup";
@@ -23,8 +21,8 @@ static Text NameOfDeletion(std::int64_t number)
 
 namespace {
 
-/// FNV-1a with 64 bits, over every text with its length: enough to notice what wear and cut copies
-/// do to a file.
+/// FNV-1a with 64 bits, over every text with its length: enough to notice decay and incomplete
+/// copies.
 class Digest {
 public:
     void Add(TextView text)
@@ -78,12 +76,7 @@ Text DigestOf(std::vector<SettingsStore::Entry> const& entries)
     return digest.Hexadecimal();
 }
 
-Failure Refuse(fs::path const& file, char16_t const* reason)
-{
-    return { FromUtf8(file.string()), 0, reason };
-}
-
-/// The entries of the container, in their order.
+/// The entries of the container, in the order of the digest.
 std::vector<SettingsStore::Entry> Packed(UserWork const& work)
 {
     std::vector<SettingsStore::Entry> packed;
@@ -105,27 +98,11 @@ Outcome<UserWork> Unpacked(std::vector<SettingsStore::Entry> const& packed, fs::
         auto const name = ToRawBytes(entry.key);
         auto const bytes = ToRawBytes(entry.value);
         if (entry.section != Text(1, notesMark) || !name || !bytes || !IsNoteName(*name))
-            return Refuse(file,
-                u"it has a note whose name could lead out of the folder of notes, or something "
-                u"unknown");
+            return FileFailure(
+                file, u"it contains a note with a name that isn't allowed, or something unknown");
         work.notes.emplace(*name, *bytes);
     }
     return work;
-}
-
-/// False for a database that is shorter or longer than its head says (docs of the SQLite file
-/// format: the size of a page at byte 16, the number of pages at byte 28, both big-endian): what
-/// lies in its last page may be read without what is cut off.
-bool IsOfItsSize(std::string const& bytes)
-{
-    auto const at = [&](std::size_t place) {
-        return static_cast<std::size_t>(static_cast<unsigned char>(bytes[place]));
-    };
-    if (bytes.size() < 100)
-        return false;
-    auto const page = at(16) << 8 | at(17);
-    auto const count = at(28) << 24 | at(29) << 16 | at(30) << 8 | at(31);
-    return bytes.size() == (page == 1 ? 65536 : page) * count;
 }
 
 } // namespace
@@ -143,12 +120,10 @@ Outcome<Done> WriteBackup(UserWork const& work, fs::path const& file)
     auto const digest = DigestOf(packed);
     packed.push_back({ Text(headSection), u"version", Text(formatVersion) });
     packed.push_back({ Text(headSection), u"digest", digest });
-    auto const bytes = BytesOfStore(packed);
+    auto const bytes = WriteStoreImage(packed);
     if (!bytes)
-        return Refuse(file, u"there isn't enough memory");
-    auto const whole = fs::absolute(file);
-    return ReplaceFile(
-        whole.parent_path().string(), whole.filename().string(), *bytes, FromUtf8(file.string()));
+        return FileFailure(file, bytes.failure().reason);
+    return ReplaceFile(file, *bytes);
 }
 
 Outcome<UserWork> ReadBackup(fs::path const& file)
@@ -156,17 +131,9 @@ Outcome<UserWork> ReadBackup(fs::path const& file)
     auto const bytes = ReadWholeFile(file);
     if (!bytes)
         return bytes.failure();
-    TemporaryFolder const folder;
-    if (folder.Path().empty())
-        return SystemFailure(u"the temporary folder");
-    // A copy is opened: the store would set a damaged file aside.
-    auto const copy = folder.Path() / "backup.db";
-    std::ofstream(copy, std::ios::binary) << *bytes;
-    SqliteSettingsStore const store(copy);
-    auto all = !IsOfItsSize(*bytes) ? Outcome<std::vector<SettingsStore::Entry>>(Refuse(file, u""))
-                                    : store.All();
+    auto all = ReadStoreImage(*bytes);
     if (!all)
-        return Refuse(file, u"it is no backup, or damaged");
+        return FileFailure(file, u"it is not a backup, or it is damaged");
     Text version, digest;
     std::erase_if(*all, [&](SettingsStore::Entry const& entry) {
         if (entry.section != headSection)
@@ -175,11 +142,11 @@ Outcome<UserWork> ReadBackup(fs::path const& file)
         return true;
     });
     if (version.empty())
-        return Refuse(file, u"it is no backup");
+        return FileFailure(file, u"it is not a backup");
     if (version != formatVersion)
-        return Refuse(file, u"it was made by a newer version of this program");
+        return FileFailure(file, u"it was made by a newer version of this program");
     if (digest != DigestOf(*all))
-        return Refuse(file, u"it is damaged");
+        return FileFailure(file, u"it is damaged");
     return Unpacked(*all, file);
 }
 
@@ -202,16 +169,16 @@ static std::set<std::int64_t> NumbersOfDeletions(fs::path const& folder)
     return numbers;
 }
 
-std::optional<Failure> WriteBackupBeforeDelete(UserWork const& work, fs::path const& folder)
+Outcome<Done> WriteBackupBeforeDelete(UserWork const& work, fs::path const& folder)
 {
     constexpr std::size_t kept = 10;
     auto numbers = NumbersOfDeletions(folder);
     auto const next = numbers.empty() ? 1 : *numbers.rbegin() + 1;
-    if (auto const written = WriteBackup(work, folder / ToUtf8(NameOfDeletion(next))); !written)
-        return written.failure();
+    if (auto written = WriteBackup(work, folder / ToUtf8(NameOfDeletion(next))); !written)
+        return written;
     numbers.insert(next);
     std::error_code ignored;
     for (; numbers.size() > kept; numbers.erase(numbers.begin()))
         fs::remove(folder / ToUtf8(NameOfDeletion(*numbers.begin())), ignored);
-    return std::nullopt;
+    return Done {};
 }

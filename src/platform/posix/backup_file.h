@@ -1,6 +1,6 @@
 #pragma once
-// The one file in which all that a user has written is kept (docs/formats/backup.md), or what a
-// deletion takes away.
+// The file that contains all that a user has written, or what a deletion has removed
+// (docs/formats/backup.md).
 
 #include "base/failure.h"
 #include "platform/settings_store.h"
@@ -16,18 +16,16 @@ struct UserWork {
     std::map<std::string, std::string> notes; ///< bytes by the file's name
 };
 
-/// True for a name that stays in its folder and is no hidden file.
+/// True for a name that stays in its folder and isn't that of a hidden file.
 bool IsNoteName(std::string const& name);
 
 /// Writes the backup, whole or not at all, readable by its owner alone.
 Outcome<Done> WriteBackup(UserWork const& work, std::filesystem::path const& file);
 
-/// Fails for what is no backup, is damaged or cut off, comes from a newer version, or has notes
-/// whose names could lead out of their folder.
+/// Fails if the file isn't a backup, is damaged or cut off, comes from a newer version, or has
+/// notes whose names could lead out of their folder.
 Outcome<UserWork> ReadBackup(std::filesystem::path const& file);
 
 /// Writes what is about to be deleted into `before-delete-N.backup` in the folder, with a number
-/// above all that are there. Of these files only the last ten stay. Gives the failure if it
-/// couldn't be written.
-std::optional<Failure> WriteBackupBeforeDelete(
-    UserWork const& work, std::filesystem::path const& folder);
+/// above all that are there. Only the last ten of these files are kept.
+Outcome<Done> WriteBackupBeforeDelete(UserWork const& work, std::filesystem::path const& folder);

@@ -33,7 +33,7 @@ DeferredInterrupt::~DeferredInterrupt()
     pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
 }
 
-bool DeferredInterrupt::IsWished() const
+bool DeferredInterrupt::IsRequested() const
 {
     sigset_t waiting;
     sigpending(&waiting);

@@ -1,23 +1,22 @@
 #pragma once
-// What command line programs need of the console that they run in.
+// What programs need of the console or session that they run in.
 
 #include <csignal>
 
-/// True if what is written to standard error appears on a terminal, where a line can be written
-/// over.
+/// True if standard error is a terminal, where a line can be overwritten.
 bool IsErrorTerminal();
 
-/// True if the user's session names a screen on which windows can be shown.
+/// True if the session has a screen on which windows can be shown.
 bool HasDisplay();
 
-/// While an object of this kind lives, the wish to end the program (SIGINT, SIGTERM, SIGHUP) waits.
-/// For one thread.
+/// Holds back the signals that ask the program to end (SIGINT, SIGTERM, SIGHUP) while it exists,
+/// for the thread that made it and those that this thread starts.
 class DeferredInterrupt {
 public:
     DeferredInterrupt();
     ~DeferredInterrupt();
-    /// True if a wish to end the program is waiting.
-    bool IsWished() const;
+    /// True if such a signal has come.
+    bool IsRequested() const;
     DeferredInterrupt(DeferredInterrupt const&) = delete;
     DeferredInterrupt& operator=(DeferredInterrupt const&) = delete;
 

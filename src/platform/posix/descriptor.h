@@ -1,11 +1,12 @@
 #pragma once
 // An open file of the system, closed with its owner, and what the system's error numbers mean to a
-// person.
+// person. Whole files are whole_file.h's work.
 
 #include "base/failure.h"
 
+#include <chrono>
 #include <filesystem>
-#include <string>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -35,39 +36,22 @@ private:
     int m_number;
 };
 
-/// The failure behind the system's last error number, about this path.
+/// The failure that the system's last error number describes, about this path.
 Failure SystemFailure(TextView path);
 Failure SystemFailure(TextView path, int number);
+/// The same about a file by its place on this machine, and with a reason of the caller's.
+Failure FileFailure(std::filesystem::path const& file);
+Failure FileFailure(std::filesystem::path const& file, int number);
+Failure FileFailure(std::filesystem::path const& file, TextView reason);
 
-/// Writes all the bytes; false, with the reason in the system's last error number, if it can't.
+/// Locks the file against others that do the same (flock), and waits for them until the deadline.
+/// On a failure the reason is in the system's last error number, EWOULDBLOCK after a timeout.
+bool LockFile(Descriptor const& file, std::chrono::steady_clock::time_point deadline);
+
+/// Reads the next bytes into `block` and returns how many; 0 at the end of the file. On an error
+/// returns -1, with the reason in the system's last error number.
+std::ptrdiff_t ReadSome(Descriptor const& file, std::span<char> block);
+
+/// Writes all the bytes; on an error returns false, with the reason in the system's last error
+/// number.
 bool WriteAll(Descriptor const& file, std::string_view bytes);
-
-/// Opens a regular file to be read. Anything else (a folder, a pipe, a device) is refused at once,
-/// without waiting for its other end and without being read. Fails with the system's reason.
-Outcome<Descriptor> OpenRegularFile(std::filesystem::path const& file);
-
-/// The bytes of a regular file of at most `atMost` bytes. Fails as OpenRegularFile does, and where
-/// the file is larger.
-Outcome<std::string> ReadWholeFile(
-    std::filesystem::path const& file, std::uint64_t atMost = std::uint64_t { 1 } << 30);
-
-/// Brings the names in a folder to the disk, where its file system keeps any to bring there.
-Outcome<Done> FlushFolder(std::string const& folder);
-
-/// Whether what is written has to survive a power cut.
-enum class Lasting { No, Yes };
-
-/// Replaces the file `name` in a folder whole, or not at all. The new file is readable by its owner
-/// alone. `path` stands in failures.
-Outcome<Done> ReplaceFile(std::string const& folder, std::string const& name,
-    std::string_view bytes, TextView path, Lasting lasting = Lasting::Yes);
-
-/// Makes the file `name` in a folder, whole or not at all, if nothing has that name; what is there
-/// stays. True if it was made. It survives a power cut and is readable by its owner alone. `path`
-/// stands in failures.
-Outcome<bool> CreateFile(
-    std::string const& folder, std::string const& name, std::string_view bytes, TextView path);
-
-/// Makes a folder, private to its owner, in a parent that exists. One that stands there already is
-/// no failure.
-Outcome<Done> MakeFolder(std::string const& folder, std::string const& parent, TextView path);

@@ -1,6 +1,5 @@
 #include "platform/posix/posix_file_system.h"
 
-#include "platform/posix/descriptor.h"
 #include "platform/posix/folders.h"
 #include "platform/posix/path_rules.h"
 
@@ -15,9 +14,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-Failure NoSuchPlace(TextView path)
+Failure InvalidPath(TextView path)
 {
-    return { Text(path), 0, u"there is no such place" };
+    return { Text(path), 0, u"it is not a valid path" };
 }
 
 class HostInputFile final : public InputFile {
@@ -30,23 +29,14 @@ public:
 
     Outcome<std::size_t> Read(std::span<char> block) override
     {
-        for (;;) {
-            auto const size = ::read(m_file.Number(), block.data(), block.size());
-            if (size >= 0)
-                return static_cast<std::size_t>(size);
-            if (errno != EINTR)
-                return SystemFailure(m_path);
-        }
+        auto const size = ReadSome(m_file, block);
+        return size < 0 ? Outcome<std::size_t>(SystemFailure(m_path))
+                        : static_cast<std::size_t>(size);
     }
 
 private:
     Descriptor m_file;
     Text m_path;
-};
-
-struct OpenFile {
-    Descriptor file;
-    std::uint64_t size; // bytes
 };
 
 /// True for the name of an entry of the current directory: taken exactly, it is its own place.
@@ -56,29 +46,15 @@ bool IsBareName(TextView path)
         && path.find_first_of(TextView(u"\\/:\0", 4)) == TextView::npos;
 }
 
-/// Opens a regular file. It is looked at before: opening a pipe can wait for ever, and opening a
-/// device can do what it is made for. Should one take the file's place in between, the opening
-/// still doesn't wait.
-Outcome<OpenFile> OpenRegular(TextView path, fs::path const& drive)
+/// Opens a file by its path. Most are named exactly, and then the drive and other spellings of
+/// their names needn't be looked at.
+Outcome<RegularFile> OpenByPath(TextView path, fs::path const& drive)
 {
-    std::string name = IsBareName(path) ? ToUtf8(path) : std::string();
-    struct stat status { };
-    if (name.empty() || ::stat(name.c_str(), &status) != 0) {
-        auto const place = PlaceOf(path, drive);
-        if (!place)
-            return NoSuchPlace(path);
-        name = place->string();
-        if (::stat(name.c_str(), &status) != 0)
-            return SystemFailure(path);
-    }
-    if (S_ISDIR(status.st_mode))
-        return SystemFailure(path, EISDIR);
-    if (!S_ISREG(status.st_mode))
-        return Failure { Text(path), 0, u"it is no file" };
-    Descriptor file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file)
-        return SystemFailure(path);
-    return OpenFile { std::move(file), static_cast<std::uint64_t>(status.st_size) };
+    if (IsBareName(path))
+        if (auto opened = OpenRegularFile(ToUtf8(path), path))
+            return opened;
+    auto const place = PlaceOf(path, drive);
+    return place ? OpenRegularFile(*place, path) : InvalidPath(path);
 }
 
 bool Matches(TextView name, TextView pattern)
@@ -126,10 +102,10 @@ fs::path Plain(fs::path const& place)
 
 PosixFileSystem::PosixFileSystem(Folders const& folders)
 {
-    static_cast<void>(
-        MakeFolders(folders.drive)); // What can't be made fails, with its reason, when it is used.
+    // What can't be made fails, with its reason, when it is used.
+    static_cast<void>(MakeFolders(folders.drive));
     m_folders = { Plain(folders.application), Plain(folders.drive) };
-    // Where a link stands for the drive, the folder behind it is the user's to guard.
+    // If the drive is a link, the rights of the folder that it leads to are the user's decision.
     if (Descriptor const own(
             ::open(folders.drive.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
         own)
@@ -158,43 +134,23 @@ bool PosixFileSystem::FolderExists(TextView path) const
 
 Outcome<std::uint64_t> PosixFileSystem::FileSize(TextView path) const
 {
-    auto const opened = OpenRegular(path, m_folders.drive);
+    auto const opened = OpenByPath(path, m_folders.drive);
     return opened ? Outcome<std::uint64_t>(opened->size) : opened.failure();
 }
 
 Outcome<std::unique_ptr<InputFile>> PosixFileSystem::Open(TextView path) const
 {
-    auto opened = OpenRegular(path, m_folders.drive);
+    auto opened = OpenByPath(path, m_folders.drive);
     if (!opened)
         return opened.failure();
     return std::unique_ptr<InputFile>(
-        std::make_unique<HostInputFile>(std::move(opened->file), path));
+        std::make_unique<HostInputFile>(std::move(opened->descriptor), path));
 }
 
 Outcome<std::string> PosixFileSystem::ReadAll(TextView path, std::uint64_t atMost) const
 {
-    auto opened = OpenRegular(path, m_folders.drive);
-    if (!opened)
-        return opened.failure();
-    if (opened->size > atMost)
-        return SystemFailure(path, EFBIG);
-    HostInputFile file(std::move(opened->file), path);
-    // One byte more than the file is said to have, so that its end is seen in the same pass.
-    std::string bytes(static_cast<std::size_t>(opened->size) + 1, '\0');
-    for (std::size_t filled = 0;;) {
-        auto const size = file.Read({ bytes.data() + filled, bytes.size() - filled });
-        if (!size)
-            return size.failure();
-        filled += *size;
-        if (*size == 0) {
-            bytes.resize(filled);
-            return bytes;
-        }
-        if (filled > atMost)
-            return SystemFailure(path, EFBIG);
-        if (filled == bytes.size())
-            bytes.resize(bytes.size() * 2);
-    }
+    auto const opened = OpenByPath(path, m_folders.drive);
+    return opened ? ReadWholeFile(*opened, path, atMost) : opened.failure();
 }
 
 Outcome<Done> PosixFileSystem::Write(TextView path, std::string_view bytes)
@@ -206,10 +162,8 @@ Outcome<bool> PosixFileSystem::Create(TextView path, std::string_view bytes)
 {
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place || !place->has_filename())
-        return NoSuchPlace(path);
-    auto const folder = place->parent_path();
-    return CreateFile(
-        folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path);
+        return InvalidPath(path);
+    return CreateFile(*place, bytes, path);
 }
 
 Outcome<Done> PosixFileSystem::WriteTemporary(TextView path, std::string_view bytes)
@@ -221,23 +175,16 @@ Outcome<Done> PosixFileSystem::Replace(TextView path, std::string_view bytes, La
 {
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place || !place->has_filename())
-        return NoSuchPlace(path);
-    auto const folder = place->parent_path();
-    return ReplaceFile(
-        folder.empty() ? "." : folder.string(), place->filename().string(), bytes, path, lasting);
+        return InvalidPath(path);
+    return ReplaceFile(*place, bytes, path, lasting);
 }
 
 Outcome<Done> PosixFileSystem::SetAside(TextView path)
 {
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place || !place->has_filename())
-        return NoSuchPlace(path);
-    std::error_code ignored;
-    fs::path aside;
-    int number = 0;
-    do
-        aside = place->string() + ".old-" + std::to_string(++number);
-    while (fs::exists(fs::symlink_status(aside, ignored)));
+        return InvalidPath(path);
+    auto const aside = FirstFreeName(place->string() + ".old-");
     if (::rename(place->c_str(), aside.c_str()) != 0)
         return SystemFailure(path);
     return Done {};
@@ -247,18 +194,17 @@ Outcome<Done> PosixFileSystem::CreateFolder(TextView path)
 {
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place)
-        return NoSuchPlace(path);
-    auto const parent = place->parent_path();
+        return InvalidPath(path);
     if (*place == m_folders.drive) // If this fails, so does what follows, with the reason.
-        static_cast<void>(MakeFolders(parent));
-    return MakeFolder(place->string(), parent.empty() ? "." : parent.string(), path);
+        static_cast<void>(MakeFolders(place->parent_path()));
+    return MakeFolder(*place, path);
 }
 
 Outcome<Done> PosixFileSystem::Delete(TextView path)
 {
     auto const place = PlaceOf(path, m_folders.drive);
     if (!place)
-        return NoSuchPlace(path);
+        return InvalidPath(path);
     if (::unlink(place->c_str()) != 0)
         return SystemFailure(path);
     return Done {};

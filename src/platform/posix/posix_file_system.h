@@ -1,8 +1,8 @@
 #pragma once
-// The machine's files behind the paths in Windows form that the program speaks (path_rules.h).
+// The machine's files, named by the paths in Windows form that the program uses (path_rules.h).
 
 #include "platform/file_system.h"
-#include "platform/posix/descriptor.h"
+#include "platform/posix/whole_file.h"
 
 #include <filesystem>
 

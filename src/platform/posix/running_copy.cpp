@@ -18,7 +18,6 @@
 #include <cstring>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -43,17 +42,6 @@ static Descriptor OpenPrivate(fs::path const& folder)
     struct stat its = {};
     return opened && ::fstat(opened.Number(), &its) == 0 && IsPrivate(its) ? std::move(opened)
                                                                            : Descriptor();
-}
-
-static bool Lock(Descriptor const& folder, Clock::time_point end)
-{
-    constexpr int pause = 10'000; // microseconds
-    while (::flock(folder.Number(), LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK || Clock::now() >= end)
-            return false;
-        ::usleep(pause);
-    }
-    return true;
 }
 
 /// False if the path is too long for an address.
@@ -118,7 +106,7 @@ RunningCopy::RunningCopy(
 {
     auto const end = Clock::now() + patience;
     auto const locked = OpenPrivate(m_folder);
-    if (!locked || !Lock(locked, end))
+    if (!locked || !LockFile(locked, end))
         return;
     m_raisedAnother = Raise(m_place, end);
     if (!m_raisedAnother)
@@ -155,7 +143,7 @@ void RunningCopy::Close()
     // A start that got no answer may have put its own socket there. While one is looking, nothing
     // is removed.
     auto const locked = OpenPrivate(m_folder);
-    if (locked && Lock(locked, Clock::now()) && IdentityOf(m_place) == m_identity)
+    if (locked && LockFile(locked, Clock::now()) && IdentityOf(m_place) == m_identity)
         ::unlink(m_place.c_str());
     m_socket.Close();
 }

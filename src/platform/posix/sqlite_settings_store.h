@@ -1,31 +1,27 @@
 #pragma once
 // The settings store in one SQLite file. Every write is a transaction of its own, on the disk when
 // it is reported as done; copies of the program that run together share the file. Sections, keys
-// and values are kept as their 16-bit characters, so any text returns exactly. A file that is
-// damaged or no settings store is set aside, as settings.db.damaged-1 and so on, by whichever
-// operation meets it, and a new one begun, on which the operation then works; TakeReport tells of
-// it. The file's form stands in docs/formats/settings.md. For one thread at a time.
+// and values are kept as their 16-bit characters, so any text returns exactly. Whichever operation
+// finds the file damaged, or not a settings store, renames it to settings.db.damaged-1 and so on,
+// and then works on a new file; TakeReport tells of it. The format is described in
+// docs/formats/settings.md. For one thread at a time.
 
+#include "platform/posix/store_file.h"
 #include "platform/settings_store.h"
 
-#include <chrono>
-#include <filesystem>
 #include <memory>
-#include <string>
+
+class SqliteConnection;
 
 class SqliteSettingsStore final : public SettingsStore {
 public:
-    /// What becomes of a file that is damaged or no settings store: set aside, or left as it is,
-    /// for who only wants to read it; then everything fails.
-    enum class Damaged { GoesAside, Stays };
-
     /// The file is opened, and made with its folder if it is missing, at the first use; if that
     /// fails, it is tried again at the next. `patience` is how long an operation waits for another
     /// program that holds the file: longer than any write of another copy, and bearable for a user.
-    /// After a wait in vain the next ones wait briefly, until one succeeds.
+    /// After one timeout the next operations wait only briefly, until one succeeds.
     explicit SqliteSettingsStore(std::filesystem::path file,
         std::chrono::milliseconds patience = std::chrono::seconds(2),
-        Damaged damaged = Damaged::GoesAside);
+        OnDamage onDamage = OnDamage::SetAside);
     ~SqliteSettingsStore() override;
 
     Outcome<std::optional<Text>> Read(TextView section, TextView key) const override;
@@ -42,9 +38,5 @@ public:
     std::optional<Failure> OpeningReport();
 
 private:
-    class Connection;
-    std::unique_ptr<Connection> m_connection;
+    std::unique_ptr<SqliteConnection> m_connection;
 };
-
-/// The bytes of a store's file that holds these entries; nothing if there is no memory for it.
-std::optional<std::string> BytesOfStore(std::vector<SettingsStore::Entry> const& entries);

@@ -1,13 +1,12 @@
 #include "platform/posix/store_file.h"
 
-#include "platform/posix/descriptor.h"
+#include "platform/posix/folders.h"
+#include "platform/posix/whole_file.h"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -17,18 +16,28 @@ static fs::path JournalOf(fs::path const& file)
     return file.string() + "-journal";
 }
 
-std::optional<Failure> CheckKinds(fs::path const& file)
+/// Fails if the file, or one that SQLite may keep beside it, is there and isn't a regular file.
+static Outcome<Done> CheckKinds(fs::path const& file)
 {
     for (char const* const ending : { "", "-journal", "-wal", "-shm" }) {
         auto const place = file.string() + ending;
         struct stat status { };
         if (::stat(place.c_str(), &status) != 0 || S_ISREG(status.st_mode))
             continue;
-        return S_ISDIR(status.st_mode)
-            ? SystemFailure(FromUtf8(place), EISDIR)
-            : Failure { FromUtf8(place), 0, u"it is not a regular file" };
+        return S_ISDIR(status.st_mode) ? FileFailure(place, EISDIR)
+                                       : FileFailure(place, u"it is not a regular file");
     }
-    return std::nullopt;
+    return Done {};
+}
+
+Outcome<Done> PrepareStoreFile(fs::path const& file)
+{
+    // If this fails, so does making the file, with the reason.
+    static_cast<void>(MakeFolders(fs::absolute(file).parent_path()));
+    // Private from the first moment. A file that exists isn't opened: closing it would drop the
+    // locks of every other connection within this process.
+    Descriptor const fresh(::open(file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
+    return fresh || errno == EEXIST ? CheckKinds(file) : FileFailure(file);
 }
 
 bool HasJournal(fs::path const& file)
@@ -39,17 +48,14 @@ bool HasJournal(fs::path const& file)
 
 bool NamesSuperJournal(fs::path const& file)
 {
-    // The SQLite file format: the name of a super-journal stands at the journal's end, and these
-    // bytes behind it.
+    // The SQLite file format: a journal ends with the name of its super-journal and these bytes.
     static constexpr std::string_view mark = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
-    auto const journal = OpenRegularFile(JournalOf(file));
-    struct stat status { };
-    if (!journal || ::fstat(journal->Number(), &status) != 0
-        || status.st_size < static_cast<off_t>(mark.size()))
+    auto const journal = OpenRegularFile(JournalOf(file), {});
+    if (!journal || journal->size < mark.size())
         return false;
     char end[mark.size()];
-    auto const place = status.st_size - static_cast<off_t>(mark.size());
-    return ::pread(journal->Number(), end, mark.size(), place) == static_cast<ssize_t>(mark.size())
+    auto const place = static_cast<off_t>(journal->size - mark.size());
+    return ::pread(journal->descriptor.Number(), end, mark.size(), place) == std::ssize(mark)
         && std::string_view(end, mark.size()) == mark;
 }
 
@@ -60,43 +66,26 @@ FileIdentity IdentityOf(fs::path const& file)
                                               : FileIdentity();
 }
 
-/// Waits for the lock until the deadline; it is asked for once at least.
-static bool Lock(Descriptor const& file, std::chrono::steady_clock::time_point deadline)
-{
-    while (::flock(file.Number(), LOCK_EX | LOCK_NB) != 0) {
-        if ((errno != EWOULDBLOCK && errno != EINTR)
-            || std::chrono::steady_clock::now() >= deadline)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return true;
-}
-
 Outcome<std::optional<fs::path>> SetStoreAside(fs::path const& file, FileIdentity const& identity,
     std::chrono::steady_clock::time_point deadline)
 {
-    auto const path = FromUtf8(file.string());
-    auto const old = OpenRegularFile(file);
+    auto const old = OpenRegularFile(file, FromUtf8(file.string()));
     if (!old)
         return old.failure();
-    if (!Lock(*old, deadline))
-        return errno == EWOULDBLOCK ? Failure { path, 0, u"it is in use by another program" }
-                                    : SystemFailure(path);
+    if (!LockFile(old->descriptor, deadline))
+        return errno == EWOULDBLOCK ? FileFailure(file, u"it is in use by another program")
+                                    : FileFailure(file);
     if (IdentityOf(file) != identity)
         return std::optional<fs::path>();
+    fs::path const aside = FirstFreeName(file.string() + ".damaged-", {},
+        [](std::string const& name) { return IsFreeName(name) && IsFreeName(JournalOf(name)); });
     std::error_code error, ignored;
-    fs::path aside;
-    int number = 0;
-    do
-        aside = file.string() + ".damaged-" + std::to_string(++number);
-    while (fs::exists(fs::symlink_status(aside, ignored))
-        || fs::exists(fs::symlink_status(JournalOf(aside), ignored)));
     fs::rename(file, aside, error);
     if (error)
-        return Failure { path, 0,
-            u"it is damaged or no settings store, and can't be set aside: "
-                + FromUtf8(error.message()) };
-    // The journal belongs to the old file: on the new one it would be dropped.
+        return FileFailure(file,
+            u"it is damaged or not a settings file, and it couldn't be renamed: "
+                + FromUtf8(error.message()));
+    // The journal belongs to the old file. SQLite would drop it if it were beside the new one.
     fs::rename(JournalOf(file), JournalOf(aside), ignored);
     return std::optional(aside);
 }

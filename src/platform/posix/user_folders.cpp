@@ -20,7 +20,7 @@ static fs::path Home()
 static fs::path DataHome()
 {
     char const* const named = std::getenv("XDG_DATA_HOME");
-    if (named && *named == '/') // A relative path is invalid and counts for nothing.
+    if (named && *named == '/') // A relative path is invalid and is ignored.
         return named;
     return Home() / ".local" / "share";
 }
@@ -31,6 +31,16 @@ fs::path UserDataFolder()
     // Where this fails, so does what is to be stored there, with its reason.
     static_cast<void>(MakeFolders(folder));
     return folder;
+}
+
+fs::path SettingsFile(fs::path const& userFolder)
+{
+    return userFolder / "settings.db";
+}
+
+fs::path DriveFolder(fs::path const& userFolder)
+{
+    return userFolder / "drive_c";
 }
 
 fs::path ProgramFolder()

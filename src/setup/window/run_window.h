@@ -1,13 +1,11 @@
 #pragma once
 // Setup in a window.
 
-#include "setup/options.h"
-#include "setup/places.h"
+#include "setup/install.h"
 
 #include <functional>
 
-/// Shows the window until it is closed; true from `isEndRequested`, asked some times a second,
-/// closes it. `words` are the program's, of which only the first is looked at. Gives the exit
-/// status.
+/// Shows the window until it is closed, and returns the exit status. `isEndRequested` is called
+/// several times a second; true closes the window. Of the program's `words` only the first is used.
 int RunSetupWindow(Task task, SetupPlaces const& places,
     std::function<bool()> const& isEndRequested, char** words);

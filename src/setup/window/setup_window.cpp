@@ -69,8 +69,8 @@ void SetupWindow::Uninstall_Click()
 {
     QMessageBox question(QMessageBox::Question, windowTitle(),
         tr("Remove the installed copy from this computer?"), QMessageBox::NoButton, this);
-    question.setInformativeText(
-        tr("Your answers and notes stay, and so do files that you have put into it yourself."));
+    question.setInformativeText(tr(
+        "Your answers and notes are kept, and so are files that you have put into it yourself."));
     auto* const remove = question.addButton(tr("&Uninstall"), QMessageBox::AcceptRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
     question.exec();
@@ -98,8 +98,8 @@ void SetupWindow::Work(Task task)
     m_bar->setValue(0);
     // A removal has no measure.
     m_bar->setRange(0, task == Task::Install ? 1000 : 0);
-    m_worker.Start([places = m_places, plan = m_plan, task](Watcher const& goesOn) {
-        return task == Task::Install ? Install(places, *plan, goesOn) : Uninstall(places);
+    m_worker.Start([places = m_places, plan = m_plan, task](Watcher const& shouldContinue) {
+        return task == Task::Install ? Install(places, *plan, shouldContinue) : Uninstall(places);
     });
     ShowState();
 }
@@ -121,12 +121,12 @@ void SetupWindow::Work_End(Outcome<SetupReport> const& outcome)
         if (!outcome->menuFaults.empty())
             text = wasInstalling
                 ? tr("Sparrowfield is installed, but its menu entry isn't complete:")
-                : tr("The copy was removed, but something of its menu entry wasn't:");
+                : tr("The copy was removed, but part of its menu entry wasn't:");
         for (auto const& fault : outcome->menuFaults)
             text += u'\n' + Message(fault);
         if (!outcome->kept.empty())
             text += u'\n'
-                + tr("Files of your own that lay in it are kept in %1.")
+                + tr("Your own files in it were moved to %1.")
                       .arg(QString::fromStdU16String(FromUtf8(outcome->kept.string())));
         Say(text, !outcome->menuFaults.empty());
     }

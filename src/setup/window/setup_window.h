@@ -1,7 +1,6 @@
 #pragma once
 // The window of Setup: says what will be done where, does it, and says how it went.
 
-#include "setup/options.h"
 #include "setup/window/worker.h"
 
 #include <QDialog>
@@ -15,11 +14,11 @@ class SetupWindow final : public QDialog {
 public:
     explicit SetupWindow(SetupPlaces places);
 
-    /// Does at once what the command line asked for, if it did.
+    /// Does at once what the command line asked for, if anything.
     void Begin(Task task);
     /// Cancels what can be cancelled, and closes when that is over.
     void End();
-    /// True if nothing was begun that failed or was cancelled.
+    /// False if something failed or was cancelled.
     bool HasSucceeded() const { return m_hasSucceeded; }
 
     void reject() override { End(); }
@@ -46,7 +45,7 @@ private:
     void Say(QString const& text, bool isFault);
 
     SetupPlaces m_places;
-    bool const m_runsFromCopy; ///< even when it is removed by then
+    bool const m_runsFromCopy; ///< even if the copy has been removed since
     Outcome<CopyPlan> m_plan;
     Task m_task = Task::Ask; ///< the latest one begun
     bool m_isInstalledNow = false; ///< by this window, so that the program can be started

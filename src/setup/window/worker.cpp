@@ -23,7 +23,7 @@ Watcher Worker::WatcherOfWork()
     using Clock = std::chrono::steady_clock;
     return [this, next = Clock::time_point()](CopyProgress const& progress) mutable {
         if (auto const now = Clock::now(); now >= next) {
-            next = now + std::chrono::milliseconds(40); // More often nobody sees.
+            next = now + std::chrono::milliseconds(40); // faster than that nobody sees
             auto const permille
                 = progress.total ? static_cast<int>(progress.done * 1000 / progress.total) : 1000;
             auto const file = QFile::decodeName(progress.file.c_str());

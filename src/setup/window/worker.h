@@ -1,5 +1,5 @@
 #pragma once
-// Long work beside the screen's thread, so that the window stays alive.
+// Long work on a thread of its own, so that the window stays responsive.
 
 #include "setup/install.h"
 
@@ -13,7 +13,7 @@
 class Worker final : public QObject {
 public:
     using Work = std::function<Outcome<SetupReport>(Watcher const&)>;
-    /// Both are called in the screen's thread, `ended` once behind each Start.
+    /// Both are called in the screen's thread, `ended` once after each Start.
     struct Listener {
         std::function<void(int permille, QString const& file)> progressed;
         std::function<void(Outcome<SetupReport> const&)> ended;

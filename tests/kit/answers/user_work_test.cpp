@@ -150,10 +150,10 @@ TEST_F(UserWorkTest, RefusesWhatIsNoBackupOfOurs)
     };
     EXPECT_EQ(ReasonFor(ReadBackup(folder / "none")), "the file doesn't exist");
     Put(backup, "no backup at all");
-    EXPECT_EQ(ReasonFor(ReadBackup(backup)), "it is no backup, or damaged");
+    EXPECT_EQ(ReasonFor(ReadBackup(backup)), "it is not a backup, or it is damaged");
     EXPECT_EQ(Bytes(backup), "no backup at all");
     put({ { u"mount-1.dat:1", u"Page1", u"a store of answers" } });
-    EXPECT_EQ(ReasonFor(ReadBackup(backup)), "it is no backup");
+    EXPECT_EQ(ReasonFor(ReadBackup(backup)), "it is not a backup");
     put({ { u"backup", u"version", u"2" } });
     EXPECT_EQ(ReasonFor(ReadBackup(backup)), "it was made by a newer version of this program");
     put({ { u"backup", u"version", u"1" }, { u"backup", u"digest", u"0" },
@@ -165,7 +165,7 @@ TEST_F(UserWorkTest, RefusesWhatIsNoBackupOfOurs)
             std::string("a\nb"), std::string("a\0b", 3), std::string(256, 'a') }) {
         ASSERT_TRUE(WriteBackup({ {}, { { name, "x" } } }, backup));
         EXPECT_EQ(ReasonFor(ReadBackup(backup)),
-            "it has a note whose name could lead out of the folder of notes, or something unknown")
+            "it contains a note with a name that isn't allowed, or something unknown")
             << name;
     }
 }

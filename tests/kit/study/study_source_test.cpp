@@ -78,8 +78,7 @@ TEST(StudySource, MakesFilesThatTheCheckFindsWhole)
             + lesson + "introduction: !\n\n ^x\nsupplementary: 1 John 1:1\n";
         TestFolder disc;
         Faults faults;
-        ASSERT_TRUE(ReplaceFiles(disc.Path(), maker.Make(source, isPlain), faults))
-            << Dump(maker.faults);
+        ASSERT_TRUE(ReplaceFiles(disc.Path(), maker.Make(source, isPlain))) << Dump(maker.faults);
         int count = 0;
         for (auto const& entry : std::filesystem::directory_iterator(disc.Path())) {
             CheckFile(entry.path(), faults);

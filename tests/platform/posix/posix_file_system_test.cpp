@@ -137,11 +137,11 @@ TEST_F(PosixFiles, AWriteThatFailsLeavesEverythingAsItWas)
     struct {
         char16_t const *path, *told;
     } const rows[] = {
-        { u"notes\\folder", u"notes\\folder: a folder stands in its place." },
+        { u"notes\\folder", u"notes\\folder: it is a folder." },
         { u"absent\\John3.dat", u"absent\\John3.dat: its folder doesn't exist." },
         { u"notes\\file\\John3.dat", u"notes\\file\\John3.dat: its folder doesn't exist." },
-        { u"D:\\John3.dat", u"D:\\John3.dat: there is no such place." },
-        { u"C:\\", u"C:\\: a folder stands in its place." },
+        { u"D:\\John3.dat", u"D:\\John3.dat: it is not a valid path." },
+        { u"C:\\", u"C:\\: it is a folder." },
     };
     for (auto const& row : rows)
         EXPECT_EQ(Told(files.Write(row.path, "new")), ToUtf8(row.told));
@@ -151,7 +151,7 @@ TEST_F(PosixFiles, AWriteThatFailsLeavesEverythingAsItWas)
     fs::permissions("notes", fs::perms { 0555 });
     EXPECT_TRUE(AsPlainUser([&] {
         return Told(files.Write(u"notes\\John3.dat", "n"))
-            == "notes\\John3.dat: the permission for it is missing.";
+            == "notes\\John3.dat: permission denied.";
     }));
     EXPECT_EQ(Names("notes"), "John3.dat file folder ");
     EXPECT_EQ(Bytes("notes/John3.dat"), "old");
@@ -170,15 +170,14 @@ TEST_F(PosixFiles, WhatCannotBeReadSaysWhy)
         char16_t const* path;
         char const* told;
     } const rows[] = { { u"absent", "absent: the file doesn't exist." },
-        { u"folder", "folder: a folder stands in its place." }, { u"pipe", "pipe: it is no file." },
+        { u"folder", "folder: it is a folder." }, { u"pipe", "pipe: it is not a regular file." },
         { u"large", "large: it is too large." } };
     for (auto const& row : rows)
         EXPECT_EQ(Told(files.ReadAll(row.path)), row.told);
-    EXPECT_EQ(Told(files.Open(u"folder")), "folder: a folder stands in its place.");
+    EXPECT_EQ(Told(files.Open(u"folder")), "folder: it is a folder.");
     EXPECT_FALSE(files.FileSize(u"folder"));
-    EXPECT_TRUE(AsPlainUser([&] {
-        return Told(files.Open(u"secret")) == "secret: the permission for it is missing.";
-    }));
+    EXPECT_TRUE(
+        AsPlainUser([&] { return Told(files.Open(u"secret")) == "secret: permission denied."; }));
     auto const open
         = files.Open(u"/proc/self/mem"); // opens, and can't be read where nothing is mapped
     ASSERT_TRUE(open);
@@ -223,14 +222,14 @@ TEST_F(PosixFiles, FoldersAndTemporaryNames)
     EXPECT_EQ(Mode(drive / "Program Files" / "House"), 0700U);
     EXPECT_FALSE(files.CreateFolder(u"C:\\absent\\House")) << "one level only";
     Put(drive / "file", "");
-    EXPECT_EQ(Told(files.CreateFolder(u"C:\\file")), "C:\\file: something stands in its place.");
+    EXPECT_EQ(Told(files.CreateFolder(u"C:\\file")), "C:\\file: it is not a folder.");
 
     Text const name = files.TemporaryName();
     EXPECT_NE(name, files.TemporaryName());
     Text const page = files.TemporaryFolder() + u"\\" + name + u".htm";
     EXPECT_EQ(Told(files.Write(page, "page")), "done");
     EXPECT_EQ(Told(files.Delete(page)), "done");
-    EXPECT_EQ(Told(files.Delete(u"C:\\Temp")), "C:\\Temp: a folder stands in its place.");
+    EXPECT_EQ(Told(files.Delete(u"C:\\Temp")), "C:\\Temp: it is a folder.");
     EXPECT_FALSE(files.Delete(page));
 }
 

@@ -447,8 +447,8 @@ TEST_F(SettingsFile, WhatCannotBeOpenedIsTriedAgain)
     fs::rename("settings.db", "good.db");
     fs::create_directory("settings.db");
     auto store = Store();
-    EXPECT_THAT(Answer(store), HasSubstr("settings.db: a folder stands in its place"));
-    EXPECT_THAT(Told(store.Write(u"s", u"k", u"v")), HasSubstr("a folder stands in its place"));
+    EXPECT_THAT(Answer(store), HasSubstr("settings.db: it is a folder"));
+    EXPECT_THAT(Told(store.Write(u"s", u"k", u"v")), HasSubstr("it is a folder"));
     EXPECT_FALSE(store.OpeningReport());
     EXPECT_FALSE(store.All());
     EXPECT_FALSE(store.DeleteSection(u"s", SettingsStore::NoBackup));
@@ -473,11 +473,9 @@ TEST_F(SettingsFile, AStoreThatCannotBeWrittenCanBeRead)
             && Answer(store) == "before";
     }));
     fs::permissions("settings.db", fs::perms::none);
-    EXPECT_TRUE(
-        AsPlainUser([] { return Answer() == "settings.db: the permission for it is missing."; }));
+    EXPECT_TRUE(AsPlainUser([] { return Answer() == "settings.db: permission denied."; }));
     fs::remove("settings.db");
-    EXPECT_TRUE(
-        AsPlainUser([] { return Answer() == "settings.db: the permission for it is missing."; }));
+    EXPECT_TRUE(AsPlainUser([] { return Answer() == "settings.db: permission denied."; }));
     EXPECT_EQ(Names("."), "");
 }
 
