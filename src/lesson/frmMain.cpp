@@ -257,8 +257,8 @@ void frmMain::mnuFileSave_Click()
     if (m_answerPage == 0)
         return;
     StopStoring();
-    if (auto const failure = m_store.Save(Text3.Text)) {
-        GetScreen().Message(failure->Message());
+    if (auto const saved = m_store.Save(Text3.Text); !saved) {
+        GetScreen().Message(saved.failure().Message());
         return;
     }
     // An answer that couldn't be read before stands in front of what was typed now.
@@ -305,9 +305,9 @@ void frmMain::mnuEditPaste_Click()
 void frmMain::mnuEditDeleteLesson_Click()
 {
     StopStoring();
-    if (auto const failure = m_store.DeleteLesson(m_section, Text3.Text)) {
-        GetScreen().Message(
-            u"The answers of this lesson have not been deleted.\r\n\r\n" + failure->Message());
+    if (auto const deleted = m_store.DeleteLesson(m_section, Text3.Text); !deleted) {
+        GetScreen().Message(u"The answers of this lesson have not been deleted.\r\n\r\n"
+            + deleted.failure().Message());
         return;
     }
     Text3.Text = u"";

@@ -21,7 +21,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 /// The background of the panels of the screen.
@@ -52,13 +51,13 @@ private:
     void NameAndOrder();
     void Listen();
     void Form_Load() override;
-    std::optional<Failure> TryToLoad();
-    std::optional<Failure> LoadLesson();
-    std::optional<Failure> LoadIntroduction(LessonReader& reader);
-    std::optional<Failure> LoadPages(LessonReader& reader);
-    std::optional<Failure> FillMainScriptures(TextView name);
-    std::optional<Failure> FillSupplementalScriptures(TextView name);
-    std::optional<Failure> FillScriptures(TreeView& tree, TextView name);
+    Outcome<Done> TryToLoad();
+    Outcome<Done> LoadLesson();
+    Outcome<Done> LoadIntroduction(LessonReader& reader);
+    Outcome<Done> LoadPages(LessonReader& reader);
+    Outcome<Done> FillMainScriptures(TextView name);
+    Outcome<Done> FillSupplementalScriptures(TextView name);
+    Outcome<Done> FillScriptures(TreeView& tree, TextView name);
     void AddHeading(TreeView& tree, int number, TextView heading);
     void AppendVerse(VerseFileItem const& item);
     void AppendIntroduction();
