@@ -11,14 +11,14 @@
 
 /// Below this many characters a lesson's own introduction is followed by the general one.
 static constexpr int shortIntroduction = 120;
-/// Line ends behind the passages, so that the last headings too have room to come to the top.
-static constexpr int linesBehindPassages = 40;
+/// Line ends after the passages, so that the last headings too can be scrolled to the top.
+static constexpr int linesAfterPassages = 40;
 /// The margin of the texts, in twips.
 static constexpr float textIndent = 150;
-/// How much further in the lines of a verse stand than its number, in twips.
+/// How much further the lines of a verse are indented than its number, in twips.
 static constexpr float verseIndent = 210;
 
-/// Writes behind everything else, in the format that the box is set to by `format`.
+/// Writes after everything else, in the format that the box is set to by `format`.
 template <class Format> static void Append(RichTextBox& box, Format format, TextView text)
 {
     box.SelStart = box.Length();
@@ -110,7 +110,7 @@ Outcome<Done> frmMain::LoadLesson()
         if (auto const filled = (this->*fill)(*name); !filled)
             return filled;
     }
-    for (int i = 0; i < linesBehindPassages; ++i)
+    for (int i = 0; i < linesAfterPassages; ++i)
         Append(
             Text1, [] {}, u"\r\n");
     IndentAll(Text1);

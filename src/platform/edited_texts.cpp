@@ -1,6 +1,6 @@
 #include "platform/edited_texts.h"
 
-Text PendingText::Whole(TextView unread) const
+Text PendingText::FullText(TextView unread) const
 {
     TextView const first = before ? TextView(*before) : unread;
     TextView const between = first.empty() || text.empty() ? u"" : u"\r\n";
@@ -20,7 +20,7 @@ Text EditedTexts::Shown(Key const& key)
         auto pending = PendingOf(key, found->second);
         Rescue(pending);
         if (pending.before) {
-            found->second = pending.Whole({});
+            found->second = pending.FullText({});
             m_unread.erase(key);
         }
         return found->second;
@@ -42,7 +42,7 @@ std::optional<Failure> EditedTexts::Leave(TextView text, bool tell)
         return std::nullopt;
     if (text != m_box->base || m_pending.contains(m_box->key)) {
         m_pending[m_box->key] = text;
-        return ToTell(RetryPending(), tell);
+        return ToReport(RetryPending(), tell);
     }
     if (PendingOf(m_box->key, text).before)
         m_storage.Restore(m_box->key, text);
@@ -57,14 +57,14 @@ Outcome<Done> EditedTexts::Save(TextView text)
         return Done();
     m_pending[m_box->key] = text;
     auto outcome = RetryPending();
-    static_cast<void>(ToTell(outcome, true)); // The caller does.
+    static_cast<void>(ToReport(outcome, true)); // The caller does.
     return outcome;
 }
 
 /// The failure, if the user is to be told of it.
-std::optional<Failure> EditedTexts::ToTell(Outcome<Done> const& outcome, bool tell)
+std::optional<Failure> EditedTexts::ToReport(Outcome<Done> const& outcome, bool tell)
 {
-    if (outcome || !tell || std::exchange(m_told, true))
+    if (outcome || !tell || std::exchange(m_isReported, true))
         return std::nullopt;
     return outcome.failure();
 }
@@ -82,7 +82,7 @@ TypedOutcome EditedTexts::QueueTyped(TextView text)
         if (m_writer.IsIdle())
             outcome = FinishTyped();
     }
-    return { !m_typed, m_typed ? std::nullopt : ToTell(outcome, true) };
+    return { !m_typed, m_typed ? std::nullopt : ToReport(outcome, true) };
 }
 
 Outcome<Done> EditedTexts::FinishTyped()
@@ -120,7 +120,7 @@ void EditedTexts::Store(PendingText& pending)
 {
     Rescue(pending);
     if (pending.before)
-        pending.outcome = m_storage.Write(pending.key, pending.Whole({}));
+        pending.outcome = m_storage.Write(pending.key, pending.FullText({}));
 }
 
 /// Once a text is stored, it is the base of its box and no longer pending.
@@ -131,11 +131,11 @@ void EditedTexts::Finish(PendingText const& pending)
     if (!pending.outcome)
         return;
     if (pending.before)
-        m_storage.Stored(pending.key, pending.Whole({}));
+        m_storage.Stored(pending.key, pending.FullText({}));
     if (m_box && m_box->key == pending.key)
         m_box->base = pending.text;
     m_pending.erase(pending.key);
-    m_told = m_told && !m_pending.empty();
+    m_isReported = m_isReported && !m_pending.empty();
 }
 
 Outcome<Done> EditedTexts::RetryPending()

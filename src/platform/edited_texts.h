@@ -57,7 +57,7 @@ struct PendingText {
     Outcome<Done> outcome;
 
     /// All that is to be written, if `unread` is the stored text that waits to be rescued.
-    Text Whole(TextView unread) const;
+    Text FullText(TextView unread) const;
 };
 
 class EditedTexts {
@@ -74,7 +74,7 @@ public:
     /// The text for the box, with CR LF line ends, which becomes its base: the pending one, else
     /// the stored one; empty if there is neither or it can't be read.
     Text Fill(Key const& key);
-    /// From now on there is no box: what is left, saved or typed is ignored.
+    /// From now on there is no box: Leave, Save and QueueTyped do nothing.
     void ForgetBox() { m_box.reset(); }
 
     /// The user leaves the box with this text. Everything pending is tried again. Gives the failure
@@ -108,7 +108,7 @@ private:
     void Rescue(PendingText& pending);
     void Store(PendingText& pending);
     void Finish(PendingText const& pending);
-    std::optional<Failure> ToTell(Outcome<Done> const& outcome, bool tell);
+    std::optional<Failure> ToReport(Outcome<Done> const& outcome, bool tell);
 
     TextStorage& m_storage;
     Writer& m_writer;
@@ -118,5 +118,5 @@ private:
     // before a new text
     std::map<Key, std::optional<Text>> m_unread;
     std::optional<PendingText> m_typed; // handed to the writer
-    bool m_told = false; // the user knows that something is pending
+    bool m_isReported = false; // the user knows that something is pending
 };

@@ -55,7 +55,7 @@ void AnswerStore::Restore(Key const& key, TextView text)
             m_settings.WriteAll({ { key.first, key.second, {} } }, SettingsStore::Existing::Stays));
 }
 
-void AnswerStore::FillAnew()
+void AnswerStore::RestoreInNewStore()
 {
     static_cast<void>(m_texts.FinishTyped());
     std::vector<SettingsStore::Entry> entries;
@@ -86,7 +86,7 @@ static void Enter(std::vector<SettingsStore::Entry>& stored, PendingText const& 
     if (found == stored.end())
         stored.push_back({ section, key, pending.text });
     else
-        found->value = pending.Whole(found->value);
+        found->value = pending.FullText(found->value);
 }
 
 /// True if any of the entries is an answer with more than white space in it.

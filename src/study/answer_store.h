@@ -42,7 +42,7 @@ public:
 
     /// The store was begun anew: all answers that were shown or stored in this run are filled in
     /// where it has none. Fails silently.
-    void FillAnew();
+    void RestoreInNewStore();
 
     /// The page to resume at, as it was stored; "1" if there is none or it can't be read.
     Text CurrentPage(TextView section) const;
