@@ -78,7 +78,7 @@ void RepaintFloor(benchmark::State& state)
 void ResizeStep(benchmark::State& state)
 {
     Bench bench({ 1920, 1080 });
-    bench.input.ChangeState(bench.Lesson(), WindowState::Normal);
+    bench.input.ChangeState(bench.Lesson(), FormState::Normal);
     float step = 0;
     for (auto _ : state) {
         step = step > 1500 ? 0 : step + 15;
@@ -93,11 +93,11 @@ void ArrangeMapView(benchmark::State& state)
     Bench bench({ 1920, 1080 });
     bench.input.Click(*bench.Lesson().FindControl("mnuOptionsMapOne"));
     Form& viewer = *bench.screen.Find("frmMap");
-    bench.input.ChangeState(viewer, WindowState::Normal);
+    bench.input.ChangeState(viewer, FormState::Normal);
     float step = 0;
     for (auto _ : state) {
         step = step > 1500 ? 0 : step + 15;
-        viewer.Resized(1900 * 15 - step, 1000 * 15 + step, WindowState::Normal);
+        viewer.Resized(1900 * 15 - step, 1000 * 15 + step, FormState::Normal);
     }
     auto const& across = dynamic_cast<HScrollBar&>(*viewer.FindControl("HScroll1"));
     if (!across.Visible || across.Max < 400)

@@ -104,13 +104,13 @@ void MeasureReader(Bench& bench)
     auto const& page = bench.Get<TextBox>("frmBible", "txtVerse");
     auto const leave = [&] { LookUp(bench, u"Jude 1"); };
     leave();
-    Expect(page.CurrentText() == u"Jude 1");
+    Expect(page.Text() == u"Jude 1");
     Print("John 3, from Enter to its painted page",
         Measure(leave, [&] { LookUp(bench, u"John 3"); }), "ms", 10);
     Print("Psalm 119, the longest chapter", Measure(leave, [&] { LookUp(bench, u"Psalms 119"); }),
         "ms", 30);
     Print("the whole of Psalms", Measure(leave, [&] { LookUp(bench, u"Psalms"); }), "ms", 150);
-    Expect(page.CurrentText() == u"Psalms");
+    Expect(page.Text() == u"Psalms");
     MeasurePage(bench);
     Print("resident memory with Psalms on show", ResidentMegabytes(), "MB", 110);
     close();
@@ -133,9 +133,9 @@ void MeasureMaps(Bench& bench)
     close();
     open(widest);
     ServeAll();
-    viewer.ChangeState(WindowState::Normal);
+    viewer.ChangeState(FormState::Normal);
     ServeAll();
-    viewer.Resized(1920 * 15, 1080 * 15, WindowState::Normal);
+    viewer.Resized(1920 * 15, 1080 * 15, FormState::Normal);
     QWidget* const window = QApplication::activeWindow();
     Expect(window);
     window->resize(1920, 1080);

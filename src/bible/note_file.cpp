@@ -62,23 +62,18 @@ Outcome<Text> ReadNote(FileSystem const& files, Text const& path)
     return FromCodePage(*bytes);
 }
 
-static std::optional<Failure> FailureOf(Outcome<Done> const& outcome)
-{
-    return outcome ? std::nullopt : std::optional(outcome.failure());
-}
-
 /// Deletes a file if there is one.
-static std::optional<Failure> Drop(FileSystem& files, Text const& path)
+static Outcome<Done> DeleteIfPresent(FileSystem& files, Text const& path)
 {
-    return files.LookFor(path) == Presence::Absent ? std::nullopt : FailureOf(files.Delete(path));
+    return files.LookFor(path) == Presence::Absent ? Done() : files.Delete(path);
 }
 
 /// Where a power cut left the exact form of the present note in the second file alone, it moves to
 /// the first before the second is used again.
-static std::optional<Failure> Promote(FileSystem& files, Text const& path)
+static Outcome<Done> Promote(FileSystem& files, Text const& path)
 {
     if (!files.FileExists(Next(path)) || !files.FileExists(path))
-        return std::nullopt;
+        return Done();
     auto const next = files.ReadAll(Next(path));
     if (!next)
         return next.failure();
@@ -86,7 +81,7 @@ static std::optional<Failure> Promote(FileSystem& files, Text const& path)
     if (!bytes)
         return bytes.failure();
     bool const isPresent = ToNearestCodePage(FromUtf8(*next)).bytes == *bytes;
-    return isPresent ? FailureOf(files.Write(Exact(path), *next)) : std::nullopt;
+    return isPresent ? files.Write(Exact(path), *next) : Done();
 }
 
 /// Makes the folders on the way to a file, from the top, if its own is missing. Where that fails,
@@ -100,33 +95,33 @@ static void MakeFolders(FileSystem& files, TextView path)
         static_cast<void>(files.CreateFolder(path.substr(0, at)));
 }
 
-std::optional<Failure> WriteNote(FileSystem& files, Text const& path, TextView text)
+Outcome<Done> WriteNote(FileSystem& files, Text const& path, TextView text)
 {
     MakeFolders(files, path);
     if (auto const bytes = ToCodePage(text)) {
-        if (auto failure = FailureOf(files.Write(path, *bytes)))
-            return failure;
-        auto failure = Drop(files, Exact(path));
-        return failure ? failure : Drop(files, Next(path));
+        auto done = files.Write(path, *bytes);
+        if (done)
+            done = DeleteIfPresent(files, Exact(path));
+        return done ? DeleteIfPresent(files, Next(path)) : done;
     }
     auto const exact = ToUtf8(text);
-    auto failure = Promote(files, path);
-    if (!failure)
-        failure = FailureOf(files.Write(Next(path), exact));
-    if (!failure)
-        failure = FailureOf(files.Write(path, ToNearestCodePage(text).bytes));
-    if (!failure)
-        failure = FailureOf(files.Write(Exact(path), exact));
-    return failure ? failure : Drop(files, Next(path));
+    auto done = Promote(files, path);
+    if (done)
+        done = files.Write(Next(path), exact);
+    if (done)
+        done = files.Write(path, ToNearestCodePage(text).bytes);
+    if (done)
+        done = files.Write(Exact(path), exact);
+    return done ? DeleteIfPresent(files, Next(path)) : done;
 }
 
-std::optional<Failure> SetNoteAside(FileSystem& files, Text const& path)
+Outcome<Done> SetNoteAside(FileSystem& files, Text const& path)
 {
+    Outcome<Done> done = Done();
     for (Text const& file : { path, Exact(path), Next(path) })
-        if (files.LookFor(file) != Presence::Absent)
-            if (auto failure = FailureOf(files.SetAside(file)))
-                return failure;
-    return std::nullopt;
+        if (done && files.LookFor(file) != Presence::Absent)
+            done = files.SetAside(file);
+    return done;
 }
 
 void RestoreNote(FileSystem& files, Text const& path, TextView text)

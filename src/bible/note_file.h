@@ -1,6 +1,6 @@
 #pragma once
-// The files of one note. A note that the code page can't hold stands in UTF-8 in a file of its own,
-// and its nearest form in the usual one (docs/formats/notes.md). Whatever fails on the way, the old
+// The files of one note. A note that the code page can't hold is stored in UTF-8 in a file of its
+// own, and its nearest form in the usual one (docs/formats/notes.md). Whichever step fails, the old
 // note or the new one can be read whole.
 
 #include "base/failure.h"
@@ -18,12 +18,12 @@ std::optional<Text> NoteFile(TextView folder, TextView bookName, TextView chapte
 Outcome<Text> ReadNote(FileSystem const& files, Text const& path);
 
 /// Writes a note; its folders are made if they are missing.
-std::optional<Failure> WriteNote(FileSystem& files, Text const& path, TextView text);
+Outcome<Done> WriteNote(FileSystem& files, Text const& path, TextView text);
 
-/// Gives whatever stands in the places of the note's files other names.
-std::optional<Failure> SetNoteAside(FileSystem& files, Text const& path);
+/// Gives the note's files, or whatever has their names, other names.
+Outcome<Done> SetNoteAside(FileSystem& files, Text const& path);
 
-/// Writes what is missing of a note that is on show and hasn't been changed: all of it if its file
-/// has gone, the exact form if only that has. A note that somebody else has put there stays. Fails
+/// Writes what is missing of a note that is shown and hasn't been changed: all of it if its file is
+/// missing, the exact form if only that is. A note that another program has put there stays. Fails
 /// silently.
 void RestoreNote(FileSystem& files, Text const& path, TextView text);

@@ -18,8 +18,7 @@ static Text PartTwoName(TextView partOne)
     return name;
 }
 
-// No disc comes near them; a list of lessons without an end would take the memory of the whole
-// machine.
+// Far above any disc; a list of lessons without an end would use up the memory of the machine.
 static constexpr std::int64_t mostLessonsOfAStudy = 1'000;
 static constexpr std::int64_t mostLessons = 50'000;
 

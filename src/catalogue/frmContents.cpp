@@ -10,18 +10,15 @@ static constexpr Colour titleBlue = Rgb(0, 0, 192);
 
 frmContents::frmContents(Screen& screen, FileSystem& files, SettingsStore& settings,
     frmMain& lesson, ReferenceForms const& reference)
-    : Form(screen, "frmContents", u"Sparrowfield Interactive Bible Studies", 11085, 8190)
+    : MainScreen(screen, "frmContents", u"Sparrowfield Interactive Bible Studies", { 11085, 8190 },
+        Role::Catalogue, reference)
     , m_files(files)
     , m_settings(settings)
     , m_lesson(lesson)
     , m_welcome(reference.welcome)
-    , m_referenceMenus(*this, ReferenceScreen::Catalogue, reference)
     , File1(*this, "File1", u"*-1.dat", [this](TextView pattern) { return m_files.List(pattern); })
 {
-    opensAs = WindowState::Maximised;
-    centred = true;
     smallest = { 8000, 6700 };
-    BackColor = Rgb(0, 0, 0);
     Picture = u":catalogue";
     Image2.Picture = u":logo";
     for (MenuEntry* entry : { &mnuFileSave, &mnuFileClose, &mnuEditCut, &mnuEditCopy, &mnuEditPaste,
@@ -62,8 +59,7 @@ frmContents::frmContents(Screen& screen, FileSystem& files, SettingsStore& setti
 void frmContents::Form_Load()
 {
     txtDesc.Tag = u"False";
-    FindControl("mnuHelpVideo")->Enabled
-        = m_files.FileExists(m_files.ApplicationFolder() + u"\\sparrowfield.wmv");
+    mnuHelpVideo->Enabled = m_files.FileExists(m_files.ApplicationFolder() + u"\\sparrowfield.wmv");
     TreeView1.Clear();
     TreeView1.SetBackgroundColour(catalogueBackColor);
     Node* last[catalogueLevels] {};
@@ -76,9 +72,12 @@ void frmContents::Form_Load()
 /// Lengths are twips; a value used on the right is the one just set.
 void frmContents::Form_Resize()
 {
-    if (WindowState == WindowState::Minimised)
+    if (WindowState == FormState::Minimised)
         return;
-    ClampSize();
+    if (WindowState != FormState::Maximised) {
+        ShrinkToScreen();
+        GrowToSmallest();
+    }
     Image2.Left = ScaleWidth - Image2.Width - 15 - 600;
     XPContainer1.Width = Width - 2 * XPContainer1.Left;
     XPContainer1.Height = Height - StatusBar1.Height - XPContainer1.Top - 1100;
@@ -99,20 +98,6 @@ void frmContents::Form_Resize()
     txtDesc.Top = txtDesc.Tag() == u"True" ? lblStudy.Top + 450 + 290 : 370;
     txtDesc.Width = XPContainer1.Width - TreeView1.Width - 230;
     txtDesc.Height = XPContainer1.Height - txtDesc.Top - 50;
-}
-
-/// The height of the screen comes first, so the smallest size has the last word.
-void frmContents::ClampSize()
-{
-    if (WindowState == WindowState::Maximised)
-        return;
-    float const screenHeight = GetScreen().GetHost().ScreenSize().height;
-    if (Height > screenHeight)
-        Height = screenHeight;
-    if (Height < smallest.height)
-        Height = smallest.height;
-    if (Width < smallest.width)
-        Width = smallest.width;
 }
 
 void frmContents::TreeView1_NodeClick(Node& node)
@@ -141,7 +126,7 @@ void frmContents::ShowDescription(Node const& study)
 
 void frmContents::OpenLesson(TextView studyKey)
 {
-    Text const key(studyKey); // The node goes with this form, which the lesson unloads.
+    Text const key(studyKey); // The lesson unloads this form, and the node with it.
     if (ReadSetting(m_settings, u"Parameters", u"showhelp", u"true") == u"true" && !welcomeShown) {
         Unload(m_welcome); // A window that is open already can't be shown modally.
         m_welcome.ShowModal();

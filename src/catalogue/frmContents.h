@@ -5,18 +5,17 @@
 #include "catalogue/catalogue_nodes.h"
 #include "controls/label.h"
 #include "controls/list.h"
-#include "controls/menu.h"
 #include "controls/picture.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
 #include "controls/tree_view.h"
 #include "controls/xp_container.h"
-#include "dialogs/reference_menus.h"
+#include "dialogs/main_screen.h"
 #include "lesson/frmMain.h"
 #include "platform/file_system.h"
 #include "platform/settings_store.h"
 
-class frmContents final : public Form {
+class frmContents final : public MainScreen {
 public:
     /// All outlive the form.
     frmContents(Screen& screen, FileSystem& files, SettingsStore& settings, frmMain& lesson,
@@ -25,7 +24,6 @@ public:
 private:
     void Form_Load() override;
     void Form_Resize() override;
-    void ClampSize();
     void TreeView1_NodeClick(Node& node);
     void mnuFileExit_Click();
     void ShowDescription(Node const& study);
@@ -37,25 +35,11 @@ private:
     Form& m_welcome;
     bool welcomeShown = false; // on the way into a lesson, in this run of the program
 
-    Menu mnuFile { *this, "mnuFile", u"&File" };
-    MenuEntry mnuFileSave { *this, mnuFile, "mnuFileSave", u"&Save My Answers" };
-    MenuEntry mnuFileClose { *this, mnuFile, "mnuFileClose", u"&Choose Another Study" };
-    MenuEntry mnuFileSeparator { *this, mnuFile, "mnuFileSeparator", u"-" };
-    MenuEntry mnuFileExit { *this, mnuFile, "mnuFileExit", u"E&xit" };
-    Menu mnuEdit { *this, "mnuEdit", u"&Edit" };
-    MenuEntry mnuEditCut { *this, mnuEdit, "mnuEditCut", u"Cut", u"Ctrl+X" };
-    MenuEntry mnuEditCopy { *this, mnuEdit, "mnuEditCopy", u"Copy", u"Ctrl+C" };
-    MenuEntry mnuEditPaste { *this, mnuEdit, "mnuEditPaste", u"Paste", u"Ctrl+V" };
-    MenuEntry mnuEditSeparator { *this, mnuEdit, "mnuEditSeparator", u"-" };
-    MenuEntry mnuEditDeleteLesson { *this, mnuEdit, "mnuEditDeleteLesson",
-        u"Delete Answers For This Lesson" };
-    ReferenceMenus m_referenceMenus;
-
     Image Image2 { *this, *this, "Image2", { 6000, 240, 4710, 1455 } }; // the logo
     XPContainer XPContainer1 { *this, *this, "XPContainer1", { 840, 1980, 6975, 5325 },
         u"Choose a Study" };
     TreeView TreeView1 { *this, XPContainer1, "TreeView1", { 60, 375, 2520, 4650 } };
-    // white ground behind the description
+    // white background of the description
     Label lblBack { *this, XPContainer1, "lblBack", { 2775, 405, 1185, 1440 } };
     Image Picture1 { *this, XPContainer1, "Picture1", { 2775, 555, 525, 315 }, u":lamp" };
     // the chosen study's title

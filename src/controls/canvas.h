@@ -18,7 +18,7 @@ public:
     /// The pixels row by row from the top, each a colour value with red in the low byte.
     std::vector<Colour> const& Pixels() const { return m_pixels; }
 
-    /// A row of pixels from `left` up to, and without, `right`; what lies outside the surface is
+    /// A row of pixels from `left` up to, and without, `right`; what is outside the surface is
     /// left out.
     void HorizontalLine(int left, int right, int y, Colour colour);
     /// A column of pixels from `top` up to, and without, `bottom`.

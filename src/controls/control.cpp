@@ -10,7 +10,7 @@ PropertyBase::PropertyBase(Control& owner, char const* name)
     owner.m_properties.push_back(this);
 }
 
-void PropertyBase::Tell(bool changed)
+void PropertyBase::NotifyAssigned(bool changed)
 {
     Form& form = m_owner.ParentForm();
     if (form.IsLoaded())

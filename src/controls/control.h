@@ -1,8 +1,8 @@
 #pragma once
 // A control of a form: its place, its state and its events, without anything of how it looks on a
 // monitor. Lengths are twips (1440 to the inch), relative to the container, but for forms and
-// picture boxes with a pixel scale, whose children stand in pixels. Colours are 32-bit values with
-// red in the low byte.
+// picture boxes with a pixel scale, whose children are placed in pixels. Colours are 32-bit values
+// with red in the low byte.
 
 #include "base/text.h"
 #include "controls/property.h"
@@ -30,8 +30,8 @@ constexpr Colour Rgb(unsigned red, unsigned green, unsigned blue)
     return red | (green << 8) | (blue << 16);
 }
 
-/// The state of the keyboard's modifiers, added up.
-enum Shift : int { shiftKey = 1, controlKey = 2, altKey = 4 };
+/// The modifier keys that are held down, added up.
+enum Shift : int { shiftHeld = 1, controlHeld = 2, altHeld = 4 };
 
 using Event = std::function<void()>;
 using KeyEvent = std::function<void(int keyCode, int shift)>;
@@ -51,7 +51,7 @@ class Control {
 
 public:
     /// `container` holds the control: a form, a panel or a picture box. `name` is a literal. Within
-    /// a container a control lies above those made before it. Forms, panels and names outlive the
+    /// a container a control is above those made before it. Forms, panels and names outlive the
     /// control's use.
     Control(Form& form, Control& container, char const* name, Bounds bounds);
     virtual ~Control() = default;
@@ -69,7 +69,7 @@ public:
     /// Nothing if there is no such property. Names match exactly.
     PropertyBase* FindProperty(std::string_view name) const;
 
-    /// True if the control is of a kind that can hold the focus and stands in the tab order.
+    /// True if the control is of a kind that can hold the focus and is in the tab order.
     virtual bool CanFocus() const { return false; }
     /// False for a control that is reached by Tab alone: a click leaves the focus where it is.
     virtual bool TakesFocusByClick() const { return CanFocus(); }
@@ -87,8 +87,8 @@ public:
     /// The client area of the form has this size now, in the form's scale: for controls that are
     /// docked.
     virtual void FormResized(Size) { }
-    /// How many twips a unit of the control's own scale has, in which its children and its mouse
-    /// positions stand.
+    /// The twips of one unit of the control's own scale, which its children and its mouse positions
+    /// use.
     virtual float TwipsPerUnit() const;
 
     Property<float> Left, Top, Width, Height;
@@ -98,9 +98,8 @@ public:
     /// their making.
     Property<int> TabIndex;
 
-    /// Of the design: what the control is to people who can't see where it stands, such as "Your
-    /// answer". Where it is empty, the control's own caption, its tip or the caption of its panel
-    /// tells.
+    /// Of the design: what assistive tools call the control, such as "Your answer". If it is empty,
+    /// they use the control's caption, its tool tip or the caption of its panel.
     ::Text accessibleName;
 
     Event Click, GotFocus, LostFocus;
@@ -110,12 +109,12 @@ public:
     MouseEvent MouseDown, MouseMove, MouseUp;
 
 protected:
-    /// For a form, which is its own form and stands in no container.
+    /// For a form, which is its own form and has no container.
     Control(char const* name, Bounds bounds);
 
-    /// Called behind each assignment of a property, after the host has been told.
+    /// Called after each assignment of a property, after the host has been told.
     virtual void Assigned(PropertyBase const& property, bool changed);
-    /// Tells the host that something changed that is no property: text, nodes, entries.
+    /// Tells the host that something other than a property changed: text, nodes, entries.
     void ContentChanged();
     /// Runs a handler, if there is one, as an event of the control's form.
     template <class Handler, class... Arguments>
@@ -136,7 +135,7 @@ void Control::Raise(Handler const& handler, Arguments... arguments)
         RunHandler([&] { handler(arguments...); });
 }
 
-/// A control that bears a text in a font of its own.
+/// A control with a text in a font of its own.
 class TextControl : public Control {
 public:
     TextControl(Form& form, Control& container, char const* name, Bounds bounds);

@@ -1,3 +1,16 @@
+// How a form works. It is an ordinary object that lives as long as the program; its controls are
+// members, made once by its constructor, and its handlers are functions:
+//
+//     Command1.Click = [this] { Unload(*this); };
+//
+// What the constructor sets is the design. Load sets every property back to its design, places the
+// form and runs Form_Load; the first showing runs Form_Resize; Unload runs Form_Unload and takes
+// the form off the screen, but deletes nothing, so a handler may unload its own form. A property
+// tells the host and its control of each assignment, even of the same value. For the form that
+// means: a new Width, Height or WindowState runs Form_Resize, but not from within Form_Resize. Only
+// a loaded form runs handlers, and a form that is running one is busy. User actions that come then,
+// in a turn of the event loop, are dropped or, with queuesActions, run when it is free.
+
 #include "controls/form.h"
 
 #include "controls/screen.h"
@@ -12,7 +25,7 @@ Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth
     , Caption(*this, "Caption", ::Text(caption))
     , BackColor(*this, "BackColor", Rgb(240, 240, 240))
     , Picture(*this, "Picture")
-    , WindowState(*this, "WindowState", WindowState::Normal)
+    , WindowState(*this, "WindowState", FormState::Normal)
     , MousePointer(*this, "MousePointer", pointerDefault)
     , MouseIcon(*this, "MouseIcon")
     , ScaleWidth(*this, "ScaleWidth",
@@ -33,7 +46,7 @@ Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth
 {
     m_form = this;
     Visible.AssignSilently(false);
-    screen.Made(*this);
+    screen.Register(*this);
 }
 
 void Form::Show()
@@ -87,12 +100,12 @@ void Form::PlaceAtLoad()
     auto const frame = m_screen.GetHost().FrameSize(*this);
     auto const whole = m_screen.GetHost().ScreenSize();
     m_normal = { m_designClient.width + frame.width, m_designClient.height + frame.height };
-    auto const size = opensAs == WindowState::Maximised ? whole : m_normal;
+    auto const size = opensAs == FormState::Maximised ? whole : m_normal;
     WindowState.AssignSilently(opensAs);
     m_openState = opensAs;
     Width.AssignSilently(size.width);
     Height.AssignSilently(size.height);
-    if (centred && opensAs == WindowState::Normal)
+    if (centred && opensAs == FormState::Normal)
         Centre();
     DockControls();
 }
@@ -118,14 +131,14 @@ void Form::Assigned(PropertyBase const& property, bool changed)
     if (&property == &WindowState) {
         auto const state = WindowState();
         auto const size
-            = state == WindowState::Maximised ? m_screen.GetHost().ScreenSize() : m_normal;
-        if (state != WindowState::Minimised) {
+            = state == FormState::Maximised ? m_screen.GetHost().ScreenSize() : m_normal;
+        if (state != FormState::Minimised) {
             Width.AssignSilently(size.width);
             Height.AssignSilently(size.height);
         }
-        bool const wasMaximised = m_openState == WindowState::Maximised;
-        if (state == WindowState::Normal && wasMaximised && centred
-            && opensAs == WindowState::Maximised)
+        bool const wasMaximised = m_openState == FormState::Maximised;
+        if (state == FormState::Normal && wasMaximised && centred
+            && opensAs == FormState::Maximised)
             Centre();
         RunResize();
     } else if (&property == &Width || &property == &Height) {
@@ -133,7 +146,7 @@ void Form::Assigned(PropertyBase const& property, bool changed)
     }
 }
 
-void Form::Resized(float width, float height, ::WindowState state)
+void Form::Resized(float width, float height, FormState state)
 {
     bool const isSame = width == Width && height == Height && state == WindowState();
     if (isSame && m_client.width == ScaleWidth && m_client.height == ScaleHeight)
@@ -144,7 +157,7 @@ void Form::Resized(float width, float height, ::WindowState state)
     RunResize();
 }
 
-void Form::ChangeState(::WindowState state)
+void Form::ChangeState(FormState state)
 {
     if (state != WindowState())
         WindowState = state;
@@ -152,9 +165,9 @@ void Form::ChangeState(::WindowState state)
 
 void Form::RunResize()
 {
-    if (WindowState() == WindowState::Normal)
+    if (WindowState() == FormState::Normal)
         m_normal = { Width, Height };
-    if (WindowState() != WindowState::Minimised)
+    if (WindowState() != FormState::Minimised)
         m_openState = WindowState();
     DockControls();
     if (m_resizing || !m_loaded)
@@ -162,6 +175,21 @@ void Form::RunResize()
     m_resizing = true;
     m_screen.RunHandler(*this, [this] { Form_Resize(); });
     m_resizing = false;
+}
+
+void Form::GrowToSmallest()
+{
+    if (Height < smallest.height)
+        Height = smallest.height;
+    if (Width < smallest.width)
+        Width = smallest.width;
+}
+
+void Form::ShrinkToScreen()
+{
+    float const screenHeight = m_screen.GetHost().ScreenSize().height;
+    if (WindowState() != FormState::Maximised && Height > screenHeight)
+        Height = screenHeight;
 }
 
 void Form::RaiseClick()
@@ -180,16 +208,16 @@ void Form::RequestClose()
     m_closeRequested = true;
 }
 
-void Form::RunKept()
+void Form::RunQueuedActions()
 {
-    // Handlers end within an action too: what was kept behind it has to wait for the whole of it.
-    if (m_runningKept)
+    // An action runs handlers too: the next action waits until all of this one has run.
+    if (m_runsQueuedActions)
         return;
-    m_runningKept = true;
+    m_runsQueuedActions = true;
     while (m_loaded && !IsBusy() && !m_queuedActions.empty()) {
         auto const action = std::move(m_queuedActions.front());
         m_queuedActions.pop_front();
         action();
     }
-    m_runningKept = false;
+    m_runsQueuedActions = false;
 }

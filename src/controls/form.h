@@ -12,10 +12,10 @@
 class Menu;
 class Screen;
 
-enum class WindowState : int { Normal = 0, Minimised = 1, Maximised = 2 };
+enum class FormState : int { Normal = 0, Minimised = 1, Maximised = 2 };
 enum class BorderStyle : int { None = 0, Fixed = 1, Sizable = 2, Dialog = 3 };
 enum class ScaleMode : int { Twips = 1, Pixels = 3 };
-enum MousePointer : int {
+enum PointerShape : int {
     pointerDefault = 0,
     pointerSizeDiagonal = 8,
     pointerHourglass = 11,
@@ -46,15 +46,15 @@ public:
     /// the event loop.
     bool IsBusy() const { return m_handlers > 0; }
 
-    /// Keeps an action that came while the form was busy; it runs when the form is free, behind
-    /// those kept before.
+    /// Keeps an action that came while the form was busy; it runs when the form is free, after
+    /// those queued before.
     void QueueAction(std::function<void()> action) { m_queuedActions.push_back(std::move(action)); }
-    /// The user closed the form while it was busy: nothing that was kept before counts any more.
+    /// The user closed the form while it was busy: drops all queued actions.
     void RequestClose();
-    /// True from then until the form is free, and goes. Long work should end.
+    /// True from then until the form is free and is unloaded. Long work should end.
     bool IsCloseRequested() const { return m_closeRequested; }
 
-    /// The controls in the order of their making.
+    /// The controls in the order in which they were made.
     std::vector<Control*> const& Controls() const { return m_controls; }
     /// The menus of the menu bar, in their order.
     std::vector<Menu*> const& Menus() const { return m_menus; }
@@ -66,21 +66,21 @@ public:
     Control* Focus() const { return m_focus; }
     float TwipsPerUnit() const override;
 
-    /// The host's own: the window got this outer size, in twips, in this state. Runs Form_Resize if
-    /// something changed, be it the frame alone.
-    void Resized(float width, float height, ::WindowState state);
-    /// Runs Form_Click and Form_KeyPress: the user clicked on the form's own ground, or pressed a
+    /// Called by the host alone: the window got this outer size, in twips, in this state. Runs
+    /// Form_Resize if something changed, be it the frame alone.
+    void Resized(float width, float height, FormState state);
+    /// Runs Form_Click and Form_KeyPress: the user clicked on the form itself, or pressed a
     /// key, other than a modifier by itself, while no control had the focus. The character is 0 for
     /// a key that types none.
     void RaiseClick();
     void RaiseKeyPress(char16_t character);
     /// Another state: a normal form takes its last normal size, a maximised one the screen's.
-    void ChangeState(::WindowState state);
+    void ChangeState(FormState state);
 
     Property<::Text> Caption;
     Property<Colour> BackColor;
     Property<::Text> Picture; ///< at the top left corner of the client area; empty for none
-    ::Property<::WindowState> WindowState;
+    Property<FormState> WindowState;
     Property<int> MousePointer;
     Property<::Text> MouseIcon;
     /// The client area, in the form's scale.
@@ -95,20 +95,26 @@ protected:
     virtual void Form_Unload() { }
     virtual void Form_Click() { }
     virtual void Form_KeyPress(char16_t) { }
-    /// A modal form comes up: the user lets go elsewhere of what the mouse holds on this one.
+    /// A modal form is being shown: this form won't see the release of a pressed mouse button.
     virtual void Form_Blocked() { }
     void Assigned(PropertyBase const& property, bool changed) override;
 
+    /// For Form_Resize: makes a form below `smallest` that large.
+    void GrowToSmallest();
+    /// For Form_Resize: makes a form that is higher than the screen as high as it, unless it is
+    /// maximised.
+    void ShrinkToScreen();
+
 public:
-    // Of the design, set in the constructor and never changed.
+    // The design, set in the constructor and never changed.
     BorderStyle border = BorderStyle::Sizable;
     bool minimiseButton = true;
     bool maximiseButton = true;
     bool inTaskbar = true;
     bool centred = false;
-    ::WindowState opensAs = ::WindowState::Normal;
+    FormState opensAs = FormState::Normal;
     ScaleMode scale; ///< of the places of its controls
-    char const* icon = "icon"; ///< of the program's own pictures
+    char const* icon = "icon"; ///< the name of a built-in picture
     /// what the user does while a handler is inside a turn waits for the handler's end; else it is
     /// dropped
     bool queuesActions = false;
@@ -126,7 +132,7 @@ private:
     void Centre();
     void DockControls();
     void RunResize();
-    void RunKept();
+    void RunQueuedActions();
 
     Screen& m_screen;
     std::vector<Control*> m_controls;
@@ -136,15 +142,15 @@ private:
     // at the last resize, in the form's scale: the frame may change while the outer size stays
     Size m_client;
     Size m_normal; // the outer size of the normal state
-    ::WindowState m_openState = ::WindowState::Normal; // the last state other than minimised
+    FormState m_openState = FormState::Normal; // the last state other than minimised
     bool m_loaded = false;
     bool m_unloading = false;
-    bool m_designKept = false;
-    bool m_cameUp = false; // has been visible since it was loaded
+    bool m_designSaved = false;
+    bool m_wasShown = false; // since it was loaded
     bool m_resizing = false; // Form_Resize is running
     int m_handlers = 0;
     std::deque<std::function<void()>> m_queuedActions;
-    bool m_runningKept = false;
+    bool m_runsQueuedActions = false;
     bool m_closeRequested = false;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
-// The interface of whoever shows the forms, and the services of the machine that go with a screen.
-// The model tells the host what changed; the host hands the user's actions back through Input
+// The interface of a host, which shows the forms and gives them the services of the machine. The
+// model tells the host what changed; the host passes the user's actions to Input
 // (controls/input.h).
 
 #include "base/text.h"
@@ -26,7 +26,7 @@ public:
     /// The turns of the event loop that long work gives. The host arms the count.
     Turns turns { [this] { TurnDue(); } };
 
-    // What the model tells. Each call may come in the middle of a handler.
+    // Called by the model, perhaps in the middle of a handler.
 
     virtual void FormLoaded(Form& form) = 0;
     virtual void FormUnloaded(Form& form) = 0;
@@ -36,12 +36,12 @@ public:
     virtual void ContentChanged(Control& control) = 0;
     /// The focus of a form moved to another control.
     virtual void FocusMoved(Form& form) = 0;
-    /// The outermost handler has ended: time to bring the widgets in step.
+    /// The outermost handler has ended: the widgets should be updated.
     virtual void HandlersEnded() = 0;
 
     // Services.
 
-    /// Serves the user until the form, which is up modally, is no longer loaded.
+    /// Runs the event loop until the form, which is shown modally, is no longer loaded.
     virtual void RunModal(Form& form) = 0;
     /// Shows a message with the button OK and returns when it has been answered.
     virtual void MessageBox(TextView text, TextView title) = 0;
@@ -55,8 +55,8 @@ public:
     virtual Size ScreenSize() const = 0;
     /// What border, title and menu bar add to a form's client area, in twips.
     virtual Size FrameSize(Form const& form) const = 0;
-    /// The size in pixels of a picture file or of a picture of the program's own; nothing if it is
-    /// none.
+    /// The size in pixels of a picture file or of a picture of the program's own; nothing if it
+    /// isn't one.
     virtual std::optional<Size> PictureSize(TextView picture) = 0;
     virtual Printer& DefaultPrinter() = 0;
     /// Loads and shows the page at a file address.

@@ -1,6 +1,7 @@
 #include "controls/input.h"
 
 #include "controls/button.h"
+#include "controls/key_codes.h"
 #include "controls/label.h"
 #include "controls/menu.h"
 #include "controls/picture.h"
@@ -109,7 +110,7 @@ Refusal Input::Edit(TextInput& box, Text text, int start, int length)
 {
     if (auto refusal = Blocked(box); !refusal.empty())
         return refusal;
-    if (box.IsReadOnly())
+    if (box.Locked)
         return std::string(box.ParentForm().Name()) + "." + box.Name() + " is read-only";
     return Act(box, true, [&box, text = std::move(text), start, length] {
         if (box.Edited(text, start, length))
@@ -182,8 +183,9 @@ bool Input::PressDefault(Form& form, int keyCode)
 {
     for (Control* control : form.Controls()) {
         auto* const button = dynamic_cast<CommandButton*>(control);
-        bool const meant
-            = button && ((keyCode == 13 && button->Default) || (keyCode == 27 && button->Cancel));
+        bool const meant = button
+            && ((keyCode == keyEnter && button->Default)
+                || (keyCode == keyEscape && button->Cancel));
         if (!meant || !Blocked(*button).empty())
             continue;
         Act(*button, false, [button] { button->Raise(button->Click); });
@@ -208,19 +210,19 @@ Refusal Input::Activate(Form& form)
 
 Refusal Input::Resize(Form& form, float width, float height)
 {
-    if (form.IsLoaded() && form.WindowState() != WindowState::Normal)
+    if (form.IsLoaded() && form.WindowState() != FormState::Normal)
         return std::string(form.Name()) + " isn't in its normal state";
     if (form.border != BorderStyle::Sizable)
         return std::string(form.Name()) + " has a fixed size";
     return Act(form, [&form, width, height] {
-        form.Resized(std::max(width, 0.0F), std::max(height, 0.0F), WindowState::Normal);
+        form.Resized(std::max(width, 0.0F), std::max(height, 0.0F), FormState::Normal);
     });
 }
 
-Refusal Input::ChangeState(Form& form, WindowState state)
+Refusal Input::ChangeState(Form& form, FormState state)
 {
-    bool const hasNoButton = (state == WindowState::Maximised && !form.maximiseButton)
-        || (state == WindowState::Minimised && !form.minimiseButton);
+    bool const hasNoButton = (state == FormState::Maximised && !form.maximiseButton)
+        || (state == FormState::Minimised && !form.minimiseButton);
     if (hasNoButton)
         return std::string(form.Name()) + " has no button for this state";
     return Act(form, [&form, state] { form.ChangeState(state); });

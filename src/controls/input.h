@@ -1,8 +1,8 @@
 #pragma once
-// The road that a person's action takes to the model, whoever shows the forms: what can't be seen
-// or used can't be acted on, what takes the focus takes it before it acts, and actions on a form
-// that is busy are dropped or, where the form wants that, kept until it is free. What keys do
-// inside a text is the host's work; it hands over the result.
+// Applies user actions to the model, the same under every host. A control that is hidden or
+// disabled refuses them; one that takes the focus gets it before it acts; actions on a busy form
+// are dropped or, with Form::queuesActions, queued until it is free. What keys do inside a text is
+// the host's work; it passes on the result.
 
 #include "controls/form.h"
 #include "controls/list.h"
@@ -27,16 +27,16 @@ class Input {
 public:
     explicit Input(Screen& screen); // outlives this object
 
-    /// A click on the form's own ground.
+    /// A click on the form itself.
     Refusal Click(Form& form);
-    /// A click on a control: a check box turns over, a cover, a rule, a disabled label or picture
-    /// pass it to the form. A menu entry takes no focus.
+    /// A click on a control: it toggles a check box; a shape, a line, a disabled label or picture
+    /// passes it to the form. A menu entry doesn't take the focus.
     Refusal Click(Control& control);
     /// Moves the focus, as Tab would.
     Refusal Focus(Control& control);
     /// A click on the caption of a node. Its closed parents are opened first, without clicks.
     Refusal ClickNode(TreeView& tree, Node& node);
-    /// A click on the sign of a node.
+    /// A click on the sign that expands a node.
     Refusal Expand(TreeView& tree, Node& node, bool expanded);
     /// The user has changed the text of the control that has the focus, or is given it by this.
     Refusal Edit(TextInput& box, Text text, int start, int length);
@@ -57,7 +57,7 @@ public:
     Refusal KeyDown(Control& control, int keyCode, int shift);
     Refusal KeyPress(Control& control, char16_t character);
     Refusal KeyUp(Control& control, int keyCode, int shift);
-    /// Enter (13) or Escape (27): clicks the form's default or cancel button, if there is a usable
+    /// Enter or Escape: clicks the form's default or cancel button, if there is a usable
     /// one. False if there is none.
     bool PressDefault(Form& form, int keyCode);
     /// The menu entry with this shortcut, such as "Ctrl+X"; nothing if there is none or it is
@@ -67,7 +67,7 @@ public:
     /// The user brought a form to the front.
     Refusal Activate(Form& form);
     Refusal Resize(Form& form, float width, float height);
-    Refusal ChangeState(Form& form, WindowState state);
+    Refusal ChangeState(Form& form, FormState state);
     /// The close box.
     Refusal Close(Form& form);
 

@@ -5,7 +5,7 @@
 Label::Label(Form& form, Control& container, char const* name, Bounds bounds, TextView caption)
     : TextControl(form, container, name, bounds)
     , Caption(*this, "Caption", ::Text(caption))
-    , Alignment(*this, "Alignment", Alignment::Left)
+    , Alignment(*this, "Alignment", TextAlignment::Left)
     , Transparent(*this, "Transparent", true)
     , AutoSize(*this, "AutoSize", false)
     , WordWrap(*this, "WordWrap", false)

@@ -3,7 +3,7 @@
 
 #include "controls/control.h"
 
-enum class Alignment : int { Left = 0, Right = 1, Centre = 2 };
+enum class TextAlignment : int { Left = 0, Right = 1, Centre = 2 };
 
 /// A text that is only shown. With `AutoSize` and `WordWrap` its height follows its caption at a
 /// fixed width; with `AutoSize` alone its width and height do.
@@ -14,7 +14,7 @@ public:
     char const* Kind() const override { return "Label"; }
 
     Property<::Text> Caption;
-    ::Property<::Alignment> Alignment;
+    Property<TextAlignment> Alignment;
     Property<bool> Transparent, AutoSize, WordWrap;
     Property<int> MousePointer;
 

@@ -15,7 +15,7 @@ public:
     Property<::Text> Url;
 };
 
-/// The members bear the names of the player control that they stand for.
+/// The members have the names of the player control that they represent.
 class WindowsMediaPlayer final : public Control {
 public:
     WindowsMediaPlayer(Form& form, Control& container, char const* name, Bounds bounds);

@@ -21,7 +21,8 @@ public:
     Property<::Text> Shortcut;
 };
 
-/// A menu of the menu bar. The menus stand in the order of their making, and so do their entries.
+/// A menu of the menu bar. Menus are shown in the order in which they are made, and so are their
+/// entries.
 class Menu final : public Control {
 public:
     Menu(Form& form, char const* name, TextView caption);

@@ -41,7 +41,7 @@ public:
 private:
     static constexpr std::size_t deepest = 16, mostAnchors = 200;
 
-    /// What begins with the "<" at this place. Gives the place behind it.
+    /// What begins with the "<" at this place. Gives the place after it.
     std::size_t TakeMarkup(std::size_t at)
     {
         if (auto const* const usual = FindUsualTag(m_page, at)) {
@@ -154,7 +154,7 @@ private:
         return Replace(at, tag.end, (tag.closes ? "</" : "<") + std::string(NameOf(tag.id)) + ">");
     }
 
-    /// Writes the text up to `at`, and `text` for what stands from there to `end`. Gives `end`.
+    /// Writes the text up to `at`, and `text` instead of what follows up to `end`. Gives `end`.
     std::size_t Replace(std::size_t at, std::size_t end, Bytes text = {})
     {
         Write(m_page.substr(m_from, at - m_from));
@@ -166,7 +166,7 @@ private:
     void Write(Bytes bytes) { AppendFromCodePage(m_shown, bytes); }
 
     Bytes m_page;
-    std::size_t m_from = 0; // what stands in front of it is written
+    std::size_t m_from = 0; // everything before it is written
     Text m_shown;
     std::array<TagId, deepest> m_open {};
     std::size_t m_depth = 0;

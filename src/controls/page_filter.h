@@ -1,5 +1,5 @@
 #pragma once
-// What the browser control is given of a page. A page holds the text of a Bible as it stands in its
+// What the browser control is given of a page. A page holds the text of a Bible as it is in its
 // file, unescaped, and that file may come from anywhere. The control would open the files that
 // markup names, and some markup would keep it busy for hours. So it is given a copy, written anew
 // from what is known to be harmless:
@@ -18,7 +18,7 @@
 //   "<" that opens no tag becomes "&lt;".
 // - Everything else is text and is copied, entities too. A word of more than 250 characters may be
 //   broken after each 250: the control takes time in proportion to the square of a word's length.
-// - One html and one body stand around it all.
+// - One html and one body element contain it all.
 //
 // This takes time in proportion to the page's length, whatever is in it. Filtering a filtered page
 // changes nothing.

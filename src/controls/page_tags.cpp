@@ -78,14 +78,14 @@ Name ReadName(Bytes page, std::size_t at)
                               : Name { end, IdOf(Packed(page.substr(at, end - at))), false };
 }
 
-/// A quoted value begins behind a "=" only: an apostrophe elsewhere is none.
+/// Only after a "=" does a quote begin a value.
 bool OpensValue(Bytes text, std::size_t quote)
 {
     auto const before = text.substr(0, quote).find_last_not_of(blanks);
     return before != text.npos && text[before] == '=';
 }
 
-/// The place of the ">" of a tag in `text`, which begins behind the name and ends in front of the
+/// The place of the ">" of a tag in `text`, which begins after the name and ends before the
 /// next "<".
 std::size_t FindTagEnd(Bytes text)
 {

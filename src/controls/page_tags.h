@@ -34,8 +34,8 @@ struct Tag {
     TagId id = TagId::Other;
     bool closes = false; ///< `</name>`
     bool isPlain = false; ///< it reads as it would be written anew: small letters and no attributes
-    std::string_view attributes; ///< what stands between the name and the ">"
-    std::size_t end = 0; ///< the place behind the ">"
+    std::string_view attributes; ///< everything between the name and the ">"
+    std::size_t end = 0; ///< the place after the ">"
 };
 
 /// A tag as nearly all of a page's are, recognised at a glance.

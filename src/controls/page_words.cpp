@@ -18,7 +18,7 @@ void WordWatch::Look(std::string_view text)
     }
 }
 
-/// The length of what stands first in the text: a tag, an entity or a character.
+/// The length of what the text begins with: a tag, an entity or a character.
 static std::size_t LengthOfFirst(TextView text)
 {
     if (text.front() == u'<')

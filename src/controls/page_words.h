@@ -38,7 +38,7 @@ private:
     bool m_mayBeLong = false;
 };
 
-/// The page with a place for a line break ("&#8203;", which isn't seen) behind each 250 characters
+/// The page with a place for a line break ("&#8203;", which is invisible) after each 250 characters
 /// of a word. `page` has been filtered: each "<" begins a tag. Breaking the words of the result
 /// changes nothing.
 Text BreakLongWords(TextView page);

@@ -1,6 +1,6 @@
 #pragma once
-// Controls that show a picture. A picture is named by its file, or by the name of a picture of the
-// program's own, which begins with ":"; an empty name is no picture.
+// Controls that show a picture. A picture is named by its file or, with a ":" in front, by
+// the name of a picture that is built into the program; an empty name means no picture.
 
 #include "controls/form.h"
 

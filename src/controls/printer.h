@@ -16,7 +16,7 @@ public:
     virtual void SetCurrentY(float y) = 0;
     /// The width of a text in the present font.
     virtual float TextWidth(TextView text) const = 0;
-    /// Prints a text at the current position, which moves behind it.
+    /// Prints a text at the current position, which moves to its end.
     virtual void Print(TextView text) = 0;
     /// Moves down by a line, to the left edge.
     virtual void EndLine() = 0;

@@ -32,7 +32,7 @@ public:
     virtual void RestoreDesign() = 0;
 
 protected:
-    void Tell(bool changed);
+    void NotifyAssigned(bool changed);
 
     Control& m_owner;
 
@@ -59,7 +59,7 @@ public:
         bool const changed = !(m_value == value);
         if (changed)
             m_value = std::move(value);
-        Tell(changed);
+        NotifyAssigned(changed);
         return *this;
     }
     Property& operator=(Property const& other) { return *this = other.m_value; }
@@ -68,7 +68,8 @@ public:
     operator TextView() const requires std::same_as<T, Text> { return m_value; }
     T const& operator()() const { return m_value; }
 
-    /// Changes the value without telling the control: for what the control itself keeps in step.
+    /// Changes the value without notifying the control, which keeps related values consistent
+    /// itself.
     void AssignSilently(T value) { m_value = std::move(value); }
     /// The value itself, for a control that changes a part of it and tells the host on its own.
     T& Part() { return m_value; }
@@ -90,7 +91,7 @@ private:
     Fit m_fit;
 };
 
-/// A property that is worked out at each reading.
+/// A property that is computed at each reading.
 template <class T> class ComputedProperty final : public PropertyBase {
 public:
     using Compute = T (*)(Control const&);

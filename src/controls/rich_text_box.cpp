@@ -4,11 +4,6 @@
 
 RichTextBox::RichTextBox(Form& form, Control& container, char const* name, Bounds bounds)
     : TextInput(form, container, name, bounds)
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): a property of any type hands over a
-    // value
-    , Text(*this, "Text", {}, [](Control const&, ::Text text) { return WithLineEnds(text); })
-    , Locked(*this, "Locked", false)
-    , Border(*this, "Border", true)
     , SelBold(*this, "SelBold", false)
     , SelFontSize(*this, "SelFontSize", 8.25F)
     , SelCharOffset(*this, "SelCharOffset", 0)

@@ -13,17 +13,17 @@ struct CharacterFormat {
     bool operator==(CharacterFormat const&) const = default;
 };
 
-/// The indents of a paragraph, in twips. `hanging` is how much further in all lines but the first
-/// stand.
+/// The indents of a paragraph, in twips. `hanging` is how much further all lines but the first are
+/// indented.
 struct ParagraphFormat {
     float left = 0, right = 0, hanging = 0;
     bool operator==(ParagraphFormat const&) const = default;
 };
 
-/// Holds one text with CR LF line ends. A paragraph runs up to and including its line end; the
-/// caret at the end of the text stands in the last, possibly empty one. Text that is inserted takes
-/// the format before the caret, unless another was set since the caret was put there. Appending
-/// costs what is appended.
+/// Setting its text sets it in the format of the design. A paragraph runs up to and including its
+/// line end; the caret at the end of the text is in the last, possibly empty one. Text that is
+/// inserted takes the format before the caret, unless another was set since the caret was put
+/// there. Appending costs what is appended.
 class RichTextBox final : public TextInput {
 public:
     struct Run {
@@ -38,8 +38,6 @@ public:
     RichTextBox(Form& form, Control& container, char const* name, Bounds bounds);
 
     char const* Kind() const override { return "RichTextBox"; }
-    ::Text const& CurrentText() const override { return Text(); }
-    bool IsReadOnly() const override { return Locked; }
     bool IsMultiLine() const override { return true; }
     void ReplaceSelection(TextView text) override;
     bool Edited(::Text text, int start, int length) override;
@@ -58,18 +56,12 @@ public:
     /// it, and the user may undo it; another is a text of its own.
     unsigned Generation() const { return m_generation; }
 
-    /// Setting it replaces the whole text in the design's format, puts the caret at the start and
-    /// raises Change.
-    Property<::Text> Text;
-    Property<bool> Locked;
-    Property<bool> Border;
     /// Of the selection, or, if that is empty, of what is inserted next.
     Property<bool> SelBold;
     Property<float> SelFontSize, SelCharOffset;
     /// Of the paragraphs that the selection touches, or of the caret's.
     Property<float> SelIndent, SelRightIndent, SelHangingIndent;
-    /// The offset that stands in the top line; setting it scrolls there, also if it is set to what
-    /// it was.
+    /// The offset that is shown in the top line. Setting it scrolls there, even to the same value.
     Property<int> TopOffset;
 
     void Reset() override;

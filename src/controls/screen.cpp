@@ -1,3 +1,21 @@
+// How an action of the user becomes a handler. The host calls Input, Input sees whether the control
+// can be used, activates its form, moves the focus and raises the event; RunHandler runs the
+// handler. For example, the user has typed in Text3 and clicks Command1:
+//
+//     Input::Click(Command1)
+//         Text3.LostFocus, Command1.GotFocus     each a handler of its own
+//         Command1.Click                         only if Command1 can still be used
+//     Host::HandlersEnded                        the host updates its widgets
+//
+// Handlers may run within handlers, for instance where Command1 shows another form. Only the end of
+// the outermost one moves the focus away from a control that was hidden or disabled, tells the
+// host, and raises handlersEnded. Long work calls Turns::Give now and then. The host may serve the
+// user in such a turn; then handlers of other forms run within the one that gave the turn, but none
+// of its own form. A modal form is served by a loop of the host within the handler that showed it.
+// All other forms are blocked meanwhile, and the handlers of the modal one count as outermost. The
+// active form has the focus, and each form remembers which of its controls had it. It is suspended
+// while a message is shown or another program is active: LostFocus then, GotFocus after.
+
 #include "controls/screen.h"
 
 #include <algorithm>
@@ -26,13 +44,13 @@ bool Screen::IsModal(Form const& form) const
     return std::find(m_modal.begin(), m_modal.end(), &form) != m_modal.end();
 }
 
-void Screen::EnterHandler(Form& form)
+void Screen::BeginHandler(Form& form)
 {
     ++m_depth;
     ++form.m_handlers;
 }
 
-void Screen::LeaveHandler(Form& form)
+void Screen::EndHandler(Form& form)
 {
     --form.m_handlers;
     if (m_depth == 1)
@@ -44,16 +62,16 @@ void Screen::LeaveHandler(Form& form)
             if (handlersEnded)
                 handlersEnded();
         });
-        TellOfFailure();
+        ReportFailure();
     }
-    Try([&form] { form.RunKept(); });
+    Try([&form] { form.RunQueuedActions(); });
 }
 
 void Screen::RunHandler(Form& form, std::function<void()> const& handler)
 {
-    EnterHandler(form);
+    BeginHandler(form);
     Try(handler);
-    LeaveHandler(form);
+    EndHandler(form);
 }
 
 /// Memory that can't be had, and a length that no text can have, end the work and nothing else.
@@ -68,13 +86,13 @@ void Screen::Try(std::function<void()> const& work)
     }
 }
 
-void Screen::TellOfFailure()
+void Screen::ReportFailure()
 {
-    if (m_tellsOfFailure || !std::exchange(m_handlerFailed, false) || !handlerFailed)
+    if (m_reportsFailure || !std::exchange(m_handlerFailed, false) || !handlerFailed)
         return;
-    m_tellsOfFailure = true;
+    m_reportsFailure = true;
     Try(handlerFailed);
-    m_tellsOfFailure = false;
+    m_reportsFailure = false;
     m_handlerFailed = false; // It is told once.
 }
 
@@ -82,7 +100,7 @@ void Screen::SaveDesigns()
 {
     for (Form* form : m_made) {
         form->SaveDesign();
-        form->m_designKept = true;
+        form->m_designSaved = true;
     }
 }
 
@@ -90,20 +108,20 @@ void Screen::Load(Form& form)
 {
     if (form.m_loaded)
         return;
-    EnterHandler(form);
+    BeginHandler(form);
     form.m_loaded = true;
-    form.m_cameUp = false;
+    form.m_wasShown = false;
     form.m_focus = nullptr;
-    if (!form.m_designKept)
+    if (!form.m_designSaved)
         form.SaveDesign();
-    form.m_designKept = true;
+    form.m_designSaved = true;
     form.Reset();
     form.PlaceAtLoad();
     m_loaded.push_back(&form);
     m_everLoaded = true;
     m_host.FormLoaded(form);
     Try([&form] { form.Form_Load(); });
-    LeaveHandler(form);
+    EndHandler(form);
 }
 
 void Screen::Show(Form& form)
@@ -111,24 +129,24 @@ void Screen::Show(Form& form)
     Load(form);
     if (!form.m_loaded)
         return;
-    EnterHandler(form);
+    BeginHandler(form);
     if (!form.Visible) {
         form.Visible = true;
-        m_order.insert(m_order.begin(), &form);
-        if (!form.m_cameUp) {
-            form.m_cameUp = true;
+        m_zOrder.insert(m_zOrder.begin(), &form);
+        if (!form.m_wasShown) {
+            form.m_wasShown = true;
             form.RunResize();
         }
     }
     if (form.Visible)
-        BringUp(form);
-    LeaveHandler(form);
+        BringToFront(form);
+    EndHandler(form);
 }
 
-void Screen::BringUp(Form& form)
+void Screen::BringToFront(Form& form)
 {
     bool const isBlocked = Modal() && Modal() != &form;
-    if (form.WindowState() == WindowState::Minimised && !isBlocked)
+    if (form.WindowState() == FormState::Minimised && !isBlocked)
         form.ChangeState(form.m_openState);
     Activate(form);
 }
@@ -139,11 +157,11 @@ void Screen::ShowModal(Form& form)
     if (!form.m_loaded)
         return;
     if (form.Visible) {
-        BringUp(form);
+        BringToFront(form);
         return;
     }
-    LeaveActive();
-    TellBlocked(form);
+    SuspendFocus();
+    RunBlockedHandlers(form);
     m_modal.push_back(&form);
     Show(form);
     if (!form.m_loaded)
@@ -156,7 +174,7 @@ void Screen::ShowModal(Form& form)
     Remove(m_modal, form);
 }
 
-void Screen::TellBlocked(Form const& modal)
+void Screen::RunBlockedHandlers(Form const& modal)
 {
     for (Form* form : std::vector(m_loaded)) {
         if (form == &modal || !form->m_loaded)
@@ -169,14 +187,14 @@ void Screen::Hide(Form& form)
 {
     if (!form.m_loaded || !form.Visible)
         return;
-    EnterHandler(form);
+    BeginHandler(form);
     if (m_active == &form)
-        LeaveActive();
+        SuspendFocus();
     form.Visible = false;
-    Remove(m_order, form);
+    Remove(m_zOrder, form);
     if (m_active == &form)
         ActivateLast();
-    LeaveHandler(form);
+    EndHandler(form);
 }
 
 void Screen::Unload(Form& form)
@@ -184,9 +202,9 @@ void Screen::Unload(Form& form)
     if (!form.m_loaded || form.m_unloading)
         return;
     form.m_unloading = true;
-    EnterHandler(form);
+    BeginHandler(form);
     if (m_active == &form)
-        LeaveActive();
+        SuspendFocus();
     Try([&form] { form.Form_Unload(); });
     form.m_loaded = false;
     form.m_unloading = false;
@@ -194,12 +212,12 @@ void Screen::Unload(Form& form)
     form.m_closeRequested = false;
     form.Visible.AssignSilently(false);
     Remove(m_loaded, form);
-    Remove(m_order, form);
+    Remove(m_zOrder, form);
     Remove(m_modal, form);
     m_host.FormUnloaded(form);
     if (m_active == &form)
         ActivateLast();
-    LeaveHandler(form);
+    EndHandler(form);
 }
 
 void Screen::CloseAll()
@@ -210,12 +228,12 @@ void Screen::CloseAll()
 
 void Screen::Message(TextView text)
 {
-    bool const held = m_holding;
-    LeaveActive();
+    bool const held = m_hasFocus;
+    SuspendFocus();
     m_host.HandlersEnded();
     m_host.MessageBox(text, u"Sparrowfield");
     if (held)
-        EnterActive();
+        ResumeFocus();
 }
 
 void Load(Form& form)

@@ -1,6 +1,6 @@
 #pragma once
 // The forms of the program together: which are made, loaded and active, who has the focus, and
-// which handlers are running. Acting on them as a person does is Input's work (controls/input.h).
+// which handlers are running. User actions are Input's work (controls/input.h).
 
 #include "controls/form.h"
 #include "controls/host.h"
@@ -24,7 +24,7 @@ public:
     /// A form by its name, loaded or not; nothing if there is none.
     Form* Find(std::string_view name) const;
     Form* Active() const { return m_active; }
-    /// The form that is up modally above all others; nothing if none is.
+    /// The form that is shown modally above all others; nothing if none is.
     Form* Modal() const { return m_modal.empty() ? nullptr : m_modal.back(); }
     bool IsModal(Form const& form) const;
 
@@ -47,7 +47,7 @@ public:
     /// GotFocus.
     void SuspendFocus();
     void ResumeFocus();
-    /// The next control of the tab order behind `from` (nothing: from the beginning) that can take
+    /// The next control of the tab order after `from` (nothing: from the beginning) that can take
     /// the focus.
     Control* NextInTabOrder(Form const& form, Control const* from, bool backwards = false) const;
 
@@ -56,47 +56,45 @@ public:
 
     /// Ends the program at once: no form is unloaded. What runs still runs to its end.
     void End() { m_ended = true; }
-    /// True once the program has ended: by End, or because its last form is gone.
+    /// True once the program has ended: by End, or because its last form was unloaded.
     bool Ended() const { return m_ended || (m_everLoaded && m_loaded.empty()); }
     /// Closes every form, modal ones first, as at an orderly end of the program.
     void CloseAll();
 
-    /// Runs an event handler, or what else is to be seen as one. The outermost one settles the
-    /// focus at its end and lets the host follow. Where memory runs out, the innermost handler ends
-    /// there, the others go on.
+    /// Runs an event handler, or other work as one. At the end of the outermost one, the focus
+    /// moves away from a control that can't hold it any more, and the host is told. If memory runs
+    /// out, only the innermost handler ends there.
     void RunHandler(Form& form, std::function<void()> const& handler);
-    Event handlersEnded; ///< behind the outermost handler, when the host has followed
-    /// Behind the outermost handler, if memory ran out in one: a handler has done only a part of
-    /// its work.
+    Event handlersEnded; ///< after the outermost handler, when the host has been told
+    /// After the outermost handler, if memory ran out in one: a handler did only a part of its
+    /// work.
     Event handlerFailed;
 
 private:
     friend class Form;
-    void EnterHandler(Form& form);
-    void LeaveHandler(Form& form);
+    void BeginHandler(Form& form);
+    void EndHandler(Form& form);
     void Try(std::function<void()> const& work);
-    void TellOfFailure();
-    void Made(Form& form) { m_made.push_back(&form); }
-    void TellBlocked(Form const& modal);
-    void BringUp(Form& form);
-    void LeaveActive();
-    void EnterActive();
+    void ReportFailure();
+    void Register(Form& form) { m_made.push_back(&form); }
+    void RunBlockedHandlers(Form const& modal);
+    void BringToFront(Form& form);
     void ActivateLast();
     void MoveFocus(Form& form, Control* control);
     void SettleFocus();
-    bool CanTake(Control const& control) const;
+    bool CanTakeFocus(Control const& control) const;
 
     Host& m_host;
     std::vector<Form*> m_made;
     std::vector<Form*> m_loaded;
-    std::vector<Form*> m_order; // visible forms, the active one last
+    std::vector<Form*> m_zOrder; // visible forms, the active one last
     std::vector<Form*> m_modal;
     Form* m_active = nullptr;
     // the active form's focus control has had GotFocus and not yet LostFocus
-    bool m_holding = false;
+    bool m_hasFocus = false;
     int m_depth = 0;
     bool m_handlerFailed = false;
-    bool m_tellsOfFailure = false;
+    bool m_reportsFailure = false;
     bool m_everLoaded = false;
     bool m_ended = false;
 };

@@ -17,7 +17,7 @@ public:
 
     Property<std::int16_t> Min, Max, Value, SmallChange, LargeChange;
 
-    Event Change; ///< behind every change of `Value`
+    Event Change; ///< after every change of `Value`
     Event Scroll; ///< while the thumb is being dragged
 
 protected:

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-/// The offset, held within the text and moved in front of a line end in whose middle it would
-/// stand.
+/// The offset, held within the text, and moved to the start of a line end that it would divide.
 static int Within(Text const& text, int offset)
 {
     int const held = std::clamp(offset, 0, static_cast<int>(text.size()));
@@ -12,17 +11,26 @@ static int Within(Text const& text, int offset)
     return inLineEnd ? held - 1 : held;
 }
 
+/// The length of a selection from the caret, held within the text in the same way.
+static int LengthWithin(Control const& control, int length)
+{
+    auto const& box = static_cast<TextInput const&>(control);
+    int const room = static_cast<int>(box.Text().size()) - box.SelStart;
+    return Within(box.Text, box.SelStart + std::clamp(length, 0, room)) - box.SelStart;
+}
+
 TextInput::TextInput(Form& form, Control& container, char const* name, Bounds bounds)
     : TextControl(form, container, name, bounds)
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): a property of any type hands over a
+    // value
+    , Text(*this, "Text", {}, [](Control const&, ::Text text) { return WithLineEnds(text); })
+    , Locked(*this, "Locked", false)
+    , Border(*this, "Border", true)
     , SelStart(*this, "SelStart", 0,
           [](Control const& control, int start) {
-              return Within(static_cast<TextInput const&>(control).CurrentText(), start);
+              return Within(static_cast<TextInput const&>(control).Text, start);
           })
-    , SelLength(*this, "SelLength", 0, [](Control const& control, int length) {
-        auto const& box = static_cast<TextInput const&>(control);
-        int const room = static_cast<int>(box.CurrentText().size()) - box.SelStart;
-        return Within(box.CurrentText(), box.SelStart + std::clamp(length, 0, room)) - box.SelStart;
-    })
+    , SelLength(*this, "SelLength", 0, LengthWithin)
 {
 }
 
@@ -36,22 +44,15 @@ void TextInput::Assigned(PropertyBase const& property, bool)
 
 void TextInput::Selected(int start, int length)
 {
-    SelStart.AssignSilently(Within(CurrentText(), start));
-    int const room = static_cast<int>(CurrentText().size()) - SelStart;
-    SelLength.AssignSilently(
-        Within(CurrentText(), SelStart + std::clamp(length, 0, room)) - SelStart);
+    SelStart.AssignSilently(Within(Text, start));
+    SelLength.AssignSilently(LengthWithin(*this, length));
     CaretPlaced();
 }
 
 TextBox::TextBox(Form& form, Control& container, char const* name, Bounds bounds)
     : TextInput(form, container, name, bounds)
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): a property of any type hands over a
-    // value
-    , Text(*this, "Text", {}, [](Control const&, ::Text text) { return WithLineEnds(text); })
     , MultiLine(*this, "MultiLine", false)
-    , Locked(*this, "Locked", false)
     , ScrollBar(*this, "ScrollBar", false)
-    , Border(*this, "Border", true)
 {
 }
 

@@ -31,7 +31,7 @@ struct NodeLook {
 /// A text in parts; those that aren't needed are empty.
 using TextParts = std::array<TextView, 3>;
 
-/// A node of a tree. Its texts lie with the tree's.
+/// A node of a tree. Its texts are stored with the tree's.
 class Node {
 public:
     TextView Key() const { return { m_texts, m_keySize }; }
@@ -85,7 +85,7 @@ private:
     Node* m_parent;
     std::pmr::vector<Node*>* m_children = nullptr; // made with the first child
     Further* m_further = nullptr; // made with the first of it
-    char16_t const* m_texts = nullptr; // the key and, right behind it, the caption
+    char16_t const* m_texts = nullptr; // the key and, right after it, the caption
     std::uint32_t m_keySize = 0, m_captionSize = 0; // characters
     NodeImage m_image;
     Colour m_backColor;

@@ -69,7 +69,7 @@ public:
     {
     }
 
-    /// The present row's value, held within 0 to 255; goes on to the next row.
+    /// The present row's value, held within 0 to 255; advances to the next row.
     unsigned Next()
     {
         auto const rounded = RoundToEven(static_cast<double>(m_value));
@@ -81,7 +81,7 @@ private:
     float m_value, m_step;
 };
 
-/// Rows of a gradient that reaches `second` after `steps` rows and runs on behind it. With no step
+/// Rows of a gradient that reaches `second` after `steps` rows and continues after it. With no step
 /// there is no gradient, and nothing is painted.
 static void PaintGradient(
     Canvas& canvas, int left, int right, int top, int rows, int steps, Colour first, Colour second)
@@ -124,7 +124,7 @@ void XPContainer::PaintOn(Canvas& canvas) const
     canvas.HorizontalLine(0, width, height - 1, border);
     canvas.VerticalLine(0, 0, height, border);
     canvas.VerticalLine(width - 1, 0, height, border);
-    // The strip lies on the panel, above the border where a panel is as low as the strip.
+    // The strip is painted on the panel, over the border where a panel is as low as the strip.
     if (Style == 0)
         PaintGradient(canvas, 1, 1 + inside, 1, headerHeight, headerHeight - 1, HeaderLightColor,
             HeaderDarkColor);

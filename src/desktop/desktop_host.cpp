@@ -66,7 +66,7 @@ void DesktopHost::CloseAll()
 {
     if (m_context.screen)
         m_context.screen->CloseAll();
-    LeaveLoops();
+    QuitLoops();
 }
 
 bool DesktopHost::MayComeUp() const
@@ -76,7 +76,7 @@ bool DesktopHost::MayComeUp() const
 
 /// As if the user had called the window up: the model hears of it as of any act of the window
 /// system.
-static void CallUp(QWidget& window)
+static void RaiseWindow(QWidget& window)
 {
     QWindow* const owner = window.windowHandle()->transientParent();
     if (owner && owner->windowStates() & Qt::WindowMinimized)
@@ -95,10 +95,10 @@ void DesktopHost::ComeUp()
     Peer* const peer = form ? PeerOf(*form) : nullptr;
     QWidget* const window = peer ? peer->Widget() : nullptr;
     if (window && window->isVisible())
-        CallUp(*window);
+        RaiseWindow(*window);
     auto* const message = QApplication::activeModalWidget();
     if (message && message != window)
-        CallUp(*message);
+        RaiseWindow(*message);
 }
 
 void DesktopHost::FormLoaded(Form& form)
@@ -164,7 +164,7 @@ void DesktopHost::MarkDirty(Control const& control, PropertyBase const* property
     if (!peer)
         return;
     if (property)
-        peer->Noted(*property);
+        peer->PropertyAssigned(*property);
     if (!std::exchange(peer->isDirty, true))
         m_dirty.push_back(peer);
 }
@@ -184,7 +184,7 @@ void DesktopHost::HandlersEnded()
     Mirror();
     CatchUp();
     if (m_context.screen && m_context.screen->Ended())
-        LeaveLoops();
+        QuitLoops();
 }
 
 void DesktopHost::CatchUp()
@@ -194,7 +194,7 @@ void DesktopHost::CatchUp()
             window->CatchUp();
 }
 
-void DesktopHost::LeaveLoops()
+void DesktopHost::QuitLoops()
 {
     for (auto const& [form, loop] : m_modal)
         loop->quit();

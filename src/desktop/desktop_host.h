@@ -1,7 +1,7 @@
 #pragma once
 // The host that shows the forms in windows of the desktop. It keeps nothing but widgets: what the
-// model changes is mirrored when the outermost handler ends or a turn is due, what the user does
-// goes back through Input.
+// model changes is mirrored when the outermost handler ends or a turn is due; what the user does
+// is passed to Input.
 
 #include "controls/host.h"
 #include "desktop/peers/peer_context.h"
@@ -68,7 +68,7 @@ private:
     void Reap();
     void TakeDown();
     void CatchUp();
-    void LeaveLoops();
+    void QuitLoops();
     void WidgetFocused(QWidget* widget);
     void MarkDirty(Control const& control, PropertyBase const* property);
     Peer* PeerOf(Control const& control) const;

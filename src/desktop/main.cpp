@@ -64,7 +64,7 @@ static void RunProgram(Application& application)
         return place ? place->u16string() : Text();
     });
     Program program(host, files, settings, writer, shell);
-    application.outOfMemory = [&program] { program.TellOfMemory(); };
+    application.outOfMemory = [&program] { program.ReportOutOfMemory(); };
     OrderlyEnd const end(application, [&] { program.Finish(); });
     SingleInstance const instance(
         copy, [&] { return host.MayComeUp(); }, [&] { host.ComeUp(); });

@@ -17,7 +17,7 @@ QtPrinter::QtPrinter(std::function<void(Text message)> printedTo)
 
 QtPrinter::~QtPrinter() = default;
 
-/// A name in the documents folder that no file bears.
+/// A name in the documents folder that no file has.
 static QString FreeName()
 {
     QDir const folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));

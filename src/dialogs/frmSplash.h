@@ -14,7 +14,7 @@ public:
     frmSplash(Screen& screen, FileSystem const& files, Shell& shell, Form& video);
 
     /// Names the screen that this one leads to: once, before the first showing.
-    void LeadTo(Form& catalogue) { frmContents = &catalogue; }
+    void SetCatalogue(Form& catalogue) { frmContents = &catalogue; }
 
 private:
     void Form_Load() override;

@@ -16,6 +16,6 @@ struct LongTextParagraph {
 extern std::span<LongTextParagraph const> const gettingStartedText;
 extern std::span<LongTextParagraph const> const finalExamText;
 
-/// Makes the text the whole content of the box, an empty line behind each paragraph; the caret
-/// stands at the start.
+/// Makes the text the whole content of the box, an empty line after each paragraph; the caret
+/// is at the start.
 void WriteLongText(RichTextBox& box, std::span<LongTextParagraph const> text);

@@ -25,7 +25,7 @@ static Json Set(Machine& machine, Arguments const& arguments)
     bool isSet = false;
     machine.screen.RunHandler(form, [&] { isSet = property.Set(value); });
     if (!isSet)
-        throw CommandError(arguments.Word(0) + " can't be set to " + arguments.Word(1));
+        throw CommandError(arguments.StringAt(0) + " can't be set to " + arguments.StringAt(1));
     return Json::object();
 }
 
@@ -42,7 +42,7 @@ static Node& NodeAt(Arguments const& arguments)
     auto& tree = arguments.ControlOf<TreeView>(0);
     if (Node* node = tree.Find(arguments.TextAt(1)))
         return *node;
-    throw CommandError(arguments.Word(0) + " has no node " + arguments.Word(1));
+    throw CommandError(arguments.StringAt(0) + " has no node " + arguments.StringAt(1));
 }
 
 static Json ClickNode(Machine& machine, Arguments const& arguments)
@@ -113,15 +113,15 @@ static Json Bar(Machine& machine, Arguments const& arguments)
     static constexpr Named<BarStep> steps[]
         = { { "less", BarStep::Less }, { "more", BarStep::More }, { "pageless", BarStep::PageLess },
               { "pagemore", BarStep::PageMore } };
-    return Answer(
-        machine.input.Step(arguments.ControlOf<ScrollBar>(0), Choice(arguments.Word(1), steps)));
+    return Answer(machine.input.Step(
+        arguments.ControlOf<ScrollBar>(0), Choice(arguments.StringAt(1), steps)));
 }
 
 static Json Mouse(Machine& machine, Arguments const& arguments)
 {
     static constexpr Named<MouseAction> mouseActions[] = { { "down", MouseAction::Down },
         { "move", MouseAction::Move }, { "up", MouseAction::Up } };
-    auto const action = Choice(arguments.Word(1), mouseActions);
+    auto const action = Choice(arguments.StringAt(1), mouseActions);
     return Answer(machine.input.Mouse(
         arguments.ControlAt(0), action, arguments.NumberAt(2), arguments.NumberAt(3)));
 }
@@ -143,10 +143,10 @@ static Json Resize(Machine& machine, Arguments const& arguments)
 
 static Json State(Machine& machine, Arguments const& arguments)
 {
-    static constexpr Named<WindowState> states[] = { { "0", WindowState::Normal },
-        { "1", WindowState::Minimised }, { "2", WindowState::Maximised } };
+    static constexpr Named<FormState> states[] = { { "0", FormState::Normal },
+        { "1", FormState::Minimised }, { "2", FormState::Maximised } };
     return Answer(
-        machine.input.ChangeState(arguments.FormAt(0), Choice(arguments.Word(1), states)));
+        machine.input.ChangeState(arguments.FormAt(0), Choice(arguments.StringAt(1), states)));
 }
 
 static Json Close(Machine& machine, Arguments const& arguments)
@@ -174,13 +174,13 @@ static Json Setting(Machine& machine, Arguments const& arguments)
 static Json WritePixels(Machine&, Arguments const& arguments)
 {
     auto const surface = arguments.ControlOf<XPContainer>(0).Surface();
-    std::ofstream file(arguments.Word(1), std::ios::binary);
+    std::ofstream file(arguments.StringAt(1), std::ios::binary);
     file << "P6\n" << surface.Width() << ' ' << surface.Height() << "\n255\n";
     for (Colour const pixel : surface.Pixels())
         for (int shift = 0; shift < 24; shift += 8)
             file.put(static_cast<char>(pixel >> shift & 0xFF));
     if (!file.flush())
-        throw CommandError("can't write " + arguments.Word(1));
+        throw CommandError("can't write " + arguments.StringAt(1));
     return { { "width", surface.Width() }, { "height", surface.Height() } };
 }
 

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cmath>
 
-void Arguments::Expect(std::size_t fewest, std::size_t most) const
+void Arguments::ExpectCount(std::size_t fewest, std::size_t most) const
 {
     if (m_words.size() < fewest)
         throw CommandError("the command needs more words");
@@ -11,7 +11,7 @@ void Arguments::Expect(std::size_t fewest, std::size_t most) const
         throw CommandError("the command has too many words");
 }
 
-std::string const& Arguments::Word(std::size_t index) const
+std::string const& Arguments::StringAt(std::size_t index) const
 {
     if (index >= m_words.size())
         throw CommandError("the command needs more words");
@@ -20,7 +20,7 @@ std::string const& Arguments::Word(std::size_t index) const
 
 Text Arguments::TextAt(std::size_t index) const
 {
-    return FromUtf8(Word(index));
+    return FromUtf8(StringAt(index));
 }
 
 template <class Number> static Number Parse(std::string const& word)
@@ -34,22 +34,22 @@ template <class Number> static Number Parse(std::string const& word)
 
 int Arguments::IntegerAt(std::size_t index) const
 {
-    return Parse<int>(Word(index));
+    return Parse<int>(StringAt(index));
 }
 
 float Arguments::NumberAt(std::size_t index) const
 {
-    float const number = Parse<float>(Word(index));
+    float const number = Parse<float>(StringAt(index));
     if (!std::isfinite(number))
-        throw CommandError("not a number: " + Word(index));
+        throw CommandError("not a number: " + StringAt(index));
     return number;
 }
 
 bool Arguments::BooleanAt(std::size_t index) const
 {
-    if (Word(index) != "true" && Word(index) != "false")
-        throw CommandError("neither true nor false: " + Word(index));
-    return Word(index) == "true";
+    if (StringAt(index) != "true" && StringAt(index) != "false")
+        throw CommandError("neither true nor false: " + StringAt(index));
+    return StringAt(index) == "true";
 }
 
 Form& Arguments::FindForm(std::string_view name) const
@@ -61,7 +61,7 @@ Form& Arguments::FindForm(std::string_view name) const
 
 Form& Arguments::FormAt(std::size_t index) const
 {
-    return FindForm(Word(index));
+    return FindForm(StringAt(index));
 }
 
 static Control& FindControl(Form& form, std::string_view name)
@@ -73,7 +73,7 @@ static Control& FindControl(Form& form, std::string_view name)
 
 Control& Arguments::ControlAt(std::size_t index) const
 {
-    std::string_view const word = Word(index);
+    std::string_view const word = StringAt(index);
     auto const dot = word.find('.');
     Form& form = FindForm(word.substr(0, dot));
     if (dot == std::string_view::npos)
@@ -83,7 +83,7 @@ Control& Arguments::ControlAt(std::size_t index) const
 
 PropertyBase& Arguments::PropertyAt(std::size_t index, Control** owner) const
 {
-    std::string_view const word = Word(index);
+    std::string_view const word = StringAt(index);
     auto const dot = word.find('.');
     if (dot == std::string_view::npos)
         throw CommandError("not a property: " + std::string(word));
@@ -106,15 +106,15 @@ Value Arguments::ValueAt(std::size_t index, PropertyBase const& property) const
     if (std::holds_alternative<bool>(present))
         return BooleanAt(index);
     if (std::holds_alternative<std::int64_t>(present))
-        return Parse<std::int64_t>(Word(index));
+        return Parse<std::int64_t>(StringAt(index));
     if (std::holds_alternative<float>(present))
         return NumberAt(index);
     if (std::holds_alternative<Text>(present))
         return TextAt(index);
     std::vector<Text> list;
-    auto const json = Json::parse(Word(index), nullptr, false);
+    auto const json = Json::parse(StringAt(index), nullptr, false);
     if (!json.is_array())
-        throw CommandError("not a list: " + Word(index));
+        throw CommandError("not a list: " + StringAt(index));
     for (auto const& entry : json)
         list.push_back(FromUtf8(entry.is_string() ? entry.get<std::string>() : entry.dump()));
     return list;

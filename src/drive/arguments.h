@@ -1,5 +1,5 @@
 #pragma once
-// The words of a command, read as what the command wants.
+// The words of a command, converted to the types that the command needs.
 
 #include "controls/screen.h"
 #include "drive/json.h"
@@ -9,8 +9,8 @@
 
 class Arguments {
 public:
-    /// `words` are those behind the command's own. All functions throw CommandError if the word is
-    /// missing or another thing.
+    /// `words` are those after the command's name. All functions throw CommandError if the word is
+    /// missing or of another kind.
     Arguments(Screen& screen, std::span<Word const> words)
         : m_screen(screen)
         , m_words(words)
@@ -19,9 +19,9 @@ public:
 
     std::size_t Count() const { return m_words.size(); }
     /// Fails unless there are at least `fewest` and at most `most` words.
-    void Expect(std::size_t fewest, std::size_t most) const;
+    void ExpectCount(std::size_t fewest, std::size_t most) const;
 
-    std::string const& Word(std::size_t index) const;
+    std::string const& StringAt(std::size_t index) const;
     Text TextAt(std::size_t index) const;
     int IntegerAt(std::size_t index) const;
     float NumberAt(std::size_t index) const;
@@ -35,17 +35,16 @@ public:
         Control& control = ControlAt(index);
         if (auto* const found = dynamic_cast<Kind*>(&control))
             return *found;
-        throw CommandError(Word(index) + " is a " + control.Kind());
+        throw CommandError(StringAt(index) + " is a " + control.Kind());
     }
     /// FORM.PROPERTY or FORM.CONTROL.PROPERTY.
     PropertyBase& PropertyAt(std::size_t index, Control** owner = nullptr) const;
     /// A word as a value of the property's type.
     Value ValueAt(std::size_t index, PropertyBase const& property) const;
-    std::span<::Word const> From(std::size_t index) const { return m_words.subspan(index); }
 
 private:
     Form& FindForm(std::string_view name) const;
 
     Screen& m_screen;
-    std::span<::Word const> m_words;
+    std::span<Word const> m_words;
 };

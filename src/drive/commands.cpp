@@ -7,7 +7,7 @@ Json Execute(Machine& machine, std::span<Word const> words)
         for (Command const& command : table)
             if (command.name == name) {
                 Arguments const arguments(machine.screen, words.subspan(1));
-                arguments.Expect(command.fewest, command.most);
+                arguments.ExpectCount(command.fewest, command.most);
                 return command.work(machine, arguments);
             }
     throw CommandError("there is no command " + name);

@@ -1,5 +1,5 @@
 #pragma once
-// The commands of a script but those that steer the run itself (driver.h).
+// The commands of a script, without those that control the run itself (driver.h).
 
 #include "drive/arguments.h"
 #include "drive/machine.h"
@@ -12,11 +12,11 @@ using CommandWork = Json (*)(Machine& machine, Arguments const& arguments);
 
 struct Command {
     char const* name;
-    std::size_t fewest, most; ///< how many words it takes behind its name
+    std::size_t fewest, most; ///< how many words it takes after its name
     CommandWork work;
 };
 
 /// Commands that only ask.
 std::span<Command const> Questions();
-/// Commands that do what a person does, and those that change the machine.
+/// Commands that do what a user does, and those that change the machine.
 std::span<Command const> Actions();

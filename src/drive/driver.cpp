@@ -73,7 +73,7 @@ void Driver::ServeLine(std::string const& line)
     Begin(!words.empty() && words.front().text == "turn");
     int const number = m_current->number;
     if (!answer)
-        answer = Carry(words);
+        answer = TryDispatch(words);
     // A command that opened a modal form has been answered when that came up; what is open now is a
     // later one.
     if (m_current && m_current->number == number)
@@ -108,10 +108,10 @@ void Driver::GiveAnswer()
     m_current.reset();
 }
 
-Json Driver::Carry(std::vector<Word> const& words)
+Json Driver::TryDispatch(std::vector<Word> const& words)
 {
     try {
-        return Steer(words);
+        return Dispatch(words);
     } catch (CommandError const& error) {
         return { { "error", error.what() } };
     }
@@ -122,7 +122,7 @@ static bool ServesAfterTheEnd(std::string const& name)
     return name == "running" || name == "messages" || name == "printed" || name == "opened";
 }
 
-Json Driver::Steer(std::vector<Word> const& words)
+Json Driver::Dispatch(std::vector<Word> const& words)
 {
     std::string const& name = words.front().text;
     if (m_machine.screen.Ended() && !ServesAfterTheEnd(name))
@@ -156,7 +156,7 @@ void Driver::ArmTurn(std::vector<Word> const& words)
 
 void Driver::TurnDue()
 {
-    m_served = Carry(m_inTurn);
+    m_served = TryDispatch(m_inTurn);
     if (m_served->contains("error"))
         m_failed = true;
 }

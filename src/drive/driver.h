@@ -1,5 +1,5 @@
 #pragma once
-// The run of a script: reads its lines, answers each, and goes on inside a form that is up modally.
+// The run of a script: reads its lines and answers each, also while a form is shown modally.
 
 #include "drive/machine.h"
 #include "drive/words.h"
@@ -34,8 +34,8 @@ private:
     /// Serves the script until its end or, for a modal form, until that is unloaded.
     void Serve(Form* modal);
     void ServeLine(std::string const& line);
-    Json Carry(std::vector<Word> const& words);
-    Json Steer(std::vector<Word> const& words);
+    Json TryDispatch(std::vector<Word> const& words);
+    Json Dispatch(std::vector<Word> const& words);
     void ArmTurn(std::vector<Word> const& words);
     void TurnDue();
     void Begin(bool isTurn);

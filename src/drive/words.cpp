@@ -2,7 +2,7 @@
 
 #include "drive/json.h"
 
-/// The end of the JSON string that begins at `start`, behind its closing quote.
+/// The end of the JSON string that begins at `start`, after its closing quote.
 static std::size_t StringEnd(std::string_view line, std::size_t start)
 {
     for (std::size_t at = start + 1; at < line.size(); ++at) {

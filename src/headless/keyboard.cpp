@@ -1,37 +1,23 @@
 #include "headless/keyboard.h"
 
 #include "controls/button.h"
+#include "controls/key_codes.h"
 #include "controls/menu.h"
 #include "controls/picture.h"
 #include "controls/screen.h"
 #include "headless/text_keys.h"
 
-enum : int {
-    tab = 9,
-    enter = 13,
-    escape = 27,
-    space = 32,
-    pageUp,
-    pageDown,
-    end,
-    home,
-    left,
-    up,
-    right,
-    down,
-    f4 = 115
-};
-
 /// True for the keys that do nothing by themselves: Shift, Ctrl, Alt, the system's two, and those
 /// that lock.
 static bool IsModifier(int keyCode)
 {
-    return (keyCode >= 16 && keyCode <= 18) || keyCode == 20 || keyCode == 91 || keyCode == 92
-        || keyCode == 144 || keyCode == 145 || (keyCode >= 160 && keyCode <= 165);
+    return (keyCode >= keyShift && keyCode <= keyAlt) || keyCode == keyCapsLock
+        || keyCode == keyLeftSystem || keyCode == keyRightSystem || keyCode == keyNumLock
+        || keyCode == keyScrollLock || (keyCode >= keyLeftShift && keyCode <= keyRightAlt);
 }
 
-/// A key that brought up another form is let go over that.
-static bool HearsRelease(Input const& input, Control const& control)
+/// A key that opened another form is released over that form.
+static bool ReceivesKeyUp(Input const& input, Control const& control)
 {
     Form const& form = control.ParentForm();
     return input.Blocked(control).empty() && form.GetScreen().Active() == &form;
@@ -58,8 +44,8 @@ static Refusal TypeCharacter(Input& input, TextInput& box, TextView character)
     if (character[0] != u'\r' || box.IsMultiLine())
         refusal = ReplaceByUser(input, box, character);
     else
-        input.PressDefault(box.ParentForm(), enter);
-    if (HearsRelease(input, box))
+        input.PressDefault(box.ParentForm(), keyEnter);
+    if (ReceivesKeyUp(input, box))
         input.KeyUp(box, keyCode, 0);
     return refusal;
 }
@@ -102,13 +88,13 @@ static Node* NextVisible(TreeView const& tree, Node* from, bool downwards)
 static void PressInTree(Input& input, TreeView& tree, int keyCode)
 {
     Node* const node = tree.Selected();
-    if (keyCode == up || keyCode == down) {
-        tree.Select(NextVisible(tree, node, keyCode == down));
-    } else if (node && (keyCode == enter || keyCode == space)) {
+    if (keyCode == keyUp || keyCode == keyDown) {
+        tree.Select(NextVisible(tree, node, keyCode == keyDown));
+    } else if (node && (keyCode == keyEnter || keyCode == keySpace)) {
         input.ClickNode(tree, *node);
-    } else if (node && keyCode == right) {
+    } else if (node && keyCode == keyRight) {
         input.Expand(tree, *node, true);
-    } else if (node && keyCode == left) {
+    } else if (node && keyCode == keyLeft) {
         if (node->Expanded())
             input.Expand(tree, *node, false);
         else if (node->Parent())
@@ -118,61 +104,61 @@ static void PressInTree(Input& input, TreeView& tree, int keyCode)
 
 static void PressOnBar(Input& input, ScrollBar& bar, int keyCode)
 {
-    if (keyCode == left || keyCode == up)
+    if (keyCode == keyLeft || keyCode == keyUp)
         input.Step(bar, BarStep::Less);
-    else if (keyCode == right || keyCode == down)
+    else if (keyCode == keyRight || keyCode == keyDown)
         input.Step(bar, BarStep::More);
-    else if (keyCode == pageUp || keyCode == pageDown)
-        input.Step(bar, keyCode == pageUp ? BarStep::PageLess : BarStep::PageMore);
-    else if (keyCode == home || keyCode == end)
-        input.DragThumb(bar, keyCode == home ? bar.Min() : bar.Max(), true);
+    else if (keyCode == keyPageUp || keyCode == keyPageDown)
+        input.Step(bar, keyCode == keyPageUp ? BarStep::PageLess : BarStep::PageMore);
+    else if (keyCode == keyHome || keyCode == keyEnd)
+        input.DragThumb(bar, keyCode == keyHome ? bar.Min() : bar.Max(), true);
 }
 
 /// What a control does with a key; false if it does nothing with it.
 static bool PressInControl(Input& input, Screen& screen, Control& target, int keyCode, int shift)
 {
-    bool const clicks = keyCode == enter || keyCode == space;
+    bool const clicks = keyCode == keyEnter || keyCode == keySpace;
     if (auto* const box = dynamic_cast<TextInput*>(&target)) {
-        if (keyCode == enter && box->IsMultiLine() && !box->IsReadOnly())
+        if (keyCode == keyEnter && box->IsMultiLine() && !box->Locked)
             return ReplaceByUser(input, *box, u"\r\n").empty();
         return PressInText(input, screen.GetHost(), *box, keyCode, shift);
     }
     if (auto* const tree = dynamic_cast<TreeView*>(&target)) {
         PressInTree(input, *tree, keyCode);
-        return keyCode == enter;
+        return keyCode == keyEnter;
     }
     if (auto* const bar = dynamic_cast<ScrollBar*>(&target)) {
         PressOnBar(input, *bar, keyCode);
         return false;
     }
     if (auto* const list = dynamic_cast<ComboBox*>(&target)) {
-        int const index = list->ListIndex + (keyCode == down) - (keyCode == up);
+        int const index = list->ListIndex + (keyCode == keyDown) - (keyCode == keyUp);
         if (index != list->ListIndex)
             input.Choose(*list, index);
         return false;
     }
     bool const isClickable = dynamic_cast<CommandButton*>(&target) || dynamic_cast<Image*>(&target)
-        || (dynamic_cast<CheckBox*>(&target) && keyCode == space);
+        || (dynamic_cast<CheckBox*>(&target) && keyCode == keySpace);
     return clicks && isClickable && input.Click(target).empty();
 }
 
 /// The character that a key types with these modifiers; 0 for none.
 static char16_t CharacterOf(int keyCode, int shift)
 {
-    if ((shift & (controlKey | altKey)) != 0)
+    if ((shift & (controlHeld | altHeld)) != 0)
         return 0;
     if (keyCode >= 'A' && keyCode <= 'Z')
-        return static_cast<char16_t>((shift & shiftKey) != 0 ? keyCode : keyCode - 'A' + 'a');
-    bool const isItself = keyCode == enter || keyCode == escape || keyCode == space || keyCode == 8
-        || (keyCode >= '0' && keyCode <= '9' && shift == 0);
+        return static_cast<char16_t>((shift & shiftHeld) != 0 ? keyCode : keyCode - 'A' + 'a');
+    bool const isItself = keyCode == keyEnter || keyCode == keyEscape || keyCode == keySpace
+        || keyCode == keyBackspace || (keyCode >= '0' && keyCode <= '9' && shift == 0);
     return isItself ? static_cast<char16_t>(keyCode) : u'\0';
 }
 
-static void Strike(Input& input, Screen& screen, Control& target, int keyCode, int shift)
+static void ApplyKey(Input& input, Screen& screen, Control& target, int keyCode, int shift)
 {
     Form& form = target.ParentForm();
-    Control* const next = keyCode == tab
-        ? screen.NextInTabOrder(form, form.Focus(), (shift & shiftKey) != 0)
+    Control* const next = keyCode == keyTab
+        ? screen.NextInTabOrder(form, form.Focus(), (shift & shiftHeld) != 0)
         : nullptr;
     if (next) {
         input.Focus(*next);
@@ -184,12 +170,12 @@ static void Strike(Input& input, Screen& screen, Control& target, int keyCode, i
         input.KeyPress(target, character);
     if (!input.Blocked(form).empty() || PressInControl(input, screen, target, keyCode, shift))
         return;
-    if (keyCode == enter || keyCode == escape) {
+    if (keyCode == keyEnter || keyCode == keyEscape) {
         input.PressDefault(form, keyCode);
         return;
     }
     auto* const box = dynamic_cast<TextInput*>(&target);
-    if (box && character >= u' ' && !box->IsReadOnly())
+    if (box && character >= u' ' && !box->Locked)
         ReplaceByUser(input, *box, TextView(&character, 1));
 }
 
@@ -202,9 +188,9 @@ Refusal Press(Input& input, Screen& screen, Control& target, int keyCode, int sh
     if (!isForm && target.CanFocus())
         input.Focus(target);
     Form& form = target.ParentForm();
-    if (keyCode == f4 && shift == altKey)
+    if (keyCode == keyF4 && shift == altHeld)
         return input.Close(form);
-    if (shift == controlKey && keyCode >= 'A' && keyCode <= 'Z') {
+    if (shift == controlHeld && keyCode >= 'A' && keyCode <= 'Z') {
         Text const shortcut = u"Ctrl+" + Text(1, static_cast<char16_t>(keyCode));
         if (MenuEntry* entry = input.FindShortcut(form, shortcut))
             return input.Click(*entry);
@@ -212,8 +198,8 @@ Refusal Press(Input& input, Screen& screen, Control& target, int keyCode, int sh
     if (!isForm)
         input.KeyDown(target, keyCode, shift);
     if (isForm ? input.Blocked(form).empty() : input.Blocked(target).empty())
-        Strike(input, screen, target, keyCode, shift);
-    if (!isForm && HearsRelease(input, target))
+        ApplyKey(input, screen, target, keyCode, shift);
+    if (!isForm && ReceivesKeyUp(input, target))
         input.KeyUp(target, keyCode, shift);
     return {};
 }

@@ -1,23 +1,12 @@
 #include "headless/text_keys.h"
 
-#include <algorithm>
+#include "controls/key_codes.h"
 
-enum : int {
-    backspace = 8,
-    pageUp = 33,
-    pageDown,
-    end,
-    home,
-    left,
-    up,
-    right,
-    down,
-    deleteKey = 46
-};
+#include <algorithm>
 
 Refusal ReplaceByUser(Input& input, TextInput& box, TextView text)
 {
-    Text whole = box.CurrentText();
+    Text whole = box.Text();
     auto const start = static_cast<std::size_t>(box.SelStart());
     whole.replace(start, static_cast<std::size_t>(box.SelLength()), text);
     return input.Edit(box, std::move(whole), static_cast<int>(start + text.size()), 0);
@@ -30,8 +19,8 @@ static bool IsLineEnd(Text const& text, int at)
         && text[static_cast<std::size_t>(at) + 1] == u'\n';
 }
 
-/// True if two 16-bit characters stand here that no key parts: a line end, or the halves of one
-/// character.
+/// True if two 16-bit characters begin here that no key separates: a line end, or the halves of
+/// one character.
 static bool IsPair(Text const& text, int at)
 {
     if (at < 0 || static_cast<std::size_t>(at) + 1 >= text.size())
@@ -46,7 +35,7 @@ static int Before(Text const& text, int at)
     return std::max(0, at - (IsPair(text, at - 2) ? 2 : 1));
 }
 
-static int Behind(Text const& text, int at)
+static int After(Text const& text, int at)
 {
     return std::min(static_cast<int>(text.size()), at + (IsPair(text, at) ? 2 : 1));
 }
@@ -81,53 +70,54 @@ static int Vertical(Text const& text, int at, bool isDown)
 
 static bool IsCaretKey(int keyCode)
 {
-    return keyCode >= pageUp && keyCode <= down;
+    return keyCode >= keyPageUp && keyCode <= keyDown;
 }
 
-static int Moved(Text const& text, int at, int keyCode, bool control)
+static int CaretAfterKey(Text const& text, int at, int keyCode, bool control)
 {
     switch (keyCode) {
-    case left:
+    case keyLeft:
         return Before(text, at);
-    case right:
-        return Behind(text, at);
-    case up:
-    case down:
-        return Vertical(text, at, keyCode == down);
-    case home:
+    case keyRight:
+        return After(text, at);
+    case keyUp:
+    case keyDown:
+        return Vertical(text, at, keyCode == keyDown);
+    case keyHome:
         return control ? 0 : LineStart(text, at);
-    case end:
+    case keyEnd:
         return control ? static_cast<int>(text.size()) : LineEnd(text, at);
     default: // A page reaches further than any text of a test.
-        return keyCode == pageUp ? 0 : static_cast<int>(text.size());
+        return keyCode == keyPageUp ? 0 : static_cast<int>(text.size());
     }
 }
 
 static void MoveCaret(Input& input, TextInput& box, int keyCode, int shift)
 {
-    auto const& text = box.CurrentText();
+    auto const& text = box.Text();
     int const selectionEnd = box.SelStart + box.SelLength;
     bool const forwards
-        = keyCode == right || keyCode == down || keyCode == end || keyCode == pageDown;
-    bool const control = (shift & controlKey) != 0;
-    if ((shift & shiftKey) != 0) {
-        // Of a selection the end in the key's direction moves, the other stays.
-        int const moved = Moved(text, forwards ? selectionEnd : box.SelStart(), keyCode, control);
+        = keyCode == keyRight || keyCode == keyDown || keyCode == keyEnd || keyCode == keyPageDown;
+    bool const control = (shift & controlHeld) != 0;
+    if ((shift & shiftHeld) != 0) {
+        // The end of the selection in the key's direction moves, the other stays.
+        int const moved
+            = CaretAfterKey(text, forwards ? selectionEnd : box.SelStart(), keyCode, control);
         int const start = forwards ? box.SelStart() : moved;
         input.Select(box, start, (forwards ? moved : selectionEnd) - start);
-    } else if (box.SelLength > 0 && (keyCode == left || keyCode == right)) {
-        input.Select(box, keyCode == left ? box.SelStart() : selectionEnd, 0);
+    } else if (box.SelLength > 0 && (keyCode == keyLeft || keyCode == keyRight)) {
+        input.Select(box, keyCode == keyLeft ? box.SelStart() : selectionEnd, 0);
     } else {
-        input.Select(
-            box, Moved(text, forwards ? selectionEnd : box.SelStart(), keyCode, control), 0);
+        input.Select(box,
+            CaretAfterKey(text, forwards ? selectionEnd : box.SelStart(), keyCode, control), 0);
     }
 }
 
 static void Erase(Input& input, TextInput& box, bool backwards)
 {
-    auto const& text = box.CurrentText();
+    auto const& text = box.Text();
     if (box.SelLength == 0) {
-        int const other = backwards ? Before(text, box.SelStart) : Behind(text, box.SelStart);
+        int const other = backwards ? Before(text, box.SelStart) : After(text, box.SelStart);
         int const start = std::min(other, box.SelStart());
         input.Select(box, start, std::max(other, box.SelStart()) - start);
     }
@@ -137,22 +127,22 @@ static void Erase(Input& input, TextInput& box, bool backwards)
 
 static bool PressClipboardKey(Input& input, Host& host, TextInput& box, int keyCode)
 {
-    auto const selected = TextView(box.CurrentText())
+    auto const selected = TextView(box.Text())
                               .substr(static_cast<std::size_t>(box.SelStart()),
                                   static_cast<std::size_t>(box.SelLength()));
     switch (keyCode) {
     case 'A':
-        input.Select(box, 0, static_cast<int>(box.CurrentText().size()));
+        input.Select(box, 0, static_cast<int>(box.Text().size()));
         return true;
     case 'C':
     case 'X':
         if (!selected.empty())
             host.SetClipboardText(selected);
-        if (keyCode == 'X' && !selected.empty() && !box.IsReadOnly())
+        if (keyCode == 'X' && !selected.empty() && !box.Locked)
             ReplaceByUser(input, box, {});
         return true;
     case 'V':
-        if (!box.IsReadOnly())
+        if (!box.Locked)
             ReplaceByUser(input, box, WithLineEnds(host.ClipboardText()));
         return true;
     default:
@@ -162,14 +152,14 @@ static bool PressClipboardKey(Input& input, Host& host, TextInput& box, int keyC
 
 bool PressInText(Input& input, Host& host, TextInput& box, int keyCode, int shift)
 {
-    if (shift == controlKey && PressClipboardKey(input, host, box, keyCode))
+    if (shift == controlHeld && PressClipboardKey(input, host, box, keyCode))
         return true;
     if (IsCaretKey(keyCode)) {
         MoveCaret(input, box, keyCode, shift);
         return true;
     }
-    if ((keyCode != backspace && keyCode != deleteKey) || box.IsReadOnly())
+    if ((keyCode != keyBackspace && keyCode != keyDelete) || box.Locked)
         return false;
-    Erase(input, box, keyCode == backspace);
+    Erase(input, box, keyCode == keyBackspace);
     return true;
 }

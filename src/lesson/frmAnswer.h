@@ -1,5 +1,5 @@
 #pragma once
-// The small window with the publisher's answer to a page. It stands beside the lesson; a click on
+// The small window with the publisher's answer to a page. It is shown beside the lesson; a click on
 // the text or the button closes it.
 
 #include "controls/button.h"

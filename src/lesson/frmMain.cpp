@@ -6,29 +6,26 @@
 
 frmMain::frmMain(Screen& screen, FileSystem& files, AnswerStore& store, frmAnswer& answer,
     ReferenceForms const& reference)
-    : Form(screen, "frmMain", u"Sparrowfield Interactive Bible Study", 11745, 8310)
+    : MainScreen(screen, "frmMain", u"Sparrowfield Interactive Bible Study", { 11745, 8310 },
+        Role::Lesson, reference)
     , m_files(files)
     , m_store(store)
     , m_answerForm(answer)
-    , m_referenceMenus(*this, ReferenceScreen::Lesson, reference)
 {
     Design();
-    Listen();
+    ConnectHandlers();
 }
 
 /// What the controls look like before anything is loaded.
 void frmMain::Design()
 {
-    opensAs = WindowState::Maximised;
-    centred = true;
     smallest = { 11000, 8000 };
-    BackColor = Rgb(0, 0, 0);
     Picture = u":lesson-ground";
     Frame1.Picture = u":loading";
     lblStudy.ForeColor = Rgb(255, 255, 255);
     lblStudy.FontBold = true;
     lblStudy.FontSize = 12;
-    lblStudy.Alignment = Alignment::Centre;
+    lblStudy.Alignment = TextAlignment::Centre;
     for (XPContainer* panel :
         { &XPContainer1, &XPContainer2, &XPContainer3, &XPContainer4, &XPContainer5 }) {
         panel->HeaderLightColor = Rgb(255, 255, 255);
@@ -55,11 +52,11 @@ void frmMain::Design()
     TreeView1.Images = &ImageList2;
     TreeView2.Images = &ImageList2;
     StatusBar1.Panel1 = u"Lesson progress:";
-    NameAndOrder();
+    SetNamesAndTabOrder();
 }
 
-/// What assistive tools call the controls, and how Tab goes through them.
-void frmMain::NameAndOrder()
+/// What assistive tools call the controls, and the order in which Tab visits them.
+void frmMain::SetNamesAndTabOrder()
 {
     Image1.ToolTipText = u"Click here for answers from Sparrowfield";
     Image1.TabStop = true;
@@ -79,13 +76,13 @@ void frmMain::NameAndOrder()
 }
 
 /// The handlers.
-void frmMain::Listen()
+void frmMain::ConnectHandlers()
 {
     Text3.GotFocus = [this] { Text3_GotFocus(); };
     Text3.LostFocus = [this] { Text3_LostFocus(); };
     Text3.Change = [this] { Text3_Change(); };
-    Text3.Typed = [this] { StoreWhatIsTyped(); };
-    Text3.KeyDown = [this](int, int) { SaySaved(false); };
+    Text3.Typed = [this] { StartStoreTimer(); };
+    Text3.KeyDown = [this](int, int) { ShowSaved(false); };
     tmrStore.Tick = [this] { tmrStore_Timer(); };
     Image1.Click = [this] { Image1_Click(); };
     Command1.Click = [this] { Command1_Click(); };
@@ -122,8 +119,8 @@ void frmMain::ShowLessonPage(int page)
     Text3.Height = Image1.Top - Text3.Top;
     m_answerPage = ctlScrollbar.Value;
     Text3.Text = m_store.Fill(m_section, m_answerPage);
-    StopStoring();
-    SaySaved(false);
+    StopStoreTimer();
+    ShowSaved(false);
     if (!Visible)
         Show();
     Text3.Visible = true;
@@ -197,27 +194,27 @@ void frmMain::Text3_Change()
 
 void frmMain::StoreAnswer()
 {
-    StopStoring();
+    StopStoreTimer();
     if (auto const failure = m_store.Leave(Text3.Text))
         GetScreen().Message(failure->Message());
 }
 
 /// The user has changed the answer: it is stored one second later, even if the typing goes on.
-void frmMain::StoreWhatIsTyped()
+void frmMain::StartStoreTimer()
 {
     tmrStore.Enabled = true;
-    SaySaved(false);
+    ShowSaved(false);
 }
 
 /// Beside the caption of the progress, until the next key or page.
-void frmMain::SaySaved(bool isSaved)
+void frmMain::ShowSaved(bool isSaved)
 {
     constexpr float progressCaption = 1800; // twips
     StatusBar1.Panel1Width = isSaved ? progressCaption : 0;
     StatusBar1.Panel2 = isSaved ? u"Saved" : u"";
 }
 
-void frmMain::StopStoring()
+void frmMain::StopStoreTimer()
 {
     tmrStore.Enabled = false;
 }
@@ -230,9 +227,9 @@ void frmMain::tmrStore_Timer()
         GetScreen().Message(failure->Message());
 }
 
-void frmMain::StoreAnew()
+void frmMain::RestoreInNewStore()
 {
-    m_store.FillAnew();
+    m_store.RestoreInNewStore();
     if (m_answerPage != 0)
         m_store.SetCurrentPage(m_section, FromNumber(m_answerPage));
 }
@@ -256,16 +253,16 @@ void frmMain::mnuFileSave_Click()
 {
     if (m_answerPage == 0)
         return;
-    StopStoring();
-    if (auto const failure = m_store.Save(Text3.Text)) {
-        GetScreen().Message(failure->Message());
+    StopStoreTimer();
+    if (auto const saved = m_store.Save(Text3.Text); !saved) {
+        GetScreen().Message(saved.failure().Message());
         return;
     }
-    // An answer that couldn't be read before stands in front of what was typed now.
+    // An answer that couldn't be read before comes before what was typed now.
     auto const stored = m_store.Fill(m_section, m_answerPage);
     if (stored != Text3.Text())
         Text3.Text = stored;
-    SaySaved(true);
+    ShowSaved(true);
 }
 
 void frmMain::mnuFileClose_Click()
@@ -285,7 +282,7 @@ void frmMain::mnuEditCut_Click()
 {
     mnuEditCopy_Click();
     Text3.ReplaceSelection({});
-    StoreWhatIsTyped();
+    StartStoreTimer();
 }
 
 void frmMain::mnuEditCopy_Click()
@@ -299,17 +296,17 @@ void frmMain::mnuEditCopy_Click()
 void frmMain::mnuEditPaste_Click()
 {
     Text3.ReplaceSelection(GetScreen().GetHost().ClipboardText());
-    StoreWhatIsTyped();
+    StartStoreTimer();
 }
 
 void frmMain::mnuEditDeleteLesson_Click()
 {
-    StopStoring();
-    if (auto const failure = m_store.DeleteLesson(m_section, Text3.Text)) {
-        GetScreen().Message(
-            u"The answers of this lesson have not been deleted.\r\n\r\n" + failure->Message());
+    StopStoreTimer();
+    if (auto const deleted = m_store.DeleteLesson(m_section, Text3.Text); !deleted) {
+        GetScreen().Message(u"The answers of this lesson have not been deleted.\r\n\r\n"
+            + deleted.failure().Message());
         return;
     }
     Text3.Text = u"";
-    SaySaved(false);
+    ShowSaved(false);
 }

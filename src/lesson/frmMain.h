@@ -5,14 +5,13 @@
 
 #include "controls/button.h"
 #include "controls/label.h"
-#include "controls/menu.h"
 #include "controls/picture.h"
 #include "controls/rich_text_box.h"
 #include "controls/scroll_bar.h"
 #include "controls/timer.h"
 #include "controls/tree_view.h"
 #include "controls/xp_container.h"
-#include "dialogs/reference_menus.h"
+#include "dialogs/main_screen.h"
 #include "lesson/frmAnswer.h"
 #include "platform/file_system.h"
 #include "study/answer_store.h"
@@ -21,13 +20,12 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 /// The background of the panels of the screen.
 inline constexpr Colour panelColor = 0xFCF4EF;
 
-class frmMain final : public Form {
+class frmMain final : public MainScreen {
 public:
     /// All outlive the form.
     frmMain(Screen& screen, FileSystem& files, AnswerStore& store, frmAnswer& answer,
@@ -35,30 +33,31 @@ public:
 
     /// Names the screen that takes this one's place when it is left: once, before the first
     /// showing.
-    void ReturnTo(Form& catalogue) { m_catalogue = &catalogue; }
+    void SetCatalogue(Form& catalogue) { m_catalogue = &catalogue; }
 
     /// Names the lesson that the next showing opens, "<file name>:<lesson number>". Only stores the
     /// value.
     void SetStudy(TextView value);
 
-    /// Puts the number of the page into a store that was begun anew, and all answers that it lacks.
-    void StoreAnew();
+    /// Writes the number of the page into a store that was begun anew, and all answers that it
+    /// lacks.
+    void RestoreInNewStore();
     /// Stores what has been typed since the last store.
     void StoreTyped() { tmrStore.Fire(); }
 
 private:
     // The load, in frmMain_load.cpp.
     void Design();
-    void NameAndOrder();
-    void Listen();
+    void SetNamesAndTabOrder();
+    void ConnectHandlers();
     void Form_Load() override;
-    std::optional<Failure> TryToLoad();
-    std::optional<Failure> LoadLesson();
-    std::optional<Failure> LoadIntroduction(LessonReader& reader);
-    std::optional<Failure> LoadPages(LessonReader& reader);
-    std::optional<Failure> FillMainScriptures(TextView name);
-    std::optional<Failure> FillSupplementalScriptures(TextView name);
-    std::optional<Failure> FillScriptures(TreeView& tree, TextView name);
+    Outcome<Done> TryToLoad();
+    Outcome<Done> LoadLesson();
+    Outcome<Done> LoadIntroduction(LessonReader& reader);
+    Outcome<Done> LoadPages(LessonReader& reader);
+    Outcome<Done> FillMainScriptures(TextView name);
+    Outcome<Done> FillSupplementalScriptures(TextView name);
+    Outcome<Done> FillScriptures(TreeView& tree, TextView name);
     void AddHeading(TreeView& tree, int number, TextView heading);
     void AppendVerse(VerseFileItem const& item);
     void AppendIntroduction();
@@ -67,7 +66,6 @@ private:
 
     // The layout, in frmMain_layout.cpp.
     void Form_Resize() override;
-    void ClampSize();
     void HideForLayout();
     void PlaceLeftColumn(float w, float base, float leftSplit);
     void PlaceRightColumn(float w, float base, float rightSplit);
@@ -88,9 +86,9 @@ private:
     void ShowPassage(Node const& node);
     bool HasAnswer() const;
     void StoreAnswer();
-    void StoreWhatIsTyped();
-    void StopStoring();
-    void SaySaved(bool isSaved);
+    void StartStoreTimer();
+    void StopStoreTimer();
+    void ShowSaved(bool isSaved);
     void tmrStore_Timer();
     void EnableClipboardEntries(bool enabled);
 
@@ -108,26 +106,12 @@ private:
     Form* m_catalogue = nullptr;
 
     Text studyKey;
-    Text m_section; // of the settings store, in which the answers of the lesson lie
+    Text m_section; // of the settings store, with the answers of the lesson
     Text lessonNumber;
     Text studyPrefix;
     std::vector<Text> pages; // page n has index n - 1
     std::vector<Text> answers; // the publisher's, same index
     int m_answerPage = 0; // the page whose answer Text3 was given; 0 for none
-
-    Menu mnuFile { *this, "mnuFile", u"&File" };
-    MenuEntry mnuFileSave { *this, mnuFile, "mnuFileSave", u"&Save My Answers" };
-    MenuEntry mnuFileClose { *this, mnuFile, "mnuFileClose", u"&Choose Another Study" };
-    MenuEntry mnuFileSeparator { *this, mnuFile, "mnuFileSeparator", u"-" };
-    MenuEntry mnuFileExit { *this, mnuFile, "mnuFileExit", u"E&xit" };
-    Menu mnuEdit { *this, "mnuEdit", u"&Edit" };
-    MenuEntry mnuEditCut { *this, mnuEdit, "mnuEditCut", u"Cut", u"Ctrl+X" };
-    MenuEntry mnuEditCopy { *this, mnuEdit, "mnuEditCopy", u"Copy", u"Ctrl+C" };
-    MenuEntry mnuEditPaste { *this, mnuEdit, "mnuEditPaste", u"Paste", u"Ctrl+V" };
-    MenuEntry mnuEditSeparator { *this, mnuEdit, "mnuEditSeparator", u"-" };
-    MenuEntry mnuEditDeleteLesson { *this, mnuEdit, "mnuEditDeleteLesson",
-        u"&Delete Answers For This Lesson" };
-    ReferenceMenus m_referenceMenus;
 
     Label lblStudy { *this, *this, "lblStudy", { 225, 30, 11280, 360 } }; // the study's title
     XPContainer XPContainer3 { *this, *this, "XPContainer3", { 240, 480, 5535, 2055 },

@@ -10,9 +10,10 @@
 
 void frmMain::Form_Resize()
 {
-    if (WindowState == WindowState::Minimised)
+    if (WindowState == FormState::Minimised)
         return;
-    ClampSize();
+    GrowToSmallest();
+    ShrinkToScreen();
     float const w = Width;
     float const h = Height;
     Frame1.Left = (w - Frame1.Width) / 2;
@@ -22,8 +23,8 @@ void frmMain::Form_Resize()
     HideForLayout();
     ProgressBar1.Top = usable + 75 - 690 - ProgressBar1.Height / 2;
     ProgressBar1.Left = w - 5025 + 700;
-    // The rows where the panels of each column meet. On the first run the tree still stands at its
-    // place of the design.
+    // The rows where the panels of each column meet. On the first run the tree is still at the
+    // place of its design.
     float const base = usable - 2 * margin;
     float const leftSplit = XPContainer3.Top + 33 * (base - XPContainer3.Top) / 100;
     float const rightSplit = TreeView1.Top + 28 * (base - TreeView1.Top) / 100;
@@ -32,19 +33,6 @@ void frmMain::Form_Resize()
     PlacePageArea();
     lblStudy.Width = w - 700;
     ShowAfterLayout();
-}
-
-/// The window can't be made smaller than the layout can bear; but a screen that is lower has the
-/// last word.
-void frmMain::ClampSize()
-{
-    if (Width < smallest.width)
-        Width = smallest.width;
-    if (Height < smallest.height)
-        Height = smallest.height;
-    float const screenHeight = GetScreen().GetHost().ScreenSize().height;
-    if (WindowState != WindowState::Maximised && Height > screenHeight)
-        Height = screenHeight;
 }
 
 void frmMain::HideForLayout()

@@ -11,14 +11,14 @@
 
 /// Below this many characters a lesson's own introduction is followed by the general one.
 static constexpr int shortIntroduction = 120;
-/// Line ends behind the passages, so that the last headings too have room to come to the top.
-static constexpr int linesBehindPassages = 40;
+/// Line ends after the passages, so that the last headings too can be scrolled to the top.
+static constexpr int linesAfterPassages = 40;
 /// The margin of the texts, in twips.
 static constexpr float textIndent = 150;
-/// How much further in the lines of a verse stand than its number, in twips.
+/// How much further the lines of a verse are indented than its number, in twips.
 static constexpr float verseIndent = 210;
 
-/// Writes behind everything else, in the format that the box is set to by `format`.
+/// Writes after everything else, in the format that the box is set to by `format`.
 template <class Format> static void Append(RichTextBox& box, Format format, TextView text)
 {
     box.SelStart = box.Length();
@@ -56,11 +56,11 @@ void frmMain::Form_Load()
     Form_Resize();
     Show(); // So that the loading panel can be seen.
     GetScreen().GetTurns().Give();
-    auto const failure = TryToLoad();
+    auto const loaded = TryToLoad();
     if (!IsLoaded())
-        return; // The program came to its end in a turn of the load.
-    if (failure) {
-        GiveUp(*failure);
+        return; // The program ended in a turn of the load.
+    if (!loaded) {
+        GiveUp(loaded.failure());
         return;
     }
     Resume(resumeAt);
@@ -68,7 +68,7 @@ void frmMain::Form_Load()
 }
 
 /// A lesson too large for the machine is given up like a damaged one.
-std::optional<Failure> frmMain::TryToLoad()
+Outcome<Done> frmMain::TryToLoad()
 {
     try {
         return LoadLesson();
@@ -78,7 +78,7 @@ std::optional<Failure> frmMain::TryToLoad()
     return Failure { studyKey, 0, u"there isn't enough memory for the lesson" };
 }
 
-std::optional<Failure> frmMain::LoadLesson()
+Outcome<Done> frmMain::LoadLesson()
 {
     Turns& turns = GetScreen().GetTurns();
     auto reader = LessonReader::Open(m_files, studyKey, turns);
@@ -98,27 +98,27 @@ std::optional<Failure> frmMain::LoadLesson()
         + Text(titles[0]) + (titles.size() > 1 ? u"   " + Text(titles[1]) : Text());
     if (auto const found = reader->FindBlock(); !found)
         return found.failure();
-    if (auto failure = LoadIntroduction(*reader))
-        return failure;
-    if (auto failure = LoadPages(*reader))
-        return failure;
+    if (auto const loaded = LoadIntroduction(*reader); !loaded)
+        return loaded;
+    if (auto const loaded = LoadPages(*reader); !loaded)
+        return loaded;
     Text1.Text = u"";
     for (auto const fill : { &frmMain::FillMainScriptures, &frmMain::FillSupplementalScriptures }) {
         auto const name = reader->ReadName();
         if (!name)
             return name.failure();
-        if (auto failure = (this->*fill)(*name))
-            return failure;
+        if (auto const filled = (this->*fill)(*name); !filled)
+            return filled;
     }
-    for (int i = 0; i < linesBehindPassages; ++i)
+    for (int i = 0; i < linesAfterPassages; ++i)
         Append(
             Text1, [] {}, u"\r\n");
     IndentAll(Text1);
     Text1.Visible = true;
-    return std::nullopt;
+    return Done();
 }
 
-std::optional<Failure> frmMain::LoadIntroduction(LessonReader& reader)
+Outcome<Done> frmMain::LoadIntroduction(LessonReader& reader)
 {
     Text4.Text = u"";
     auto const read = reader.ReadIntroduction([this](IntroParagraph const& paragraph) {
@@ -130,7 +130,7 @@ std::optional<Failure> frmMain::LoadIntroduction(LessonReader& reader)
     if (Text4.Length() < shortIntroduction)
         AppendIntroduction();
     IndentAll(Text4);
-    return std::nullopt;
+    return Done();
 }
 
 void frmMain::AppendIntroduction()
@@ -141,7 +141,7 @@ void frmMain::AppendIntroduction()
     });
 }
 
-std::optional<Failure> frmMain::LoadPages(LessonReader& reader)
+Outcome<Done> frmMain::LoadPages(LessonReader& reader)
 {
     auto body = reader.ReadBody();
     if (!body)
@@ -150,22 +150,22 @@ std::optional<Failure> frmMain::LoadPages(LessonReader& reader)
     answers = std::move(body->answers);
     ctlScrollbar.Min = 1;
     ctlScrollbar.Max = static_cast<std::int16_t>(std::min<std::size_t>(pages.size(), INT16_MAX));
-    return std::nullopt;
+    return Done();
 }
 
-std::optional<Failure> frmMain::FillMainScriptures(TextView name)
+Outcome<Done> frmMain::FillMainScriptures(TextView name)
 {
     Label1.Caption = studyPrefix + u": " + lblStudy.Caption();
     return FillScriptures(TreeView1, name);
 }
 
-std::optional<Failure> frmMain::FillSupplementalScriptures(TextView name)
+Outcome<Done> frmMain::FillSupplementalScriptures(TextView name)
 {
     Label1.Caption = u"Supplemental Scriptures...";
     return FillScriptures(TreeView2, name);
 }
 
-std::optional<Failure> frmMain::FillScriptures(TreeView& tree, TextView name)
+Outcome<Done> frmMain::FillScriptures(TreeView& tree, TextView name)
 {
     int headings = 0;
     VerseFileListener listener;
@@ -183,9 +183,7 @@ std::optional<Failure> frmMain::FillScriptures(TreeView& tree, TextView name)
         else
             AppendVerse(item);
     };
-    auto const read
-        = ReadVerseSection(m_files, name, lessonNumber, GetScreen().GetTurns(), listener);
-    return read ? std::nullopt : std::optional(read.failure());
+    return ReadVerseSection(m_files, name, lessonNumber, GetScreen().GetTurns(), listener);
 }
 
 void frmMain::AddHeading(TreeView& tree, int number, TextView heading)

@@ -1,5 +1,5 @@
 #pragma once
-// The nine maps: what opens them, what they are called, where they lie.
+// The nine maps: their menu entries, their titles and their files.
 
 #include "base/text.h"
 

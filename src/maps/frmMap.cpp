@@ -1,18 +1,18 @@
 #include "maps/frmMap.h"
 
 #include "base/rounding.h"
+#include "controls/key_codes.h"
 #include "controls/screen.h"
 
 #include <algorithm>
 
 static constexpr Colour mapGround = Rgb(192, 192, 255);
-static constexpr int keyEscape = 27, keyLeft = 37, keyUp = 38, keyRight = 39, keyDown = 40;
 
 frmMap::frmMap(Screen& screen, FileSystem const& files)
     : Form(screen, "frmMap", u" Bible Maps", 573, 509, ScaleMode::Pixels)
     , m_files(files)
 {
-    opensAs = WindowState::Maximised;
+    opensAs = FormState::Maximised;
     BackColor = Rgb(224, 224, 224);
     icon = "map-icon";
     MouseIcon = u":pan";
@@ -61,7 +61,7 @@ void frmMap::Form_Load()
 
 void frmMap::Form_Resize()
 {
-    if (WindowState() != WindowState::Minimised)
+    if (WindowState() != FormState::Minimised)
         ArrangeMapView();
 }
 
@@ -112,7 +112,7 @@ void frmMap::ArrangeMapView()
     if (view.hasCorner) {
         Picture3.Left = width - Picture3.Width;
         Picture3.Top = height - Picture3.Height;
-        Picture3.Visible = WindowState() != WindowState::Maximised;
+        Picture3.Visible = WindowState() != FormState::Maximised;
     }
     Picture1.Visible = true;
     Picture2.Visible = true;
@@ -180,7 +180,7 @@ void frmMap::BringBack(ScrollBar& bar, float strayed)
         bar.Value = value;
 }
 
-/// A step of a whole view, but for what the views before and behind it have in common.
+/// A step of a whole view, except the part that the views before and after it have in common.
 static void Page(ScrollBar& bar, int direction)
 {
     if (!bar.Visible)

@@ -1,6 +1,6 @@
 #pragma once
-// The viewer of the maps: one picture at its natural size in a viewport with scroll bars, which are
-// the one truth of where the map stands. The map is moved by the bars, by the keys and by the hand.
+// The viewer of the maps: one picture at its natural size in a viewport with scroll bars, which
+// alone say where the map is. The map is moved by the bars, by the keys and by the hand.
 // Lengths are pixels. How all is laid out is map_view.h's work.
 
 #include "controls/picture.h"
@@ -37,7 +37,7 @@ private:
     bool isDragging = false; // from a press on the map to its release
     float dragAnchorX = 0,
           dragAnchorY = 0; // where the map was grabbed, from its own top left corner
-    float dragPointerX = 0, dragPointerY = 0; // where the pointer was last, measured alike
+    float dragPointerX = 0, dragPointerY = 0; // where the pointer was last, in the same way
 
     PictureBox Picture1 { *this, *this, "Picture1", { 0, 0, 557, 493 } }; // the viewport
     PictureBox Picture2 { *this, Picture1, "Picture2", { 0, 0, 0, 0 } }; // the map

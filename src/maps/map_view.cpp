@@ -37,7 +37,7 @@ static void ArrangeWithoutBars(MapView& view, Size client, Size map)
 
 MapView ArrangeMap(Size client, Size map)
 {
-    // of the views before and behind a step by the trough or an arrow key
+    // of the views before and after a step by the trough or an arrow key
     constexpr float overlap = 20;
     MapView view;
     view.horizontal.largeChange = RoundToInt16(client.width - overlap);

@@ -23,7 +23,7 @@ struct MapView {
     /// a pixel larger each way than the part of the map that the ranges of the bars leave in it
     Size viewport;
     float mapLeft = 0, mapTop = 0; ///< of the map within the viewport
-    bool hasCorner = false; ///< both bars lie along the edges and leave a corner free
+    bool hasCorner = false; ///< both bars are at the edges and leave a corner free
 };
 
 /// `client` is the window's client area, `map` the picture. The map hangs from the top left corner

@@ -1,6 +1,6 @@
 #pragma once
-// A settings store beside which a writer is at work: everything that is asked of it comes behind
-// what the writer was given before, so the program sees one order of events. Preferences are
+// A settings store that is used beside a writer: everything that is asked of it comes after what
+// the writer was given before, so the program sees one order of events. Preferences are
 // written by the writer too.
 
 #include "platform/settings_store.h"

@@ -1,5 +1,5 @@
 #pragma once
-// Work on files and the settings store that is done behind the caller's back, so that a key that
+// Work on files and the settings store that is done in the background, so that a key that
 // the user presses never waits for the disk. All work is done in the order in which it was handed
 // over.
 

@@ -20,25 +20,25 @@ Program::Program(
     , m_catalogue(m_screen, files, m_settings, m_lesson,
           { m_finalExam, m_about, m_welcome, m_gettingStarted, m_video, m_reader, m_map })
 {
-    m_lesson.ReturnTo(m_catalogue);
-    m_splash.LeadTo(m_catalogue);
-    m_screen.handlersEnded = [this] { TellOfStore(); };
-    m_screen.handlerFailed = [this] { TellOfMemory(); };
+    m_lesson.SetCatalogue(m_catalogue);
+    m_splash.SetCatalogue(m_catalogue);
+    m_screen.handlersEnded = [this] { ReportStore(); };
+    m_screen.handlerFailed = [this] { ReportOutOfMemory(); };
     m_screen.SaveDesigns();
 }
 
-/// Where an operation found the settings store damaged, whoever asked for it, what is on show goes
-/// into the new one, and the user is told.
-void Program::TellOfStore()
+/// If any operation found the settings store damaged, what is shown is written into the new one,
+/// and the user is told.
+void Program::ReportStore()
 {
     auto const report = m_settings.TakeReport();
     if (!report)
         return;
-    m_lesson.StoreAnew();
+    m_lesson.RestoreInNewStore();
     m_screen.Message(report->Message());
 }
 
-void Program::TellOfMemory()
+void Program::ReportOutOfMemory()
 {
     m_lesson.StoreTyped();
     m_reader.StoreTyped();

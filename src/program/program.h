@@ -26,11 +26,11 @@
 class Program {
 public:
     /// All outlive the program.
-    /// `writer` stores what is typed; everything else comes behind what it was given before.
+    /// `writer` stores what is typed; everything else comes after what it was given before.
     Program(Host& host, FileSystem& files, SettingsStore& settings, Writer& writer, Shell& shell);
 
     Screen& GetScreen() { return m_screen; }
-    /// The settings as the program sees them, behind all that the writer was given.
+    /// The settings as the program sees them, after everything that the writer was given.
     SettingsStore& GetSettings() { return m_settings; }
 
     /// Shows the first screen. `report`, if there is one, is told the user first: what was wrong
@@ -38,13 +38,13 @@ public:
     void Start(std::optional<Failure> const& report);
 
     /// Memory ran out in the middle of something: stores what is typed, and tells the user.
-    void TellOfMemory();
+    void ReportOutOfMemory();
 
     /// Closes what is still open, and tries once more to store what couldn't be stored.
     void Finish();
 
 private:
-    void TellOfStore();
+    void ReportStore();
 
     Screen m_screen;
     OrderedSettingsStore m_settings;

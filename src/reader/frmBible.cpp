@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "bible/about_line.h"
 #include "bible/book_index.h"
+#include "controls/key_codes.h"
 #include "controls/screen.h"
 #include "platform/settings.h"
 #include "reader/chapter_page.h"
@@ -30,7 +31,7 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     , m_settings(settings)
     , m_notes(notes)
 {
-    opensAs = WindowState::Maximised;
+    opensAs = FormState::Maximised;
     centred = true;
     queuesActions = true;
     // the buttons stand beside each other, and some lines of text below them
@@ -61,7 +62,7 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     ProgressBar1.accessibleName = u"Progress of the page";
     TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
     txtVerse.KeyUp = [this](int keyCode, int) {
-        if (keyCode == 13)
+        if (keyCode == keyEnter)
             cmdOkay_Click();
     };
     txtNotes.Change = [this] { txtNotes_Change(); };

@@ -7,7 +7,7 @@
 
 void frmBible::Form_Resize()
 {
-    if (WindowState == WindowState::Minimised)
+    if (WindowState == FormState::Minimised)
         return;
     PlaceNavigation();
     PlaceContents();

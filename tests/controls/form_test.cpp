@@ -162,27 +162,27 @@ TEST_F(FormsTest, SizesFollowStateAndFormResizeCorrectsThem)
     input.Resize(a, 1500, 4000);
     EXPECT_EQ(a.Width, 2000);
     EXPECT_EQ(a.resizes, 2) << "the correction raises no resize of its own";
-    input.ChangeState(a, WindowState::Maximised);
+    input.ChangeState(a, FormState::Maximised);
     EXPECT_EQ(a.Width, 1280 * 15);
     EXPECT_THAT(input.Resize(a, 3000, 3000), HasSubstr("isn't in its normal state"));
-    input.ChangeState(a, WindowState::Minimised);
+    input.ChangeState(a, FormState::Minimised);
     EXPECT_EQ(a.Width, 1280 * 15) << "a minimised form keeps its size";
-    input.ChangeState(a, WindowState::Normal);
+    input.ChangeState(a, FormState::Normal);
     EXPECT_EQ(a.Height, 4000);
 }
 
 TEST_F(FormsTest, AMinimisedFormThatIsShownReturnsToTheStateItHad)
 {
     b.Show();
-    for (auto const before : { WindowState::Normal, WindowState::Maximised })
+    for (auto const before : { FormState::Normal, FormState::Maximised })
         for (bool const isHidden : { false, true }) {
             a.Show();
-            input.ChangeState(a, WindowState::Normal);
+            input.ChangeState(a, FormState::Normal);
             a.Left = 300;
             input.Resize(a, 4000, 3500);
             input.ChangeState(a, before);
             float const width = a.Width;
-            input.ChangeState(a, WindowState::Minimised);
+            input.ChangeState(a, FormState::Minimised);
             if (isHidden)
                 a.Hide();
             input.Activate(b);
@@ -192,11 +192,11 @@ TEST_F(FormsTest, AMinimisedFormThatIsShownReturnsToTheStateItHad)
             EXPECT_EQ(a.Left, 300) << "it returns to where it was";
             EXPECT_EQ(screen.Active(), &a);
         }
-    input.ChangeState(a, WindowState::Minimised);
+    input.ChangeState(a, FormState::Minimised);
     b.Hide();
     host.serveModal = [&](Form& modal) {
         a.Show();
-        EXPECT_EQ(a.WindowState(), WindowState::Minimised) << "not from under a modal form";
+        EXPECT_EQ(a.WindowState(), FormState::Minimised) << "not from under a modal form";
         input.Close(modal);
     };
     b.ShowModal();

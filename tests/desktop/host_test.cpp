@@ -164,7 +164,7 @@ TEST_F(DesktopTest, ALetterWithAltIsNoText)
             host.HandlersEnded();
             QTest::sendKeyEvent(
                 QTest::Click, &Shown(*box), Qt::Key_Q, QStringLiteral("q"), row.modifiers);
-            EXPECT_EQ(box->CurrentText(), row.typed) << box->Name() << ' ' << row.modifiers;
+            EXPECT_EQ(box->Text(), row.typed) << box->Name() << ' ' << row.modifiers;
         }
 }
 
@@ -173,7 +173,7 @@ public:
     explicit frmPlain(Screen& screen)
         : Form(screen, "frmPlain", u"Plain", 3000, 2000)
     {
-        opensAs = WindowState::Normal;
+        opensAs = FormState::Normal;
         centred = true;
         ok.Click = [this] { Unload(*this); };
     }
@@ -256,7 +256,7 @@ TEST_F(DesktopTest, AWindowChosenAgainComesUpInItsFormerState)
 {
     frmPlain plain(screen);
     Open();
-    for (auto const before : { WindowState::Normal, WindowState::Maximised }) {
+    for (auto const before : { FormState::Normal, FormState::Maximised }) {
         plain.Show();
         Settle();
         Input(screen).ChangeState(plain, before);
@@ -268,7 +268,7 @@ TEST_F(DesktopTest, AWindowChosenAgainComesUpInItsFormerState)
         plain.Show();
         Settle();
         EXPECT_FALSE(Shown(plain).isMinimized());
-        EXPECT_EQ(Shown(plain).isMaximized(), before == WindowState::Maximised);
+        EXPECT_EQ(Shown(plain).isMaximized(), before == FormState::Maximised);
         EXPECT_EQ(plain.WindowState(), before);
         EXPECT_EQ(QApplication::activeWindow(), &Shown(plain));
     }

@@ -38,12 +38,12 @@ TEST_F(DesktopTest, ASecondStartBringsAMinimisedWindowUp)
     SingleInstance const instance(
         copy, [this] { return host.MayComeUp(); }, [this] { host.ComeUp(); });
     Open();
-    for (auto const before : { WindowState::Normal, WindowState::Maximised }) {
+    for (auto const before : { FormState::Normal, FormState::Maximised }) {
         Input(screen).ChangeState(form, before);
         Settle();
         Shown(form).showMinimized();
         Settle();
-        ASSERT_EQ(form.WindowState(), WindowState::Minimised);
+        ASSERT_EQ(form.WindowState(), FormState::Minimised);
         EXPECT_TRUE(Raises(folder));
         Settle();
         EXPECT_EQ(form.WindowState(), before);

@@ -27,7 +27,7 @@ TEST_F(KeyboardTest, EditingKeysWorkOnTextWithLineEnds)
     } const rows[] = {
         { "backspace", { { back, 0 } }, u"one\r\ntw", 7, 0 },
         { "backspace over a line end", { { home, 0 }, { back, 0 } }, u"onetwo", 3, 0 },
-        { "backspace over two 16-bit halves", { { 'V', controlKey }, { back, 0 } }, u"one\r\ntwo",
+        { "backspace over two 16-bit halves", { { 'V', controlHeld }, { back, 0 } }, u"one\r\ntwo",
             8, 0 },
         { "delete a line end", { { up, 0 }, { end, 0 }, { del, 0 } }, u"onetwo", 3, 0 },
         { "enter", { { home, 0 }, { enter, 0 } }, u"one\r\n\r\ntwo", 7, 0 },
@@ -35,13 +35,14 @@ TEST_F(KeyboardTest, EditingKeysWorkOnTextWithLineEnds)
             u"one\r\ntwo", 2, 0 },
         { "up and down keep the column", { { up, 0 }, { left, 0 }, { down, 0 } }, u"one\r\ntwo", 7,
             0 },
-        { "select and replace", { { left, shiftKey }, { left, shiftKey }, { 'Q', 0 } },
+        { "select and replace", { { left, shiftHeld }, { left, shiftHeld }, { 'Q', 0 } },
             u"one\r\ntq", 7, 0 },
-        { "select all", { { 'A', controlKey } }, u"one\r\ntwo", 0, 8 },
+        { "select all", { { 'A', controlHeld } }, u"one\r\ntwo", 0, 8 },
         { "cut and paste",
-            { { 'A', controlKey }, { 'X', controlKey }, { 'V', controlKey }, { 'V', controlKey } },
+            { { 'A', controlHeld }, { 'X', controlHeld }, { 'V', controlHeld },
+                { 'V', controlHeld } },
             u"one\r\ntwoone\r\ntwo", 16, 0 },
-        { "capital", { { 'Z', shiftKey } }, u"one\r\ntwoZ", 9, 0 },
+        { "capital", { { 'Z', shiftHeld } }, u"one\r\ntwoZ", 9, 0 },
     };
     for (auto const& row : rows) {
         a.first.Text = u"";
@@ -74,7 +75,7 @@ TEST_F(KeyboardTest, AFormThatAKeyBringsUpStaysInFront)
     EXPECT_EQ(Press(input, screen, a.button, enter, 0), "");
     EXPECT_EQ(screen.Active(), &b);
     EXPECT_EQ(TakeLog().back(), "b.first got");
-    EXPECT_EQ(Press(input, screen, b, 115, altKey), "");
+    EXPECT_EQ(Press(input, screen, b, 115, altHeld), "");
     EXPECT_FALSE(b.IsLoaded()) << "Alt+F4";
 }
 
@@ -85,10 +86,10 @@ TEST_F(KeyboardTest, TabShortcutsAndDefaultButtonsAct)
     TakeLog();
     Strike(9);
     EXPECT_EQ(a.Focus(), &a.second);
-    EXPECT_EQ(Press(input, screen, a.second, 9, shiftKey), "");
+    EXPECT_EQ(Press(input, screen, a.second, 9, shiftHeld), "");
     EXPECT_EQ(a.Focus(), &a.first);
     TakeLog();
-    Strike('E', controlKey);
+    Strike('E', controlHeld);
     Strike(enter);
     EXPECT_THAT(TakeLog(), testing::ElementsAre("a.entry click", "a.button click"));
 }

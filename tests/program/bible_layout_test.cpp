@@ -14,8 +14,8 @@ protected:
     void Resize(float width, float height)
     {
         auto& form = FormOf("frmBible");
-        if (form.WindowState() != WindowState::Normal) {
-            EXPECT_EQ(input.ChangeState(form, WindowState::Normal), "");
+        if (form.WindowState() != FormState::Normal) {
+            EXPECT_EQ(input.ChangeState(form, FormState::Normal), "");
         }
         auto const frame = host.FrameSize(form);
         EXPECT_EQ(input.Resize(form, width + frame.width, height + frame.height), "");
@@ -100,11 +100,11 @@ TEST_F(BibleLayoutTest, MovesOnlyWhatASizeConcerns)
             "TreeView1.Width", "XPContainer1.Width", "XPContainer2.Left", "XPContainer2.Width",
             "XPContainer3.Width", "XPContainer4.Left", "XPContainer4.Width", "cmdNext.Left",
             "cmdPrev.Left", "cmdPrint.Left", "txtNotes.Width"));
-    EXPECT_EQ(input.ChangeState(FormOf("frmBible"), WindowState::Maximised), "");
+    EXPECT_EQ(input.ChangeState(FormOf("frmBible"), FormState::Maximised), "");
     auto const maximised = Places();
-    EXPECT_EQ(input.ChangeState(FormOf("frmBible"), WindowState::Minimised), "");
+    EXPECT_EQ(input.ChangeState(FormOf("frmBible"), FormState::Minimised), "");
     EXPECT_EQ(Places(), maximised);
-    EXPECT_EQ(input.ChangeState(FormOf("frmBible"), WindowState::Maximised), "");
+    EXPECT_EQ(input.ChangeState(FormOf("frmBible"), FormState::Maximised), "");
     EXPECT_EQ(Places(), maximised);
 }
 

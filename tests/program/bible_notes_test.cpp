@@ -69,7 +69,7 @@ TEST_F(BibleTest, ThereIsPrintingWhileThereIsANote)
 TEST_F(BibleTest, ANotePrintsAsWideAsItsBox)
 {
     OpenReader();
-    EXPECT_EQ(input.ChangeState(FormOf("frmBible"), WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(FormOf("frmBible"), FormState::Normal), "");
     Text note;
     for (int word = 0; word < 100; ++word)
         note += u"word ";

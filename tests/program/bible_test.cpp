@@ -14,7 +14,7 @@ TEST_F(BibleTest, ItOpensForTheFirstTimeOnAVerse)
     EXPECT_EQ(Panel("Panel2"), "");
     EXPECT_EQ(settings.Value(u"biblereader", u"translation"), u"kjv");
     EXPECT_EQ(settings.Value(u"biblereader", u"search"), u"John 3:16");
-    EXPECT_EQ(FormOf("frmBible").WindowState(), WindowState::Maximised);
+    EXPECT_EQ(FormOf("frmBible").WindowState(), FormState::Maximised);
     EXPECT_FALSE(Get("frmBible.ProgressBar1").Visible);
     EXPECT_FALSE(Get("frmBible.cmdPrint").Enabled);
     std::string nodes;

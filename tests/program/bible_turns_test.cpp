@@ -74,7 +74,7 @@ TEST(BusyBible, EndsWhereTheLastActionLeads)
             "John 4 | k-John-4:1 k-John-4:16 | John | Notes for John 4 | four | John 3, -" },
         { { "another size",
               [](BibleFixture& run) {
-                  run.input.ChangeState(run.FormOf("frmBible"), WindowState::Normal);
+                  run.input.ChangeState(run.FormOf("frmBible"), FormState::Normal);
               } },
             "John 4 | k-John-4:1 k-John-4:16 | John | Notes for John 4 | four | John 3, -" },
     };

@@ -24,7 +24,7 @@ protected:
     }
     void Restore(std::string const& form, float width, float height)
     {
-        EXPECT_EQ(input.ChangeState(FormOf(form), WindowState::Normal), "");
+        EXPECT_EQ(input.ChangeState(FormOf(form), FormState::Normal), "");
         EXPECT_EQ(input.Resize(FormOf(form), width, height), "");
     }
 };
@@ -71,7 +71,7 @@ TEST_F(LayoutTest, TheLessonScreenKeepsItsLimits)
     struct Row {
         float width, height, thenWidth, thenHeight;
     };
-    EXPECT_EQ(input.ChangeState(FormOf("frmMain"), WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(FormOf("frmMain"), FormState::Normal), "");
     for (auto const& row : { Row { 9000, 7000, 11000, 8000 }, Row { 30000, 30000, 30000, 15360 },
              Row { 11001, 100, 11001, 8000 } }) {
         EXPECT_EQ(input.Resize(FormOf("frmMain"), row.width, row.height), "");
@@ -87,7 +87,7 @@ TEST_F(LayoutTest, AResizeKeepsPageAnswerAndWhatIsHidden)
 {
     Open(u"james-1.dat:1");
     Write("frmMain.Text3", u"typed");
-    EXPECT_EQ(input.ChangeState(FormOf("frmMain"), WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(FormOf("frmMain"), FormState::Normal), "");
     for (bool const isShown : { false, true }) {
         for (auto const* const path : { "frmMain.Image1", "frmMain.Text3" })
             Get(path).Visible = isShown;
@@ -100,7 +100,7 @@ TEST_F(LayoutTest, AResizeKeepsPageAnswerAndWhatIsHidden)
     }
     EXPECT_EQ(TextOf("frmMain.Text3"), u"typed");
     auto const width = Get("frmMain.XPContainer3").Width();
-    EXPECT_EQ(input.ChangeState(FormOf("frmMain"), WindowState::Minimised), "");
+    EXPECT_EQ(input.ChangeState(FormOf("frmMain"), FormState::Minimised), "");
     EXPECT_EQ(Get("frmMain.XPContainer3").Width(), width);
 }
 
@@ -128,7 +128,7 @@ TEST_F(LayoutTest, TheCatalogueFillsItsSmallestSize)
 TEST_F(LayoutTest, TheCatalogueKeepsItsLimits)
 {
     Start();
-    EXPECT_EQ(input.ChangeState(FormOf("frmContents"), WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(FormOf("frmContents"), FormState::Normal), "");
     EXPECT_EQ(input.Resize(FormOf("frmContents"), 7000, 20000), "");
     EXPECT_EQ(FormOf("frmContents").Width(), 8000);
     EXPECT_EQ(FormOf("frmContents").Height(), 15360);

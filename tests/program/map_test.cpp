@@ -75,7 +75,7 @@ TEST_F(MapTest, AllEntriesOfBothScreensOpenTheirMapInOneViewer)
             EXPECT_EQ(screen.Active(), &viewer);
             EXPECT_EQ(viewer.Caption(), each.title);
             EXPECT_EQ(map.Picture(), MapFile(each.number));
-            EXPECT_EQ(viewer.WindowState(), WindowState::Maximised);
+            EXPECT_EQ(viewer.WindowState(), FormState::Maximised);
             EXPECT_TRUE(map.IsShown());
         }
     }
@@ -87,7 +87,7 @@ TEST_F(MapTest, AllEntriesOfBothScreensOpenTheirMapInOneViewer)
 TEST_F(MapTest, AnotherMapReusesTheWindowAsItIsAndANewOneIsMaximised)
 {
     OpenMap(1);
-    EXPECT_EQ(input.ChangeState(viewer, WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(viewer, FormState::Normal), "");
     EXPECT_EQ(viewer.ScaleWidth, 573);
     EXPECT_EQ(viewer.ScaleHeight, 509);
     auto& grip = Get<PictureBox>("frmMap.Picture3");
@@ -104,18 +104,18 @@ TEST_F(MapTest, AnotherMapReusesTheWindowAsItIsAndANewOneIsMaximised)
     EXPECT_FALSE(grip.Visible || across.Visible || down.Visible);
     OpenMap(3);
     Key(keyDown);
-    EXPECT_EQ(input.ChangeState(viewer, WindowState::Maximised), "");
+    EXPECT_EQ(input.ChangeState(viewer, FormState::Maximised), "");
     EXPECT_FALSE(grip.Visible);
     EXPECT_EQ(Place(), "0 0") << "a resize goes back to the corner";
     Key(keyDown);
-    EXPECT_EQ(input.ChangeState(viewer, WindowState::Minimised), "");
+    EXPECT_EQ(input.ChangeState(viewer, FormState::Minimised), "");
     EXPECT_NE(Place(), "0 0") << "minimising doesn't";
-    EXPECT_EQ(input.ChangeState(viewer, WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(viewer, FormState::Normal), "");
     EXPECT_EQ(Place(), "0 0");
     Key(keyEscape);
     EXPECT_FALSE(viewer.IsLoaded());
     OpenMap(3);
-    EXPECT_EQ(viewer.WindowState(), WindowState::Maximised);
+    EXPECT_EQ(viewer.WindowState(), FormState::Maximised);
 }
 
 TEST_F(MapTest, ADragBringsTheGrabbedPointBackUnderThePointer)
@@ -183,7 +183,7 @@ TEST_F(MapTest, ADragMovesOnlyAlongTheAxisWhoseBarIsUp)
 TEST_F(MapTest, KeysPageToTheEnds)
 {
     OpenMap(1);
-    EXPECT_EQ(input.ChangeState(viewer, WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(viewer, FormState::Normal), "");
     EXPECT_EQ(across.LargeChange, 553);
     EXPECT_EQ(down.LargeChange, 489);
     struct {
@@ -205,7 +205,7 @@ TEST_F(MapTest, ABarWithARangeBelowNothingGoesToItsEnd)
     files.Put(u"map5.jpg", JpegHead(567, 300));
     files.Put(u"map6.jpg", JpegHead(300, 503));
     OpenMap(1);
-    EXPECT_EQ(input.ChangeState(viewer, WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(viewer, FormState::Normal), "");
     struct {
         int map;
         ScrollBar& bar;
@@ -260,7 +260,7 @@ TEST_F(MapTest, BarsMoveTheMapAndNeverKeepTheFocus)
 TEST_F(MapTest, AResizeDuringADragGoesOnFromTheCorner)
 {
     OpenMap(1);
-    EXPECT_EQ(input.ChangeState(viewer, WindowState::Normal), "");
+    EXPECT_EQ(input.ChangeState(viewer, FormState::Normal), "");
     GrabAt(600, 300);
     Move(-100, -100);
     Tick();
@@ -329,7 +329,7 @@ TEST_F(MapTest, WithoutAPictureTheViewerIsEmptyAndAMessageTellsWhy)
         EXPECT_EQ(map.Width, 0);
         EXPECT_FALSE(across.Visible || down.Visible);
         Key(keyDown);
-        EXPECT_EQ(input.ChangeState(viewer, WindowState::Normal), "");
+        EXPECT_EQ(input.ChangeState(viewer, FormState::Normal), "");
         Key(keyEscape);
         EXPECT_FALSE(viewer.IsLoaded());
     }

@@ -69,7 +69,7 @@ TEST_F(SplashTest, EveryKeyButAModifierByItselfLeadsOn)
                   f1 = 112, f12 = 123;
     for (auto const& [key, shift] : std::vector<std::pair<int, int>> { { tab, 0 }, { enter, 0 },
              { escape, 0 }, { pageUp, 0 }, { left, 0 }, { down, 0 }, { del, 0 }, { f1, 0 },
-             { f12, shiftKey }, { 'C', controlKey }, { 'X', altKey } }) {
+             { f12, shiftHeld }, { 'C', controlHeld }, { 'X', altHeld } }) {
         ProgramFixture run;
         run.program.Start({});
         EXPECT_EQ(Press(run.input, run.screen, run.FormOf("frmSplash"), key, shift), "");

@@ -60,7 +60,7 @@ public:
     {
         EXPECT_EQ(Type(input, Get<TextInput>(path), text), "") << path;
     }
-    Text TextOf(std::string_view path) { return Get<TextInput>(path).CurrentText(); }
+    Text TextOf(std::string_view path) { return Get<TextInput>(path).Text(); }
     Text CaptionOf(std::string_view path)
     {
         return std::get<Text>(Get(path).FindProperty("Caption")->Get());

@@ -15,7 +15,7 @@ void TellRoles();
 /// made.
 void SetRole(QWidget& widget, QAccessible::Role role);
 
-/// A widget that is pressed though it is no button: beside what derives from QWidget. Assistive
+/// A widget that can be pressed but isn't a button: beside what derives from QWidget. Assistive
 /// tools may press it while it is enabled.
 class Pressable {
 public:

@@ -37,7 +37,7 @@ static QPixmap NoPicture()
     return picture;
 }
 
-/// The picture behind the pages, decoded once for what stands in its file.
+/// The background picture of the pages, decoded again only if its file has changed.
 class Background {
 public:
     QPixmap Find(PeerContext& context)

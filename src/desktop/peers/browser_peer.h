@@ -1,6 +1,6 @@
 #pragma once
 // The browser control on the desktop. It shows a filtered copy of a page (controls/page_filter.h),
-// which can pull in nothing but the background picture that lies in the application folder.
+// which can load nothing but the background picture in the application folder.
 
 #include "controls/media.h"
 #include "desktop/peers/peer.h"

@@ -1,5 +1,5 @@
 #pragma once
-// The ground of a form, on which its controls stand: a colour and a picture at the top left corner.
+// The background of a form behind its controls: a colour and a picture at the top left corner.
 
 #include <QPainter>
 #include <QPixmap>

@@ -76,7 +76,7 @@ Size FormPeer::GuessFrameSize(Form const& form)
         ToTwips(frame.top() + frame.bottom() + menuBar) };
 }
 
-void FormPeer::Noted(PropertyBase const& property)
+void FormPeer::PropertyAssigned(PropertyBase const& property)
 {
     m_pictureIsStale |= &property == &m_form.Picture;
     m_moveWanted |= &property == &m_form.Left || &property == &m_form.Top;
@@ -108,7 +108,7 @@ static QSize InnerSize(Size const& outer, QMargins const& frame)
 void FormPeer::Place()
 {
     auto& window = *Widget();
-    bool const isNormal = m_form.WindowState() == WindowState::Normal;
+    bool const isNormal = m_form.WindowState() == FormState::Normal;
     bool const isOther = m_agreed.width != m_form.Width || m_agreed.height != m_form.Height;
     bool const isFixed
         = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
@@ -126,9 +126,9 @@ void FormPeer::Place()
         window.move(Corner());
     if (window.isVisible() && m_state != m_form.WindowState()) {
         m_state = m_form.WindowState();
-        if (m_state == WindowState::Maximised)
+        if (m_state == FormState::Maximised)
             window.showMaximized();
-        else if (m_state == WindowState::Minimised)
+        else if (m_state == FormState::Minimised)
             window.showMinimized();
         else
             window.showNormal();
@@ -174,7 +174,7 @@ void FormPeer::MirrorShown(QWidget* owner)
         return;
     window.setWindowModality(m_form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
     m_state = m_form.WindowState();
-    if (m_form.centred && m_state == WindowState::Normal)
+    if (m_form.centred && m_state == FormState::Normal)
         window.move(Corner());
     m_sinceShown.start();
     window.winId(); // makes the window, so that it can be owned
@@ -183,7 +183,7 @@ void FormPeer::MirrorShown(QWidget* owner)
         window.windowHandle()->setTransientParent(owner->windowHandle());
     if (!m_form.inTaskbar)
         HideFromTaskBar(*window.windowHandle());
-    if (m_state == WindowState::Maximised) {
+    if (m_state == FormState::Maximised) {
         // Where the window returns to when it is restored.
         auto const normal = InnerSize(m_form.NormalSize(), m_frame);
         auto const room = window.screen()->availableGeometry();
@@ -192,7 +192,7 @@ void FormPeer::MirrorShown(QWidget* owner)
             + QPoint(std::max(0, room.width() - normal.width()) / 2,
                 std::max(0, room.height() - normal.height()) / 2));
         window.showMaximized();
-    } else if (m_state == WindowState::Minimised) {
+    } else if (m_state == FormState::Minimised) {
         window.showMinimized();
     } else {
         window.show();

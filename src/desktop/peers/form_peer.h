@@ -21,11 +21,11 @@ public:
     /// Nothing if the form has no menus.
     QMenuBar* MenuBar() const { return m_menuBar; }
 
-    void Noted(PropertyBase const& property) override;
+    void PropertyAssigned(PropertyBase const& property) override;
     /// Everything but whether the window is up.
     void Mirror() override;
-    /// Brings the window up, above `owner` if it isn't to stand in the task bar by itself, or takes
-    /// it down.
+    /// Shows the window, above `owner` if it has no entry of its own in the task bar, or hides
+    /// it.
     void MirrorShown(QWidget* owner);
     void MirrorHidden();
     /// Puts the focus of the window where the form's is.
@@ -62,12 +62,12 @@ private:
     WindowScroll& m_scroll;
     QMargins m_frame;
     Size m_agreed; // the outer size on which window and form agree, in twips
-    WindowState m_state = WindowState::Normal;
+    FormState m_state = FormState::Normal;
     QElapsedTimer m_sinceShown; // when the window was last brought up
     bool m_pictureIsStale = true;
     bool m_moveWanted = false;
     bool m_reportQueued = false;
-    bool m_sizeMissed = false; // reports that wait for a handler to end
+    bool m_sizeMissed = false; // reports that wait for the end of a handler
     bool m_activationMissed = false;
     bool m_closeMissed = false;
     bool m_pressed = false;

@@ -87,7 +87,7 @@ bool FormPeer::IsSettling() const
     constexpr int settlingTime = 1500; // milliseconds
     auto const& window = *Widget();
     bool const comesUp
-        = m_state == WindowState::Maximised && !window.isMaximized() && !window.isMinimized();
+        = m_state == FormState::Maximised && !window.isMaximized() && !window.isMinimized();
     return (comesUp || !IsWhole(window.windowHandle()->frameMargins())) && m_sinceShown.isValid()
         && m_sinceShown.elapsed() < settlingTime;
 }
@@ -106,22 +106,22 @@ void FormPeer::ReportSize()
         return;
     }
     if (window.isMinimized()) {
-        m_state = WindowState::Minimised;
+        m_state = FormState::Minimised;
         Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
         return;
     }
-    m_state = window.isMaximized() ? WindowState::Maximised : WindowState::Normal;
+    m_state = window.isMaximized() ? FormState::Maximised : FormState::Normal;
     if (m_scroll.IsCut()) {
         FixSize();
         Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
         return;
     }
     auto const frame = window.windowHandle()->frameMargins();
-    bool const mayBeNone = m_form.border == BorderStyle::None || m_state == WindowState::Maximised;
+    bool const mayBeNone = m_form.border == BorderStyle::None || m_state == FormState::Maximised;
     if (IsWhole(frame) && (mayBeNone || !frame.isNull()))
         m_frame = frame;
     auto const outer = window.size().grownBy(m_frame);
-    // Within a pixel the form's own figure stands.
+    // Within a pixel the form's own figure is kept.
     bool const isSame = outer == QSize(Pixels(m_form.Width), Pixels(m_form.Height));
     m_agreed = isSame ? Size { m_form.Width, m_form.Height }
                       : Size { ToTwips(outer.width()), ToTwips(outer.height()) };

@@ -9,13 +9,14 @@ struct KeyPair {
     int code;
 };
 
-static constexpr KeyPair keys[] = { { Qt::Key_Backspace, 8 }, { Qt::Key_Tab, 9 },
-    { Qt::Key_Backtab, 9 }, { Qt::Key_Return, keyEnter }, { Qt::Key_Enter, keyEnter },
-    { Qt::Key_Shift, 16 }, { Qt::Key_Control, 17 }, { Qt::Key_Alt, 18 }, { Qt::Key_Pause, 19 },
-    { Qt::Key_CapsLock, 20 }, { Qt::Key_Escape, keyEscape }, { Qt::Key_PageUp, 33 },
-    { Qt::Key_PageDown, 34 }, { Qt::Key_End, 35 }, { Qt::Key_Home, 36 }, { Qt::Key_Left, 37 },
-    { Qt::Key_Up, 38 }, { Qt::Key_Right, 39 }, { Qt::Key_Down, 40 }, { Qt::Key_Insert, 45 },
-    { Qt::Key_Delete, 46 } };
+static constexpr KeyPair keys[] = { { Qt::Key_Backspace, keyBackspace }, { Qt::Key_Tab, keyTab },
+    { Qt::Key_Backtab, keyTab }, { Qt::Key_Return, keyEnter }, { Qt::Key_Enter, keyEnter },
+    { Qt::Key_Shift, keyShift }, { Qt::Key_Control, keyControl }, { Qt::Key_Alt, keyAlt },
+    { Qt::Key_Pause, keyPause }, { Qt::Key_CapsLock, keyCapsLock }, { Qt::Key_Escape, keyEscape },
+    { Qt::Key_PageUp, keyPageUp }, { Qt::Key_PageDown, keyPageDown }, { Qt::Key_End, keyEnd },
+    { Qt::Key_Home, keyHome }, { Qt::Key_Left, keyLeft }, { Qt::Key_Up, keyUp },
+    { Qt::Key_Right, keyRight }, { Qt::Key_Down, keyDown }, { Qt::Key_Insert, keyInsert },
+    { Qt::Key_Delete, keyDelete } };
 
 int KeyCodeOf(QKeyEvent const& event)
 {
@@ -25,7 +26,7 @@ int KeyCodeOf(QKeyEvent const& event)
     if (isItself)
         return key;
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
-        return key - Qt::Key_F1 + 112;
+        return key - Qt::Key_F1 + keyF1;
     for (auto const& pair : keys)
         if (pair.key == key)
             return pair.code;
@@ -35,8 +36,8 @@ int KeyCodeOf(QKeyEvent const& event)
 int ShiftOf(QKeyEvent const& event)
 {
     auto const held = event.modifiers();
-    return (held & Qt::ShiftModifier ? shiftKey : 0) + (held & Qt::ControlModifier ? controlKey : 0)
-        + (held & Qt::AltModifier ? altKey : 0);
+    return (held & Qt::ShiftModifier ? shiftHeld : 0)
+        + (held & Qt::ControlModifier ? controlHeld : 0) + (held & Qt::AltModifier ? altHeld : 0);
 }
 
 bool IsModifier(QKeyEvent const& event)
@@ -61,7 +62,7 @@ bool IsModifier(QKeyEvent const& event)
     }
 }
 
-bool IsStruckWithAlt(QKeyEvent const& event)
+bool IsTypedWithAlt(QKeyEvent const& event)
 {
     // Where AltGr counts as a modifier, it is a group switch, or Ctrl and Alt together.
     auto const held = event.modifiers();
@@ -72,7 +73,7 @@ bool IsStruckWithAlt(QKeyEvent const& event)
 
 char16_t CharacterOf(QKeyEvent const& event)
 {
-    if (IsStruckWithAlt(event))
+    if (IsTypedWithAlt(event))
         return u'\0';
     return event.text().size() == 1 ? event.text().front().unicode() : u'\0';
 }

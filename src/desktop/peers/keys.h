@@ -1,9 +1,9 @@
 #pragma once
 // Keys as the model counts them.
 
-class QKeyEvent;
+#include "controls/key_codes.h"
 
-enum : int { keyEnter = 13, keyEscape = 27, keyF4 = 115 };
+class QKeyEvent;
 
 /// The virtual key code; 0 for a key that has none.
 int KeyCodeOf(QKeyEvent const& event);
@@ -12,6 +12,6 @@ int ShiftOf(QKeyEvent const& event);
 /// True for Shift, Ctrl and their like, which do nothing by themselves.
 bool IsModifier(QKeyEvent const& event);
 /// True for a character that is struck with Alt: it is meant for a menu. AltGr is not Alt.
-bool IsStruckWithAlt(QKeyEvent const& event);
+bool IsTypedWithAlt(QKeyEvent const& event);
 /// The character that the key types; 0 if it types none or more than one.
 char16_t CharacterOf(QKeyEvent const& event);

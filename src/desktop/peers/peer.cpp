@@ -85,7 +85,7 @@ void Peer::MirrorLook(TextControl const& control, QWidget& widget, bool ground)
 
 bool Peer::eventFilter(QObject* watched, QEvent* event)
 {
-    // A key that a control leaves unused comes by its containers too: theirs it isn't.
+    // A key that a control doesn't use reaches its containers too, and is ignored there.
     bool const isOurs = watched == m_widget && m_widget->window()->focusWidget() == m_widget;
     if (!isOurs || isRetired || m_context.IsMirroring() || !m_context.input)
         return false;
@@ -138,7 +138,7 @@ bool Peer::KeyPressed(QKeyEvent& event)
     if (isGone())
         return true;
     bool const isForm = &m_control == &m_control.ParentForm(); // which has a handler of its own
-    bool const isClose = keyCode == keyF4 && ShiftOf(event) == altKey;
+    bool const isClose = keyCode == keyF4 && ShiftOf(event) == altHeld;
     // A form hears also of keys that type nothing.
     bool const isHeard = isForm ? !IsModifier(event) && !isClose : m_control.KeyPress && character;
     if (isHeard)
@@ -151,7 +151,7 @@ bool Peer::KeyPressed(QKeyEvent& event)
     if (isDefault)
         Act([&](Input& input) { pressed = input.PressDefault(m_control.ParentForm(), keyCode); });
     // A box would type the letter.
-    return pressed || IsStruckWithAlt(event);
+    return pressed || IsTypedWithAlt(event);
 }
 
 void Peer::KeyReleased(QKeyEvent const& event)

@@ -1,6 +1,6 @@
 #pragma once
-// The counterpart of a control on the desktop: shows it by a widget and hands the user's actions on
-// it back. Each kind of control has a peer of its own.
+// The counterpart of a control on the desktop: shows it by a widget and passes the user's actions
+// on it to the model. Each kind of control has its own kind of peer.
 
 #include "controls/control.h"
 #include "desktop/peers/peer_context.h"
@@ -18,24 +18,24 @@ public:
     Peer(PeerContext& context, Control& control, QObject* owner);
 
     Control& GetControl() const { return m_control; }
-    /// Nothing for a control that isn't seen, such as a timer.
+    /// Nothing for a control that is never visible, such as a timer.
     QWidget* Widget() const { return m_widget; }
-    /// The widget on which the controls within this one stand.
+    /// The parent widget of the controls within this one.
     virtual QWidget* Ground() const { return m_widget; }
 
-    /// Told of each assignment, also of the value that was there.
-    virtual void Noted(PropertyBase const&) { }
-    /// Brings the widget in step with the control.
+    /// Called after each assignment, even of the same value.
+    virtual void PropertyAssigned(PropertyBase const&) { }
+    /// Updates the widget from the control.
     virtual void Mirror();
 
     bool isDirty = true; ///< waits to be mirrored
-    /// its form is gone, and the widget about to go: nothing is handed on any more
+    /// its form is unloaded, and the widget about to be deleted: no action is passed on any more
     bool isRetired = false;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    /// A key for this control that no handler has taken; true if it has been dealt with, else the
+    /// A key for this control that no handler has taken. True if it has been handled, else the
     /// widget gets it.
     virtual bool TakeKey(QKeyEvent&) { return false; }
     /// True if the key Enter or Escape means something to the widget itself, so no default button

@@ -1,6 +1,6 @@
 #pragma once
-// What the peers of the controls share: the road for the user's actions, and the guard that keeps
-// what the host sets from being taken for one.
+// What the peers of the controls share: the way of user actions to the model, and a guard by which
+// what the host itself changes isn't taken for one.
 
 #include "controls/input.h"
 #include "desktop/peers/pictures.h"
@@ -12,8 +12,8 @@ class PeerContext {
 public:
     explicit PeerContext(FileSystem const& files);
 
-    /// Lets an action of the user on the control through to the model, then brings the widgets in
-    /// step, also where the model refused it. Nothing while the host itself sets the widgets.
+    /// Passes an action of the user on the control to the model, then updates the widgets, even if
+    /// the model refused it. Nothing while the host itself sets the widgets.
     template <class Action> void Act(Control& control, Action action)
     {
         if (IsMirroring() || !input)
@@ -54,7 +54,7 @@ public:
     Screen* screen = nullptr; ///< known from the first loaded form on, as is the input
     std::optional<Input> input;
     std::function<void(Control& control)> acted;
-    /// Where on the machine a file of the program's lies; set by whoever knows.
+    /// The place on the machine of a file that the program names; set by the host.
     std::function<Text(TextView path)> placeOf;
     /// how much larger than designed the text of pages is, in steps; for the run of the program
     int pageZoom = 0;

@@ -3,7 +3,7 @@
 
 #include "desktop/peers/peer.h"
 
-/// `container` is the peer of what the control stands in, `window` that of its form. Nothing for a
+/// `container` is the peer of the control's container, `window` that of its form. Nothing for a
 /// control of which nothing is to be seen or done on the desktop, such as an image list.
 class FormPeer;
 Peer* MakePeer(PeerContext& context, Control& control, Peer& container, FormPeer& window);

@@ -70,7 +70,7 @@ bool ImagePeer::TakeKey(QKeyEvent& event)
     return true;
 }
 
-/// A line round a box that shows over whatever fills the box; the pointer goes through it.
+/// A line round a box, above everything in the box; the pointer passes through it.
 class BorderWidget final : public QWidget {
 public:
     explicit BorderWidget(QWidget* box)

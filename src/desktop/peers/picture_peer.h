@@ -6,7 +6,7 @@
 class ImagePeer final : public SurfacePeer {
 public:
     ImagePeer(PeerContext& context, Image& control, QWidget& ground);
-    void Noted(PropertyBase const& property) override
+    void PropertyAssigned(PropertyBase const& property) override
     {
         m_isStale |= &property == &m_image.Picture;
     }
@@ -23,11 +23,14 @@ private:
 class PictureBoxPeer final : public SurfacePeer {
 public:
     PictureBoxPeer(PeerContext& context, PictureBox& control, QWidget& ground);
-    void Noted(PropertyBase const& property) override { m_isStale |= &property == &m_box.Picture; }
+    void PropertyAssigned(PropertyBase const& property) override
+    {
+        m_isStale |= &property == &m_box.Picture;
+    }
     void Mirror() override;
 
 private:
     PictureBox& m_box;
-    QWidget& m_border; // lies above the controls in the box
+    QWidget& m_border; // above the controls in the box
     bool m_isStale = true;
 };

@@ -15,7 +15,7 @@ class Pictures {
 public:
     explicit Pictures(FileSystem const& files); // outlives this object
 
-    /// Empty if there is no such picture or it can't be decoded. A file is a JPEG, or no picture.
+    /// Empty if there is no such picture or it can't be decoded. Only JPEG files are pictures.
     /// The program's own come in the resolution that the finest screen can show and are kept; a
     /// file is read at each call.
     QPixmap Find(TextView name);
@@ -34,5 +34,5 @@ private:
     QPixmap m_held; // the file that was decoded for its size
 };
 
-/// Where the program's own picture ":name" lies among the resources; empty for any other name.
+/// The resource of the built-in picture ":name"; empty for any other name.
 QString ResourceOf(TextView name);

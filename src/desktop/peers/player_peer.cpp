@@ -116,7 +116,7 @@ void PlayerPeer::Seek(qint64 place)
         m_player.setPosition(std::clamp<qint64>(place, 0, m_player.duration()));
 }
 
-void PlayerPeer::Noted(PropertyBase const& property)
+void PlayerPeer::PropertyAssigned(PropertyBase const& property)
 {
     m_playWanted |= &property == &m_control.playing && m_control.playing;
     m_seekWanted |= &property == &m_control.currentPosition;
@@ -134,7 +134,7 @@ static bool HasFrameRates(QMediaPlayer const& player)
 }
 
 /// True for a Windows Media file, by the identifier of its header object (Advanced Systems Format,
-/// 10.1). The player would take whatever else bears the name for what it looks like: a playlist,
+/// 10.1). The player would open any other file of that name as what it looks like: a playlist,
 /// which opens other files and addresses.
 static bool IsWindowsMedia(QString const& place)
 {

@@ -13,7 +13,7 @@ class VideoWidget;
 class PlayerPeer final : public Peer {
 public:
     PlayerPeer(PeerContext& context, WindowsMediaPlayer& control, QWidget& ground);
-    void Noted(PropertyBase const& property) override;
+    void PropertyAssigned(PropertyBase const& property) override;
     void Mirror() override;
 
 protected:

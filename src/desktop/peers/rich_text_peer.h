@@ -9,7 +9,7 @@ class QTextCursor;
 class RichTextPeer final : public TextPeer {
 public:
     RichTextPeer(PeerContext& context, RichTextBox& control, QWidget& ground);
-    void Noted(PropertyBase const& property) override
+    void PropertyAssigned(PropertyBase const& property) override
     {
         m_scrollWanted |= &property == &m_rich.TopOffset;
     }

@@ -12,7 +12,7 @@ class RichTextWriter {
 public:
     explicit RichTextWriter(RichTextBox const& box); // outlives this object
 
-    /// Writes the text from the offset on, where the cursor stands at the end of what comes before
+    /// Writes the text from the offset on, where the cursor is at the end of what comes before
     /// it.
     void Write(QTextCursor& cursor, int from);
 

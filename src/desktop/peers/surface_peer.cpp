@@ -116,9 +116,9 @@ LabelPeer::LabelPeer(PeerContext& context, Label& control, QWidget& ground)
 
 void LabelPeer::Mirror()
 {
-    auto const across = m_label.Alignment() == Alignment::Left ? Qt::AlignLeft
-        : m_label.Alignment() == Alignment::Right              ? Qt::AlignRight
-                                                               : Qt::AlignHCenter;
+    auto const across = m_label.Alignment() == TextAlignment::Left ? Qt::AlignLeft
+        : m_label.Alignment() == TextAlignment::Right              ? Qt::AlignRight
+                                                                   : Qt::AlignHCenter;
     m_shown.setAlignment(across | Qt::AlignTop);
     // A label of a fixed size wraps its text as one with WordWrap does.
     m_shown.setWordWrap(m_label.WordWrap || !m_label.AutoSize);

@@ -39,7 +39,7 @@ private:
     QLabel& m_shown;
 };
 
-/// A filled rectangle, for shapes and lines, through which the pointer goes.
+/// A filled rectangle, for shapes and lines, through which the pointer passes.
 class FillPeer final : public Peer {
 public:
     FillPeer(

@@ -45,7 +45,7 @@ int TextEdit::ToOffset(int position) const
 
 int TextEdit::ToPosition(int offset) const
 {
-    // The last block whose start, counted with two characters a line end, isn't behind the offset.
+    // The last block whose start, counted with two characters a line end, isn't after the offset.
     int first = 0;
     int last = document()->blockCount() - 1;
     while (first < last) {

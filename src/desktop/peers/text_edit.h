@@ -23,11 +23,11 @@ public:
     /// texts have in common at their ends stays untouched.
     void ChangeTo(TextView whole);
 
-    /// Brings the line in which the position stands to the top, also where the text ends before the
+    /// Scrolls the line with the position to the top, also where the text ends before the
     /// page is full.
     void BringToTop(int position);
 
-    std::function<void()> resized; ///< behind each change of size, and when the widget comes up
+    std::function<void()> resized; ///< after each change of size, and when the widget is shown
 
 protected:
     QMimeData* createMimeDataFromSelection() const override;
@@ -38,6 +38,6 @@ protected:
     void showEvent(QShowEvent* event) override;
 };
 
-/// A text without line ends as it can stand in a document: the few characters that would part or
+/// A text without line ends as it can be in a document: the few characters that would divide or
 /// hide it give way to blanks.
 QString ForDocument(TextView text);

@@ -47,19 +47,19 @@ void TextPeer::Changed()
 
 bool TextPeer::IsTyped() const
 {
-    return m_editing && m_shown.WholeText() == m_box.CurrentText();
+    return m_editing && m_shown.WholeText() == m_box.Text();
 }
 
 bool TextPeer::WantsKey(int keyCode) const
 {
-    return keyCode == keyEnter && !m_box.IsReadOnly();
+    return keyCode == keyEnter && !m_box.Locked;
 }
 
 void TextPeer::Mirror()
 {
-    if (m_shown.isReadOnly() != m_box.IsReadOnly()) {
-        m_shown.setReadOnly(m_box.IsReadOnly());
-        if (m_box.IsReadOnly())
+    if (m_shown.isReadOnly() != m_box.Locked) {
+        m_shown.setReadOnly(m_box.Locked);
+        if (m_box.Locked)
             m_shown.setTextInteractionFlags(
                 Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     }
@@ -83,7 +83,7 @@ void TextPeer::Mirror()
 void TextPeer::MirrorCaret()
 {
     // The caret of a text that can't be written in shows only where the user reads by the keyboard.
-    bool const isLocked = m_box.IsReadOnly();
+    bool const isLocked = m_box.Locked;
     if (isLocked && m_box.ParentForm().Focus() != &m_box)
         return;
     int const start = m_shown.ToPosition(m_box.SelStart);

@@ -13,7 +13,7 @@ class QWidget;
 
 class WindowScroll final : public QObject {
 public:
-    /// `client` stands in `window`, which has no menu bar; both outlive this object.
+    /// `client` is in `window`, which has no menu bar; both outlive this object.
     WindowScroll(QWidget& window, QWidget& client);
 
     /// The size that the inside of the window gets, in pixels: `whole`, or cut to the height `room`
