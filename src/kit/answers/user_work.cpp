@@ -1,8 +1,12 @@
 #include "kit/answers/user_work.h"
 
+#include "bible/note_file.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/folders.h"
+#include "platform/posix/path_rules.h"
 #include "platform/posix/sqlite_settings_store.h"
+#include "study/answer_keys.h"
+#include "study/study_key.h"
 
 namespace fs = std::filesystem;
 
@@ -10,7 +14,7 @@ namespace {
 
 bool IsWork(SettingsStore::Entry const& entry)
 {
-    return Contains(entry.section, u':') && entry.key != u"currentindex";
+    return IsStudyKey(entry.section) && entry.key != currentPageKey;
 }
 
 /// How a message names an answer.
@@ -19,12 +23,14 @@ std::string NameOf(SettingsStore::Entry const& entry)
     return "the answer " + ToUtf8(entry.section) + ", " + ToUtf8(entry.key);
 }
 
-} // namespace
-
-fs::path NotesFolder(fs::path const& userFolder)
+/// The folder of the notes in a user's folder.
+fs::path NotesPlace(fs::path const& userFolder)
 {
-    return userFolder / "drive_c" / "Program Files" / "Sparrowfield Interactive Software" / "notes";
+    auto const drive = userFolder / "drive_c";
+    return PlaceOf(NotesFolder(u"C"), drive).value_or(drive);
 }
+
+} // namespace
 
 Outcome<UserWork> LoadUserWork(fs::path const& userFolder)
 {
@@ -40,7 +46,7 @@ Outcome<UserWork> LoadUserWork(fs::path const& userFolder)
         work.entries = std::move(*entries);
     }
     std::error_code missing;
-    for (auto const& file : fs::directory_iterator(NotesFolder(userFolder), missing)) {
+    for (auto const& file : fs::directory_iterator(NotesPlace(userFolder), missing)) {
         auto const name = file.path().filename().string();
         if (!file.is_regular_file() || !IsNoteName(name))
             continue;
@@ -83,7 +89,7 @@ RestorePlan PlanRestore(UserWork const& present, UserWork const& backup, bool re
 
 Outcome<Done> Restore(RestorePlan const& plan, fs::path const& userFolder, bool replaces)
 {
-    auto const notes = NotesFolder(userFolder);
+    auto const notes = NotesPlace(userFolder);
     if (auto const made = MakeFolders(notes); !made)
         return made.failure();
     for (auto const& [name, bytes] : plan.notes)

@@ -1,14 +1,11 @@
 #pragma once
-// All that a user has written, the entries of his store and the files of his notes: how it is read,
-// and how it is brought back.
+// Reads and restores everything that a user has written: the entries of his store and the files of
+// his notes.
 
 #include "platform/posix/backup_file.h"
 
-/// Where the notes lie in a user's folder.
-std::filesystem::path NotesFolder(std::filesystem::path const& userFolder);
-
-/// The work in a user's folder as it is at this moment; a running program may go on. Empty where
-/// nothing has been written yet. A damaged store, or one of a newer version, stays where it is.
+/// The work in a user's folder as it is now; the program may be running. Empty if nothing has been
+/// written yet. A damaged store, or one of a newer version, isn't set aside.
 Outcome<UserWork> LoadUserWork(std::filesystem::path const& userFolder);
 
 /// What a restore would do to the present work.
