@@ -10,12 +10,12 @@
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size)
 {
     std::string_view const raw(reinterpret_cast<char const*>(data), size);
-    CHECK(DecodeCatalogueLine(raw) == PlainlyDecodedForTheCatalogue(raw));
+    CHECK(DecodedForTheCatalogue(raw) == PlainlyDecodedForTheCatalogue(raw));
     Turns* armed = nullptr;
     Turns turns([&] { armed->Arm(3); });
     armed = &turns;
     turns.Arm(2);
-    auto const decoded = DecodeLine(raw, turns);
+    auto const decoded = Decoded(raw, turns);
     CHECK(decoded == PlainlyDecoded(raw));
     CHECK(turns.Given() == 1 + (raw.starts_with('!') ? std::max<std::size_t>(size, 2) - 2 : 0));
 

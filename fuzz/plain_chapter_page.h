@@ -41,16 +41,17 @@ inline Text PlainChapterPage(std::string_view bookFile, PageRequest const& reque
         std::erase(line, u'*');
         if (line.empty() || line.front() == u' ')
             continue;
-        auto const columns = *ToCodePage(line);
-        auto const chapter = ColumnNumber(columns, 0), verse = ColumnNumber(columns, 4);
-        if (!chapter || !verse || !VerseWanted(request.wanted, *chapter, *verse))
+        auto const bytes = *ToCodePage(line);
+        auto const verse = ParseVerseLine(bytes);
+        if (!verse || !VerseWanted(request.wanted, verse->chapter, verse->verse))
             continue;
-        if (*chapter != lastChapter)
-            page += u"<a name=chapter" + FromNumber(*chapter)
-                + u"><p><b><font face=\"Arial\" color=darkblue>Chapter " + FromNumber(*chapter)
+        Text const chapter = FromNumber(verse->chapter);
+        if (verse->chapter != lastChapter)
+            page += u"<a name=chapter" + chapter
+                + u"><p><b><font face=\"Arial\" color=darkblue>Chapter " + chapter
                 + u"</font></b><p>\r\n";
-        lastChapter = *chapter;
-        page += u"<sup>" + FromNumber(*verse) + u"</sup>&nbsp;" + PlainText(line, 8);
+        lastChapter = verse->chapter;
+        page += u"<sup>" + FromNumber(verse->verse) + u"</sup>&nbsp;" + PlainText(line, 8);
         while (i + 1 < lines.size()) {
             auto const more = PlainText(PlainLine(lines[++i]), 0);
             page += more;

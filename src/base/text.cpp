@@ -1,7 +1,14 @@
 #include "base/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+
+std::size_t CountDigits(TextView text)
+{
+    auto const end = std::find_if_not(text.begin(), text.end(), IsDigit);
+    return static_cast<std::size_t>(end - text.begin());
+}
 
 TextView Trim(TextView text)
 {
@@ -71,11 +78,6 @@ Text FromNumber(std::int64_t number)
     char digits[24];
     auto const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
     return Text(digits, end);
-}
-
-static bool IsDigit(char16_t character)
-{
-    return character >= u'0' && character <= u'9';
 }
 
 /// True if a decimal number has only zeros before its point.

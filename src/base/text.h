@@ -2,6 +2,7 @@
 // The program's text type and the few helpers on it that more than one folder needs.
 // code_page.h converts to and from code pages.
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -12,6 +13,15 @@
 using Text = std::u16string;
 /// A text that is only read. A callee never keeps it after it returns.
 using TextView = std::u16string_view;
+
+/// True for the decimal digits 0 to 9.
+constexpr bool IsDigit(char16_t character)
+{
+    return character >= u'0' && character <= u'9';
+}
+
+/// The number of digits at the start of the text.
+std::size_t CountDigits(TextView text);
 
 /// The text without leading and trailing blanks (U+0020 alone; tabs and line ends stay).
 TextView Trim(TextView text);

@@ -1,6 +1,6 @@
 #pragma once
-// The line with which a disc tells the reader what text stands in the place of a translation: the
-// file bible<translation>.about beside the index (docs/formats/bible-files.md).
+// The line by which a disc names the text that it has in place of a translation, from the file
+// bible<translation>.about beside the index (docs/formats/bible-files.md).
 
 #include "base/text.h"
 
@@ -9,6 +9,6 @@
 /// In characters.
 inline constexpr std::size_t longestAboutLine = 200;
 
-/// The first line of the file's bytes, which are code page 1252, without blanks at its ends;
-/// control characters are left out, and what goes beyond the greatest length is cut off.
+/// The first line of the file's bytes (code page 1252), trimmed, without control characters and cut
+/// off at the greatest length.
 Text AboutLine(std::string_view bytes);

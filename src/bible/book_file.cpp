@@ -1,24 +1,12 @@
 #include "bible/book_file.h"
 
+#include "base/text.h"
+#include "bible/book_lines.h"
+
 #include <algorithm>
 #include <charconv>
 
 namespace {
-
-/// A line without its carriage returns, and what comes behind the line feed.
-std::string_view TakeLine(std::string_view& rest, std::string& line)
-{
-    auto const end = std::min(rest.find('\n'), rest.size());
-    line.assign(rest.substr(0, end));
-    std::erase(line, '\r');
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-    return line;
-}
-
-bool IsDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
 
 std::string Padded(int number)
 {
@@ -26,16 +14,7 @@ std::string Padded(int number)
     return std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits;
 }
 
-} // namespace
-
-std::string_view TrimBlanks(std::string_view text)
-{
-    auto const first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
+/// The number in the three columns from `column` on, which may have blanks around it.
 std::optional<int> ColumnNumber(std::string_view line, std::size_t column)
 {
     if (line.size() <= column)
@@ -52,24 +31,41 @@ std::optional<int> ColumnNumber(std::string_view line, std::size_t column)
     return number;
 }
 
+} // namespace
+
+std::string_view TrimBlanks(std::string_view text)
+{
+    auto const first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::optional<VerseLine> ParseVerseLine(std::string_view line)
+{
+    constexpr std::size_t verseColumn = 4, textColumn = 8;
+    if (line.empty() || line.front() == ' ')
+        return std::nullopt;
+    auto const chapter = ColumnNumber(line, 0), verse = ColumnNumber(line, verseColumn);
+    if (!chapter || !verse)
+        return std::nullopt;
+    return VerseLine { *chapter, *verse, line.substr(std::min(line.size(), textColumn)) };
+}
+
 std::vector<VerseRecord> ReadVerseRecords(std::string_view bytes)
 {
     std::vector<VerseRecord> records;
-    std::string line;
-    TakeLine(bytes, line);
-    while (!bytes.empty()) {
-        TakeLine(bytes, line);
-        bool const isMarked = std::erase(line, paragraphMark) > 0;
-        std::erase(line, '*');
-        if (line.empty() || line.front() == ' ')
+    BookLines lines(bytes);
+    lines.Next();
+    while (lines.HasNext()) {
+        auto const [line, isMarked] = lines.WithoutMarks(lines.Next());
+        auto const verse = ParseVerseLine(line);
+        if (!verse)
             continue;
-        auto const chapter = ColumnNumber(line, 0), verse = ColumnNumber(line, 4);
-        if (!chapter || !verse)
-            continue;
-        auto const text = line.size() > 8 ? TrimBlanks(std::string_view(line).substr(8)) : "";
-        VerseRecord record { *chapter, *verse, isMarked, std::string(text) };
-        while (!bytes.empty() && !TakeLine(bytes, line).empty()) {
-            auto const more = TrimBlanks(line);
+        VerseRecord record { verse->chapter, verse->verse, isMarked,
+            std::string(TrimBlanks(verse->text)) };
+        while (lines.HasNext()) {
+            auto const more = TrimBlanks(lines.Next());
             if (more.empty())
                 break;
             record.text.append(1, ' ').append(more);

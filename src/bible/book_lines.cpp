@@ -1,13 +1,15 @@
 #include "bible/book_lines.h"
 
+#include "base/lines.h"
+
 #include <algorithm>
 #include <utility>
 
-/// The survey takes so many bytes at once: few enough for a count of one byte, and a fixed number,
-/// so that the compiler counts several with one instruction.
+/// The bytes that the survey takes at once: few enough for a count of one byte, and a fixed number,
+/// so that the compiler vectorises the loop.
 static constexpr std::size_t blockSize = 128;
 
-/// Adds what a block holds, the byte behind it known.
+/// Adds what a block holds. The byte after the block can be read.
 void BookLines::AddBlock(Survey& survey, char const* block)
 {
     unsigned char lineFeeds = 0, loneReturns = 0;
@@ -22,7 +24,7 @@ void BookLines::AddBlock(Survey& survey, char const* block)
 BookLines::Survey BookLines::SurveyOf(std::string_view bytes)
 {
     Survey survey;
-    survey.hasAsterisks = bytes.find('*') != bytes.npos;
+    survey.hasDroppedMarks = bytes.find(droppedMark) != bytes.npos;
     for (; bytes.size() > blockSize; bytes.remove_prefix(blockSize))
         AddBlock(survey, bytes.data());
     char last[blockSize + 1] {};
@@ -39,12 +41,8 @@ BookLines::BookLines(std::string_view bytes)
 
 std::string_view BookLines::Next()
 {
-    auto const end = std::min(m_rest.find('\n'), m_rest.size());
-    auto line = m_rest.substr(0, end);
-    m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
+    auto const line = TakeLine(m_rest);
     ++m_index;
-    if (line.ends_with('\r'))
-        line.remove_suffix(1);
     return m_survey.hasLoneReturns ? Without('\r', line) : line;
 }
 

@@ -5,10 +5,16 @@
 
 #include <algorithm>
 
-// Each step of writing replaces one file, and after each the old note or the new one can be read
-// whole: the exact text that counts is the one whose nearest form the usual file holds.
+// Each step of writing replaces one file. The exact text that counts is the one whose nearest form
+// is in the usual file, so after each step either the old note or the new one can be read whole.
+static constexpr TextView noteEnding = u".dat";
 static constexpr TextView exactEnding = u".utf8";
 static constexpr TextView nextEnding = u".utf8-next";
+
+Text NotesFolder(TextView driveLetter)
+{
+    return Text(driveLetter) + u":\\Program Files\\Sparrowfield Interactive Software\\notes";
+}
 
 std::optional<Text> NoteFile(TextView folder, TextView bookName, TextView chapter)
 {
@@ -18,7 +24,19 @@ std::optional<Text> NoteFile(TextView folder, TextView bookName, TextView chapte
     });
     if (!isWritable || name.empty() || name.front() == u'.' || name.front() == u' ')
         return std::nullopt;
-    return Text(folder) + name + u".dat";
+    return Text(folder) + name + Text(noteEnding);
+}
+
+std::optional<Text> ChapterOfNote(TextView fileName)
+{
+    if (!fileName.ends_with(noteEnding))
+        return std::nullopt;
+    Text chapter(fileName.substr(0, fileName.size() - noteEnding.size()));
+    auto const book = static_cast<std::size_t>(
+        std::find_if_not(chapter.rbegin(), chapter.rend(), IsDigit).base() - chapter.begin());
+    if (book > 0 && book < chapter.size())
+        chapter.insert(book, 1, u' ');
+    return chapter;
 }
 
 static Text Exact(Text const& path)
@@ -68,8 +86,8 @@ static Outcome<Done> DeleteIfPresent(FileSystem& files, Text const& path)
     return files.LookFor(path) == Presence::Absent ? Done() : files.Delete(path);
 }
 
-/// Where a power cut left the exact form of the present note in the second file alone, it moves to
-/// the first before the second is used again.
+/// If a power cut left the exact form of the present note only in the "next" file, copies it to the
+/// exact file before the next one is written again.
 static Outcome<Done> Promote(FileSystem& files, Text const& path)
 {
     if (!files.FileExists(Next(path)) || !files.FileExists(path))
@@ -84,8 +102,8 @@ static Outcome<Done> Promote(FileSystem& files, Text const& path)
     return isPresent ? files.Write(Exact(path), *next) : Done();
 }
 
-/// Makes the folders on the way to a file, from the top, if its own is missing. Where that fails,
-/// so does the writing.
+/// Makes the folders on the path of a file, from the top, if its own is missing. If that fails, so
+/// does writing the file.
 static void MakeFolders(FileSystem& files, TextView path)
 {
     auto const end = path.rfind(u'\\');

@@ -1,3 +1,15 @@
+// A reference is read from its end. The last blank separates the book from the numbers, but only if
+// the reference ends in a digit: "Song of Solomon" is a whole book, "1 Samuel" too. The numbers are
+// split at ":" into chapter and verses, the verses at "," into ranges, a range at "-":
+//
+//     " 1  John 3 : 16 - 18, 20"
+//     "1 John 3:16-18,20"            CleanReference
+//     "1 John"                       GetBookName
+//     3 and {16, 18}, {20, 20}       ReadWantedVerses
+//
+// Each number has to fit 16 bits. A number that doesn't, or isn't one, makes the whole reference
+// unreadable; then no verse is wanted.
+
 #include "bible/reference.h"
 
 #include <algorithm>
@@ -6,10 +18,10 @@
 
 static bool EndsInDigit(TextView text)
 {
-    return !text.empty() && text.back() >= u'0' && text.back() <= u'9';
+    return !text.empty() && IsDigit(text.back());
 }
 
-/// Without the blanks around the marks of a list of verses: what stands behind the last colon.
+/// Removes the blanks around the commas and dashes of the verses, which come after the last colon.
 static void CloseUpVerses(Text& reference)
 {
     auto const colon = reference.rfind(u':');
@@ -48,12 +60,12 @@ static std::optional<int> Number(TextView digits)
     return static_cast<int>(*number);
 }
 
-/// "16-18,20" as pairs of numbers; nothing if it is anything else.
+/// "16-18,20" as pairs of numbers; nothing for any other text.
 static std::optional<std::vector<std::pair<int, int>>> ReadRanges(TextView text)
 {
     std::vector<std::pair<int, int>> ranges;
     for (TextView const range : Split(text, u',')) {
-        auto const dash = range.find(u'-', 1); // one at the front is a sign
+        auto const dash = range.find(u'-', 1); // one at the start is a sign
         auto const from = Number(range.substr(0, dash));
         auto const to = dash == TextView::npos ? from : Number(range.substr(dash + 1));
         if (!from || !to)

@@ -1,22 +1,9 @@
 #include "catalogue/catalogue_nodes.h"
 
 #include "study/study_head.h"
+#include "study/study_key.h"
 
 #include <algorithm>
-
-static constexpr TextView partOneEnd = u"-1.dat";
-
-/// The name of the file of Part Two. File names match ignoring case, so the end may be written in
-/// capitals.
-static Text PartTwoName(TextView partOne)
-{
-    Text name(partOne);
-    if (auto const found = name.find(partOneEnd); found != Text::npos)
-        ReplaceAll(name, partOneEnd, u"-2.dat");
-    else if (name.size() >= partOneEnd.size())
-        name[name.size() - 5] = u'2';
-    return name;
-}
 
 // Far above any disc; a list of lessons without an end would use up the memory of the machine.
 static constexpr std::int64_t mostLessonsOfAStudy = 1'000;

@@ -29,8 +29,8 @@ static int KeyCodeOf(char16_t character)
 {
     if (character >= u'a' && character <= u'z')
         return character - u'a' + 'A';
-    bool const isItself = (character >= u'0' && character <= u'9')
-        || (character >= u'A' && character <= u'Z') || character == u' ' || character == u'\r';
+    bool const isItself = IsDigit(character) || (character >= u'A' && character <= u'Z')
+        || character == u' ' || character == u'\r';
     return isItself ? character : 0;
 }
 

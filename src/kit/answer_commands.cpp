@@ -1,6 +1,7 @@
 // The subcommands about a user's own work.
 
 #include "base/printable.h"
+#include "bible/note_file.h"
 #include "kit/answers/answer_documents.h"
 #include "kit/answers/user_work.h"
 #include "kit/commands.h"
@@ -8,6 +9,7 @@
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/user_folders.h"
 #include "platform/posix/whole_file.h"
+#include "study/answer_keys.h"
 
 #include <algorithm>
 #include <cassert>
@@ -33,11 +35,13 @@ static std::string Counted(std::size_t count, char const* thing)
 
 static std::string Counted(UserWork const& work)
 {
-    auto const answers = static_cast<std::size_t>(std::count_if(work.entries.begin(),
-        work.entries.end(),
-        [](auto const& entry) { return entry.key.starts_with(u"Page") && !entry.value.empty(); }));
-    auto const notes = static_cast<std::size_t>(std::count_if(work.notes.begin(), work.notes.end(),
-        [](auto const& note) { return note.first.ends_with(".dat") && !note.second.empty(); }));
+    auto const answers
+        = static_cast<std::size_t>(std::count_if(work.entries.begin(), work.entries.end(),
+            [](auto const& entry) { return IsAnswerKey(entry.key) && !entry.value.empty(); }));
+    auto const notes = static_cast<std::size_t>(
+        std::count_if(work.notes.begin(), work.notes.end(), [](auto const& note) {
+            return ChapterOfNote(FromUtf8(note.first)) && !note.second.empty();
+        }));
     return Counted(answers, "answer") + " and " + Counted(notes, "note");
 }
 

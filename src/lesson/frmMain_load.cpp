@@ -93,9 +93,9 @@ Outcome<Done> frmMain::LoadLesson()
     auto const titleLine = reader->ReadTitleLine();
     if (!titleLine)
         return titleLine.failure();
-    auto const titles = Split(*titleLine, u'/');
+    auto const titles = SplitTitles(*titleLine);
     XPContainer3.Caption = u"Lesson " + lessonNumber + u", Part " + reader->PartWord() + u":  "
-        + Text(titles[0]) + (titles.size() > 1 ? u"   " + Text(titles[1]) : Text());
+        + Text(titles.title) + (titles.secondTitle ? u"   " + Text(*titles.secondTitle) : Text());
     if (auto const found = reader->FindBlock(); !found)
         return found.failure();
     if (auto const loaded = LoadIntroduction(*reader); !loaded)
@@ -226,8 +226,7 @@ void frmMain::AppendVerse(VerseFileItem const& item)
 void frmMain::Resume(TextView storedPage)
 {
     auto const digits = Trim(storedPage);
-    bool const isBeyondAll
-        = !digits.empty() && digits.find_first_not_of(u"0123456789") == TextView::npos;
+    bool const isBeyondAll = !digits.empty() && CountDigits(digits) == digits.size();
     auto const stored = ToInteger(storedPage).value_or(isBeyondAll ? INT64_MAX : 1);
     auto const page = std::clamp<std::int64_t>(stored, 1, ctlScrollbar.Max);
     ShowLessonPage(static_cast<int>(page));

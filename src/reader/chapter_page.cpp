@@ -1,3 +1,16 @@
+// The page is built in one pass over the book file. Each line outside a verse is tried as a verse
+// line. If its verse is wanted, its text goes into the page, and so do the lines after it, up to
+// and including an empty one; if not, the lines after it are tried in turn, and fail as they begin
+// with a blank. For "Jude 2":
+//
+//     Jude                                 the first line: skipped
+//     ¶001 001 Jude, the servant of        <p> for the mark, but the verse isn't wanted
+//      Jesus Christ                        not a verse line
+//                                          not a verse line
+//     001 002 Mercy unto you, and peace,   heading "Chapter 1", <sup>2</sup>, the text
+//      and love, be multiplied.            the text
+//                                          the end of the verse
+
 #include "reader/chapter_page.h"
 
 #include "base/code_page.h"
@@ -11,11 +24,8 @@
 
 namespace {
 
-/// The text from the ninth column on; empty where the line is shorter.
-constexpr std::size_t textColumn = 8;
-
-/// In bytes, a rough bound for the page of a whole book: its tags take more than the columns and
-/// line ends of the file, and each character takes two bytes. What isn't needed of it is never
+/// In bytes, a rough upper bound for the page of a whole book: each character takes two bytes, and
+/// the tags take more than the columns and line ends of the file. Memory that isn't needed is never
 /// touched.
 std::int32_t WholeBookCapacity(std::string_view bookFile)
 {
@@ -39,7 +49,7 @@ public:
         BookLines lines(bookFile);
         if (m_listener.begin)
             m_listener.begin(lines.Last());
-        lines.Next(); // the first line is no verse's
+        lines.Next(); // The first line isn't part of a verse.
         while (lines.HasNext()) {
             auto const line = lines.Next();
             if (m_listener.line)
@@ -77,7 +87,7 @@ private:
             .Append(u"</font></b><p>\r\n");
     }
 
-    /// A line's text without blanks at its ends, and a blank.
+    /// Appends the text of a line, trimmed, and a blank.
     void AppendText(std::string_view bytes)
     {
         auto const text = TrimBlanks(bytes);
@@ -91,22 +101,17 @@ private:
     /// False if the listener ended the building.
     bool TakeLine(BookLines& lines, std::string_view line)
     {
-        if (line.find(paragraphMark) != line.npos) {
+        auto const [unmarked, startsParagraph] = lines.WithoutMarks(line);
+        if (startsParagraph)
             m_page.Append(u"<p>");
-            line = lines.Without(paragraphMark, line);
-        }
-        if (lines.HaveAsterisks())
-            line = lines.Without('*', line);
-        if (line.empty() || line.front() == ' ')
+        auto const verse = ParseVerseLine(unmarked);
+        if (!verse || !VerseWanted(m_request.wanted, verse->chapter, verse->verse))
             return true;
-        auto const chapter = ColumnNumber(line, 0), verse = ColumnNumber(line, 4);
-        if (!chapter || !verse || !VerseWanted(m_request.wanted, *chapter, *verse))
-            return true;
-        if (*chapter != m_lastChapter)
-            AppendHeading(*chapter);
-        m_lastChapter = *chapter;
-        m_page.Append(u"<sup>").Append(FromNumber(*verse)).Append(u"</sup>&nbsp;");
-        AppendText(line.size() > textColumn ? line.substr(textColumn) : std::string_view());
+        if (verse->chapter != m_lastChapter)
+            AppendHeading(verse->chapter);
+        m_lastChapter = verse->chapter;
+        m_page.Append(u"<sup>").Append(FromNumber(verse->verse)).Append(u"</sup>&nbsp;");
+        AppendText(verse->text);
         return TakeFurtherLines(lines);
     }
 
@@ -127,7 +132,7 @@ private:
     PageRequest const& m_request;
     PageListener const& m_listener;
     CStringBuilder m_page;
-    // overwritten from its start: clearing it for each line would take longer than filling it
+    // The text of a line, overwritten each time: clearing it takes longer than filling it.
     Text m_piece;
     int m_lastChapter = 0;
 };

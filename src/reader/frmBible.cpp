@@ -1,8 +1,10 @@
 #include "reader/frmBible.h"
 
 #include "base/code_page.h"
+#include "base/lines.h"
 #include "bible/about_line.h"
 #include "bible/book_index.h"
+#include "bible/note_file.h"
 #include "controls/key_codes.h"
 #include "controls/screen.h"
 #include "platform/settings.h"
@@ -13,7 +15,7 @@
 
 static constexpr TextView settingsSection = u"biblereader";
 
-// What the tree shows of an index: no Bible comes near it. What is left out is found all the same.
+// What the tree shows of an index. No real Bible has as many; a reference finds the rest as well.
 static constexpr std::int64_t mostChapters = 999; // of a book
 static constexpr std::int64_t mostNodes = 20'000;
 
@@ -34,7 +36,7 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     opensAs = FormState::Maximised;
     centred = true;
     queuesActions = true;
-    // the buttons stand beside each other, and some lines of text below them
+    // room for the buttons side by side, and for some lines of text below them
     smallest = { 8500, 5000 };
     BackColor = Rgb(0, 0, 0);
     Picture = u":reader";
@@ -93,8 +95,9 @@ void frmBible::Form_Load()
     bookName = GetBookName(txtVerse.Text());
     pagePath = m_files.TemporaryFolder() + u"\\" + m_files.TemporaryName() + u".htm";
     driveLetter = Text(1, ToUpper(pagePath.front()));
-    EnsureFolder(driveLetter + u":\\Program Files\\Sparrowfield Interactive Software");
-    EnsureFolder(driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes");
+    Text const notes = NotesFolder(driveLetter);
+    EnsureFolder(notes.substr(0, notes.rfind(u'\\')));
+    EnsureFolder(notes);
     ShowPage(EmptyPage(m_files.ApplicationFolder()));
     // Its click brings up the page of the last reference.
     cboVersion.ListIndex = translation == u"kjv" ? 0 : 1;
@@ -107,8 +110,8 @@ void frmBible::Form_Unload()
     static_cast<void>(m_files.Delete(pagePath));
 }
 
-/// The bytes of a data file. One that is missing comes into being empty, where that can be; one
-/// that can't be read, or is larger than `atMost`, counts as empty.
+/// The bytes of a data file. A missing one is created empty, if possible. One that can't be read,
+/// or is larger than `atMost`, counts as empty.
 std::string frmBible::ReadData(TextView path, std::uint64_t atMost)
 {
     if (m_files.LookFor(path) == Presence::Absent) {
@@ -119,21 +122,19 @@ std::string frmBible::ReadData(TextView path, std::uint64_t atMost)
     return bytes ? std::move(*bytes) : std::string();
 }
 
-/// Gives a turn before each line, and ends when the form is to go.
+/// Gives a turn before each line, and ends early if the form is to close.
 void frmBible::ForEachIndexLine(std::function<void(TextView line)> const& take)
 {
-    Text const index = FromCodePage(
-        ReadData(m_files.ApplicationFolder() + u"\\bible" + translation + u".idx", largestIndex));
-    TextView rest = index;
+    auto const index
+        = ReadData(m_files.ApplicationFolder() + u"\\bible" + translation + u".idx", largestIndex);
+    std::string_view rest = index;
+    if (rest.ends_with('\r'))
+        rest.remove_suffix(1); // of a line end that was cut off
     while (!rest.empty()) {
         GetScreen().GetTurns().Give();
         if (!ShouldContinue())
             return;
-        auto line = rest.substr(0, rest.find(u'\n'));
-        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-        if (line.ends_with(u'\r'))
-            line.remove_suffix(1);
-        take(line);
+        take(FromCodePage(TakeLine(rest)));
     }
 }
 
@@ -184,7 +185,7 @@ void frmBible::SetTranslation(TextView identifier)
     WriteSetting(m_settings, settingsSection, u"translation", identifier);
 }
 
-/// What text the disc says it has in the translation's place; empty if it says nothing.
+/// The text that the disc says it has in place of the translation; empty if it says nothing.
 Text frmBible::AboutTranslation() const
 {
     auto const bytes

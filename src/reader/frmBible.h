@@ -61,7 +61,6 @@ private:
     void ShowPage(TextView html);
     bool ShouldContinue() const;
     void EnsureFolder(TextView path);
-    Text NotesFolder() const;
     void SaveNotes(bool tell);
     void LoadNotes();
     bool HasNote() const;

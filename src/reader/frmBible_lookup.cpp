@@ -1,4 +1,4 @@
-// The part of the reader that looks a reference up: the page, and the note that goes with it.
+// The part of the reader that looks up a reference: its page and its note.
 
 #include "base/code_page.h"
 #include "base/nearest_code_page.h"
@@ -13,7 +13,7 @@
 
 #include <algorithm>
 
-/// False if the form went, or was closed, in a turn of the work at hand.
+/// False if the form was unloaded or closed in a turn of the present work.
 bool frmBible::ShouldContinue() const
 {
     return IsLoaded() && !IsCloseRequested();
@@ -27,7 +27,7 @@ void frmBible::cmdOkay_Click()
     txtNotes.Locked = true; // What is typed until the next note is loaded would get into that one.
     NormaliseBox();
     auto const wanted = ReadWantedVerses(txtVerse.Text());
-    // A number that can't be read is no reference to any book.
+    // With a number that can't be read, the text isn't a reference to any book.
     Text book = wanted.isReadable ? GetBookName(txtVerse.Text()) : ToLower(txtVerse.Text());
     int const bookNumber = wanted.isReadable ? FindBook(book) : 0;
     if (!ShouldContinue())
@@ -56,7 +56,7 @@ void frmBible::NormaliseBox()
     txtVerse.Text = text;
 }
 
-/// Builds and shows the page; false if the form is to go instead.
+/// Builds and shows the page; false if the form is to close instead.
 bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
 {
     MousePointer = pointerHourglass;
@@ -112,11 +112,6 @@ void frmBible::EnsureFolder(TextView path)
         static_cast<void>(m_files.CreateFolder(path));
 }
 
-Text frmBible::NotesFolder() const
-{
-    return driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes\\";
-}
-
 static constexpr TextView noteFails
     = u"Your note can't be saved now. It is kept, and will be tried again.\r\n\r\n";
 
@@ -141,7 +136,7 @@ void frmBible::tmrStore_Timer()
 
 void frmBible::LoadNotes()
 {
-    m_noteFile = NoteFile(NotesFolder(), bookName, chapter);
+    m_noteFile = NoteFile(NotesFolder(driveLetter) + u"\\", bookName, chapter);
     txtNotes.Text = u"";
     cmdPrint.Enabled = false;
     XPContainer4.Caption = u"Notes for " + bookName + (chapter.empty() ? u"" : u" " + chapter);

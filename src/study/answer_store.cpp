@@ -1,17 +1,20 @@
 #include "study/answer_store.h"
 
+#include "study/answer_keys.h"
+#include "study/study_key.h"
+
 #include <algorithm>
 
 AnswerStore::Key AnswerStore::PageKey(TextView section, int page)
 {
-    return { Text(section), u"Page" + FromNumber(page) };
+    return { Text(section), AnswerKey(page) };
 }
 
 Text AnswerStore::SectionOf(
     TextView studyKey, std::function<bool(TextView file)> const& isThere) const
 {
     auto const page
-        = m_settings.Read(studyKey, u"currentindex"); // which every lesson that was shown has
+        = m_settings.Read(studyKey, currentPageKey); // which every lesson that was shown has
     if (!page || *page)
         return Text(studyKey);
     auto const sections = m_settings.Sections();
@@ -19,8 +22,7 @@ Text AnswerStore::SectionOf(
         return Text(studyKey);
     std::vector<Text> alike;
     for (Text const& section : *sections)
-        if (ToLower(section) == ToLower(studyKey)
-            && !isThere(TextView(section).substr(0, section.find(u':'))))
+        if (ToLower(section) == ToLower(studyKey) && !isThere(SplitStudyKey(section).fileName))
             alike.push_back(section);
     return alike.size() == 1 ? alike.front() : Text(studyKey);
 }
@@ -68,13 +70,13 @@ void AnswerStore::RestoreInNewStore()
 
 Text AnswerStore::CurrentPage(TextView section) const
 {
-    auto const page = m_settings.Read(section, u"currentindex");
+    auto const page = m_settings.Read(section, currentPageKey);
     return page && *page ? **page : Text(u"1");
 }
 
 void AnswerStore::SetCurrentPage(TextView section, TextView page)
 {
-    static_cast<void>(m_settings.Write(section, u"currentindex", page));
+    static_cast<void>(m_settings.Write(section, currentPageKey, page));
 }
 
 /// Puts a text that isn't stored yet among what is stored.
@@ -93,8 +95,7 @@ static void Enter(std::vector<SettingsStore::Entry>& stored, PendingText const& 
 static bool HoldWords(std::vector<SettingsStore::Entry> const& entries)
 {
     return std::any_of(entries.begin(), entries.end(), [](auto const& entry) {
-        return entry.key.starts_with(u"Page")
-            && entry.value.find_first_not_of(u" \t\r\n") != Text::npos;
+        return IsAnswerKey(entry.key) && entry.value.find_first_not_of(u" \t\r\n") != Text::npos;
     });
 }
 

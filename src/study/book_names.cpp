@@ -58,8 +58,8 @@ constexpr BookName bookNames[] = {
 
 constexpr std::size_t longestAbbreviation = 6;
 
-/// The book whose abbreviation ends with the full stop at `stop`, or null. Every abbreviation is
-/// one capital, a few lower-case letters and the full stop, so at most one can end there.
+/// The book whose abbreviation ends with the full stop at `stop`, or null. An abbreviation is one
+/// capital, a few lower-case letters and the full stop, so at most one can end there.
 BookName const* FindBook(TextView text, std::size_t stop)
 {
     auto start = stop;
@@ -85,8 +85,7 @@ std::size_t NextStop(TextView text, std::size_t from)
 
 void ExpandBookNames(Text& text)
 {
-    // One pass is as good as one for each name: a name put in holds no full stop, and it can't be
-    // the beginning of an abbreviation.
+    // One pass is enough: a full name contains no full stop and can't begin an abbreviation.
     Text expanded;
     std::size_t copied = 0;
     for (auto stop = NextStop(text, 0); stop < text.size(); stop = NextStop(text, stop + 1)) {
@@ -99,6 +98,6 @@ void ExpandBookNames(Text& text)
     }
     if (copied > 0)
         text = std::move(expanded.append(text, copied));
-    // A plural may be of the names just put in ("Rev.s"), so it comes last.
+    // Last, since a name that was just inserted may be part of it ("Rev.s").
     ReplaceAll(text, u"Revelations", u"Revelation");
 }

@@ -1,3 +1,16 @@
+// A raw line becomes text in three steps: it is descrambled, tidied and, for the lesson, trimmed. A
+// scrambled line begins with "!" and ends with the shift, a letter; every letter a to z between
+// them has been moved forward by as many places as the shift is from "a":
+//
+//     !Sjnpo//Pfufsb      shift b: one place back
+//     Simon/Peter         descrambled and tidied: the two slashes became one
+//
+// Every page of a lesson comes through here, so the usual line takes the fast way: blocks of bytes
+// are shifted back without a branch, then converted from the code page. The raw bytes tell whether
+// there is anything to tidy, since scrambling changes neither blanks nor slashes. Only a line that
+// may need it is tidied, in place. A shift that isn't a letter takes a table instead. The body is
+// decoded in stretches that end where a turn of the event loop is due.
+
 #include "study/codec.h"
 
 #include "base/code_page.h"
@@ -9,24 +22,21 @@
 
 namespace {
 
-/// What each byte of a scrambled body stands for, given a byte at the end of the line that is no
-/// letter: outside a to z the remainder takes the sign of the dividend, and what comes out may be
-/// no letter.
+/// The character for each byte of a scrambled body whose shift isn't a letter (see ShiftedLetter).
 std::array<char16_t, 256> AlphabetOf(int shiftLetter)
 {
     std::array<char16_t, 256> alphabet;
     std::copy_n(codePageCharacters, alphabet.size(), alphabet.begin());
     for (int letter = 'a'; letter <= 'z'; ++letter)
         alphabet[static_cast<std::size_t>(letter)]
-            = static_cast<char16_t>(97 + ((letter - 97) - (shiftLetter - 97) + 26) % 26);
+            = static_cast<char16_t>(ShiftedLetter(letter, 'a' - shiftLetter));
     return alphabet;
 }
 
-/// The bytes that are shifted at once: a fixed number, so that the compiler shifts several with one
-/// instruction.
+/// The bytes that are shifted at once: a fixed number, so that the compiler vectorises the loop.
 constexpr std::size_t shiftedAtOnce = 16;
 
-/// Shifts back the letters a to z of a block by 0 to 25; all else stays.
+/// Shifts the letters a to z of a block back by 0 to 25 places. Other bytes stay as they are.
 void ShiftBack(char const* block, std::uint8_t shift, char* to)
 {
     std::uint8_t bytes[shiftedAtOnce];
@@ -54,7 +64,7 @@ void ShiftBackAll(std::string_view bytes, std::uint8_t shift, char* to)
     auto const last = bytes.size() - shiftedAtOnce;
     for (std::size_t at = 0; at < last; at += shiftedAtOnce)
         ShiftBack(bytes.data() + at, shift, to + at);
-    // The last block may shift some bytes again; that is quicker than the rest one by one.
+    // The last block may shift some bytes again. That is faster than one by one.
     ShiftBack(bytes.data() + last, shift, to + last);
 }
 
@@ -70,7 +80,7 @@ void DescrambleLetters(std::string_view body, std::uint8_t shift, char16_t* to)
     }
 }
 
-/// Descrambles a body whose line ends in this byte, one character for each byte.
+/// Descrambles a body, given the last byte of its line: one character for each byte.
 void Descramble(std::string_view body, unsigned char shiftLetter, char16_t* to)
 {
     if (IsLowerLetter(shiftLetter))
@@ -80,18 +90,16 @@ void Descramble(std::string_view body, unsigned char shiftLetter, char16_t* to)
         [&](char byte) { return alphabet[static_cast<unsigned char>(byte)]; });
 }
 
-/// True if tidying may change a byte, given the one behind it. No letter is ever decoded into one
-/// of these, nor one of them into anything else.
+/// True if tidying may change a byte or the one after it. Scrambling changes none of these bytes.
 constexpr bool MayBeUntidy(char byte, char next)
 {
     return (byte == '\t') | (byte == '\n') | ((byte == next) & ((byte == '/') | (byte == ' ')));
 }
 
-/// The bytes in which tidiness is looked for at once: a fixed number, so that the compiler looks at
-/// several with one instruction.
+/// The bytes that are tested at once, for the same reason.
 constexpr std::size_t blockSize = 32;
 
-/// Of a block, the byte behind it known.
+/// Tests a block. The byte after it can be read.
 bool IsTidyBlock(char const* block)
 {
     unsigned char untidy = 0;
@@ -100,7 +108,7 @@ bool IsTidyBlock(char const* block)
     return untidy == 0;
 }
 
-/// True if tidying would change nothing; may be false without a reason.
+/// True if tidying would change nothing. May be false for a tidy line.
 bool IsTidy(std::string_view bytes)
 {
     if (bytes.size() <= blockSize) {
@@ -112,22 +120,22 @@ bool IsTidy(std::string_view bytes)
     for (std::size_t at = 0; at < last; at += blockSize)
         if (!IsTidyBlock(bytes.data() + at))
             return false;
-    // The last block looks at some bytes again; that is quicker than copying the rest.
+    // The last block may test some bytes again. That is faster than copying the rest.
     return IsTidyBlock(bytes.data() + last) && !MayBeUntidy(bytes.back(), '\0');
 }
 
 enum class Blanks { Single, All };
 
-/// True if a line feed behind this text makes a second line end in a row.
+/// True if a line feed after this text completes a second line end in a row.
 bool EndsALineAndBeginsOne(TextView text)
 {
     return text.size() >= 3 && text.ends_with(u'\r') && text[text.size() - 2] == u'\n'
         && text[text.size() - 3] == u'\r';
 }
 
-/// From a place on in a text that is tidy up to there, makes runs of slashes, line ends and, if
-/// told so, blanks one, and tabs blanks. Each is about characters of its own, so one pass over the
-/// text does what replacing until nothing is found would do.
+/// Tidies a text from a place on; the text before it is tidy. Runs of slashes, of line ends and, if
+/// `blanks` says so, of blanks become one, tabs become blanks. The rules concern different
+/// characters, so one pass has the same result as repeated replacement.
 void Tidy(Text& text, std::size_t from, Blanks blanks)
 {
     char16_t const alsoSingle = blanks == Blanks::Single ? u' ' : u'/';
@@ -160,8 +168,7 @@ void TrimInPlace(Text& text)
         text.erase(0, text.find_first_not_of(u' '));
 }
 
-/// Appends a scrambled body's text, tidied, with a turn for each byte unless `turns` is null. It
-/// goes by stretches that end where a turn is due.
+/// Appends the text of a scrambled body, tidied, with a turn for each byte unless `turns` is null.
 void AppendBody(
     Text& line, std::string_view body, unsigned char shiftLetter, Blanks blanks, Turns* turns)
 {
@@ -172,7 +179,7 @@ void AppendBody(
         auto const from = line.size();
         line.resize(from + count);
         Descramble(body.substr(at, count), shiftLetter, line.data() + from);
-        auto const before = std::min<std::size_t>(at, 1); // A pair may lie across two stretches.
+        auto const before = std::min<std::size_t>(at, 1); // A run may cross two stretches.
         if (!IsTidy(body.substr(at - before, before + count)))
             Tidy(line, from, blanks);
         at += count;
@@ -188,7 +195,7 @@ void AppendPlain(Text& line, std::string_view raw, Blanks blanks)
         Tidy(line, 0, blanks);
 }
 
-/// Makes the line the text of the raw line, tidied. `turns` may be null.
+/// Decodes and tidies a raw line into `line`. `turns` may be null.
 void Decode(std::string_view raw, Blanks blanks, Turns* turns, Text& line)
 {
     line.clear();
@@ -210,21 +217,7 @@ void DecodeLine(std::string_view raw, Turns& turns, Text& line)
     TrimInPlace(line);
 }
 
-Text DecodeLine(std::string_view raw, Turns& turns)
-{
-    Text line;
-    DecodeLine(raw, turns, line);
-    return line;
-}
-
 void DecodeCatalogueLine(std::string_view raw, Text& line)
 {
     Decode(raw, Blanks::All, nullptr, line);
-}
-
-Text DecodeCatalogueLine(std::string_view raw)
-{
-    Text line;
-    DecodeCatalogueLine(raw, line);
-    return line;
 }

@@ -1,37 +1,38 @@
 #pragma once
-// The text of one line of a study file, a verse file or a general text. A line is plain, or
-// scrambled: "!", the body with its letters a to z shifted, and the shift letter. Either way it is
-// tidied: runs of slashes, line ends and blanks become one. The form of the files stands in
-// docs/formats/study-files.md. Splitting files into lines is platform/text_lines.h's work.
+// Decodes the lines of study files, verse files and general texts. A line is plain, or scrambled:
+// "!", the body with its letters a to z shifted, and the shift letter. Runs of slashes, line ends
+// and blanks become one. The format is described in docs/formats/study-files.md.
+// platform/text_lines.h splits files into lines.
 
 #include "base/text.h"
 #include "base/turns.h"
 
 #include <string_view>
 
-/// The letters that scrambling shifts: `a` to `z`, and no accented one.
+/// True for the letters that scrambling shifts, `a` to `z` without accents.
 constexpr bool IsLowerLetter(char16_t character)
 {
     return character >= u'a' && character <= u'z';
 }
 
-/// Decodes one raw line (code page 1252, without its line end) for the lesson side into `line`,
-/// whose memory is reused: descrambled, runs of "/" and of line ends made one, tabs made blanks,
-/// runs of blanks made one, and no blanks at either end. Gives one turn at the start and one more
-/// for each character of a scrambled body. `raw` and `line` must not be touched during a turn. A
-/// scrambled line of fewer than 3 characters is empty.
+/// A letter `a` to `z`, that many places further in the alphabet, with `a` after `z`. The remainder
+/// takes the sign of the dividend, so that for less than -26 places the result may be no letter.
+constexpr int ShiftedLetter(int letter, int places)
+{
+    return 'a' + (letter - 'a' + places + 26) % 26;
+}
+
+/// Decodes one raw line (code page 1252, without its line end) for the lesson screen into `line`,
+/// whose memory is reused: descrambles it, makes one of each run of "/", of line ends and of blanks
+/// (tabs count as blanks), and trims it. Gives one turn at the start and one for each character of
+/// a scrambled body. `raw` and `line` must not be touched during a turn. A scrambled line of fewer
+/// than 3 characters is empty.
 void DecodeLine(std::string_view raw, Turns& turns, Text& line);
 
-/// The same, as a new text.
-Text DecodeLine(std::string_view raw, Turns& turns);
-
-/// Decodes one raw line for the catalogue into `line`, whose memory is reused: gives no turns, and
+/// Decodes one raw line for the catalogue into `line`, whose memory is reused. Gives no turns, and
 /// keeps runs of blanks and the blanks at the ends.
 void DecodeCatalogueLine(std::string_view raw, Text& line);
 
-/// The same, as a new text.
-Text DecodeCatalogueLine(std::string_view raw);
-
-/// Replaces abbreviated names of Bible books ("Jn.") by the full ones ("John"), anywhere in the
-/// text, without a test of word boundaries.
+/// Replaces abbreviated names of Bible books ("Jn.") by the full ones ("John") anywhere in the
+/// text, even inside words.
 void ExpandBookNames(Text& text);

@@ -3,7 +3,7 @@
 #include "platform/text_lines.h"
 #include "study/codec.h"
 
-/// Hands on the lines of a file. False if it can't be read to its end.
+/// Calls the listener with each line of a file. False if it can't be read to its end.
 template <class Listener>
 static bool ReadLines(
     FileSystem const& files, TextView name, Turns& turns, Listener const& listener)

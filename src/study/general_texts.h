@@ -10,9 +10,9 @@
 #include <functional>
 #include <optional>
 
-/// Hands on each line of the general introduction when it has been read: decoded, book names
-/// expanded. Gives turns as DecodeLine does. A missing file gives nothing; one that can't be read
-/// to its end, the lines up to there.
+/// Calls the listener with each line of the general introduction, decoded and with book names
+/// expanded. Gives turns as DecodeLine does. A missing file has no lines; one that can't be read to
+/// its end has the lines up to there.
 void ReadIntroduction(
     FileSystem const& files, Turns& turns, std::function<void(TextView)> const& listener);
 

@@ -1,18 +1,32 @@
+// A study file has a head and then a block for each lesson. To read lesson 2, the reader goes
+// through the file once, and each of its steps takes the next lines:
+//
+//     Ruth: A Stranger Comes Home      ReadHead
+//     Two evenings with one book.      ReadTitleLine skips the description ...
+//     The Road to Bethlehem            ... and the titles before the one it wants
+//     In the Field
+//     -                                FindBlock skips everything up to the marker of lesson 2
+//     >2
+//     In the Field/^Read it aloud.     ReadIntroduction: paragraphs, bold ones marked with "^"
+//     1. Where does Ruth work?         ReadBody: pages, each with the answer below it, if any ...
+//     [In the field of Boaz.]
+//     -                                ... up to and including the closing line
+//     Ruth2                            ReadName, twice
+//     Ruth2s
+//
+// The end of the list of lessons isn't looked for: a title is found by its place, a block by its
+// marker. Lines count toward LessonSize from the marker on.
+
 #include "study/lesson_file.h"
 
 #include "study/codec.h"
 #include "study/general_texts.h"
+#include "study/model_answer.h"
 
 #include <optional>
 #include <utility>
 
-StudyKey SplitStudyKey(TextView studyKey)
-{
-    auto const fields = Split(studyKey, u':');
-    return { Text(fields[0]), fields.size() > 1 ? Text(fields[1]) : Text() };
-}
-
-/// What the introduction's line says in its paragraph `index`.
+/// The paragraph of an introduction at an index.
 static IntroParagraph ParagraphOf(TextView field, std::size_t index)
 {
     IntroParagraph paragraph { Text(field), index == 0 };
@@ -26,15 +40,25 @@ static IntroParagraph ParagraphOf(TextView field, std::size_t index)
     return paragraph;
 }
 
-/// Takes a line of a lesson's body for what it is: an answer, nothing, or a page.
+bool IsPageLine(TextView line)
+{
+    return line.size() >= 3 && !line.starts_with(u'[') && !line.starts_with(u'#');
+}
+
+bool ReplacesConclusion(TextView closingLine)
+{
+    return Contains(closingLine, u"Congratulations");
+}
+
+/// Adds what a line of a lesson's body says.
 static void AddBodyLine(LessonBody& body, TextView line)
 {
     if (line.starts_with(u'[')) {
         if (!body.answers.empty())
             body.answers.back() = line.size() > 2 ? line.substr(1, line.size() - 2) : TextView();
-    } else if (line.size() >= 3 && !line.starts_with(u'#')) {
+    } else if (IsPageLine(line)) {
         body.pages.emplace_back(line);
-        body.answers.emplace_back(u"Answers will vary.");
+        body.answers.emplace_back(answersVary);
     }
 }
 
@@ -61,17 +85,11 @@ Outcome<LessonReader> LessonReader::Open(FileSystem const& files, TextView study
     return LessonReader(files, std::move(key), *number, std::move(*lines), turns);
 }
 
-Text LessonReader::PartWord() const
-{
-    return Contains(m_key.fileName, u"-1") ? u"One" : u"Two";
-}
-
 Outcome<StudyLine> LessonReader::ReadHead()
 {
     if (auto const read = Next(u"the title of the study"); !read)
         return read.failure();
-    auto const fields = Split(m_line, u':');
-    return StudyLine { Text(fields[0]), fields.size() > 1 ? Text(Trim(fields[1])) : Text() };
+    return SplitStudyLine(m_line);
 }
 
 Outcome<Text> LessonReader::ReadTitleLine()
@@ -125,7 +143,7 @@ Outcome<LessonBody> LessonReader::ReadBody()
         AddBodyLine(body, m_line);
     }
     body.closingLine = m_line;
-    if (!Contains(body.closingLine, u"Congratulations")) {
+    if (!ReplacesConclusion(body.closingLine)) {
         if (auto const conclusion = ReadConclusion(*m_files, *m_turns)) {
             body.pages.push_back(u". " + *conclusion);
             body.answers.emplace_back();
@@ -161,7 +179,7 @@ Failure LessonReader::Fail(Text reason) const
     return { m_key.fileName, m_lines.LineNumber(), std::move(reason) };
 }
 
-/// Takes the value of a step over into `to`; the failure where there is none.
+/// Moves the value of a step into `to`, or gives the failure of the step.
 template <class Value> static std::optional<Failure> TakeValue(Outcome<Value> step, Value& to)
 {
     if (!step)

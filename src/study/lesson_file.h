@@ -1,30 +1,18 @@
 #pragma once
-// The study file: the head of a study, then a block for each of its lessons. Its grammar, an
-// example and what a bad file gets stand in docs/formats/study-files.md. The verse files that a
-// lesson names are verse_file.h's work, the list of a study's lessons the catalogue's.
+// Reads one lesson of a study file (docs/formats/study-files.md). verse_file.h reads the verse
+// files that a lesson names, study_head.h the list of a study's lessons.
 
 #include "base/failure.h"
 #include "base/text.h"
 #include "base/turns.h"
 #include "platform/file_system.h"
 #include "platform/text_lines.h"
+#include "study/study_head.h"
+#include "study/study_key.h"
 
 #include <cstdint>
 #include <functional>
 #include <vector>
-
-/// A study key, "<file name>:<lesson number>", in its two fields. A missing field is empty.
-struct StudyKey {
-    Text fileName;
-    Text lessonNumber;
-};
-StudyKey SplitStudyKey(TextView studyKey);
-
-struct StudyLine {
-    Text studyPrefix; ///< before the first colon
-    /// between the first and the second colon, without blanks at its ends; empty without a colon
-    Text studyTitle;
-};
 
 struct IntroParagraph {
     Text text;
@@ -37,25 +25,25 @@ struct LessonBody {
     Text closingLine; ///< the line that ended the pages
 };
 
-/// All that the study file says of one lesson.
+/// Everything that a study file says about one lesson.
 struct LessonBlock {
     StudyLine study;
     Text partWord; ///< "One" or "Two"
-    Text titleLine; ///< fields at "/"; the first two are of use
+    Text titleLine; ///< as SplitTitles takes it
     std::vector<IntroParagraph> introParagraphs;
     LessonBody body;
     Text mainVerseName;
     Text supplementalVerseName;
 };
 
-/// What a lesson takes of its file, or of its verse file. No lesson comes near these limits;
-/// without them a file of some hundred megabytes would take the memory of the whole machine.
+/// The size of a lesson in its study file, or in a verse file. Real lessons are far below these
+/// limits, which keep a huge file from using up the memory of the machine.
 class LessonSize {
 public:
     static constexpr std::size_t mostBytes = std::size_t { 4 } << 20;
-    static constexpr std::size_t mostLines = 40'000; ///< or paragraphs of the introduction
+    static constexpr std::size_t mostLines = 40'000; ///< paragraphs of the introduction included
 
-    /// False if the lesson gets too large by these.
+    /// False if this makes the lesson too large.
     bool Add(std::size_t bytes, std::size_t lines = 1)
     {
         m_bytes += bytes;
@@ -68,38 +56,40 @@ private:
 };
 
 /// Reads one lesson of a study file forward, step by step, so that a screen can show each piece
-/// when it has been read. The steps are called once each, in the order in which they stand here;
-/// after a failure none may follow. Each line read gives turns as DecodeLine does. The memory in
-/// use grows with the lesson, not with the file.
+/// when it has been read. Call each step once (ReadName twice), in the order of their declarations,
+/// and none after a failure. Each line read gives turns as DecodeLine does. The memory used depends
+/// on the size of the lesson, not of the file.
 class LessonReader {
 public:
-    /// Opens the study file. `files` and `turns` outlive the reader. Fails where the file can't be
-    /// opened or the key holds no lesson number from 1.
+    /// Opens the study file. `files` and `turns` outlive the reader. Fails if the file can't be
+    /// opened or the key has no lesson number of 1 or more.
     static Outcome<LessonReader> Open(FileSystem const& files, TextView studyKey, Turns& turns);
 
     /// As the key gives it.
     Text const& LessonNumber() const { return m_key.lessonNumber; }
-    /// "One" if the file name holds "-1" anywhere, else "Two".
-    Text PartWord() const;
+    /// "One" or "Two", by the name of the file.
+    Text PartWord() const { return Text(::PartWord(m_key.fileName)); }
 
     Outcome<StudyLine> ReadHead();
-    /// Passes over the description of the study and gives the line of the lesson.
+    /// Skips the description of the study and gives the titles of the lesson (SplitTitles).
     Outcome<Text> ReadTitleLine();
-    /// Goes forward to the marker of the lesson, from the line of the lesson on.
+    /// Skips everything up to the marker of the lesson.
     Outcome<Done> FindBlock();
-    /// Hands on the paragraphs of the introduction; none if its line is empty.
+    /// Calls the listener with each paragraph of the introduction; there are none if its line is
+    /// empty.
     Outcome<Done> ReadIntroduction(std::function<void(IntroParagraph const&)> const& listener);
-    /// The pages with their answers, the conclusion page included where there is one. Fails as well
-    /// if there is no page at all.
+    /// The pages with their answers, including the conclusion page if there is one. Fails also if
+    /// there is no page at all.
     Outcome<LessonBody> ReadBody();
-    /// The first time the name of the main verse file, the second time that of the supplemental
-    /// one, as the file gives it.
+    /// The first call gives the name of the main verse file, the second that of the supplemental
+    /// one, as in the file.
     Outcome<Text> ReadName();
 
 private:
     LessonReader(
         FileSystem const& files, StudyKey key, std::int64_t number, TextLines lines, Turns& turns);
-    /// Reads and decodes the next line into m_line; `wanted` says in a failure what is missing.
+    /// Reads and decodes the next line into m_line. `wanted` names what is missing if there is
+    /// none.
     Outcome<Done> Next(TextView wanted);
     Failure Fail(Text reason) const;
 
@@ -109,9 +99,16 @@ private:
     std::int64_t m_number;
     TextLines m_lines;
     Text m_line; // the current line
-    bool m_isInLesson = false; // behind its marker
+    bool m_isInLesson = false; // after its marker
     LessonSize m_size;
 };
+
+/// True if a line of a lesson's body is a page. The closing line, which begins with "-", can be one
+/// as well. Of the other lines, those that begin with "[" are answers and the rest have no meaning.
+bool IsPageLine(TextView line);
+
+/// True for a closing line after which the general conclusion isn't shown.
+bool ReplacesConclusion(TextView closingLine);
 
 /// Reads one lesson as a whole.
 Outcome<LessonBlock> ParseLessonBlock(FileSystem const& files, TextView studyKey, Turns& turns);

@@ -1,13 +1,13 @@
 #pragma once
-// How a page of a lesson stands on the screen: "<label>. <text>", paragraphs of the text at "/"
-// (docs/formats/study-files.md).
+// The two parts of a lesson's page, "<label>. <text>", as the screen shows them. "/" separates the
+// paragraphs of the text (docs/formats/study-files.md).
 
 #include "base/text.h"
 
-/// All up to and including the first full stop; empty without one, and for "." alone, which stands
-/// for no label.
+/// The page up to and including its first full stop. Empty without one, and if the page begins with
+/// it, which means that there is no label.
 TextView PageLabel(TextView page);
 
-/// All behind the first blank (without a blank the whole page), its paragraphs trimmed and each
-/// followed by two line ends; empty if nothing stands there.
+/// Everything after the first blank, or the whole page without one. Each paragraph is trimmed and
+/// has two line ends after it. Empty if there is no text.
 Text PageText(TextView page);

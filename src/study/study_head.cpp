@@ -4,6 +4,25 @@
 
 #include <algorithm>
 
+StudyLine SplitStudyLine(TextView line)
+{
+    auto const fields = Split(line, u':');
+    return { Text(fields[0]), fields.size() > 1 ? Text(Trim(fields[1])) : Text() };
+}
+
+std::optional<TextView> ReadLessonLine(TextView line)
+{
+    if (line.starts_with(u'-') || line.starts_with(u'>'))
+        return std::nullopt;
+    return line.substr(0, line.size() - line.ends_with(u'/'));
+}
+
+LessonTitles SplitTitles(TextView titles)
+{
+    auto const fields = Split(titles, u'/');
+    return { fields[0], fields.size() > 1 ? std::optional(fields[1]) : std::nullopt };
+}
+
 StudyHead::StudyHead(TextLines lines)
     : m_lines(std::move(lines))
 {
@@ -31,12 +50,5 @@ bool StudyHead::ReadLine(Text& line)
 
 std::optional<TextView> StudyHead::NextLesson()
 {
-    if (!ReadLine(m_lesson))
-        return std::nullopt;
-    TextView title = m_lesson;
-    if (title.ends_with(u'/'))
-        title.remove_suffix(1);
-    if (title.starts_with(u'-') || title.starts_with(u'>'))
-        return std::nullopt;
-    return title;
+    return ReadLine(m_lesson) ? ReadLessonLine(m_lesson) : std::nullopt;
 }

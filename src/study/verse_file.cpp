@@ -1,3 +1,17 @@
+// A verse file is read line by line, with one piece of state: whether the lines belong to the
+// lesson. Lines before the first mark do. A line with ">" in it is a mark; at a mark, the reader
+// skips lines until it finds one of its own lesson. For lesson 1:
+//
+//     Read it aloud.              heading; before the first mark, so for every lesson
+//     >2                          not this lesson: skip ...
+//     4 And, behold, Boaz came
+//     >1                          ... up to here
+//     ^Ruth 1                     heading, without its "^"
+//     1 A man of Bethlehem        verse " 1"
+//     16 Where you go, I will go  verse "16"
+//
+// A verse opens with a number and doesn't end in a digit, so "1 Samuel 16" is a heading.
+
 #include "study/verse_file.h"
 
 #include "platform/text_lines.h"
@@ -6,10 +20,7 @@
 
 #include <utility>
 
-static bool IsDigit(char16_t character)
-{
-    return character >= u'0' && character <= u'9';
-}
+static constexpr TextView verseFileStart = u"V-";
 
 /// True if the line's second character, or its first two together, read as a number.
 static bool OpensWithNumber(TextView line)
@@ -46,7 +57,7 @@ std::optional<VerseFileItem> ClassifyVerseLine(TextView line)
 
 namespace {
 
-/// The lines of a verse file and where the reading stands in them.
+/// Reads the sections of one lesson.
 class SectionReader {
 public:
     SectionReader(TextLines lines, double lesson, Turns& turns, VerseFileListener const& listener)
@@ -84,9 +95,8 @@ private:
         return true;
     }
 
-    /// Goes on from a mark to the first line behind a mark of the own lesson. The line there
-    /// doesn't count for the progress, and its abbreviations stay. False where the file ends
-    /// before.
+    /// If the line is a mark, goes to the first line after a mark of this lesson. That line doesn't
+    /// count for the progress, and its abbreviations stay. False if the file ends before.
     bool PassMarks()
     {
         while (Contains(m_line, u'>')) {
@@ -110,11 +120,22 @@ private:
 
 } // namespace
 
+Text VerseFileName(TextView name)
+{
+    Text fileName(Trim(name));
+    std::erase(fileName, u'^');
+    return Text(verseFileStart) + fileName;
+}
+
+bool IsVerseFileName(TextView fileName)
+{
+    return ToLowerLatin(fileName).starts_with(ToLowerLatin(verseFileStart));
+}
+
 Outcome<Done> ReadVerseSection(FileSystem const& files, TextView name, TextView lessonNumber,
     Turns& turns, VerseFileListener const& listener)
 {
-    auto fileName = u"V-" + Text(Trim(name));
-    std::erase(fileName, u'^');
+    auto const fileName = VerseFileName(name);
     auto const size = files.FileSize(fileName);
     if (!size)
         return size.failure();

@@ -1,6 +1,5 @@
 #pragma once
-// The verse file: Bible passages in sections, one for each lesson. Its grammar, an example and what
-// a bad file gets stand in docs/formats/verse-files.md.
+// Reads verse files: Bible passages in sections, one for each lesson (docs/formats/verse-files.md).
 
 #include "base/failure.h"
 #include "base/text.h"
@@ -15,13 +14,12 @@
 struct VerseFileItem {
     enum class Kind { Heading, NumberedVerse, PlainVerse };
     Kind kind = Kind::Heading;
-    /// of a numbered verse: at most two characters, one digit right-aligned behind a blank; else
-    /// empty
+    /// of a numbered verse: at most two characters, a single digit after a blank; else empty
     Text number;
     Text text; ///< of a numbered verse: a blank and what follows the number
 };
 
-/// Hears of the reading while it goes on. A function that is empty isn't called.
+/// Follows the reading. A function that is empty isn't called.
 struct VerseFileListener {
     /// once, before the first line: the size of the file
     std::function<void(std::uint64_t bytes)> size;
@@ -31,13 +29,18 @@ struct VerseFileListener {
     std::function<void(VerseFileItem const&)> item;
 };
 
-/// Reads the section of a lesson in the verse file of a name, "V-" and the name without blanks at
-/// its ends and without "^". Lesson numbers are compared by their numeric values. Each line read
-/// gives turns as DecodeLine does. Fails if the file can't be opened; later on, a line that can't
-/// be read, or a section that gets too large (LessonSize), ends the reading without a word, and a
-/// lesson without a section has no items.
+/// The verse file of a name that a study file gives: "V-" and the name, trimmed and without "^".
+Text VerseFileName(TextView name);
+
+/// True if a file is a verse file by its name, in any letter case.
+bool IsVerseFileName(TextView fileName);
+
+/// Reads the section of a lesson in the verse file of this name (see VerseFileName). Lesson numbers
+/// are compared by their numeric values. Each line read gives turns as DecodeLine does. Fails if
+/// the file can't be opened. After that, a line that can't be read, or a section that gets too
+/// large (LessonSize), ends the reading without a failure. A lesson without a section has no items.
 Outcome<Done> ReadVerseSection(FileSystem const& files, TextView name, TextView lessonNumber,
     Turns& turns, VerseFileListener const& listener);
 
-/// What one line of a section holds, which is no section mark; nothing for an empty line.
+/// What a line of a section says, which isn't a section mark; nothing for an empty line.
 std::optional<VerseFileItem> ClassifyVerseLine(TextView line);

@@ -15,7 +15,7 @@ using namespace std::literals;
 static Text Decoded(std::string_view raw)
 {
     Turns turns;
-    return DecodeLine(raw, turns);
+    return Decoded(raw, turns);
 }
 
 TEST(Codec, DecodesLinesForTheLessonAndForTheCatalogue)
@@ -49,7 +49,7 @@ TEST(Codec, DecodesLinesForTheLessonAndForTheCatalogue)
     };
     for (auto const& row : rows) {
         EXPECT_EQ(Decoded(row.raw), row.lesson) << row.raw;
-        EXPECT_EQ(DecodeCatalogueLine(row.raw), row.catalogue) << row.raw;
+        EXPECT_EQ(DecodedForTheCatalogue(row.raw), row.catalogue) << row.raw;
     }
 }
 
@@ -77,7 +77,7 @@ TEST(Codec, GivesATurnForTheLineAndForEachScrambledCharacter)
 {
     auto const given = [](std::string_view raw) {
         Turns turns;
-        DecodeLine(raw, turns);
+        Decoded(raw, turns);
         return turns.Given();
     };
     EXPECT_EQ(given(""), 1u);
@@ -97,7 +97,7 @@ TEST(Codec, ADueTurnComesAtItsCharacter)
     });
     armed = &turns;
     turns.Arm(1);
-    EXPECT_EQ(DecodeLine("!" + std::string(20, 'b') + "b", turns), Text(20, u'a'));
+    EXPECT_EQ(Decoded("!" + std::string(20, 'b') + "b", turns), Text(20, u'a'));
     EXPECT_EQ(seen, (std::vector<Turns::Count> { 1, 5, 13 }));
     EXPECT_EQ(turns.Given(), 21u);
 }
@@ -131,7 +131,7 @@ TEST(Codec, DecodesLikeOneReplacementAfterTheOther)
                 raw += pieces[piece];
         raw += "dz{\xFF"[random() % 4];
         ASSERT_EQ(Decoded(raw), PlainlyDecoded(raw)) << round;
-        ASSERT_EQ(DecodeCatalogueLine(raw), PlainlyDecodedForTheCatalogue(raw)) << round;
+        ASSERT_EQ(DecodedForTheCatalogue(raw), PlainlyDecodedForTheCatalogue(raw)) << round;
     }
 }
 

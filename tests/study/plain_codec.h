@@ -5,6 +5,20 @@
 #include "base/code_page.h"
 #include "study/codec.h"
 
+inline Text Decoded(std::string_view raw, Turns& turns)
+{
+    Text line;
+    DecodeLine(raw, turns, line);
+    return line;
+}
+
+inline Text DecodedForTheCatalogue(std::string_view raw)
+{
+    Text line;
+    DecodeCatalogueLine(raw, line);
+    return line;
+}
+
 inline Text PlainlyExpanded(Text text)
 {
     static constexpr char16_t const* names[][2] = { { u"Pro.", u"Proverbs" },

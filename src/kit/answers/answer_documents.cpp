@@ -3,7 +3,9 @@
 #include "base/printable.h"
 #include "bible/note_file.h"
 #include "platform/posix/whole_file.h"
+#include "study/answer_keys.h"
 #include "study/lesson_file.h"
+#include "study/model_answer.h"
 
 #include <algorithm>
 #include <optional>
@@ -14,8 +16,8 @@ namespace {
 
 using Answers = std::map<std::int64_t, Text>; // by page
 
-/// The paragraphs of a page or of the publisher's answer, which are parted by slashes, without the
-/// brackets round the answer.
+/// The paragraphs of a page or of the publisher's answer, split at slashes, without the brackets
+/// around an answer.
 std::vector<Text> Paragraphs(TextView text)
 {
     if (text.starts_with(u'[') && text.ends_with(u']'))
@@ -27,44 +29,38 @@ std::vector<Text> Paragraphs(TextView text)
     return paragraphs;
 }
 
-std::optional<std::int64_t> PageOf(TextView key)
-{
-    return key.starts_with(u"Page") ? ToInteger(key.substr(4)) : std::nullopt;
-}
-
 /// Answers by study key.
 std::map<Text, Answers> AnswersOf(UserWork const& work)
 {
     std::map<Text, Answers> answers;
     for (auto const& entry : work.entries)
         if (auto const page = PageOf(entry.key);
-            page && Contains(entry.section, u':') && !Trim(entry.value).empty())
+            page && IsStudyKey(entry.section) && !Trim(entry.value).empty())
             answers[entry.section][*page] = entry.value;
     return answers;
 }
 
 constexpr char const *othersName = "answers-without-their-study", *notesName = "chapter-notes";
 
-/// A bare file name for the document of a study. The study's own name comes from a section of the
-/// store, which may hold anything: what isn't a letter or digit (of Latin script, or anything
-/// beyond), "_", "-" or a blank becomes "_".
+/// A bare file name for the document of a study. The name of the study comes from a section of the
+/// store, which may hold anything: a character that isn't a letter or digit (of any script), "_",
+/// "-" or a blank becomes "_".
 std::string BareName(TextView study)
 {
-    // Characters of three bytes each leave room for a number and an ending in a file name.
+    // Characters. If each takes three bytes, there is still room for a number and an ending.
     constexpr std::size_t longest = 60;
     std::string name;
     for (char16_t const character : study.substr(0, longest)) {
         bool const isSafe = (character >= u'a' && character <= u'z')
-            || (character >= u'A' && character <= u'Z') || (character >= u'0' && character <= u'9')
-            || character == u'_' || character == u'-' || character == u' '
-            || (character >= 0xC0 && character < 0x2000)
+            || (character >= u'A' && character <= u'Z') || IsDigit(character) || character == u'_'
+            || character == u'-' || character == u' ' || (character >= 0xC0 && character < 0x2000)
             || (character >= 0x2C00 && character < 0xD800);
         name += isSafe ? Printable(ToUtf8(TextView(&character, 1))) : "_";
     }
     return name.empty() || name[0] == ' ' || name[0] == '-' ? "_" + name : name;
 }
 
-/// Keeps the names of documents distinct: appends "-2" and so on where another has the name.
+/// Makes the names of documents unique, with "-2" and so on after a name that is taken.
 class Names {
 public:
     std::string Take(std::string const& name)
@@ -79,36 +75,22 @@ private:
     std::set<Text> m_taken { FromUtf8(othersName), FromUtf8(notesName) };
 };
 
-/// "ruth" of "ruth-1.dat".
-Text StudyName(TextView fileName)
+/// `body` is null if the study can't be read.
+AnsweredLesson LessonOf(
+    Text title, LessonBody const* body, Answers const& answers, bool withPublisher)
 {
-    auto const dash = fileName.rfind(u'-');
-    return Text(fileName.substr(0, dash));
-}
-
-AnsweredLesson LessonOf(LessonBlock const& block, Answers const& answers, bool withPublisher)
-{
-    auto const titles = Split(block.titleLine, u'/');
-    AnsweredLesson lesson { Text(Trim(titles[0])) + u", Part " + block.partWord, {} };
+    AnsweredLesson lesson { std::move(title), {} };
     for (auto const& [page, answer] : answers) {
         AnsweredQuestion question { FromNumber(page), {}, answer, {} };
         auto const index = static_cast<std::size_t>(page - 1);
-        if (page >= 1 && index < block.body.pages.size()) {
-            question.question = Paragraphs(block.body.pages[index]);
-            // If the publisher leaves the answer to the user, there is nothing to add.
-            if (withPublisher && !Contains(block.body.answers[index], u"swers will vary"))
-                question.publisher = Paragraphs(block.body.answers[index]);
+        if (body && page >= 1 && index < body->pages.size()) {
+            question.question = Paragraphs(body->pages[index]);
+            // Where the publisher leaves the answer to the user there is nothing to add.
+            if (withPublisher && !LeavesAnswerToUser(body->answers[index]))
+                question.publisher = Paragraphs(body->answers[index]);
         }
         lesson.questions.push_back(std::move(question));
     }
-    return lesson;
-}
-
-AnsweredLesson LessonWithoutStudy(TextView key, Answers const& answers)
-{
-    AnsweredLesson lesson { Text(key), {} };
-    for (auto const& [page, answer] : answers)
-        lesson.questions.push_back({ FromNumber(page), {}, answer, {} });
     return lesson;
 }
 
@@ -127,8 +109,8 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
     std::vector<Place> places;
     for (auto& [key, answers] : AnswersOf(work)) {
         auto const parts = SplitStudyKey(key);
-        places.push_back({ StudyName(parts.fileName), ToInteger(parts.lessonNumber).value_or(0),
-            parts.fileName, key, answers });
+        places.push_back({ Text(StudyName(parts.fileName)),
+            ToInteger(parts.lessonNumber).value_or(0), parts.fileName, key, answers });
     }
     std::sort(places.begin(), places.end(), [](Place const& a, Place const& b) {
         return std::tie(a.study, a.lesson, a.file) < std::tie(b.study, b.lesson, b.file);
@@ -141,13 +123,15 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
         Turns turns;
         auto const block = ParseLessonBlock(disc, place.key, turns);
         if (!block) {
-            others.lessons.push_back(LessonWithoutStudy(place.key, place.answers));
+            others.lessons.push_back(LessonOf(place.key, nullptr, place.answers, false));
             continue;
         }
         if (documents.empty() || place.study != last)
             documents.push_back({ names.Take(BareName(place.study)), block->study.studyTitle, {} });
         last = place.study;
-        documents.back().lessons.push_back(LessonOf(*block, place.answers, withPublisher));
+        auto const title = Trim(SplitTitles(block->titleLine).title);
+        documents.back().lessons.push_back(LessonOf(Text(title) + u", Part " + block->partWord,
+            &block->body, place.answers, withPublisher));
     }
     if (!others.lessons.empty())
         documents.push_back(std::move(others));
@@ -156,21 +140,15 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
 
 AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem const& files)
 {
-    constexpr std::string_view ending = ".dat";
     AnswerDocument document { notesName, u"Notes on chapters of the Bible", {} };
     for (auto const& [name, bytes] : work.notes) {
-        if (!name.ends_with(ending))
+        auto const fileName = FromUtf8(name);
+        auto const chapter = ChapterOfNote(fileName);
+        if (!chapter)
             continue;
-        auto const note = ReadNote(files,
-            u"C:\\Program Files\\Sparrowfield Interactive Software\\notes\\" + FromUtf8(name));
-        if (!note || Trim(*note).empty())
-            continue;
-        // "John3" is John 3, "2 John" the whole of 2 John.
-        auto chapter = FromUtf8(name.substr(0, name.size() - ending.size()));
-        auto const digits = chapter.find_last_not_of(u"0123456789");
-        if (digits != Text::npos && digits + 1 < chapter.size())
-            chapter.insert(digits + 1, 1, u' ');
-        document.lessons.push_back({ chapter, { { {}, {}, *note, {} } } });
+        if (auto const note = ReadNote(files, NotesFolder(u"C") + u'\\' + fileName);
+            note && !Trim(*note).empty())
+            document.lessons.push_back({ *chapter, { { {}, {}, *note, {} } } });
     }
     return document;
 }

@@ -3,10 +3,13 @@
 
 #include "kit/answers/answer_documents.h"
 
+#include "base/lines.h"
+
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
-/// The text with line feeds alone, without what no document can hold: control characters and lone
-/// surrogates become U+FFFD.
+/// The text with line feeds as line ends. Control characters and lone surrogates, which documents
+/// can't hold, become U+FFFD.
 static std::string Clean(TextView text)
 {
     Text clean;
@@ -31,16 +34,12 @@ static std::string Clean(TextView text)
     return ToUtf8(clean);
 }
 
-/// The lines of a text, for formats in which a line end has to be told.
+/// The lines of a text, for formats in which a line end needs markup.
 static std::vector<std::string> CleanLines(TextView text)
 {
     auto const clean = Clean(text);
-    std::vector<std::string> lines;
-    for (std::size_t start = 0; start <= clean.size();) {
-        auto const end = std::min(clean.find('\n', start), clean.size());
-        lines.push_back(clean.substr(start, end - start));
-        start = end + 1;
-    }
+    auto const views = SplitLines(clean);
+    std::vector<std::string> lines(views.begin(), views.end());
     while (!lines.empty() && lines.back().empty())
         lines.pop_back();
     return lines;
@@ -103,7 +102,7 @@ static std::string MarkdownEscaped(std::string const& line)
         char const character = line[i];
         bool const isAtStart = escaped.empty();
         if (isAtStart && (character == ' ' || character == '\t')) {
-            escaped += "&nbsp;"; // Blanks at the start would make it code, or go.
+            escaped += "&nbsp;"; // Blanks at the start would make it code, or be dropped.
             continue;
         }
         bool const always
@@ -111,7 +110,7 @@ static std::string MarkdownEscaped(std::string const& line)
         bool const marksItem
             = (isAtStart && (character == '-' || character == '+' || character == '='))
             || ((character == '.' || character == ')') && !isAtStart
-                && escaped.find_first_not_of("0123456789") == std::string::npos);
+                && std::ranges::all_of(escaped, IsDigit));
         if (always || marksItem)
             escaped += '\\';
         escaped += character;

@@ -1,9 +1,13 @@
 #include "kit/answers/user_work.h"
 
+#include "bible/note_file.h"
 #include "platform/posix/folders.h"
+#include "platform/posix/path_rules.h"
 #include "platform/posix/sqlite_settings_store.h"
 #include "platform/posix/user_folders.h"
 #include "platform/posix/whole_file.h"
+#include "study/answer_keys.h"
+#include "study/study_key.h"
 
 namespace fs = std::filesystem;
 
@@ -11,7 +15,7 @@ namespace {
 
 bool IsWork(SettingsStore::Entry const& entry)
 {
-    return Contains(entry.section, u':') && entry.key != u"currentindex";
+    return IsStudyKey(entry.section) && entry.key != currentPageKey;
 }
 
 /// How a message names an answer.
@@ -20,13 +24,14 @@ std::string NameOf(SettingsStore::Entry const& entry)
     return "the answer " + ToUtf8(entry.section) + ", " + ToUtf8(entry.key);
 }
 
-} // namespace
-
-fs::path NotesFolder(fs::path const& userFolder)
+/// The folder of the notes in a user's folder.
+fs::path NotesPlace(fs::path const& userFolder)
 {
-    return DriveFolder(userFolder) / "Program Files" / "Sparrowfield Interactive Software"
-        / "notes";
+    auto const drive = DriveFolder(userFolder);
+    return PlaceOf(NotesFolder(u"C"), drive).value_or(drive);
 }
+
+} // namespace
 
 Outcome<UserWork> LoadUserWork(fs::path const& userFolder)
 {
@@ -40,7 +45,7 @@ Outcome<UserWork> LoadUserWork(fs::path const& userFolder)
         work.entries = std::move(*entries);
     }
     std::error_code missing;
-    for (auto const& file : fs::directory_iterator(NotesFolder(userFolder), missing)) {
+    for (auto const& file : fs::directory_iterator(NotesPlace(userFolder), missing)) {
         auto const name = file.path().filename().string();
         if (!file.is_regular_file() || !IsNoteName(name))
             continue;
@@ -83,7 +88,7 @@ RestorePlan PlanRestore(UserWork const& present, UserWork const& backup, bool re
 
 Outcome<Done> Restore(RestorePlan const& plan, fs::path const& userFolder, bool replaces)
 {
-    auto const notes = NotesFolder(userFolder);
+    auto const notes = NotesPlace(userFolder);
     if (auto const made = MakeFolders(notes); !made)
         return made.failure();
     for (auto const& [name, bytes] : plan.notes)

@@ -1,15 +1,11 @@
 #pragma once
-// All that a user has written, the entries of the store and the files of the notes: how it is read
-// and restored.
+// Reads and restores everything that a user has written: the entries of the store and the files of
+// the notes.
 
 #include "platform/posix/backup_file.h"
 
-/// Where the notes are in a user's folder.
-std::filesystem::path NotesFolder(std::filesystem::path const& userFolder);
-
-/// The work in a user's folder as it is at this moment; the program may be running. Empty where
-/// nothing has been written yet. A damaged store, or one of a newer version, is left alone, and a
-/// failure.
+/// The work in a user's folder as it is now; the program may be running. Empty if nothing has been
+/// written yet. A damaged store, or one of a newer version, isn't set aside.
 Outcome<UserWork> LoadUserWork(std::filesystem::path const& userFolder);
 
 /// What a restore would do to the present work.

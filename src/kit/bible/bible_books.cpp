@@ -58,7 +58,7 @@ bool BibleBooks::PartRomans()
             return false;
     }
     for (std::size_t i = 0; i < beginnings.size(); ++i) {
-        auto const start = places[i] + 1; // behind the blank
+        auto const start = places[i] + 1; // after the blank
         At(romans, 16, 25 + static_cast<int>(i))
             = { glued.text.substr(start, places[i + 1] - start), i == 0, glued.line };
     }

@@ -24,8 +24,8 @@ public:
     /// True if the canon has such a chapter and verse in this book.
     static bool Has(std::size_t book, int chapter, int verse);
 
-    /// Parts the doxology of Romans, which begins a paragraph, from 14:23 where it stands there and
-    /// 16:25-27 are empty; else gives false.
+    /// Moves the doxology of Romans, which begins a paragraph, from 14:23 to 16:25-27, if it is
+    /// there and these are empty; else gives false.
     bool PartRomans();
 
     /// Reports what is missing beyond the verses that translations often leave out, which are given

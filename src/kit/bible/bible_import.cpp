@@ -36,7 +36,7 @@ public:
             return;
         auto const verse = m_reader.Read(entry.text);
         if (entry.chapter == 0 || entry.verse == 0)
-            return; // what stands in front of a book or chapter
+            return; // what comes before a book or chapter
         if (verse.isCutOff)
             Report(entry.lastLine, "a tag, or a note or title, has no end");
         if (verse.text.empty())
@@ -177,7 +177,7 @@ std::optional<BibleImport> ImportBible(
         gathering.Add(entry);
         progress.At(done);
     });
-    // What is no export at all has no books to miss.
+    // If it isn't an export at all, there are no missing books to report.
     if (faults.size() > faultsBefore && gathering.IsEmpty())
         return std::nullopt;
     auto result = gathering.Finish();

@@ -20,11 +20,10 @@ struct BibleImport {
     std::size_t innerParagraphs = 0;
     std::size_t replaced = 0; ///< characters replaced by their nearest form in code page 1252
     std::vector<std::string> absent; ///< verses that translations often leave out and this one does
-    std::vector<std::string> furtherBooks; ///< books beside the 66, left out
+    std::vector<std::string> furtherBooks; ///< books other than the 66, left out
 };
 
-/// True if the UTF-8 can be told of a text by the reader: one line, not longer than the reader
-/// shows.
+/// True if the reader can show this UTF-8 about a text: one line, not longer than it shows.
 bool IsAboutText(std::string const& utf8);
 
 /// `translation` is "kjv" or "nasb", the place that the texts take on the disc. `file` is the name

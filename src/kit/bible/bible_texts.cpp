@@ -1,8 +1,8 @@
 #include "kit/bible/bible_texts.h"
 
 #include "base/code_page.h"
+#include "base/lines.h"
 #include "kit/common/files.h"
-#include "kit/common/lines.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ std::optional<BibleTexts> BibleTexts::Open(
     texts.m_translation = translation;
     for (auto const& line : SplitLines(*bytes)) {
         auto entry = ParseIndexLine(FromCodePage(line));
-        // The number of a book is its line, whatever stands in the others.
+        // The number of a book is the number of its line, so malformed lines count too.
         texts.m_books.push_back(entry ? std::move(*entry) : BookEntry {});
         if (!entry)
             faults.push_back({ path.string(), static_cast<int>(texts.m_books.size()),

@@ -20,10 +20,10 @@ constexpr std::size_t bookCount = 66;
 
 std::span<CanonBook const, bookCount> Canon();
 
-/// True for the books that exports hold beside the 66, by their names there: deuterocanonical and
-/// apocryphal ones.
+/// True for deuterocanonical and apocryphal books that exports hold besides the 66, by their names
+/// in exports.
 bool IsFurtherBook(std::string_view exportName);
 
-/// True for the verses that stand in the King James Version but not in the oldest manuscripts, and
+/// True for the verses that are in the King James Version but not in the oldest manuscripts, and
 /// that newer translations leave out; `book` as the program spells it.
 bool IsOftenAbsent(TextView book, int chapter, int verse);

@@ -208,7 +208,7 @@ private:
         if (word.empty())
             return;
         BeginWord();
-        // Where a note or the end of somebody's words stood in the place of a blank, the words
+        // Where a note or a closing quotation mark replaced a blank, the words
         // around it touch.
         if (OpensWord(word)
             && (text.ends_with(closingQuote) || (m_isBehindLeftOut && !IsOpening(text))))

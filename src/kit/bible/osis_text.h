@@ -9,13 +9,13 @@
 
 struct OsisVerse {
     std::string text; ///< UTF-8, single blanks, none at the ends
-    /// a paragraph or stanza, or a pilcrow, stands before its first word
+    /// a paragraph, a stanza or a pilcrow comes before its first word
     bool startsParagraph = false;
-    std::size_t innerParagraphs = 0; ///< paragraphs and stanzas that begin behind its first word
+    std::size_t innerParagraphs = 0; ///< paragraphs and stanzas that begin after its first word
     bool isCutOff = false; ///< a tag or an element that is left out has no end
 };
 
-/// Reads verse after verse in the order of the books: a paragraph that opens behind the last word
+/// Reads verse after verse in the order of the books: a paragraph that opens after the last word
 /// of one verse begins with the next.
 class OsisReader {
 public:

@@ -1,5 +1,6 @@
 #include "kit/bible/sword_export.h"
 
+#include "base/lines.h"
 #include "kit/common/utf8.h"
 
 #include <charconv>
@@ -36,21 +37,23 @@ void ReadSwordExport(std::string_view bytes, std::string const& file, Faults& fa
 {
     if (!bytes.starts_with(keyMark)) {
         faults.push_back({ file, 1,
-            "expected a line that begins with $$$: this is no export of a SWORD module" });
+            "expected a line that begins with $$$: this isn't an export of a SWORD module" });
         return;
     }
+    bool const isCutOff = !bytes.ends_with('\n');
+    if (bytes.ends_with('\r'))
+        bytes.remove_suffix(1); // of a line end
     std::optional<ExportEntry> entry;
-    std::size_t place = 0;
+    auto rest = bytes;
+    int number = 0;
     auto const handOn = [&] {
         if (entry)
-            listener(*entry, place);
+            listener(*entry, bytes.size() - rest.size());
         entry.reset();
     };
-    for (int number = 1; place < bytes.size(); ++number) {
-        auto const end = bytes.find('\n', place);
-        auto line = bytes.substr(place, end == bytes.npos ? end : end - place);
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
+    while (!rest.empty()) {
+        auto const line = TakeLine(rest);
+        number += 1;
         if (!IsUtf8(line))
             faults.push_back({ file, number, "expected UTF-8" });
         if (line.starts_with(keyMark)) {
@@ -61,16 +64,15 @@ void ReadSwordExport(std::string_view bytes, std::string const& file, Faults& fa
                 entry->line = entry->lastLine = number;
             else if (!key.starts_with('['))
                 faults.push_back(
-                    { file, number, "expected a book, a chapter and a verse behind $$$" });
+                    { file, number, "expected a book, a chapter and a verse after $$$" });
         } else if (entry) {
             bool const isFirst = entry->text.empty();
             auto const* const start = isFirst ? line.data() : entry->text.data();
             entry->text = { start, static_cast<std::size_t>(line.data() + line.size() - start) };
             entry->lastLine = number;
         }
-        if (end == bytes.npos)
-            faults.push_back({ file, number, "the export is cut off: its last line has no end" });
-        place = end == bytes.npos ? bytes.size() : end + 1;
     }
+    if (isCutOff)
+        faults.push_back({ file, number, "the export is cut off: its last line has no end" });
     handOn();
 }

@@ -12,16 +12,16 @@
 
 struct ExportEntry {
     std::string_view book; ///< as the export spells it
-    int chapter = 0; ///< 0 for what stands before the first chapter
-    int verse = 0; ///< 0 for what stands before the first verse
+    int chapter = 0; ///< 0 for what comes before the first chapter
+    int verse = 0; ///< 0 for what comes before the first verse
     std::string_view text; ///< the lines of the entry, line ends between them
     int line = 0; ///< of the key
     int lastLine = 0; ///< the last line of the text, or the key's where there is none
 };
 
-/// Hands on the entries of an export in their order, with the number of bytes read so far; headings
-/// of the module and of its testaments are left out. The views point into `bytes`. Reports what is
-/// no export: other text in front, keys that can't be read, lines that are no UTF-8, a last line
-/// without an end.
+/// Calls the listener with the entries of an export in their order, and with the number of bytes
+/// read so far. Headings of the module and of its testaments are left out. The views point into
+/// `bytes`. Reports what is malformed: other text at the start, keys that can't be read, lines that
+/// aren't UTF-8, a last line without an end.
 void ReadSwordExport(std::string_view bytes, std::string const& file, Faults& faults,
     std::function<void(ExportEntry const&, std::uint64_t)> const& listener);

@@ -1,7 +1,12 @@
 #pragma once
-// The test of input that has to be UTF-8; the conversion is base/text.h's work.
+// UTF-8 in what the kit reads and says. The conversion is base/text.h's work.
 
-#include <string_view>
+#include "base/text.h"
+
+#include <string>
 
 /// True if the bytes are UTF-8 throughout; lone surrogates in their three-byte form pass.
 bool IsUtf8(std::string_view bytes);
+
+/// The text in quotation marks, for a message.
+std::string Quoted(TextView text);

@@ -1,14 +1,11 @@
 #include "kit/study/check_lines.h"
 
+#include "base/lines.h"
+#include "kit/study/scramble.h"
 #include "platform/text_lines.h"
 #include "study/codec.h"
 
-#include <algorithm>
-
 namespace {
-
-/// In characters, the body of a scrambled line.
-constexpr std::size_t longestBody = 32767;
 
 constexpr std::size_t excerptLength = 30;
 
@@ -31,35 +28,28 @@ bool CheckLines::Next()
 {
     if (m_rest.empty())
         return false;
-    auto const end = std::min(m_rest.find('\n'), m_rest.size());
-    auto raw = m_rest.substr(0, end);
-    auto const taken = std::min(end + 1, m_rest.size());
-    if (taken > end && raw.ends_with('\r'))
-        raw.remove_suffix(1);
-    m_rest.remove_prefix(taken);
+    m_raw = TakeLine(m_rest);
     m_number += 1;
-    if (raw.size() > TextLines::longestLine) {
+    if (m_raw.size() > TextLines::longestLine) {
         Report("a line is longer than 16 MB");
         m_rest = {};
         return false;
     }
-    m_raw = raw;
-    CheckRaw(raw);
-    DecodeLine(raw, m_turns, m_line);
+    CheckRaw();
+    DecodeLine(m_raw, m_turns, m_line);
     return true;
 }
 
-void CheckLines::CheckRaw(std::string_view raw)
+void CheckLines::CheckRaw()
 {
-    if (raw.starts_with('!')) {
-        char const tail = raw.back();
-        if (raw.size() < 2 || tail < 'a' || tail > 'z')
+    if (m_raw.starts_with('!')) {
+        if (m_raw.size() < 2 || !IsLowerLetter(static_cast<unsigned char>(m_raw.back())))
             Report("a scrambled line has no shift letter: expected one from a to z at its end");
-        if (raw.size() > longestBody + 2)
+        if (m_raw.size() > longestBody + 2)
             Report("a scrambled line has more than 32,767 characters");
     }
     unsigned controls = 0;
-    for (char const byte : raw)
+    for (char const byte : m_raw)
         controls |= IsControl(byte);
     if (controls != 0)
         Report("a control character");

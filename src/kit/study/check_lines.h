@@ -1,6 +1,6 @@
 #pragma once
-// The lines of a file of the disc while it is checked: decoded as the lesson side reads them, with
-// a fault for each line that isn't well formed in itself (docs/formats/study-files.md, "A line").
+// The lines of a file of the disc that is checked, decoded as for the lesson screen, with a fault
+// for each malformed line (docs/formats/study-files.md, "A line").
 
 #include "base/text.h"
 #include "base/turns.h"
@@ -18,9 +18,9 @@ public:
     bool Next();
     /// The line decoded, valid until the next call.
     TextView Line() const { return m_line; }
-    /// The line as it stands in the file.
+    /// The line as it is in the file.
     std::string_view Raw() const { return m_raw; }
-    /// Counted from 1; behind the end, the last line's.
+    /// Counted from 1; after the end, that of the last line.
     int Number() const { return m_number; }
 
     /// A fault in the present line.
@@ -31,7 +31,7 @@ public:
     }
 
 private:
-    void CheckRaw(std::string_view raw);
+    void CheckRaw();
 
     std::string_view m_rest, m_raw;
     std::string m_file;

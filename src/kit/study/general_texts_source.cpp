@@ -1,6 +1,7 @@
 #include "kit/study/general_texts_source.h"
 
 #include "base/code_page.h"
+#include "kit/common/utf8.h"
 #include "kit/study/scramble.h"
 #include "kit/study/source_checks.h"
 #include "kit/study/source_entries.h"
@@ -39,12 +40,11 @@ OutputFiles WriteGeneralTexts(
         bool const isIntroduction = entry.key == u"introduction";
         if (!isIntroduction && entry.key != u"conclusion")
             faults.push_back({ file, entry.line,
-                "expected “introduction” or “conclusion”, found “" + ToUtf8(entry.key) + "”" });
+                "expected “introduction” or “conclusion”, found " + Quoted(entry.key) });
         else if (files.contains(name))
-            faults.push_back({ file, entry.line, "“" + ToUtf8(entry.key) + "” a second time" });
+            faults.push_back({ file, entry.line, Quoted(entry.key) + " a second time" });
         else if (entry.paragraphs.empty())
-            faults.push_back(
-                { file, entry.line, "expected a text behind “" + ToUtf8(entry.key) + ":”" });
+            CheckHasText(entry, file, faults);
         else
             files[name] = FileText(
                 isIntroduction ? SpacedLines(entry) : std::vector { entry.Joined() }, isPlain);

@@ -1,5 +1,6 @@
 #include "kit/study/passage.h"
 
+#include "kit/common/utf8.h"
 #include "study/codec.h"
 
 #include <algorithm>
@@ -16,16 +17,11 @@ struct Range {
     int lastChapter = 0, lastVerse = toTheEnd;
 };
 
-bool IsDigit(char16_t character)
-{
-    return character >= u'0' && character <= u'9';
-}
-
 /// A number of at most four figures and nothing else.
 std::optional<int> Number(TextView text)
 {
     auto const trimmed = Trim(text);
-    if (trimmed.empty() || trimmed.size() > 4 || !std::ranges::all_of(trimmed, IsDigit))
+    if (trimmed.empty() || trimmed.size() > 4 || CountDigits(trimmed) < trimmed.size())
         return std::nullopt;
     return static_cast<int>(*ToInteger(trimmed));
 }
@@ -49,8 +45,7 @@ std::optional<Place> ReadPlace(TextView text)
     return Place { first, second };
 }
 
-/// The ranges of "3", "3-4", "3:16-18,20", "3:16-4:2" and the like; nothing if the text reads
-/// otherwise.
+/// The ranges of "3", "3-4", "3:16-18,20", "3:16-4:2" and the like; nothing for any other text.
 std::optional<std::vector<Range>> ReadRanges(TextView text)
 {
     std::vector<Range> ranges;
@@ -78,7 +73,7 @@ std::optional<std::vector<Range>> ReadRanges(TextView text)
     return ranges;
 }
 
-/// A name of a book as it may be compared: without case, "II" as "2".
+/// The name of a book, to be compared: in lower case, "II" as "2".
 Text Comparable(TextView name)
 {
     auto text = ToLowerLatin(Trim(name));
@@ -90,7 +85,7 @@ Text Comparable(TextView name)
     return text;
 }
 
-/// The books whose names begin with this text; the one that is called so, if there is one.
+/// The books whose names begin with this text, or only the one whose whole name it is.
 std::vector<std::size_t> MatchingBooks(TextView name, std::vector<BookEntry> const& books)
 {
     Text expanded(name);
@@ -210,11 +205,6 @@ private:
     std::vector<Chapter> m_chapters;
 };
 
-std::string Quoted(TextView text)
-{
-    return "“" + ToUtf8(text) + "”";
-}
-
 } // namespace
 
 std::vector<Passage> FindPassages(
@@ -241,7 +231,7 @@ std::vector<Passage> FindPassages(
         : ReadRanges(numbers);
     if (!ranges)
         return report(
-            "expected a chapter, or a chapter and verses, behind the book in " + Quoted(reference));
+            "expected a chapter, or a chapter and verses, after the book in " + Quoted(reference));
     if (!std::ranges::all_of(*ranges, [&](Range const& range) { return search.Add(range); }))
         return faults.size() > faultsBefore
             ? std::vector<Passage> {}

@@ -1,15 +1,15 @@
 #include "kit/study/scramble.h"
 
+#include "study/codec.h"
+
 namespace {
 
-/// Letters moved by so many places, round from `z` to `a`; the remainder takes the sign of the
-/// dividend.
 std::string Shift(std::string_view text, int places)
 {
     std::string shifted(text);
     for (char& letter : shifted) {
-        if (letter >= 'a' && letter <= 'z')
-            letter = static_cast<char>('a' + (letter - 'a' + places + 26) % 26);
+        if (IsLowerLetter(static_cast<unsigned char>(letter)))
+            letter = static_cast<char>(ShiftedLetter(letter, places));
     }
     return shifted;
 }

@@ -1,22 +1,23 @@
 #pragma once
-// Scrambled lines (docs/formats/study-files.md), byte by byte: only the letters a to z change, so a
-// line may be in any encoding that has them where ASCII has them. Reading with the tidying of
-// blanks and slashes is study/codec.h's work.
+// Scrambles lines (docs/formats/study-files.md) byte by byte. Only the letters a to z change, so a
+// line may be in any encoding that extends ASCII. study/codec.h decodes lines as the program does.
 
 #include <string>
 #include <string_view>
 
-/// "!", the line with each letter `a` to `z` as many places further on as `shiftLetter` (`a` to
-/// `z`) stands behind `a`, and the letter. `line` has no line end.
+/// The characters that the body of a scrambled line may have in a file of the disc.
+constexpr std::size_t longestBody = 32767;
+
+/// "!", the line with each letter `a` to `z` moved forward by as many places as `shiftLetter` (`a`
+/// to `z`) is from `a`, and the shift letter. `line` has no line end.
 std::string ScrambleLine(std::string_view line, char shiftLetter);
 
-/// The line that was scrambled; a line that doesn't begin with "!" as it is. One of fewer than 3
-/// characters that does is empty. Outside of `a` to `z` the shift letter counts as the program's
-/// reading counts it.
+/// The line that was scrambled, also for a shift letter outside `a` to `z`; a line that doesn't
+/// begin with "!" as it is. A scrambled line of fewer than 3 characters is empty.
 std::string DescrambleLine(std::string_view line);
 
-/// The shift letter of the n-th line (from 0) where they are to change from line to line: never
-/// `a`, which would leave the line readable.
+/// The shift letter of the n-th line (from 0), different from line to line and never `a`, which
+/// would leave the line readable.
 constexpr char ChangingShiftLetter(std::size_t n)
 {
     return static_cast<char>('b' + n * 7 % 25);

@@ -6,8 +6,7 @@ ShortName FindShortName(TextView text, std::size_t from)
 {
     for (auto stop = text.find(u'.', from); stop != TextView::npos;
          stop = text.find(u'.', stop + 1)) {
-        // The name ends at this stop; what the program writes out behind it is the same with or
-        // without the rest.
+        // The name ends at this stop, so the rest of the text makes no difference.
         Text expanded(text.substr(0, stop + 1));
         ExpandBookNames(expanded);
         if (expanded.ends_with(u'.'))

@@ -1,6 +1,6 @@
 #pragma once
-// The short names of Bible books that the program writes out wherever they stand in a text, the end
-// of a sentence included ("from Beersheba to Dan.").
+// The short names of Bible books that the program writes out anywhere in a text, even at the end of
+// a sentence ("from Beersheba to Dan.").
 
 #include "base/text.h"
 
@@ -12,7 +12,7 @@ struct ShortName {
     std::size_t length = 0; ///< its full stop included; 0 for none
 };
 
-/// The first short name that ends behind this place.
+/// The first short name that ends after this place.
 ShortName FindShortName(TextView text, std::size_t from);
 
 /// The text with a soft hyphen (U+00AD, not seen within a line) in front of the full stop of each

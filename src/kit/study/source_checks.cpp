@@ -1,6 +1,7 @@
 #include "kit/study/source_checks.h"
 
 #include "base/code_page.h"
+#include "kit/common/utf8.h"
 #include "kit/study/short_names.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ std::string Named(TextView character)
         : character[0];
     char number[16];
     std::snprintf(number, sizeof number, "U+%04X", static_cast<unsigned>(code));
-    return (code < 0x20 ? "" : "“" + ToUtf8(character) + "” ") + "(" + number + ")";
+    return (code < 0x20 ? "" : Quoted(character) + " ") + "(" + number + ")";
 }
 
 void CheckCharacters(SourceLine const& line, std::string const& file, Faults& faults)
@@ -46,12 +47,11 @@ void CheckShortNames(SourceParagraph const& paragraph, std::string const& file, 
     for (auto name = FindShortName(text, from); name.length > 0; name = FindShortName(text, from)) {
         from = name.start + name.length;
         auto const rest = TextView(text).substr(from);
-        bool const hasNumber
-            = rest.size() > 1 && rest[0] == u' ' && rest[1] >= u'0' && rest[1] <= u'9';
+        bool const hasNumber = rest.size() > 1 && rest[0] == u' ' && IsDigit(rest[1]);
         if (!hasNumber)
             faults.push_back({ file, paragraph.LineAt(name.start),
-                "“" + ToUtf8(text.substr(name.start, name.length))
-                    + "” would be written out as the name of a book; expected a number after it" });
+                Quoted(text.substr(name.start, name.length))
+                    + " would be written out as the name of a book; expected a number after it" });
     }
 }
 
@@ -66,14 +66,18 @@ void CheckTexts(SourceEntry const& entry, std::string const& file, Faults& fault
     }
 }
 
-void CheckOneParagraph(SourceEntry const& entry, std::string const& file, Faults& faults)
+void CheckHasText(SourceEntry const& entry, std::string const& file, Faults& faults)
 {
     if (entry.paragraphs.empty())
-        faults.push_back(
-            { file, entry.line, "expected a text behind “" + ToUtf8(entry.key) + ":”" });
-    else if (entry.paragraphs.size() > 1)
+        faults.push_back({ file, entry.line, "expected a text after " + Quoted(entry.key + u':') });
+}
+
+void CheckOneParagraph(SourceEntry const& entry, std::string const& file, Faults& faults)
+{
+    CheckHasText(entry, file, faults);
+    if (entry.paragraphs.size() > 1)
         faults.push_back({ file, entry.paragraphs[1].lines[0].line,
-            "a second paragraph, where “" + ToUtf8(entry.key) + "” has one" });
+            "a second paragraph, where " + Quoted(entry.key) + " has one" });
 }
 
 void CheckBeginning(SourceEntry const& entry, TextView characters, std::string const& meaning,
@@ -84,6 +88,6 @@ void CheckBeginning(SourceEntry const& entry, TextView characters, std::string c
     auto const& first = entry.paragraphs[0].lines[0];
     if (Contains(characters, first.text[0]))
         faults.push_back({ file, first.line,
-            "a text that begins with “" + ToUtf8(first.text.substr(0, 1)) + "” would be taken for "
+            "a text that begins with " + Quoted(first.text.substr(0, 1)) + " would be taken for "
                 + meaning });
 }

@@ -1,6 +1,6 @@
 #pragma once
-// What a text of a source may not hold, since the program would show it as something else
-// (docs/formats/study-files.md tells how it reads a line).
+// Checks for what a text of a source must not have, because the program would show it as something
+// else (docs/formats/study-files.md describes how it reads a line).
 
 #include "kit/common/faults.h"
 #include "kit/study/source_entries.h"
@@ -11,7 +11,10 @@
 /// would be written out where no number follows.
 void CheckTexts(SourceEntry const& entry, std::string const& file, Faults& faults);
 
-/// Reports an entry without text and one of several paragraphs.
+/// Reports an entry without text.
+void CheckHasText(SourceEntry const& entry, std::string const& file, Faults& faults);
+
+/// Reports an entry without text, and one with several paragraphs.
 void CheckOneParagraph(SourceEntry const& entry, std::string const& file, Faults& faults);
 
 /// Reports a text that begins with one of these characters; `meaning` says what the program would

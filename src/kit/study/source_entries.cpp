@@ -1,6 +1,6 @@
 #include "kit/study/source_entries.h"
 
-#include "kit/common/lines.h"
+#include "base/lines.h"
 #include "kit/common/utf8.h"
 
 #include <algorithm>
@@ -49,7 +49,7 @@ SourceEntry OpenEntry(TextView line, int number)
     return entry;
 }
 
-/// Puts lines together to entries.
+/// Joins lines to entries.
 class Reading {
 public:
     Reading(std::string const& file, Faults& faults)

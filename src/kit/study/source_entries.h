@@ -1,7 +1,6 @@
 #pragma once
-// The entries of a readable source: a key in the first column, its text behind it and on indented
-// lines below. Their form stands in docs/formats/study-source.md. What the keys mean is
-// study_source.h's work.
+// The entries of a readable source: a key in the first column, its text after it and on indented
+// lines below (docs/formats/study-source.md). study_source.h knows what the keys mean.
 
 #include "base/text.h"
 #include "kit/common/faults.h"
@@ -20,13 +19,13 @@ struct SourceParagraph {
     std::vector<SourceLine> lines;
 
     Text Joined() const;
-    /// The line of the source in which the character at this place of the joined text stands.
+    /// The line of the source that has the character at this place of the joined text.
     int LineAt(std::size_t place) const;
 };
 
 struct SourceEntry {
     Text key; ///< the words before the colon, without a label
-    Text label; ///< what stands behind the first word of "question 3a:"; else empty
+    Text label; ///< what comes after the first word of "question 3a:"; else empty
     int line = 0;
     std::vector<SourceParagraph> paragraphs;
 
@@ -34,7 +33,7 @@ struct SourceEntry {
     Text Joined() const;
 };
 
-/// Reads the entries of a source. Lines that belong to none and bytes that are no UTF-8 are faults,
-/// and the reading goes on behind them.
+/// Reads the entries of a source. Lines that belong to none and bytes that aren't UTF-8 are faults,
+/// after which the reading continues.
 std::vector<SourceEntry> ReadEntries(
     std::string_view bytes, std::string const& file, Faults& faults);

@@ -4,7 +4,9 @@
 #include "kit/study/study_file_check.h"
 #include "kit/study/verse_file_check.h"
 #include "platform/text_lines.h"
-#include "study/codec.h"
+#include "study/study_head.h"
+#include "study/study_key.h"
+#include "study/verse_file.h"
 
 #include <algorithm>
 #include <fstream>
@@ -30,28 +32,18 @@ std::optional<fs::path> FindFile(fs::path const& folder, Text const& name)
     return std::nullopt;
 }
 
-/// The lines of the list of lessons in a study file that is known to be there.
+/// The list of lessons in a study file.
 std::vector<Text> ReadLessonList(fs::path const& path)
 {
     Faults ignored;
     auto const bytes = ReadWhole(path, ignored);
     CheckLines lines(bytes ? *bytes : std::string_view(), {}, ignored);
+    lines.Next();
+    lines.Next();
     std::vector<Text> lessons;
-    for (int line = 1; lines.Next() && !(line > 2 && lines.Line().starts_with(u'-')); ++line) {
-        if (line > 2)
-            lessons.emplace_back(
-                lines.Line().substr(0, lines.Line().size() - lines.Line().ends_with(u'/')));
-    }
+    while (lines.Next() && ReadLessonLine(lines.Line()))
+        lessons.emplace_back(*ReadLessonLine(lines.Line()));
     return lessons;
-}
-
-/// The verse file's name as the program forms it.
-Text VerseFileName(TextView name)
-{
-    auto const trimmed = Trim(name);
-    Text file(trimmed);
-    std::erase(file, u'^');
-    return u"V-" + file;
 }
 
 /// Holds a study file against the files that belong to it.
@@ -109,9 +101,9 @@ void CheckFile(fs::path const& path, Faults& faults)
         return;
     auto const name = ToLowerLatin(FromUtf8(path.filename().string()));
     CheckLines lines(*bytes, path.string(), faults);
-    if (name.starts_with(u"v-"))
+    if (IsVerseFileName(name))
         CheckVerseLines(lines);
-    else if (name.ends_with(u"-1.dat") || name.ends_with(u"-2.dat"))
+    else if (name.ends_with(partEndings[0]) || name.ends_with(partEndings[1]))
         CheckNeighbours(path, CheckStudyLines(lines), faults);
     else if (name == u"introduction.txt" || name == u"conclusion.txt")
         while (lines.Next()) { }

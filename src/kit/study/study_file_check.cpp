@@ -1,24 +1,21 @@
 #include "kit/study/study_file_check.h"
 
 #include "study/codec.h"
+#include "study/lesson_file.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
 namespace {
 
-/// The number behind the ">" of a marker, without leading zeros; nothing if there is none.
+/// The number after the ">" of a marker; nothing if there is none, or one with leading zeros.
 std::optional<std::int64_t> MarkerNumber(TextView line)
 {
     if (!line.starts_with(u'>'))
         return std::nullopt;
-    auto const digits = line.substr(1, line.find_first_not_of(u"0123456789", 1) - 1);
-    return digits.starts_with(u'0') ? std::nullopt : ToInteger(digits);
-}
-
-bool Begins(TextView line, char16_t character)
-{
-    return line.starts_with(character);
+    line.remove_prefix(1);
+    return line.starts_with(u'0') ? std::nullopt : ToInteger(line.substr(0, CountDigits(line)));
 }
 
 /// Follows the grammar line by line.
@@ -72,10 +69,10 @@ private:
 
     State StudyTitle(TextView line)
     {
-        auto const colon = line.find(u':');
-        if (colon == TextView::npos)
+        auto const study = SplitStudyLine(line);
+        if (!Contains(line, u':'))
             m_lines.Report("expected <prefix>:<title>, found no colon in " + Excerpt(line));
-        else if (colon == 0 || Trim(Split(line, u':')[1]).empty())
+        else if (study.studyPrefix.empty() || study.studyTitle.empty())
             m_lines.Report("expected <prefix>:<title>, found an empty one");
         return { &Grammar::Description };
     }
@@ -85,24 +82,22 @@ private:
     State Lesson(TextView line)
     {
         CheckForCatalogue(line);
-        auto title = line;
-        if (title.ends_with(u'/'))
-            title.remove_suffix(1);
-        if (Begins(title, u'-')) {
-            if (m_outline.lessons.empty())
-                m_lines.Report("the list of lessons ends; expected the title of a lesson");
-            return { &Grammar::Marker };
-        }
-        if (Begins(title, u'>')) {
+        auto const titles = ReadLessonLine(line);
+        if (!titles && line.starts_with(u'>')) {
             m_lines.Report(
                 "expected the “-” that ends the list of lessons, found " + Excerpt(line));
             return Marker(line);
         }
-        if (Trim(Split(title, u'/')[0]).empty())
+        if (!titles) {
+            if (m_outline.lessons.empty())
+                m_lines.Report("the list of lessons ends; expected the title of a lesson");
+            return { &Grammar::Marker };
+        }
+        if (Trim(SplitTitles(*titles).title).empty())
             m_lines.Report("expected the title of a lesson, found an empty one");
-        else if (Split(title, u'/').size() > 2)
+        else if (std::ranges::count(*titles, u'/') > 1)
             m_lines.Report("expected <title> or <title>/<second title>, found more");
-        m_outline.lessons.emplace_back(title);
+        m_outline.lessons.emplace_back(*titles);
         return { &Grammar::Lesson };
     }
 
@@ -110,13 +105,14 @@ private:
     /// else.
     void CheckForCatalogue(TextView line)
     {
-        auto const kept = DecodeCatalogueLine(m_lines.Raw());
-        if (Begins(line, u'-') && !Begins(kept, u'-'))
+        Text kept;
+        DecodeCatalogueLine(m_lines.Raw(), kept);
+        if (line.starts_with(u'-') && !kept.starts_with(u'-'))
             m_lines.Report(
                 "expected the “-” that ends the list of lessons at the start of its line");
         else if (line.ends_with(u'/') && !kept.ends_with(u'/'))
             m_lines.Report(
-                "expected nothing behind the “/” at the end of the title, which the catalogue "
+                "expected nothing after the “/” at the end of the title, which the catalogue "
                 "shows now");
     }
 
@@ -140,7 +136,7 @@ private:
                 + std::to_string(m_outline.lessons.size()));
         else if (*number != wanted)
             m_lines.Report("expected " + MarkerName() + ", found >" + std::to_string(*number));
-        // The blocks behind it are counted from here, unless there can be no such block.
+        // The blocks after it are counted from here, unless the list has no such lesson.
         m_lesson = *number > Count() ? m_lesson + 1 : static_cast<std::size_t>(*number);
         m_hasPage = false;
         return { &Grammar::Introduction };
@@ -155,9 +151,9 @@ private:
         auto const slash = line.rfind(u'/');
         auto last = slash == TextView::npos ? line : line.substr(slash + 1);
         bool const isReplaced = slash == TextView::npos && Contains(line, u"XXXX");
-        if (Begins(last, u'^'))
+        if (last.starts_with(u'^'))
             last.remove_prefix(1);
-        if (Begins(last, u'-') && !isReplaced)
+        if (last.starts_with(u'-') && !isReplaced)
             m_lines.Report(
                 "expected an introduction whose last paragraph doesn't begin with “-”, which ends "
                 "the body");
@@ -166,19 +162,19 @@ private:
 
     State Body(TextView line)
     {
-        if (Begins(line, u'-'))
+        if (line.starts_with(u'-'))
             return Close(line);
-        if (Begins(line, u'[')) {
+        if (line.starts_with(u'[')) {
             if (!m_hasPage)
                 m_lines.Report("an answer; expected a page before it");
             if (line.size() < 2 || !line.ends_with(u']'))
                 m_lines.Report(
                     "expected “]” at the end of the answer, whose last character is never shown");
-        } else if (Begins(line, u'>') && MarkerNumber(line)) {
+        } else if (line.starts_with(u'>') && MarkerNumber(line)) {
             m_lines.Report("expected the closing line and the names of two verse files before "
                 + Excerpt(line));
             return Marker(line);
-        } else if (line.size() >= 3 && !Begins(line, u'#')) {
+        } else if (IsPageLine(line)) {
             m_hasPage = true;
             CheckPage(line);
         }
@@ -196,8 +192,7 @@ private:
 
     State Close(TextView line)
     {
-        bool const isPage = line.size() >= 3; // as well
-        if (!m_hasPage && !isPage)
+        if (!m_hasPage && !IsPageLine(line))
             m_lines.Report("the lesson ends; expected a page");
         return { &Grammar::MainName };
     }

@@ -1,5 +1,5 @@
 #pragma once
-// The check of the lines of a study file. What other files it needs is study_check.h's work.
+// Checks the lines of a study file. study_check.h checks the files that it needs.
 
 #include "base/text.h"
 #include "kit/study/check_lines.h"
@@ -17,6 +17,6 @@ struct StudyOutline {
     std::vector<NamedVerseFile> verseFiles;
 };
 
-/// Reads all lines, reports each that breaks the grammar with what was expected, and goes on where
-/// it can.
+/// Reads all lines and reports each that breaks the grammar, with what was expected. Continues
+/// wherever possible.
 StudyOutline CheckStudyLines(CheckLines& lines);

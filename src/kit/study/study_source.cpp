@@ -1,8 +1,11 @@
 #include "kit/study/study_source.h"
 
 #include "base/code_page.h"
+#include "kit/common/utf8.h"
 #include "kit/study/short_names.h"
 #include "kit/study/source_checks.h"
+#include "study/lesson_file.h"
+#include "study/model_answer.h"
 
 #include <algorithm>
 #include <array>
@@ -14,11 +17,6 @@ namespace {
 constexpr int lastVerseNumber = 99;
 
 enum class Level { Study, Lesson, Part };
-
-std::string Quoted(TextView text)
-{
-    return "“" + ToUtf8(text) + "”";
-}
 
 /// Takes the entries one by one.
 class Building {
@@ -115,8 +113,7 @@ private:
 
     Text Paragraphs(SourceEntry const& entry)
     {
-        if (entry.paragraphs.empty())
-            Report(entry.line, "expected a text behind “" + ToUtf8(entry.key) + ":”");
+        CheckHasText(entry, m_file, m_faults);
         CheckTexts(entry, m_file, m_faults);
         return entry.Joined();
     }
@@ -254,7 +251,7 @@ private:
     void Answer(SourceEntry const& entry)
     {
         auto text = Paragraphs(entry);
-        if (Contains(text, u"swers will vary"))
+        if (LeavesAnswerToUser(text))
             Report(entry.line,
                 "an answer with the words “answers will vary” is replaced as a whole by the "
                 "program's own sentence; say it in other words, or leave the answer out");
@@ -270,7 +267,7 @@ private:
     {
         Once(entry);
         auto text = Paragraphs(entry);
-        if (!Contains(text, u"Congratulations"))
+        if (!ReplacesConclusion(text))
             Report(entry.line,
                 "expected the word “Congratulations”; without it the closing is a page like any "
                 "other");

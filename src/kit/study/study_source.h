@@ -1,6 +1,6 @@
 #pragma once
-// A study as its author writes it (docs/formats/study-source.md), read into a model. Where its
-// files come from this is study_writer.h's work.
+// Reads a study as its author writes it (docs/formats/study-source.md) into a model, from which
+// study_writer.h makes the files.
 
 #include "base/text.h"
 #include "kit/bible/bible_texts.h"
@@ -27,7 +27,7 @@ struct PartOfLesson {
 };
 
 struct Lesson {
-    Text title; ///< with its second title behind "/", if it has one
+    Text title; ///< with its second title after "/", if it has one
     PartOfLesson parts[2];
 };
 
@@ -37,6 +37,6 @@ struct Study {
 };
 
 /// Reads a source. `file` is its name in faults; the passages come from `bible`. Every mistake is a
-/// fault; with any of them there is no study.
+/// fault; if there is any, no study is given.
 std::optional<Study> ReadStudySource(
     std::string_view bytes, std::string const& file, BibleTexts& bible, Faults& faults);

@@ -3,15 +3,14 @@
 #include "base/code_page.h"
 #include "kit/study/scramble.h"
 #include "kit/study/short_names.h"
+#include "study/study_head.h"
+#include "study/study_key.h"
 #include "study/verse_file.h"
 
 #include <algorithm>
 #include <cctype>
 
 namespace {
-
-/// In characters: longer scrambled lines are beyond what the format promises.
-constexpr std::size_t longestLine = 32767;
 
 /// The lines of one file.
 class FileText {
@@ -28,14 +27,14 @@ public:
     {
         auto const bytes = ToCodePage(text);
         if (!bytes)
-            Report(what, "holds a character that code page 1252 has not");
-        else if (bytes->size() > longestLine)
+            Report(what, "has a character that code page 1252 lacks");
+        else if (bytes->size() > longestBody)
             Report(what, "has more than 32,767 characters");
         else
             m_bytes += FileLine(*bytes, m_count++, m_isPlain) + "\r\n";
     }
 
-    /// A verse has to be read as a verse again, with the same number and words.
+    /// Checks that the verse will be read as a verse, with the same number and words.
     void AddVerse(Verse const& verse, Passage const& passage)
     {
         auto const number = FromNumber(verse.number);
@@ -102,7 +101,7 @@ public:
 
     std::string VerseFile(TextView suffix) const
     {
-        return "V-" + ToUtf8(m_verseName + Text(suffix));
+        return ToUtf8(VerseFileName(m_verseName + Text(suffix)));
     }
 
 private:
@@ -111,7 +110,7 @@ private:
         auto const& part = lesson.parts[m_part];
         auto const where = u"lesson " + FromNumber(number) + u": ";
         file.Add(u">" + FromNumber(number), u"");
-        auto const title = Text(Split(lesson.title, u'/')[0]);
+        auto const title = Text(SplitTitles(lesson.title).title);
         file.Add(part.introduction.value_or(title), where + u"the introduction");
         for (auto const& page : part.pages) {
             file.Add(page.label + u". " + page.text, where + u"page " + page.label);
@@ -125,7 +124,7 @@ private:
 
     Study const& m_study;
     std::size_t m_part;
-    Text m_verseName; ///< of the main passages; an "s" behind it for the others
+    Text m_verseName; ///< of the main passages; the others have an "s" after it
 };
 
 } // namespace
@@ -134,9 +133,9 @@ bool IsStudyName(std::string const& name)
 {
     auto const isAllowed
         = [](unsigned char c) { return c < 0x80 && (std::isalnum(c) || c == '_' || c == '-'); };
-    bool const isVerseFile = name.starts_with("V-") || name.starts_with("v-");
-    return !name.empty() && std::ranges::all_of(name, isAllowed) && name.find("-1") == name.npos
-        && !isVerseFile;
+    // A name with "-1" would make both parts Part One.
+    return !name.empty() && std::ranges::all_of(name, isAllowed)
+        && PartWord(FromUtf8(name)) != u"One" && !IsVerseFileName(FromUtf8(name));
 }
 
 OutputFiles WriteStudy(Study const& study, std::string const& name, bool isPlain,
@@ -151,7 +150,7 @@ OutputFiles WriteStudy(Study const& study, std::string const& name, bool isPlain
         writer.WriteStudyFile(studyFile);
         writer.WriteVerseFile(mainFile, &PartOfLesson::mainPassages);
         writer.WriteVerseFile(supplementaryFile, &PartOfLesson::supplementaryPassages);
-        files[name + (part == 0 ? "-1.dat" : "-2.dat")] = studyFile.Take();
+        files[name + ToUtf8(partEndings[part])] = studyFile.Take();
         files[writer.VerseFile(u"")] = mainFile.Take();
         files[writer.VerseFile(u"s")] = supplementaryFile.Take();
     }

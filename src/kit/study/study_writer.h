@@ -7,12 +7,11 @@
 
 #include <string>
 
-/// True for a name that the files of a study may bear: letters, digits, "_" and "-", without "-1"
-/// and not beginning like a verse file's.
+/// True for a name that the files of a study may have: letters, digits, "_" and "-", without "-1",
+/// and not the name of a verse file.
 bool IsStudyName(std::string const& name);
 
 /// Both study files and the four verse files of a study. The lines are scrambled unless `isPlain`.
-/// What can't be written so that the program reads it again as it was meant is a fault of `source`,
-/// and then nothing is given.
+/// Anything that the program would read differently is a fault of `source`; then nothing is given.
 OutputFiles WriteStudy(Study const& study, std::string const& name, bool isPlain,
     std::string const& source, Faults& faults);

@@ -1,38 +1,25 @@
 #include "kit/study/verse_file_check.h"
 
-#include "study/codec.h"
-
-#include <algorithm>
+#include "study/verse_file.h"
 
 namespace {
 
-bool IsDigit(char16_t character)
-{
-    return character >= u'0' && character <= u'9';
-}
-
 bool IsMark(TextView line)
 {
-    return line.size() >= 2 && line.starts_with(u'>')
-        && std::ranges::all_of(line.substr(1), IsDigit) && NumericValue(line.substr(1)) > 0;
+    return line.starts_with(u'>') && 1 + CountDigits(line.substr(1)) == line.size()
+        && NumericValue(line.substr(1)) > 0;
 }
 
-/// The digits that the line begins with.
-std::size_t CountDigits(TextView line)
-{
-    return static_cast<std::size_t>(std::ranges::find_if_not(line, IsDigit) - line.begin());
-}
-
-/// Of a line that opens with a number and whose last character is no digit.
+/// Checks a line that opens with a number and doesn't end in a digit.
 void CheckVerse(CheckLines& lines, TextView line)
 {
     auto const digits = CountDigits(line);
     if (digits == 0 || digits > 2 || line.starts_with(u'0'))
-        lines.Report("expected a verse number of one or two digits, the first one no 0, found "
+        lines.Report("expected a verse number of one or two digits, the first one not 0, found "
             + Excerpt(line));
     else if (digits + 1 >= line.size() || line[digits] != u' ')
         lines.Report(
-            "expected a blank and the text of the verse behind its number, found " + Excerpt(line));
+            "expected a blank and the text of the verse after its number, found " + Excerpt(line));
 }
 
 } // namespace
@@ -48,12 +35,11 @@ void CheckVerseLines(CheckLines& lines)
             hasMark = true;
             continue;
         }
-        if (line.empty())
-            continue;
-        if (NumericValue(line) != 0 && !IsDigit(line.back()))
+        auto const item = ClassifyVerseLine(line);
+        if (item && item->kind != VerseFileItem::Kind::Heading)
             CheckVerse(lines, line);
-        else if (line == u"^")
-            lines.Report("expected a heading behind “^”");
+        else if (item && item->text.empty())
+            lines.Report("expected a heading after “^”");
     }
     if (!hasMark)
         lines.Report("the file ends; expected a section mark");

@@ -1,5 +1,6 @@
 #include "platform/posix/leftover_pages.h"
 
+#include "base/text.h"
 #include "platform/posix/descriptor.h"
 
 #include <algorithm>
@@ -10,11 +11,6 @@
 #include <unistd.h>
 
 namespace fs = std::filesystem;
-
-static bool IsDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
 
 static bool IsTemporaryName(std::string_view name)
 {

@@ -168,13 +168,13 @@ TEST(BibleImport, NamesWhatIsWrong)
     };
     Row const rows[] = {
         { "",
-            "b.imp:1: expected a line that begins with $$$: this is no export of a SWORD "
+            "b.imp:1: expected a line that begins with $$$: this isn't an export of a SWORD "
             "module\n" },
         { "\xFF\xFE$\0$\0$\0",
-            "b.imp:1: expected a line that begins with $$$: this is no export of a SWORD "
+            "b.imp:1: expected a line that begins with $$$: this isn't an export of a SWORD "
             "module\n" },
         { replaced("$$$Genesis 1:2\n", "$$$Genesis 1-2\n"),
-            "b.imp:9: expected a book, a chapter and a verse behind $$$\nb.imp:" + lastLine
+            "b.imp:9: expected a book, a chapter and a verse after $$$\nb.imp:" + lastLine
                 + ": the export ends without Genesis 1:2\n" },
         { replaced("$$$Genesis 1:2\nAnd", "$$$Genesis 1:2\n\xE4nd"), "b.imp:10: expected UTF-8\n" },
         { replaced("$$$Genesis 1:2\nAnd", "$$$Genesis 1:2\n<w And"), "" },

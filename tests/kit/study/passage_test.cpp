@@ -50,11 +50,11 @@ TEST(Passage, FindsWhatAnAuthorMeans)
         { u"John 3:4-2", "“John 3:4-2” names no verse of this Bible" },
         { u"John 0", "“John 0” names no verse of this Bible" },
         { u"John 3-2", "“John 3-2” names no verse of this Bible" },
-        { u"John 3:", "expected a chapter, or a chapter and verses, behind the book in “John 3:”" },
+        { u"John 3:", "expected a chapter, or a chapter and verses, after the book in “John 3:”" },
         { u"John 3:1-2-3",
-            "expected a chapter, or a chapter and verses, behind the book in “John 3:1-2-3”" },
+            "expected a chapter, or a chapter and verses, after the book in “John 3:1-2-3”" },
         { u"John 99999999999",
-            "expected a chapter, or a chapter and verses, behind the book in “John 99999999999”" },
+            "expected a chapter, or a chapter and verses, after the book in “John 99999999999”" },
     };
     for (auto const& row : rows) {
         Faults faults;

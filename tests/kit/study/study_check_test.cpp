@@ -75,7 +75,7 @@ TEST(StudyCheck, NamesEachBreakOfAStudyFile)
             "f:4: expected the title of a lesson, found an empty one\nf: expected the same "
             "lessons as in s-2.dat\n" },
         { 4, { "F/ " },
-            "f:4: expected nothing behind the “/” at the end of the title, which the catalogue "
+            "f:4: expected nothing after the “/” at the end of the title, which the catalogue "
             "shows now\n" },
         { 5, { " -" },
             "f:5: expected the “-” that ends the list of lessons at the start of its line\n" },
@@ -163,14 +163,14 @@ TEST(StudyCheck, NamesEachBreakOfAVerseFile)
             "and the number of a "
             "lesson, found “for a > b”\n" },
         { ">1\n100 I understand\n03 For\n16For God\n12.\n-3 x\n",
-            "f:2: expected a verse number of one or two digits, the first one no 0, found “100 I "
+            "f:2: expected a verse number of one or two digits, the first one not 0, found “100 I "
             "understand”\nf:3: expected a verse "
-            "number of one or two digits, the first one no 0, found “03 For”\nf:4: expected a "
+            "number of one or two digits, the first one not 0, found “03 For”\nf:4: expected a "
             "blank and the text of the verse "
-            "behind its number, found “16For God”\nf:5: expected a blank and the text of the "
-            "verse behind its number, found “12.”\nf:6: "
-            "expected a verse number of one or two digits, the first one no 0, found “-3 x”\n" },
-        { ">1\n^\n", "f:2: expected a heading behind “^”\n" },
+            "after its number, found “16For God”\nf:5: expected a blank and the text of the "
+            "verse after its number, found “12.”\nf:6: "
+            "expected a verse number of one or two digits, the first one not 0, found “-3 x”\n" },
+        { ">1\n^\n", "f:2: expected a heading after “^”\n" },
     };
     for (auto const& row : rows)
         EXPECT_EQ(Check("V-x", row.bytes), row.faults) << row.bytes;

@@ -112,7 +112,7 @@ TEST(StudySource, NamesEveryMistake)
             "4: “title” a second time\n5: “answer” can't stand before the first lesson\n" },
         { "study: A:\ntitle: B: C\ndescription:\n\n" + lesson,
             "1: a colon would end the name\n2: a colon would end the title\n3: expected a text "
-            "behind “description:”\n" },
+            "after “description:”\n" },
         { "study: A\n\n B\ntitle: \xFF\ndescription: \xC3\xA4\xE2\x80\n" + lesson,
             "1: expected an entry “title”\n1: expected an entry “description”\n3: a second "
             "paragraph, where “study” has one\n4: "
@@ -215,7 +215,7 @@ TEST(GeneralTexts, ComeFromTwoEntries)
     EXPECT_EQ(Dump(faults),
         "g:1: a “/” would open a new paragraph; leave an empty line for one\ng:2: “introduction” "
         "a second time\ng:3: expected "
-        "“introduction” or “conclusion”, found “x”\ng:4: expected a text behind “conclusion:”\n"
+        "“introduction” or “conclusion”, found “x”\ng:4: expected a text after “conclusion:”\n"
         "g:1: expected an entry "
         "“conclusion”\n");
 }
