@@ -91,4 +91,11 @@ TEST_F(KeyboardTest, TabShortcutsAndDefaultButtonsAct)
     Strike('E', controlKey);
     Strike(enter);
     EXPECT_THAT(TakeLog(), testing::ElementsAre("a.entry click", "a.button click"));
+    a.first.KeyUp = [this](int keyCode, int) { a.Write("first up " + std::to_string(keyCode)); };
+    a.shortcuts = { { left, altKey, [this] { a.Write("back"); } } };
+    Strike(left, altKey);
+    Strike(left, altKey | shiftKey);
+    a.Enabled = false;
+    EXPECT_EQ(Press(input, screen, a, left, altKey), "a is disabled");
+    EXPECT_THAT(TakeLog(), testing::ElementsAre("a.back", "a.first up 37"));
 }
