@@ -4,7 +4,9 @@
 #include "desktop/peers/keys.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QToolTip>
 #include <QTreeView>
 
 /// Tells apart how the current node came to change: by the keyboard or by the mouse, which is a
@@ -14,8 +16,19 @@ public:
     using QTreeView::QTreeView;
     std::function<void(QModelIndex const&)> chosen;
     std::function<void()> released;
+    std::function<QString(QModelIndex const&)> tipOf;
 
 protected:
+    bool viewportEvent(QEvent* event) override
+    {
+        if (event->type() != QEvent::ToolTip)
+            return QTreeView::viewportEvent(event);
+        auto const& help = static_cast<QHelpEvent const&>(*event);
+        auto const index = indexAt(help.pos());
+        QToolTip::showText(help.globalPos(), index.isValid() ? tipOf(index) : toolTip(), viewport(),
+            visualRect(index));
+        return true;
+    }
     void currentChanged(QModelIndex const& current, QModelIndex const& previous) override
     {
         QTreeView::currentChanged(current, previous);
@@ -63,6 +76,7 @@ TreePeer::TreePeer(PeerContext& context, TreeView& control, QWidget& ground)
     });
     m_shown.chosen = [this](QModelIndex const& index) { Chosen(index); };
     m_shown.released = [this] { Act([](Input&) {}); };
+    m_shown.tipOf = [this](QModelIndex const& index) { return TipOf(index); };
 }
 
 void TreePeer::Mirror()
@@ -79,6 +93,7 @@ void TreePeer::Mirror()
     palette.setColor(QPalette::Base, ToQColor(m_tree.BackColor));
     m_shown.setPalette(palette);
     Peer::Mirror();
+    MirrorView();
     m_shown.viewport()->update();
 }
 
@@ -111,6 +126,29 @@ void TreePeer::MirrorSelected()
         isOpen = isOpen && parent->Expanded();
     if (isOpen) // else the view would open the parents
         m_shown.scrollTo(index);
+}
+
+void TreePeer::MirrorView()
+{
+    Node const* const node = m_tree.EnsuredVisible();
+    if (std::exchange(m_timesEnsured, m_tree.TimesEnsured()) == m_tree.TimesEnsured() || !node)
+        return;
+    if (node->Expanded() && !node->Children().empty())
+        m_shown.scrollTo(m_model.IndexOf(*node->Children().back()));
+    m_shown.scrollTo(m_model.IndexOf(*node));
+}
+
+/// The name of a node that the view cuts off, and what the model tells of it.
+QString TreePeer::TipOf(QModelIndex const& index) const
+{
+    int const left = m_shown.visualRect(index).left();
+    int const right = left + m_shown.sizeHintForIndex(index).width();
+    bool const isCutOff = left < 0 || right > m_shown.viewport()->width();
+    Node const& node = NodeModel::NodeAt(index);
+    Text tip = m_tree.ToolTipOf(node);
+    if (isCutOff)
+        tip = Text(node.Caption()) + (tip.empty() ? u"" : u"\n") + tip;
+    return tip.empty() ? m_shown.toolTip() : ToToolTip(tip);
 }
 
 void TreePeer::Toggled(QModelIndex const& index, bool expanded)
