@@ -16,6 +16,8 @@ static constexpr TextView settingsSection = u"biblereader";
 static constexpr std::int64_t mostChapters = 999; // of a book
 static constexpr std::int64_t mostNodes = 20'000;
 
+static constexpr int leftArrow = 37, rightArrow = 39; // key codes
+
 static Text Capitals(TextView text)
 {
     Text capitals(text);
@@ -74,6 +76,8 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     cmdNext.Click = [this] { cmdNext_Click(); };
     cmdPrint.Click = [this] { cmdPrint_Click(); };
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+    shortcuts = { { leftArrow, altKey, [this] { GoThroughHistory(-1); } },
+        { rightArrow, altKey, [this] { GoThroughHistory(1); } } };
 }
 
 void frmBible::Form_Load()
@@ -81,6 +85,8 @@ void frmBible::Form_Load()
     cmdNext.Enabled = false;
     cmdPrev.Enabled = false;
     m_noteFile.reset();
+    m_history.clear();
+    m_place = 0;
     // There are two translations; a stored word that names neither counts as the second.
     translation = ReadSetting(m_settings, settingsSection, u"translation", u"kjv") == u"kjv"
         ? u"kjv"
@@ -94,10 +100,11 @@ void frmBible::Form_Load()
     driveLetter = Text(1, ToUpper(pagePath.front()));
     EnsureFolder(driveLetter + u":\\Program Files\\Sparrowfield Interactive Software");
     EnsureFolder(driveLetter + u":\\Program Files\\Sparrowfield Interactive Software\\notes");
-    ShowPage(EmptyPage(m_files.ApplicationFolder()));
+    ShowPage(EmptyPage(m_files.ApplicationFolder()), {});
     // Its click brings up the page of the last reference.
     cboVersion.ListIndex = translation == u"kjv" ? 0 : 1;
     StatusBar1.Panel1 = Capitals(translation);
+    SelectReference();
 }
 
 void frmBible::Form_Unload()
@@ -171,8 +178,16 @@ int frmBible::FindBook(Text& book)
 void frmBible::ExpandBookNode(TextView name)
 {
     Text const wanted = ToLower(name);
-    for (Node& node : TreeView1.Nodes())
-        node.SetExpanded(ToLower(node.Caption()) == wanted);
+    Node* opened = nullptr;
+    for (Node& node : TreeView1.Nodes()) {
+        bool const isWanted = ToLower(node.Caption()) == wanted;
+        if (isWanted && !node.Expanded())
+            opened = &node;
+        node.SetExpanded(isWanted);
+    }
+    // In a book that stands open the user may have scrolled to a chapter.
+    if (opened)
+        TreeView1.EnsureVisible(*opened);
 }
 
 void frmBible::SetTranslation(TextView identifier)
@@ -216,6 +231,9 @@ void frmBible::TreeView1_NodeClick(Node& node)
     txtVerse.Text = Text(node.Key());
     TreeView1.Select(&node);
     cmdOkay_Click();
+    // Books that were closed above the node have moved it.
+    if (IsLoaded() && TreeView1.Selected() == &node)
+        TreeView1.EnsureVisible(node);
 }
 
 void frmBible::cboVersion_Click()
@@ -239,4 +257,27 @@ void frmBible::cmdNext_Click()
 void frmBible::mnuFileExit_Click()
 {
     Unload(*this);
+}
+
+/// The reference that was found is a new one of the history, and what was ahead of the one before
+/// goes. The same again, such as in another translation, is none.
+void frmBible::Remember()
+{
+    // A box too short to be looked up again stands for the whole book that it found.
+    Text const& reference = txtVerse.Text().size() < 2 ? bookName : txtVerse.Text();
+    if (!m_history.empty() && m_history[m_place] == reference)
+        return;
+    m_history.resize(std::min(m_history.size(), m_place + 1));
+    m_history.push_back(reference);
+    m_place = m_history.size() - 1;
+}
+
+/// The place moves also if the lookup fails, so that the next step leads past such a reference.
+void frmBible::GoThroughHistory(int step)
+{
+    if (step < 0 ? m_place == 0 : m_place + 1 >= m_history.size())
+        return;
+    m_place = step < 0 ? m_place - 1 : m_place + 1;
+    txtVerse.Text = m_history[m_place];
+    LookUp();
 }
