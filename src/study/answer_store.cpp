@@ -227,14 +227,19 @@ void AnswerStore::SetCurrentPage(TextView section, TextView page)
     static_cast<void>(m_settings.Write(section, u"currentindex", page));
 }
 
-/// What is stored in a section, with the texts in its place that are newer: those that wait, and
-/// that in the box.
-std::vector<SettingsStore::Entry> AnswerStore::WithNewer(
-    std::vector<SettingsStore::Entry> stored, TextView section, TextView boxText) const
+/// The texts that wait, and that in the box if it isn't stored.
+std::map<AnswerStore::Key, Text> AnswerStore::PendingWithBox(TextView boxText) const
 {
     auto newer = m_pending;
     if (m_box && (boxText != m_box->base || newer.contains(m_box->key)))
         newer[m_box->key] = boxText;
+    return newer;
+}
+
+/// What is stored in a section, with the newer texts in its place.
+std::vector<SettingsStore::Entry> AnswerStore::WithNewer(std::vector<SettingsStore::Entry> stored,
+    TextView section, std::map<Key, Text> const& newer) const
+{
     for (auto const& [key, text] : newer) {
         if (key.first != section)
             continue;
@@ -251,21 +256,35 @@ std::vector<SettingsStore::Entry> AnswerStore::WithNewer(
     return stored;
 }
 
-/// True if any of the entries is an answer with more than white space in it.
-static bool HoldWords(std::vector<SettingsStore::Entry> const& entries)
+/// True for an answer with more than white space in it.
+static bool HoldsWords(SettingsStore::Entry const& entry)
 {
-    return std::any_of(entries.begin(), entries.end(), [](auto const& entry) {
-        return entry.key.starts_with(u"Page")
-            && entry.value.find_first_not_of(u" \t\r\n") != Text::npos;
-    });
+    return entry.key.starts_with(u"Page")
+        && entry.value.find_first_not_of(u" \t\r\n") != Text::npos;
+}
+
+LessonProgress AnswerStore::ProgressOf(TextView section) const
+{
+    auto stored = m_settings.InSection(section);
+    LessonProgress progress;
+    for (auto const& entry : WithNewer(
+             stored ? std::move(*stored) : std::vector<SettingsStore::Entry>(), section, m_pending))
+        if (entry.key == u"currentindex")
+            progress.lastPage = ToInteger(entry.value);
+        else
+            progress.answered += HoldsWords(entry);
+    if (progress.lastPage < 1)
+        progress.lastPage.reset();
+    return progress;
 }
 
 std::optional<Failure> AnswerStore::DeleteLesson(TextView section, TextView text)
 {
     Collect();
     auto const deleted = m_settings.DeleteSection(section, [&](auto const& stored) {
-        auto all = WithNewer(stored, section, text);
-        return HoldWords(all) ? all : std::vector<SettingsStore::Entry>();
+        auto all = WithNewer(stored, section, PendingWithBox(text));
+        bool const holdWords = std::any_of(all.begin(), all.end(), HoldsWords);
+        return holdWords ? all : std::vector<SettingsStore::Entry>();
     });
     if (!deleted)
         return deleted.failure();

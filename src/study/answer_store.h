@@ -11,11 +11,18 @@
 #include "platform/settings_store.h"
 #include "platform/writer.h"
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
 #include <optional>
 #include <utility>
+
+/// What is done in one part of a lesson.
+struct LessonProgress {
+    int answered = 0; ///< pages with an answer of more than white space
+    std::optional<std::int64_t> lastPage; ///< the page last shown; nothing if none is stored
+};
 
 class AnswerStore {
 public:
@@ -64,6 +71,9 @@ public:
     /// Fails silently.
     void SetCurrentPage(TextView section, TextView page);
 
+    /// By what is stored and what waits to be stored. What can't be read counts as missing.
+    LessonProgress ProgressOf(TextView section) const;
+
     /// Removes all answers and the page of a lesson, waiting ones included; the base of the box
     /// becomes empty. If there are any words among them, or in the box, which shows `text`, all
     /// goes into a backup first. Gives the failure, for the user, if that can't be done; then
@@ -95,8 +105,9 @@ private:
     std::optional<Failure> ToBeTold(std::optional<Failure> failure);
     std::optional<Failure> StoreBox(TextView text);
     void EnterIfMissing(Key const& key);
-    std::vector<SettingsStore::Entry> WithNewer(
-        std::vector<SettingsStore::Entry> stored, TextView section, TextView boxText) const;
+    std::map<Key, Text> PendingWithBox(TextView boxText) const;
+    std::vector<SettingsStore::Entry> WithNewer(std::vector<SettingsStore::Entry> stored,
+        TextView section, std::map<Key, Text> const& newer) const;
 
     SettingsStore& m_settings;
     Writer& m_writer;

@@ -543,6 +543,15 @@ Outcome<Done> SqliteSettingsStore::DeleteSection(TextView section, Backup const&
     return m_connection->DeleteSection(section, backup);
 }
 
+Outcome<std::vector<SettingsStore::Entry>> SqliteSettingsStore::InSection(TextView section) const
+{
+    return m_connection->Query<std::vector<Entry>>(
+        "select key, value from settings where section = ? order by key", { section },
+        [section](auto& entries, sqlite3_stmt* row) {
+            entries.push_back({ Text(section), Column(row, 0), Column(row, 1) });
+        });
+}
+
 Outcome<std::vector<Text>> SqliteSettingsStore::Sections() const
 {
     return m_connection->Query<std::vector<Text>>(
