@@ -61,6 +61,13 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     cboVersion.accessibleName = u"Translation";
     Text1.accessibleName = u"Bible page";
     ProgressBar1.accessibleName = u"Progress of the page";
+    tmrStore.Enabled = false;
+    Listen();
+}
+
+/// The handlers.
+void frmBible::Listen()
+{
     TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
     txtVerse.KeyUp = [this](int keyCode, int) {
         if (keyCode == 13)
@@ -68,7 +75,6 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     };
     txtNotes.Change = [this] { txtNotes_Change(); };
     txtNotes.Typed = [this] { tmrStore.Enabled = true; };
-    tmrStore.Enabled = false;
     tmrStore.Tick = [this] { tmrStore_Timer(); };
     cboVersion.Click = [this] { cboVersion_Click(); };
     cmdOkay.Click = [this] { cmdOkay_Click(); };

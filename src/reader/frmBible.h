@@ -36,6 +36,7 @@ public:
     void StoreTyped() { tmrStore.Fire(); }
 
 private:
+    void Listen();
     void Form_Load() override;
     void Form_Resize() override; // in frmBible_layout.cpp
     void Form_Unload() override;

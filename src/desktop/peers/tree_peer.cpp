@@ -3,6 +3,7 @@
 #include "desktop/peers/convert.h"
 #include "desktop/peers/keys.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -17,8 +18,15 @@ public:
     std::function<void(QModelIndex const&)> chosen;
     std::function<void()> released;
     std::function<QString(QModelIndex const&)> tipOf;
+    std::function<QModelIndex()> broughtIntoView;
 
 protected:
+    void focusInEvent(QFocusEvent* event) override
+    {
+        if (event->reason() == Qt::OtherFocusReason)
+            ShowCurrent();
+        QTreeView::focusInEvent(event);
+    }
     bool viewportEvent(QEvent* event) override
     {
         if (event->type() != QEvent::ToolTip)
@@ -48,6 +56,22 @@ protected:
     }
 
 private:
+    /// Where keys begin can be seen: Qt would begin at the first node of all.
+    void ShowCurrent()
+    {
+        auto const isInView = [this](QModelIndex const& index) {
+            return index.isValid() && viewport()->rect().intersects(visualRect(index));
+        };
+        auto const current = currentIndex();
+        if (!current.isValid()) {
+            auto const wanted = broughtIntoView();
+            selectionModel()->setCurrentIndex(
+                isInView(wanted) ? wanted : indexAt({}), QItemSelectionModel::NoUpdate);
+        } else if (!isInView(current) && visualRect(current).isValid()) {
+            scrollTo(current);
+        }
+    }
+
     bool m_pressed = false;
 };
 
@@ -76,6 +100,10 @@ TreePeer::TreePeer(PeerContext& context, TreeView& control, QWidget& ground)
     });
     m_shown.chosen = [this](QModelIndex const& index) { Chosen(index); };
     m_shown.released = [this] { Act([](Input&) {}); };
+    m_shown.broughtIntoView = [this] {
+        Node const* const node = m_tree.EnsuredVisible();
+        return node ? m_model.IndexOf(*node) : QModelIndex();
+    };
     m_shown.tipOf = [this](QModelIndex const& index) { return TipOf(index); };
 }
 
