@@ -28,6 +28,7 @@ public:
     }
     Outcome<Done> Write(TextView, TextView, TextView) override { return Done {}; }
     Outcome<Done> DeleteSection(TextView, Backup const&) override { return Done {}; }
+    Outcome<std::vector<Entry>> InSection(TextView) const override { return std::vector<Entry>(); }
     Outcome<std::vector<Text>> Sections() const override { return std::vector<Text>(); }
     Outcome<std::vector<Entry>> All() const override { return std::vector<Entry>(); }
     Outcome<Done> WriteAll(std::vector<Entry> const&, Existing) override { return Done {}; }

@@ -53,6 +53,7 @@ frmContents::frmContents(Screen& screen, FileSystem& files, SettingsStore& setti
     txtDesc.accessibleName = u"Description of the study";
 
     TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
+    TreeView1.NodeToolTip = [this](Node const& node) { return ProgressOf(node); };
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
 }
 
@@ -100,9 +101,15 @@ void frmContents::Form_Resize()
     txtDesc.Height = XPContainer1.Height - txtDesc.Top - 50;
 }
 
+/// True for a part of a lesson, false for a lesson or a study.
+static bool IsPart(Node const& node)
+{
+    return Contains(node.Key(), u':');
+}
+
 void frmContents::TreeView1_NodeClick(Node& node)
 {
-    if (Contains(node.Key(), u':')) {
+    if (IsPart(node)) {
         OpenLesson(node.Key());
         return;
     }
@@ -138,6 +145,32 @@ void frmContents::OpenLesson(TextView studyKey)
     m_lesson.Show();
     if (m_lesson.IsLoaded())
         Unload(*this);
+}
+
+/// A line for each part that has answers, of a lesson or of the part itself; empty for a study.
+Text frmContents::ProgressOf(Node const& node) const
+{
+    if (IsPart(node))
+        return ProgressOfPart(node);
+    Text lines;
+    for (Node const* child : node.Children())
+        if (IsPart(*child))
+            if (Text const line = ProgressOfPart(*child); !line.empty())
+                lines += (lines.empty() ? u"" : u"\n") + line;
+    return lines;
+}
+
+/// "Part One: 7 pages answered, last at page 5"; empty if nothing is answered.
+Text frmContents::ProgressOfPart(Node const& part) const
+{
+    auto const [answered, lastPage] = m_lesson.ProgressOf(part.Key());
+    if (answered == 0)
+        return {};
+    Text line = Text(part.Caption()) + u": " + FromNumber(answered)
+        + (answered == 1 ? u" page answered" : u" pages answered");
+    if (lastPage)
+        line += u", last at page " + FromNumber(*lastPage);
+    return line;
 }
 
 void frmContents::mnuFileExit_Click()

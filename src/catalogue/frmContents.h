@@ -28,6 +28,8 @@ private:
     void mnuFileExit_Click();
     void ShowDescription(Node const& study);
     void OpenLesson(TextView studyKey);
+    Text ProgressOf(Node const& node) const;
+    Text ProgressOfPart(Node const& part) const;
 
     FileSystem& m_files;
     SettingsStore& m_settings;

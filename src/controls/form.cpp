@@ -81,6 +81,13 @@ float Form::TwipsPerUnit() const
     return scale == ScaleMode::Pixels ? twipsPerPixel : 1;
 }
 
+KeyShortcut const* Form::FindShortcut(int keyCode, int shift) const
+{
+    auto const found = std::find_if(shortcuts.begin(), shortcuts.end(),
+        [=](auto const& each) { return each.keyCode == keyCode && each.shift == shift; });
+    return found == shortcuts.end() ? nullptr : &*found;
+}
+
 void Form::Reset()
 {
     Control::Reset();

@@ -23,6 +23,13 @@ enum PointerShape : int {
     pointerCustom = 99
 };
 
+/// A key that does something wherever the focus is in the window, without a menu entry.
+struct KeyShortcut {
+    int keyCode; ///< the virtual key code, as KeyDown gives it
+    int shift; ///< exactly these modifiers: a sum of Shift values
+    Event pressed;
+};
+
 class Form : public Control {
 public:
     /// The size is that of the client area in its normal state, in the form's scale. `screen` and
@@ -65,6 +72,8 @@ public:
     /// The control that has the focus while the form is active; nothing if none has.
     Control* Focus() const { return m_focus; }
     float TwipsPerUnit() const override;
+    /// What the key does in this form; nothing if it is none of its shortcuts.
+    KeyShortcut const* FindShortcut(int keyCode, int shift) const;
 
     /// Called by the host alone: the window got this outer size, in twips, in this state. Runs
     /// Form_Resize if something changed, be it the frame alone.
@@ -121,6 +130,8 @@ public:
     /// outer, in twips, below which the user can't drag a window that isn't maximised; 0 for no
     /// limit
     Size smallest;
+    /// a shortcut of a menu entry with the same keys comes first
+    std::vector<KeyShortcut> shortcuts;
 
 private:
     friend class Control;

@@ -203,6 +203,14 @@ MenuEntry* Input::FindShortcut(Form& form, TextView shortcut) const
     return nullptr;
 }
 
+bool Input::PressShortcut(Form& form, int keyCode, int shift)
+{
+    auto const* const shortcut = form.FindShortcut(keyCode, shift);
+    return shortcut && Act(form, [this, &form, shortcut] {
+        m_screen.RunHandler(form, shortcut->pressed);
+    }).empty();
+}
+
 Refusal Input::Activate(Form& form)
 {
     return Act(form, [] {});

@@ -63,6 +63,9 @@ public:
     /// The menu entry with this shortcut, such as "Ctrl+X"; nothing if there is none or it is
     /// disabled.
     MenuEntry* FindShortcut(Form& form, TextView shortcut) const;
+    /// Presses a key of the form's own shortcuts, which is no other key for the control that has
+    /// the focus. False if the form has no such shortcut, or can't be acted on.
+    bool PressShortcut(Form& form, int keyCode, int shift);
 
     /// The user brought a form to the front.
     Refusal Activate(Form& form);

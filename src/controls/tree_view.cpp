@@ -140,6 +140,7 @@ Node& TreeView::Add(Node* parent, TextParts const& key, TextParts const& text, N
 void TreeView::Clear()
 {
     m_selected = nullptr;
+    m_ensuredVisible = nullptr;
     ++m_revision;
     if (!m_content->nodes.empty()) {
         m_content.reset();
@@ -161,6 +162,23 @@ void TreeView::Select(Node* node)
 {
     m_selected = node;
     ContentChanged();
+}
+
+void TreeView::EnsureVisible(Node& node)
+{
+    for (Node* parent = node.Parent(); parent; parent = parent->Parent())
+        parent->SetExpanded(true);
+    m_ensuredVisible = &node;
+    ++m_timesEnsured;
+    ContentChanged();
+}
+
+Text TreeView::ToolTipOf(Node const& node)
+{
+    Text tip;
+    if (NodeToolTip)
+        Raise(Event([&] { tip = NodeToolTip(node); }));
+    return tip;
 }
 
 void TreeView::Reset()

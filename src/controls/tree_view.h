@@ -184,11 +184,24 @@ public:
     Node* Selected() const { return m_selected; }
     void Select(Node* node);
 
+    /// Opens the parents of the node that are closed, and has the host scroll to it: the node and,
+    /// if it is open, as many of its children as there is room for come into view. The tree stays
+    /// where it is if they are in view already.
+    void EnsureVisible(Node& node);
+    /// The node of the last such call; nothing if the tree has been cleared since.
+    Node* EnsuredVisible() const { return m_ensuredVisible; }
+    /// How often that was called: a host that has seen this count has scrolled already.
+    unsigned TimesEnsured() const { return m_timesEnsured; }
+
     /// Sets the background of the whole tree, as the tree control's colour message does.
     void SetBackgroundColour(Colour colour) { BackColor = colour; }
 
     ImageList* Images = nullptr;
     std::function<void(Node& node)> NodeClick;
+    /// Gives the tool tip of a node, with LF between its lines; empty for none.
+    std::function<::Text(Node const& node)> NodeToolTip;
+    /// Asks for the tool tip, as an event of the form: when it is wanted, not before.
+    ::Text ToolTipOf(Node const& node);
 
     /// How often the tree has been cleared: a host that has seen this count and a number of nodes
     /// needs only the rest.
@@ -261,5 +274,7 @@ private:
     KeptBlocks m_blocks;
     std::unique_ptr<Content> m_content = std::make_unique<Content>(m_blocks);
     Node* m_selected = nullptr;
+    Node* m_ensuredVisible = nullptr;
+    unsigned m_timesEnsured = 0;
     unsigned m_revision = 0;
 };

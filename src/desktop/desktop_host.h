@@ -16,6 +16,7 @@
 class FormPeer;
 class Peer;
 class QEventLoop;
+class QKeyEvent;
 
 class DesktopHost final : public QObject, public Host {
 public:
@@ -70,6 +71,7 @@ private:
     void CatchUp();
     void QuitLoops();
     void WidgetFocused(QWidget* widget);
+    bool PressedShortcut(QKeyEvent const& key, Form& form);
     void MarkDirty(Control const& control, PropertyBase const* property);
     Peer* PeerOf(Control const& control) const;
     Peer* PeerOf(QWidget const* widget) const;

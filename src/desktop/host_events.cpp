@@ -3,8 +3,10 @@
 #include "controls/screen.h"
 #include "desktop/desktop_host.h"
 #include "desktop/peers/form_peer.h"
+#include "desktop/peers/keys.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QWidget>
 #include <QWindow>
 
@@ -59,10 +61,22 @@ bool DesktopHost::eventFilter(QObject* watched, QEvent* event)
     bool const isFree
         = !window->ParentForm().IsBusy() && m_context.input->Blocked(window->ParentForm()).empty();
     if (isFree)
-        return false;
+        return event->type() == QEvent::KeyPress && watched->isWidgetType()
+            && PressedShortcut(static_cast<QKeyEvent const&>(*event), window->ParentForm());
     // A widget would change itself before the model could refuse.
     event->setAccepted(event->type() != QEvent::ShortcutOverride);
     return true;
+}
+
+/// True if the key was a shortcut of the form: then no widget gets it.
+bool DesktopHost::PressedShortcut(QKeyEvent const& key, Form& form)
+{
+    int const keyCode = KeyCodeOf(key), shift = ShiftOf(key);
+    bool pressed = false;
+    if (form.FindShortcut(keyCode, shift))
+        m_context.Act(
+            form, [&](Input& input) { pressed = input.PressShortcut(form, keyCode, shift); });
+    return pressed;
 }
 
 void DesktopHost::WidgetFocused(QWidget* widget)

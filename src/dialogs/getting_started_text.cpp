@@ -59,7 +59,8 @@ static constexpr LongTextParagraph paragraphs[] = {
     { Numbered,
         u"7. *Keep going, at your own pace.* The progress bar shows how far you have come. You "
         u"may stop wherever you are and close the program; when you return to the lesson it "
-        u"opens at the page where you left it, with all your answers." },
+        u"opens at the page where you left it, with all your answers. Rest the mouse on a lesson "
+        u"in the list of studies to see what you have done in it." },
     { Numbered,
         u"8. *Take the next lesson.* When you have come to the end, open the *File* menu and "
         u"click on \u201cChoose Another Study\u201d. It takes you back to the list of studies, "
@@ -99,8 +100,9 @@ static constexpr LongTextParagraph paragraphs[] = {
         u"*The Bible reader.* Choose a chapter in the index, or write a reference in the box at "
         u"the top and press Enter: a book (\u201cRuth\u201d), a chapter (\u201cRuth 2\u201d), a "
         u"verse (\u201cJohn 3:16\u201d) or several (\u201cJohn 3:16-18\u201d, \u201cGen "
-        u"1:1-2:3\u201d). The list beside that box changes the translation, and the line at the "
-        u"bottom of the window tells which text you read." },
+        u"1:1-2:3\u201d). Alt and the left arrow key lead back to what you looked up before, Alt "
+        u"and the right one on again. The list beside that box changes the translation, and the "
+        u"line at the bottom of the window tells which text you read." },
     { Indented,
         u"*Notes.* The box on the right of the reader holds a note of your own for each chapter. "
         u"It is kept without a command and comes back with its chapter, in either translation. "

@@ -82,6 +82,15 @@ static Json Tree(Machine&, Arguments const& arguments)
     return { { "nodes", nodes } };
 }
 
+static Json Tip(Machine&, Arguments const& arguments)
+{
+    auto& tree = arguments.ControlOf<TreeView>(0);
+    Node const* const node = tree.Find(arguments.TextAt(1));
+    if (!node)
+        throw CommandError(arguments.StringAt(0) + " has no node " + arguments.StringAt(1));
+    return { { "text", ToJson(TextView(tree.ToolTipOf(*node))) } };
+}
+
 static Json Rich(Machine&, Arguments const& arguments)
 {
     auto const& box = arguments.ControlOf<RichTextBox>(0);
@@ -172,6 +181,7 @@ std::span<Command const> Questions()
         { "menus", 1, 1, Menus },
         { "dump", 1, 1, Dump },
         { "tree", 1, 1, Tree },
+        { "tip", 2, 2, Tip },
         { "rich", 1, 1, Rich },
         { "messages", 0, 0, Messages },
         { "page", 1, 1, Page },

@@ -195,6 +195,8 @@ Refusal Press(Input& input, Screen& screen, Control& target, int keyCode, int sh
         if (MenuEntry* entry = input.FindShortcut(form, shortcut))
             return input.Click(*entry);
     }
+    if (input.PressShortcut(form, keyCode, shift))
+        return {};
     if (!isForm)
         input.KeyDown(target, keyCode, shift);
     if (isForm ? input.Blocked(form).empty() : input.Blocked(target).empty())

@@ -88,6 +88,7 @@ void frmMain::ConnectHandlers()
     Command1.Click = [this] { Command1_Click(); };
     Command2.Click = [this] { Command2_Click(); };
     ctlScrollbar.Change = [this] { ctlScrollbar_Change(); };
+    ctlScrollbar.Scroll = [this] { TellPage(); };
     TreeView1.NodeClick = [this](Node& node) { ShowPassage(node); };
     TreeView2.NodeClick = [this](Node& node) { ShowPassage(node); };
     mnuFileSave.Click = [this] { mnuFileSave_Click(); };
@@ -118,6 +119,7 @@ void frmMain::ShowLessonPage(int page)
     Text3.Top = Text2.Height + 15 + Text2.Top + 90;
     Text3.Height = Image1.Top - Text3.Top;
     m_answerPage = ctlScrollbar.Value;
+    TellPage();
     Text3.Text = m_store.Fill(m_section, m_answerPage);
     StopStoreTimer();
     ShowSaved(false);
@@ -163,6 +165,13 @@ void frmMain::ctlScrollbar_Change()
     ProgressBar1.Min = ctlScrollbar.Min();
     ProgressBar1.Max = ctlScrollbar.Max();
     ProgressBar1.Value = ctlScrollbar.Value();
+}
+
+/// Also while the thumb is dragged, before the page is shown.
+void frmMain::TellPage()
+{
+    ctlScrollbar.ToolTipText
+        = u"Page " + FromNumber(ctlScrollbar.Value) + u" of " + FromNumber(ctlScrollbar.Max);
 }
 
 void frmMain::Image1_Click()

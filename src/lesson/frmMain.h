@@ -39,6 +39,9 @@ public:
     /// value.
     void SetStudy(TextView value);
 
+    /// What is done in a part of a lesson, by the store alone.
+    LessonProgress ProgressOf(TextView key) const;
+
     /// Writes the number of the page into a store that was begun anew, and all answers that it
     /// lacks.
     void RestoreInNewStore();
@@ -63,6 +66,7 @@ private:
     void AppendIntroduction();
     void Resume(TextView storedPage);
     void GiveUp(Failure const& failure);
+    Text SectionOf(TextView key) const;
 
     // The layout, in frmMain_layout.cpp.
     void Form_Resize() override;
@@ -79,6 +83,7 @@ private:
     void Command1_Click(); // "Next >"
     void Command2_Click(); // "< Prev"
     void ctlScrollbar_Change();
+    void TellPage();
     void Image1_Click();
     void Text3_GotFocus();
     void Text3_LostFocus();

@@ -35,6 +35,19 @@ static void IndentAll(RichTextBox& box)
     box.SelLength = 0;
 }
 
+Text frmMain::SectionOf(TextView key) const
+{
+    return m_store.SectionOf(key, [this](TextView file) {
+        auto const found = m_files.List(file); // which ignores case
+        return std::find(found.begin(), found.end(), file) != found.end();
+    });
+}
+
+LessonProgress frmMain::ProgressOf(TextView key) const
+{
+    return m_store.ProgressOf(SectionOf(key));
+}
+
 void frmMain::Form_Load()
 {
     Frame1.Visible = true;
@@ -42,10 +55,7 @@ void frmMain::Form_Load()
     answers.clear();
     m_answerPage = 0;
     m_store.ForgetBox();
-    m_section = m_store.SectionOf(studyKey, [this](TextView file) {
-        auto const found = m_files.List(file); // which ignores case
-        return std::find(found.begin(), found.end(), file) != found.end();
-    });
+    m_section = SectionOf(studyKey);
     Text4.BackColor = panelColor;
     Text2.BackColor = panelColor;
     Image2.BackColor = panelColor;

@@ -153,14 +153,21 @@ Outcome<Done> EditedTexts::RetryPending()
     return first;
 }
 
+std::vector<PendingText> EditedTexts::Pending() const
+{
+    std::vector<PendingText> pending;
+    for (auto const& [key, text] : m_pending)
+        pending.push_back(PendingOf(key, text));
+    return pending;
+}
+
 std::vector<PendingText> EditedTexts::Unstored(TextView boxText) const
 {
-    auto texts = m_pending;
-    if (m_box && (boxText != m_box->base || texts.contains(m_box->key)))
-        texts[m_box->key] = boxText;
-    std::vector<PendingText> unstored;
-    for (auto const& [key, text] : texts)
-        unstored.push_back(PendingOf(key, text));
+    auto unstored = Pending();
+    if (!m_box || (boxText == m_box->base && !m_pending.contains(m_box->key)))
+        return unstored;
+    std::erase_if(unstored, [&](auto const& text) { return text.key == m_box->key; });
+    unstored.push_back(PendingOf(m_box->key, boxText));
     return unstored;
 }
 

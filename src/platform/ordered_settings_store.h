@@ -33,6 +33,10 @@ public:
     {
         return InOrder().DeleteSection(section, backup);
     }
+    Outcome<std::vector<Entry>> InSection(TextView section) const override
+    {
+        return InOrder().InSection(section);
+    }
     Outcome<std::vector<Text>> Sections() const override { return InOrder().Sections(); }
     Outcome<std::vector<Entry>> All() const override { return InOrder().All(); }
     Outcome<Done> WriteAll(std::vector<Entry> const& entries, Existing existing) override

@@ -38,6 +38,8 @@ public:
     /// No failure if there is no such section.
     virtual Outcome<Done> DeleteSection(TextView section, Backup const& backup) = 0;
 
+    /// What a section holds, ordered by key; empty if there is no such section.
+    virtual Outcome<std::vector<Entry>> InSection(TextView section) const = 0;
     /// The names of all sections.
     virtual Outcome<std::vector<Text>> Sections() const = 0;
 

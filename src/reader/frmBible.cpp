@@ -62,6 +62,13 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     cboVersion.accessibleName = u"Translation";
     Text1.accessibleName = u"Bible page";
     ProgressBar1.accessibleName = u"Progress of the page";
+    tmrStore.Enabled = false;
+    Listen();
+}
+
+/// The handlers.
+void frmBible::Listen()
+{
     TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
     txtVerse.KeyUp = [this](int keyCode, int) {
         if (keyCode == keyEnter)
@@ -69,7 +76,6 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     };
     txtNotes.Change = [this] { txtNotes_Change(); };
     txtNotes.Typed = [this] { tmrStore.Enabled = true; };
-    tmrStore.Enabled = false;
     tmrStore.Tick = [this] { tmrStore_Timer(); };
     cboVersion.Click = [this] { cboVersion_Click(); };
     cmdOkay.Click = [this] { cmdOkay_Click(); };
@@ -77,6 +83,8 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     cmdNext.Click = [this] { cmdNext_Click(); };
     cmdPrint.Click = [this] { cmdPrint_Click(); };
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+    shortcuts = { { keyLeft, altHeld, [this] { GoThroughHistory(-1); } },
+        { keyRight, altHeld, [this] { GoThroughHistory(1); } } };
 }
 
 void frmBible::Form_Load()
@@ -84,6 +92,8 @@ void frmBible::Form_Load()
     cmdNext.Enabled = false;
     cmdPrev.Enabled = false;
     m_noteFile.reset();
+    m_history.clear();
+    m_place = 0;
     // There are two translations; a stored word that names neither counts as the second.
     translation = ReadSetting(m_settings, settingsSection, u"translation", u"kjv") == u"kjv"
         ? u"kjv"
@@ -98,10 +108,11 @@ void frmBible::Form_Load()
     Text const notes = NotesFolder(driveLetter);
     EnsureFolder(notes.substr(0, notes.rfind(u'\\')));
     EnsureFolder(notes);
-    ShowPage(EmptyPage(m_files.ApplicationFolder()));
+    ShowPage(EmptyPage(m_files.ApplicationFolder()), {});
     // Its click brings up the page of the last reference.
     cboVersion.ListIndex = translation == u"kjv" ? 0 : 1;
     StatusBar1.Panel1 = Capitals(translation);
+    SelectReference();
 }
 
 void frmBible::Form_Unload()
@@ -173,8 +184,16 @@ int frmBible::FindBook(Text& book)
 void frmBible::ExpandBookNode(TextView name)
 {
     Text const wanted = ToLower(name);
-    for (Node& node : TreeView1.Nodes())
-        node.SetExpanded(ToLower(node.Caption()) == wanted);
+    Node* opened = nullptr;
+    for (Node& node : TreeView1.Nodes()) {
+        bool const isWanted = ToLower(node.Caption()) == wanted;
+        if (isWanted && !node.Expanded())
+            opened = &node;
+        node.SetExpanded(isWanted);
+    }
+    // In a book that stands open the user may have scrolled to a chapter.
+    if (opened)
+        TreeView1.EnsureVisible(*opened);
 }
 
 void frmBible::SetTranslation(TextView identifier)
@@ -218,6 +237,9 @@ void frmBible::TreeView1_NodeClick(Node& node)
     txtVerse.Text = Text(node.Key());
     TreeView1.Select(&node);
     cmdOkay_Click();
+    // Books that were closed above the node have moved it.
+    if (IsLoaded() && TreeView1.Selected() == &node)
+        TreeView1.EnsureVisible(node);
 }
 
 void frmBible::cboVersion_Click()
@@ -241,4 +263,27 @@ void frmBible::cmdNext_Click()
 void frmBible::mnuFileExit_Click()
 {
     Unload(*this);
+}
+
+/// The reference that was found is a new one of the history, and what was ahead of the one before
+/// goes. The same again, such as in another translation, is none.
+void frmBible::Remember()
+{
+    // A box too short to be looked up again stands for the whole book that it found.
+    Text const& reference = txtVerse.Text().size() < 2 ? bookName : txtVerse.Text();
+    if (!m_history.empty() && m_history[m_place] == reference)
+        return;
+    m_history.resize(std::min(m_history.size(), m_place + 1));
+    m_history.push_back(reference);
+    m_place = m_history.size() - 1;
+}
+
+/// The place moves also if the lookup fails, so that the next step leads past such a reference.
+void frmBible::GoThroughHistory(int step)
+{
+    if (step < 0 ? m_place == 0 : m_place + 1 >= m_history.size())
+        return;
+    m_place = step < 0 ? m_place - 1 : m_place + 1;
+    txtVerse.Text = m_history[m_place];
+    LookUp();
 }

@@ -20,6 +20,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 class frmBible final : public Form {
 public:
@@ -35,6 +36,7 @@ public:
     void StoreTyped() { tmrStore.Fire(); }
 
 private:
+    void Listen();
     void Form_Load() override;
     void Form_Resize() override; // in frmBible_layout.cpp
     void Form_Unload() override;
@@ -47,6 +49,8 @@ private:
     void cmdPrev_Click();
     void cmdNext_Click();
     void mnuFileExit_Click();
+    void GoThroughHistory(int step); // -1 back, 1 on
+    void Remember();
     void ForEachIndexLine(std::function<void(TextView line)> const& take);
     void ExpandBookNode(TextView name);
     void SetTranslation(TextView identifier);
@@ -56,9 +60,11 @@ private:
 
     // The lookup, the page and the notes, in frmBible_lookup.cpp.
     void cmdOkay_Click(); // "Find Verse"
+    bool LookUp();
     void NormaliseBox();
     bool BuildChapterPage(int bookNumber, WantedVerses const& wanted);
-    void ShowPage(TextView html);
+    void ShowPage(TextView html, TextView missing);
+    void SelectReference();
     bool ShouldContinue() const;
     void EnsureFolder(TextView path);
     void SaveNotes(bool tell);
@@ -81,6 +87,9 @@ private:
     Text verse; // of that reference as typed, empty for a whole chapter
     Text chapterCount; // of the current book, as in the index
     std::optional<Text> m_noteFile; // of the note in the box; nothing if no note has been loaded
+    // the references found in this opening, and the place of the one on show
+    std::vector<Text> m_history;
+    std::size_t m_place = 0;
 
     Menu mnuFile { *this, "mnuFile", u"&File" };
     MenuEntry mnuFileExit { *this, mnuFile, "mnuFileExit", u"E&xit" };

@@ -4,6 +4,7 @@
 #include "base/nearest_code_page.h"
 #include "base/rounding.h"
 #include "bible/book_file.h"
+#include "bible/not_in_book.h"
 #include "bible/note_file.h"
 #include "controls/screen.h"
 #include "platform/settings.h"
@@ -21,28 +22,47 @@ bool frmBible::ShouldContinue() const
 
 void frmBible::cmdOkay_Click()
 {
+    if (LookUp())
+        Remember();
+}
+
+/// True if the reference was found.
+bool frmBible::LookUp()
+{
     if (txtVerse.Text().size() < 2)
-        return;
+        return false;
     SaveNotes(true);
     txtNotes.Locked = true; // What is typed until the next note is loaded would get into that one.
     NormaliseBox();
-    auto const wanted = ReadWantedVerses(txtVerse.Text());
+    Text const reference = txtVerse.Text;
+    auto const wanted = ReadWantedVerses(reference);
     // With a number that can't be read, the text isn't a reference to any book.
-    Text book = wanted.isReadable ? GetBookName(txtVerse.Text()) : ToLower(txtVerse.Text());
+    Text book = wanted.isReadable ? GetBookName(reference) : ToLower(reference);
     int const bookNumber = wanted.isReadable ? FindBook(book) : 0;
     if (!ShouldContinue())
-        return;
+        return false;
     ExpandBookNode(book);
     if (bookNumber == 0) {
         txtVerse.Text = u"";
         txtNotes.Locked = !m_noteFile;
-        return;
+        StatusBar1.Panel2 = AboutTranslation();
+        return false;
     }
     bookName = book;
     if (!BuildChapterPage(bookNumber, wanted))
-        return;
+        return false;
     WriteSetting(m_settings, u"biblereader", u"search", txtVerse.Text());
     LoadNotes();
+    if (txtVerse.Text() == reference)
+        SelectReference();
+    return true;
+}
+
+/// So that the next reference can be typed over it.
+void frmBible::SelectReference()
+{
+    txtVerse.SelStart = 0;
+    txtVerse.SelLength = static_cast<int>(txtVerse.Text().size());
 }
 
 void frmBible::NormaliseBox()
@@ -81,13 +101,14 @@ bool frmBible::BuildChapterPage(int bookNumber, WantedVerses const& wanted)
     auto const page = ::BuildChapterPage(
         bookFile, { m_files.ApplicationFolder(), translation == u"nasb", wanted }, listener);
     if (page)
-        ShowPage(*page);
+        ShowPage(*page, NotInBook({ bookName, chapterCount }, wanted, bookFile));
     MousePointer = pointerDefault;
     ProgressBar1.Visible = false;
     return page.has_value();
 }
 
-void frmBible::ShowPage(TextView html)
+/// `missing` is what there is to say of the reference, empty for nothing.
+void frmBible::ShowPage(TextView html, TextView missing)
 {
     auto bytes = ToCodePage(html);
     auto const& page = bytes ? *bytes : ToNearestCodePage(html).bytes;
@@ -98,8 +119,10 @@ void frmBible::ShowPage(TextView html)
         EnsureFolder(folder);
         written = m_files.WriteTemporary(pagePath, page);
     }
-    StatusBar1.Panel2
-        = written ? AboutTranslation() : u"The page can't be shown: " + written.failure().Message();
+    if (!written)
+        StatusBar1.Panel2 = u"The page can't be shown: " + written.failure().Message();
+    else
+        StatusBar1.Panel2 = missing.empty() ? AboutTranslation() : Text(missing);
     if (written)
         Text1.Navigate(u"file://" + pagePath);
     UpdateChapterButtons();

@@ -91,12 +91,28 @@ static void Enter(std::vector<SettingsStore::Entry>& stored, PendingText const& 
         found->value = pending.FullText(found->value);
 }
 
-/// True if any of the entries is an answer with more than white space in it.
-static bool HoldWords(std::vector<SettingsStore::Entry> const& entries)
+/// True for an answer with more than white space in it.
+static bool HoldsWords(SettingsStore::Entry const& entry)
 {
-    return std::any_of(entries.begin(), entries.end(), [](auto const& entry) {
-        return IsAnswerKey(entry.key) && entry.value.find_first_not_of(u" \t\r\n") != Text::npos;
-    });
+    return IsAnswerKey(entry.key) && entry.value.find_first_not_of(u" \t\r\n") != Text::npos;
+}
+
+LessonProgress AnswerStore::ProgressOf(TextView section) const
+{
+    auto const stored = m_settings.InSection(section);
+    auto entries = stored ? *stored : std::vector<SettingsStore::Entry>();
+    for (PendingText const& pending : m_texts.Pending())
+        if (pending.key.first == section)
+            Enter(entries, pending);
+    LessonProgress progress;
+    for (auto const& entry : entries)
+        if (entry.key == currentPageKey)
+            progress.lastPage = ToInteger(entry.value);
+        else
+            progress.answered += HoldsWords(entry);
+    if (progress.lastPage < 1)
+        progress.lastPage.reset();
+    return progress;
 }
 
 Outcome<Done> AnswerStore::DeleteLesson(TextView section, TextView text)
@@ -106,7 +122,8 @@ Outcome<Done> AnswerStore::DeleteLesson(TextView section, TextView text)
         for (PendingText const& pending : m_texts.Unstored(text))
             if (pending.key.first == section)
                 Enter(all, pending);
-        return HoldWords(all) ? all : std::vector<SettingsStore::Entry>();
+        bool const holdWords = std::any_of(all.begin(), all.end(), HoldsWords);
+        return holdWords ? all : std::vector<SettingsStore::Entry>();
     });
     if (!deleted)
         return deleted;

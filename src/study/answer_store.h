@@ -10,9 +10,16 @@
 #include "platform/settings_store.h"
 #include "platform/writer.h"
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
+
+/// What is done in one part of a lesson.
+struct LessonProgress {
+    int answered = 0; ///< pages with an answer of more than white space
+    std::optional<std::int64_t> lastPage; ///< the page last shown; nothing if none is stored
+};
 
 class AnswerStore : private TextStorage {
 public:
@@ -48,6 +55,9 @@ public:
     Text CurrentPage(TextView section) const;
     /// Fails silently.
     void SetCurrentPage(TextView section, TextView page);
+
+    /// By what is stored and what waits to be stored. What can't be read counts as missing.
+    LessonProgress ProgressOf(TextView section) const;
 
     /// Removes all answers and the page of a lesson, pending ones included; the base of the box
     /// becomes empty. If there are any words among them, or in the box, which shows `text`, all is

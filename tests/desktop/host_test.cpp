@@ -148,6 +148,28 @@ TEST_F(DesktopTest, EnterAndEscapePressTheFormsButtons)
     }
 }
 
+TEST_F(DesktopTest, AShortcutOfTheFormWorksWhereverTheFocusIs)
+{
+    int pressed = 0;
+    form.shortcuts
+        = { { 37, altHeld, [&] { ++pressed; } }, { 'K', controlHeld, [&] { ++pressed; } } };
+    Open();
+    form.line.Text = u"text";
+    form.line.SelStart = 2;
+    for (Control* control : std::initializer_list<Control*> { &form.answer, &form.line, &form.next,
+             &form.tick, &form.lamp, &form.bar, &form.tree, &form.list, &form.passage }) {
+        control->SetFocus();
+        host.HandlersEnded();
+        form.TakeLog();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left, Qt::AltModifier);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_K, Qt::ControlModifier);
+        EXPECT_EQ(std::exchange(pressed, 0), 2) << control->Name();
+    }
+    EXPECT_EQ(form.line.Text(), u"text") << "which a box would delete to its end";
+    QTest::keyClick(&Shown(form), Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(pressed, 1);
+}
+
 TEST_F(DesktopTest, ALetterWithAltIsNoText)
 {
     Open();

@@ -4,11 +4,14 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTextDocumentFragment>
 #include <QTextEdit>
+#include <QToolTip>
 #include <QTreeView>
 
 TEST_F(DesktopTest, EveryWidgetBearsItsControlsNameAndPlace)
@@ -182,6 +185,53 @@ TEST_F(DesktopTest, TreeFollowsItsNodesAndReportsClicksAndSigns)
     form.tree.Clear();
     host.HandlersEnded();
     EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST_F(DesktopTest, ATreeScrollsToANodeAndShowsItsTipAndANameThatIsCutOff)
+{
+    Open();
+    for (int book = 1; book <= 40; ++book) {
+        Node& parent = form.tree.Add(FromNumber(book), u"Book");
+        for (int chapter = 1; chapter <= 3; ++chapter)
+            form.tree.Add(parent, FromNumber(book) + u"." + FromNumber(chapter), u"Chapter");
+    }
+    form.tree.Add(u"long", Text(100, u'w'));
+    form.tree.NodeToolTip
+        = [](Node const& node) { return node.Key() == u"30" ? Text(u"2 < 3\nno more") : Text(); };
+    host.HandlersEnded();
+    auto& tree = Shown<QTreeView>(form.tree);
+    auto const rect = [&](TextView key) {
+        return tree.visualRect(tree.model()->index(form.tree.Find(key)->Row(), 0));
+    };
+    auto const tip = [&](TextView key) {
+        auto const place = QPoint(30, rect(key).center().y());
+        QHelpEvent event(QEvent::ToolTip, place, tree.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(tree.viewport(), &event);
+        auto const text = QToolTip::text();
+        return (
+            Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text)
+            .toStdString();
+    };
+    Node& book = *form.tree.Find(u"30");
+    book.SetExpanded(true);
+    form.tree.EnsureVisible(book);
+    host.HandlersEnded();
+    auto const shown = rect(u"30");
+    EXPECT_TRUE(tree.viewport()->rect().contains(QPoint(5, shown.bottom() + 3 * shown.height())))
+        << "the node and its children";
+    EXPECT_EQ(tip(u"29"), "");
+    EXPECT_EQ(tip(u"30"), "2 < 3\nno more");
+    EXPECT_EQ(tree.indexAt(shown.center()).data(Qt::AccessibleDescriptionRole).toString(),
+        "2 < 3\nno more");
+    tree.verticalScrollBar()->setValue(0);
+    form.tree.Select(form.tree.Find(u"1"));
+    host.HandlersEnded();
+    EXPECT_EQ(tree.verticalScrollBar()->value(), 0) << "once for each call";
+    form.tree.EnsureVisible(*form.tree.Find(u"long"));
+    host.HandlersEnded();
+    EXPECT_EQ(tip(u"long"), std::string(100, 'w'));
+    Unload(form);
+    Settle();
 }
 
 TEST_F(DesktopTest, TreeTakesManyNodesQuickly)

@@ -92,4 +92,11 @@ TEST_F(KeyboardTest, TabShortcutsAndDefaultButtonsAct)
     Strike('E', controlHeld);
     Strike(enter);
     EXPECT_THAT(TakeLog(), testing::ElementsAre("a.entry click", "a.button click"));
+    a.first.KeyUp = [this](int keyCode, int) { a.Write("first up " + std::to_string(keyCode)); };
+    a.shortcuts = { { left, altHeld, [this] { a.Write("back"); } } };
+    Strike(left, altHeld);
+    Strike(left, altHeld | shiftHeld);
+    a.Enabled = false;
+    EXPECT_EQ(Press(input, screen, a, left, altHeld), "a is disabled");
+    EXPECT_THAT(TakeLog(), testing::ElementsAre("a.back", "a.first up 37"));
 }

@@ -259,6 +259,122 @@ TEST_F(BibleTest, TheStatusBarTellsWhatTextStandsInATranslationsPlace)
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
+TEST_F(BibleTest, TheStatusBarTellsOfAChapterOrVerseThatTheBookLacks)
+{
+    struct Row {
+        TextView reference;
+        char const* panel;
+    } const rows[] = {
+        { u"John 99", "John has 4 chapters" },
+        { u"John 0", "John has 4 chapters" },
+        { u"john 99:1", "John has 4 chapters" },
+        { u"John 4:17", "John 4 has 16 verses" },
+        { u"Jo 02:16, 17", "Job 2 has 16 verses" },
+        { u"John 3:10-99", "John 3 has 16 verses" },
+        { u"John 3:0", "John 3 has 16 verses" },
+        { u"Jude 5", "Jude has 1 chapter. For the verse type Jude 1:5" },
+        { u"Jude 5:1", "Jude has 1 chapter" },
+        { u"Jude 0", "Jude has 1 chapter" },
+        { u"Jude 1:16", "" },
+        { u"John 3:2-16", "" },
+        { u"John 4:17", "John 4 has 16 verses" },
+        { u"Nobody 4:17", "" },
+        { u"..\\evil 1:17", "..\\Evil 1 has 16 verses" },
+        { u"Genesis", "" },
+    };
+    OpenReader();
+    for (auto const& row : rows) {
+        LookUp(row.reference);
+        EXPECT_EQ(Panel("Panel2"), row.panel) << ToUtf8(row.reference);
+    }
+    files.Put(u"/app\\biblekjv.about", "The Version");
+    LookUp(u"Job 9");
+    EXPECT_EQ(Panel("Panel2"), "Job has 2 chapters") << "before the line about the text";
+    LookUp(u"Nobody 9");
+    EXPECT_EQ(Panel("Panel2"), "The Version");
+    files.unwritable = u"C:\\Temp";
+    LookUp(u"Job 9");
+    EXPECT_TRUE(Panel("Panel2").starts_with("The page can't be shown: ")) << Panel("Panel2");
+}
+
+TEST_F(BibleTest, TheReferenceIsSelectedToBeTypedOver)
+{
+    OpenReader();
+    Write(box, u"job 2\r");
+    Write(box, u"jude\r");
+    EXPECT_EQ(State(), "Jude | k-Jude-1:1 k-Jude-1:16 | Jude | Notes for Jude |  | -, -");
+    Node(tree, u"1 john 2");
+    Write(box, u"John 4:1\r");
+    EXPECT_EQ(Shown(), "k-John-4:1");
+    Write(box, u"J\r"); // does nothing at all, so the caret stays behind the letter
+    Write(box, u"ob 1\r");
+    EXPECT_EQ(Shown(), "k-Job-1:1 k-Job-1:16");
+    // What is put into the box while a lookup is at work stays as it is.
+    host.onTurn = [&] { Get<TextBox>(box).Text = u"Jude 1:1"; };
+    host.turns.Arm(7);
+    LookUp(u"John 4");
+    EXPECT_EQ(TextOf(box), u"Jude 1:1");
+    EXPECT_EQ(Get<TextBox>(box).SelLength, 0);
+    Store(u"search", u"J");
+    CloseReader();
+    Store(u"search", u"J");
+    OpenReader();
+    Write(box, u"Jude\r");
+    EXPECT_EQ(Shown(), "k-Jude-1:1 k-Jude-1:16");
+}
+
+TEST_F(BibleTest, AltAndAnArrowGoThroughTheReferencesFound)
+{
+    constexpr int back = 37, on = 39;
+    OpenReader();
+    auto const go = [&](int key, std::string_view path = "frmBible.txtNotes") {
+        EXPECT_EQ(Press(input, screen, Get(path), key, altHeld), "");
+        return ToUtf8(TextOf(box)) + " | " + Shown();
+    };
+    EXPECT_EQ(go(back), "John 3:16 | k-John-3:16") << "nothing before it";
+    LookUp(u"jude  1:1");
+    Node(tree, u"1 john 2");
+    Translate(1); // no such book there
+    EXPECT_EQ(TextOf(box), u"");
+    Translate(0);
+    EXPECT_EQ(go(back, tree), "Jude 1:1 | k-Jude-1:1");
+    Translate(1); // the same reference adds nothing
+    EXPECT_EQ(Shown(), "n-Jude-1:1");
+    EXPECT_EQ(go(on, "frmBible.cboVersion"), " | n-Jude-1:1");
+    Translate(0);
+    EXPECT_EQ(go(on), " | n-Jude-1:1") << "nothing ahead of it";
+    EXPECT_EQ(go(back), "Jude 1:1 | k-Jude-1:1");
+    EXPECT_EQ(go(back, box), "John 3:16 | k-John-3:16");
+    EXPECT_EQ(settings.Value(u"biblereader", u"search"), u"John 3:16");
+    EXPECT_EQ(go(on), "Jude 1:1 | k-Jude-1:1");
+    LookUp(u"  "); // found, but too short to be looked up again
+    EXPECT_EQ(go(on).substr(0, 3), " | ") << "what was ahead is gone";
+    EXPECT_EQ(go(back), "Jude 1:1 | k-Jude-1:1");
+    EXPECT_EQ(go(on).substr(0, 23), "Genesis | k-Genesis-1:1");
+    LookUp(u"Nobody 1");
+    EXPECT_EQ(go(back), "Jude 1:1 | k-Jude-1:1") << "from the reference last found";
+    CloseReader();
+    OpenReader();
+    EXPECT_EQ(go(back), "Jude 1:1 | k-Jude-1:1") << "each opening has its own";
+}
+
+TEST_F(BibleTest, TheTreeGoesToTheBookThatALookupOpens)
+{
+    OpenReader();
+    auto& books = Get<TreeView>(tree);
+    auto const seen
+        = [&] { return books.EnsuredVisible() ? ToUtf8(books.EnsuredVisible()->Key()) : "(none)"; };
+    EXPECT_EQ(seen(), "john");
+    LookUp(u"Jude");
+    EXPECT_EQ(seen(), "jude");
+    auto const times = books.TimesEnsured();
+    LookUp(u"Jude 1:1");
+    LookUp(u"Nobody 1");
+    EXPECT_EQ(books.TimesEnsured(), times) << "nothing opened";
+    Node(tree, u"1 john 2");
+    EXPECT_EQ(seen(), "1 john 2") << "books above it have been closed";
+}
+
 TEST_F(BibleTest, ALookupDoesNotWaitForTheDisk)
 {
     OpenReader();

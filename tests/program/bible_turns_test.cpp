@@ -67,6 +67,11 @@ TEST(BusyBible, EndsWhereTheLastActionLeads)
             "John 4 | n-John-4:1 n-John-4:16 | John | Notes for John 4 | four | John 3, John 5" },
         { { "a click on a button", [](BibleFixture& run) { run.Click("frmBible.cmdPrev"); } },
             "John 3 | k-John-3:1 k-John-3:16 | John | Notes for John 3 | three | John 2, John 4" },
+        { { "a step back",
+              [](BibleFixture& run) {
+                  EXPECT_EQ(Press(run.input, run.screen, run.FormOf("frmBible"), 37, altHeld), "");
+              } },
+            "John 3:16 | k-John-3:16 | John | Notes for John 3 | three | John 2, John 4" },
         { { "typing in the notes",
               [](BibleFixture& run) {
                   static_cast<void>(run.Change(BibleFixture::notes, u"three and more"));

@@ -132,3 +132,52 @@ TEST_F(StudyTest, TheCatalogueIsLeftForTheLessonAndComesBackCollapsed)
     Click("frmContents.mnuFileExit");
     EXPECT_TRUE(screen.Ended());
 }
+
+TEST_F(StudyTest, ALessonTellsWhatIsDoneInItWhenItIsAsked)
+{
+    struct {
+        char const* about;
+        std::vector<SettingsStore::Entry> stored;
+        char const* ofLesson;
+        char const* ofPartOne;
+    } const rows[] = {
+        { "never opened", {}, "", "" },
+        { "opened only",
+            { { u"james-1.dat:1", u"currentindex", u"3" }, { u"james-1.dat:1", u"Page1", u"" },
+                { u"james-1.dat:1", u"Page2", u" \r\n" } },
+            "", "" },
+        { "one answer, of another lesson too",
+            { { u"james-1.dat:1", u"currentindex", u"2" }, { u"james-1.dat:1", u"Page1", u"a" },
+                { u"james-1.dat:10", u"Page1", u"a" }, { u"james-1.dat:2", u"Page1", u"a" } },
+            "Part One: 1 page answered, last at page 2",
+            "Part One: 1 page answered, last at page 2" },
+        { "both parts",
+            { { u"james-1.dat:1", u"currentindex", u"5" }, { u"james-1.dat:1", u"Page1", u"a" },
+                { u"james-1.dat:1", u"Page10", u"b" }, { u"james-2.dat:1", u"Page2", u"c" },
+                { u"james-2.dat:1", u"currentindex", u"none" } },
+            "Part One: 2 pages answered, last at page 5\nPart Two: 1 page answered",
+            "Part One: 2 pages answered, last at page 5" },
+        { "stored under a name in capitals",
+            { { u"JAMES-2.DAT:1", u"Page1", u"a" }, { u"JAMES-2.DAT:1", u"currentindex", u"1" } },
+            "Part Two: 1 page answered, last at page 1", "" },
+    };
+    Start();
+    auto& tree = Get<TreeView>("frmContents.TreeView1");
+    files.Remove(u"james-2.dat"); // which is not opened here
+    for (auto const& row : rows) {
+        auto const before = settings.All();
+        for (auto const& entry : *before)
+            ASSERT_TRUE(settings.DeleteSection(entry.section, SettingsStore::NoBackup));
+        ASSERT_TRUE(settings.WriteAll(row.stored, SettingsStore::Existing::Goes));
+        EXPECT_EQ(ToUtf8(tree.ToolTipOf(*tree.Find(u"james-1.dat1"))), row.ofLesson) << row.about;
+        EXPECT_EQ(ToUtf8(tree.ToolTipOf(*tree.Find(u"james-1.dat:1"))), row.ofPartOne) << row.about;
+        EXPECT_EQ(tree.ToolTipOf(*tree.Find(u"james-1.dat")), u"") << "of a study";
+    }
+    settings.failing = true;
+    EXPECT_EQ(tree.ToolTipOf(*tree.Find(u"james-1.dat1")), u"");
+    settings.failing = false;
+    auto const calls = settings.Calls();
+    Unload(FormOf("frmContents"));
+    FormOf("frmContents").Show();
+    EXPECT_EQ(settings.Calls(), calls) << "building the tree asks for nothing";
+}

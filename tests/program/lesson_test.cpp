@@ -45,6 +45,8 @@ TEST_F(StudyTest, PagesShowByTheirLabelsAndTexts)
         EXPECT_EQ(TextOf("frmMain.Text2"), row.text) << row.page;
         EXPECT_EQ(settings.Value(u"james-1.dat:1", u"currentindex"), FromNumber(row.page));
         EXPECT_EQ(Get("frmMain.Command2").Enabled, row.page > 1) << row.page;
+        EXPECT_EQ(
+            Get("frmMain.ctlScrollbar").ToolTipText(), u"Page " + FromNumber(row.page) + u" of 5");
     }
     auto const& text2 = Get("frmMain.Text2");
     auto const& text3 = Get("frmMain.Text3");

@@ -175,6 +175,7 @@ TEST_F(AnswerStoreTest, KeepsWhatCannotBeStoredAndTellsOnce)
     EXPECT_EQ(Fill(1), u"first, changed");
     EXPECT_FALSE(answers.Save(u"first, changed")) << "who asks for it is told";
     EXPECT_FALSE(answers.RetryPending());
+    EXPECT_EQ(answers.ProgressOf(lesson).answered, 2);
 
     store.unwritable = false;
     EXPECT_FALSE(Answer(3, u"third"));

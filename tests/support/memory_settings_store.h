@@ -57,6 +57,16 @@ public:
         std::erase_if(m_values, [&](auto const& entry) { return entry.first.first == section; });
         return Done {};
     }
+    Outcome<std::vector<Entry>> InSection(TextView section) const override
+    {
+        if (CantRead())
+            return Unusable();
+        std::vector<Entry> entries;
+        for (auto const& [place, value] : m_values)
+            if (place.first == section)
+                entries.push_back({ place.first, place.second, value });
+        return entries;
+    }
     Outcome<std::vector<Text>> Sections() const override
     {
         if (CantRead())

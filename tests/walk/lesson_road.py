@@ -83,12 +83,14 @@ def walk():
     next_page()
     answer_page(answers[2])
     next_page()
+    bar = control("frmMain", "ctlScrollbar")
+    rest_on(bar, x=60)
     shot("6-page")
+    expect(bar.get_description().startswith("Page 4 of "), "the tip of the page bar tells the page")
     passages = control("frmMain", "TreeView1")
     last = [node for node in children(passages) if node.get_name()][-1]
     click(last, x=12)
     shot("7-passage")
-    bar = control("frmMain", "ctlScrollbar")
     box = Atspi.Component.get_extents(bar, Atspi.CoordType.SCREEN)
     run("xdotool", "mousemove", "--sync", int(box.x + box.width / 2), int(box.y + box.height / 2))
 
@@ -112,13 +114,18 @@ def walk():
     for part, same in (("Part Two", False), ("Part One", True)):
         click_item("frmContents", "TreeView1", title)
         tree = control("frmContents", "TreeView1")
-        click(
-            wait(
-                lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)),
-                "lesson 1",
-            ),
-            x=12,
+        lesson = wait(
+            lambda: search(tree, lambda n: n.get_name().startswith("Lesson 1:") and showing(n)),
+            "lesson 1",
         )
+        if not same:
+            rest_on(lesson, x=12)
+            shot("8-done")
+            expect(
+                lesson.get_description() == "Part One: 3 pages answered, last at page 2",
+                "the tip of the lesson tells what is done in it",
+            )
+        click(lesson, x=12)
         click_item("frmContents", "TreeView1", part)
         wait(lambda: is_active("frmMain") and control("frmMain", "Text3", True), part)
         time.sleep(0.5)

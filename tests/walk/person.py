@@ -226,6 +226,19 @@ def click(node, x=None):
     )
 
 
+def rest_on(node, x):
+    """Rests the mouse on it until its tool tip is up."""
+    box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+    run(
+        "xdotool",
+        "mousemove",
+        "--sync",
+        int(scale * (box.x + x)),
+        int(scale * (box.y + box.height / 2)),
+    )
+    time.sleep(1.2)
+
+
 def item(form, tree, name):
     """The visible node of a tree with this text."""
 

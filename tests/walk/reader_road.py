@@ -33,6 +33,10 @@ def message_is_up():
     return any(window.get_name() == "Sparrowfield" and takes_keys(window) for window in windows())
 
 
+def status_says(text):
+    return search(window_of("frmBible"), lambda node: node.get_name() == text and showing(node))
+
+
 def note_caption():
     return control("frmBible", "XPContainer4").get_name()
 
@@ -44,6 +48,38 @@ def walk():
     open_reader()
     shot("d-reader")
     expect("For God so loved the world" in page(), "the reader opens with John 3:16")
+    type_text("Luke 2")
+    keys("Return")
+    wait(
+        lambda: "the world should be taxed" in page(),
+        "Luke 2, typed over the reference at the opening",
+    )
+    type_text("Mark 1")
+    keys("Return")
+    expect_soon(
+        lambda: "The beginning of the gospel" in page(), "a reference is typed over the one before"
+    )
+    expect(item("frmBible", "TreeView1", "Mark"), "the tree scrolls to its book")
+    shot("d-typed-over")
+    click(control("frmBible", "txtNotes"))
+    keys("alt+Left")
+    wait(lambda: "the world should be taxed" in page(), "Luke 2 by Alt+Left")
+    click(control("frmBible", "Text1"))
+    keys("alt+Left")
+    wait(lambda: "For God so loved the world" in page(), "John 3:16 by Alt+Left once more")
+    keys("alt+Right", "alt+Right", "alt+Right")
+    expect_soon(
+        lambda: "The beginning of the gospel" in page() and "taxed" not in page(),
+        "Alt+Left and Alt+Right go through the references, wherever the focus is",
+    )
+    for reference, said in (
+        ("Jude 5", "Jude has 1 chapter. For the verse type Jude 1:5"),
+        ("John 3:99", "John 3 has 36 verses"),
+        ("John 99", "John has 21 chapters"),
+    ):
+        look_up(reference)
+        expect_soon(lambda said=said: status_says(said), said)
+    shot("d-missing")
     look_up("psalm 23")
     expect_soon(
         lambda: "The LORD is my shepherd" in page() and "Chapter 23" in page(),

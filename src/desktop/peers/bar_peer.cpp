@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -34,6 +35,9 @@ void ScrollBarPeer::Mirror()
     m_shown.setPageStep(m_bar.LargeChange);
     m_shown.setValue(m_bar.Value);
     Peer::Mirror();
+    // A tip that tells the value goes along with the thumb.
+    if (m_shown.isSliderDown() && !m_shown.toolTip().isEmpty())
+        QToolTip::showText(QCursor::pos(), m_shown.toolTip(), &m_shown);
 }
 
 void ScrollBarPeer::ActionTriggered(int action)

@@ -95,6 +95,8 @@ QVariant NodeModel::data(QModelIndex const& index, int role) const
         return node.Bold() ? ToQFont({ m_tree.FontName, m_tree.FontSize, true }) : QVariant();
     case Qt::BackgroundRole:
         return isTinted ? QBrush(ToQColor(node.BackColor())) : QVariant();
+    case Qt::AccessibleDescriptionRole: // asked for by assistive tools alone
+        return ToQString(m_tree.ToolTipOf(node));
     default:
         return {};
     }

@@ -3,8 +3,11 @@
 #include "desktop/peers/convert.h"
 #include "desktop/peers/keys.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QToolTip>
 #include <QTreeView>
 
 /// Tells apart how the current node came to change: by the keyboard or by the mouse, which is a
@@ -14,8 +17,26 @@ public:
     using QTreeView::QTreeView;
     std::function<void(QModelIndex const&)> chosen;
     std::function<void()> released;
+    std::function<QString(QModelIndex const&)> tipOf;
+    std::function<QModelIndex()> broughtIntoView;
 
 protected:
+    void focusInEvent(QFocusEvent* event) override
+    {
+        if (event->reason() == Qt::OtherFocusReason)
+            ShowCurrent();
+        QTreeView::focusInEvent(event);
+    }
+    bool viewportEvent(QEvent* event) override
+    {
+        if (event->type() != QEvent::ToolTip)
+            return QTreeView::viewportEvent(event);
+        auto const& help = static_cast<QHelpEvent const&>(*event);
+        auto const index = indexAt(help.pos());
+        QToolTip::showText(help.globalPos(), index.isValid() ? tipOf(index) : toolTip(), viewport(),
+            visualRect(index));
+        return true;
+    }
     void currentChanged(QModelIndex const& current, QModelIndex const& previous) override
     {
         QTreeView::currentChanged(current, previous);
@@ -35,6 +56,22 @@ protected:
     }
 
 private:
+    /// Where keys begin can be seen: Qt would begin at the first node of all.
+    void ShowCurrent()
+    {
+        auto const isInView = [this](QModelIndex const& index) {
+            return index.isValid() && viewport()->rect().intersects(visualRect(index));
+        };
+        auto const current = currentIndex();
+        if (!current.isValid()) {
+            auto const wanted = broughtIntoView();
+            selectionModel()->setCurrentIndex(
+                isInView(wanted) ? wanted : indexAt({}), QItemSelectionModel::NoUpdate);
+        } else if (!isInView(current) && visualRect(current).isValid()) {
+            scrollTo(current);
+        }
+    }
+
     bool m_pressed = false;
 };
 
@@ -63,6 +100,11 @@ TreePeer::TreePeer(PeerContext& context, TreeView& control, QWidget& ground)
     });
     m_shown.chosen = [this](QModelIndex const& index) { Chosen(index); };
     m_shown.released = [this] { Act([](Input&) {}); };
+    m_shown.broughtIntoView = [this] {
+        Node const* const node = m_tree.EnsuredVisible();
+        return node ? m_model.IndexOf(*node) : QModelIndex();
+    };
+    m_shown.tipOf = [this](QModelIndex const& index) { return TipOf(index); };
 }
 
 void TreePeer::Mirror()
@@ -79,6 +121,7 @@ void TreePeer::Mirror()
     palette.setColor(QPalette::Base, ToQColor(m_tree.BackColor));
     m_shown.setPalette(palette);
     Peer::Mirror();
+    MirrorView();
     m_shown.viewport()->update();
 }
 
@@ -111,6 +154,29 @@ void TreePeer::MirrorSelected()
         isOpen = isOpen && parent->Expanded();
     if (isOpen) // else the view would open the parents
         m_shown.scrollTo(index);
+}
+
+void TreePeer::MirrorView()
+{
+    Node const* const node = m_tree.EnsuredVisible();
+    if (std::exchange(m_timesEnsured, m_tree.TimesEnsured()) == m_tree.TimesEnsured() || !node)
+        return;
+    if (node->Expanded() && !node->Children().empty())
+        m_shown.scrollTo(m_model.IndexOf(*node->Children().back()));
+    m_shown.scrollTo(m_model.IndexOf(*node));
+}
+
+/// The name of a node that the view cuts off, and what the model tells of it.
+QString TreePeer::TipOf(QModelIndex const& index) const
+{
+    int const left = m_shown.visualRect(index).left();
+    int const right = left + m_shown.sizeHintForIndex(index).width();
+    bool const isCutOff = left < 0 || right > m_shown.viewport()->width();
+    Node const& node = NodeModel::NodeAt(index);
+    Text tip = m_tree.ToolTipOf(node);
+    if (isCutOff)
+        tip = Text(node.Caption()) + (tip.empty() ? u"" : u"\n") + tip;
+    return tip.empty() ? m_shown.toolTip() : ToToolTip(tip);
 }
 
 void TreePeer::Toggled(QModelIndex const& index, bool expanded)

@@ -20,6 +20,8 @@ protected:
 private:
     void MirrorExpanded();
     void MirrorSelected();
+    void MirrorView();
+    QString TipOf(QModelIndex const& index) const;
     void Toggled(QModelIndex const& index, bool expanded);
     void Chosen(QModelIndex const& index);
 
@@ -28,4 +30,5 @@ private:
     NodeView& m_shown;
     std::vector<bool> m_expanded; // what the widget shows, for the nodes in their order
     std::vector<Node*> m_toggled; // by the user; the model may have refused
+    unsigned m_timesEnsured = 0; // that a node was made visible
 };

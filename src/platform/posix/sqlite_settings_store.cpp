@@ -17,6 +17,15 @@ static Outcome<Result> ReadFrom(SqliteConnection& connection, Query const& query
     return done ? Outcome<Result>(std::move(result)) : done.failure();
 }
 
+static int ReadSection(
+    SqliteDatabase& database, TextView section, std::vector<SettingsStore::Entry>& entries)
+{
+    return database.Run("select key, value from settings where section = ? order by key",
+        { section }, [&](sqlite3_stmt* row) {
+            entries.push_back({ Text(section), ColumnText(row, 0), ColumnText(row, 1) });
+        });
+}
+
 SqliteSettingsStore::SqliteSettingsStore(
     fs::path file, std::chrono::milliseconds patience, OnDamage onDamage)
     : m_connection(std::make_unique<SqliteConnection>(std::move(file), patience, onDamage))
@@ -45,12 +54,7 @@ Outcome<Done> SqliteSettingsStore::DeleteSection(TextView section, Backup const&
     Outcome<Done> saved = Done {};
     auto const deleteFrom = [&](SqliteDatabase& database) {
         std::vector<Entry> stored;
-        int const code = database.Run("select key, value from settings where section = ? order by "
-                                      "key",
-            { section }, [&](sqlite3_stmt* row) {
-                stored.push_back({ Text(section), ColumnText(row, 0), ColumnText(row, 1) });
-            });
-        if (code != SQLITE_DONE)
+        if (int const code = ReadSection(database, section, stored); code != SQLITE_DONE)
             return code;
         if (auto const kept = backup(stored); !kept.empty())
             saved = WriteBackupBeforeDelete(
@@ -62,6 +66,14 @@ Outcome<Done> SqliteSettingsStore::DeleteSection(TextView section, Backup const&
         return database.InTransaction([&] { return deleteFrom(database); });
     });
     return saved ? deleted : saved;
+}
+
+Outcome<std::vector<SettingsStore::Entry>> SqliteSettingsStore::InSection(TextView section) const
+{
+    return ReadFrom<std::vector<Entry>>(
+        *m_connection, [&](SqliteDatabase& database, std::vector<Entry>& entries) {
+            return ReadSection(database, section, entries);
+        });
 }
 
 Outcome<std::vector<Text>> SqliteSettingsStore::Sections() const

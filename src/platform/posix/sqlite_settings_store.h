@@ -28,6 +28,7 @@ public:
     Outcome<Done> Write(TextView section, TextView key, TextView value) override;
     /// The backup becomes before-delete-N.backup beside the file (backup_file.h).
     Outcome<Done> DeleteSection(TextView section, Backup const& backup) override;
+    Outcome<std::vector<Entry>> InSection(TextView section) const override;
     Outcome<std::vector<Text>> Sections() const override;
     Outcome<std::vector<Entry>> All() const override;
     Outcome<Done> WriteAll(std::vector<Entry> const& entries, Existing existing) override;

@@ -86,6 +86,9 @@ TEST_F(SettingsFile, SectionsAndKeysAreComparedExactly)
     EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page1", u"after"));
     EXPECT_TRUE(store.Write(u"james-1.dat:1", u"Page10", u"ten"));
     EXPECT_EQ(Answer(store), "after");
+    auto const inSection = store.InSection(u"james-1.dat:1");
+    ASSERT_EQ(inSection->size(), 2U);
+    EXPECT_EQ((*inSection)[1].key + (*inSection)[1].value, u"Page10ten");
     EXPECT_EQ(Told(store.Read(u"james-1.dat:1", u"page1")), "(none)");
     EXPECT_EQ(Told(store.DeleteSection(u"james-1.dat:1", SettingsStore::NoBackup)), "done");
     EXPECT_EQ(Told(store.DeleteSection(u"absent", SettingsStore::NoBackup)), "done");
