@@ -18,14 +18,12 @@ Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth
     , ScaleWidth(*this, "ScaleWidth",
           [](Control const& control) {
               auto const& form = static_cast<Form const&>(control);
-              auto const frame = form.m_screen.GetHost().FrameSize(form);
-              return std::max(0.0F, form.Width - frame.width) / form.TwipsPerUnit();
+              return std::max(0.0F, form.Width - form.FrameSize().width) / form.TwipsPerUnit();
           })
     , ScaleHeight(*this, "ScaleHeight",
           [](Control const& control) {
               auto const& form = static_cast<Form const&>(control);
-              auto const frame = form.m_screen.GetHost().FrameSize(form);
-              return std::max(0.0F, form.Height - frame.height) / form.TwipsPerUnit();
+              return std::max(0.0F, form.Height - form.FrameSize().height) / form.TwipsPerUnit();
           })
     , scale(scaleMode)
     , m_screen(screen)
@@ -68,6 +66,12 @@ float Form::TwipsPerUnit() const
     return scale == ScaleMode::Pixels ? twipsPerPixel : 1;
 }
 
+Size Form::FrameSize() const
+{
+    float const menuBar = m_menus.empty() ? 0 : 285;
+    return border == BorderStyle::None ? Size { 0, menuBar } : Size { 120, 405 + menuBar };
+}
+
 void Form::Reset()
 {
     Control::Reset();
@@ -84,7 +88,7 @@ void Form::SaveDesign()
 
 void Form::PlaceAtLoad()
 {
-    auto const frame = m_screen.GetHost().FrameSize(*this);
+    auto const frame = FrameSize();
     auto const whole = m_screen.GetHost().ScreenSize();
     m_normal = { m_designClient.width + frame.width, m_designClient.height + frame.height };
     auto const size = opensAs == WindowState::Maximised ? whole : m_normal;
@@ -99,9 +103,8 @@ void Form::PlaceAtLoad()
 
 void Form::DockControls()
 {
-    m_client = { ScaleWidth, ScaleHeight };
     for (Control* control : m_controls)
-        control->FormResized(m_client);
+        control->FormResized({ ScaleWidth, ScaleHeight });
 }
 
 void Form::Centre()
@@ -135,8 +138,7 @@ void Form::Assigned(PropertyBase const& property, bool changed)
 
 void Form::Resized(float width, float height, ::WindowState state)
 {
-    bool const isSame = width == Width && height == Height && state == WindowState();
-    if (isSame && m_client.width == ScaleWidth && m_client.height == ScaleHeight)
+    if (width == Width && height == Height && state == WindowState())
         return;
     Width.AssignSilently(width);
     Height.AssignSilently(height);
