@@ -31,14 +31,12 @@ Form::Form(Screen& screen, char const* name, TextView caption, float clientWidth
     , ScaleWidth(*this, "ScaleWidth",
           [](Control const& control) {
               auto const& form = static_cast<Form const&>(control);
-              auto const frame = form.m_screen.GetHost().FrameSize(form);
-              return std::max(0.0F, form.Width - frame.width) / form.TwipsPerUnit();
+              return std::max(0.0F, form.Width - form.FrameSize().width) / form.TwipsPerUnit();
           })
     , ScaleHeight(*this, "ScaleHeight",
           [](Control const& control) {
               auto const& form = static_cast<Form const&>(control);
-              auto const frame = form.m_screen.GetHost().FrameSize(form);
-              return std::max(0.0F, form.Height - frame.height) / form.TwipsPerUnit();
+              return std::max(0.0F, form.Height - form.FrameSize().height) / form.TwipsPerUnit();
           })
     , scale(scaleMode)
     , m_screen(screen)
@@ -88,6 +86,12 @@ KeyShortcut const* Form::FindShortcut(int keyCode, int shift) const
     return found == shortcuts.end() ? nullptr : &*found;
 }
 
+Size Form::FrameSize() const
+{
+    float const menuBar = m_menus.empty() ? 0 : 285;
+    return border == BorderStyle::None ? Size { 0, menuBar } : Size { 120, 405 + menuBar };
+}
+
 void Form::Reset()
 {
     Control::Reset();
@@ -104,7 +108,7 @@ void Form::SaveDesign()
 
 void Form::PlaceAtLoad()
 {
-    auto const frame = m_screen.GetHost().FrameSize(*this);
+    auto const frame = FrameSize();
     auto const whole = m_screen.GetHost().ScreenSize();
     m_normal = { m_designClient.width + frame.width, m_designClient.height + frame.height };
     auto const size = opensAs == FormState::Maximised ? whole : m_normal;
@@ -119,9 +123,8 @@ void Form::PlaceAtLoad()
 
 void Form::DockControls()
 {
-    m_client = { ScaleWidth, ScaleHeight };
     for (Control* control : m_controls)
-        control->FormResized(m_client);
+        control->FormResized({ ScaleWidth, ScaleHeight });
 }
 
 void Form::Centre()
@@ -155,8 +158,7 @@ void Form::Assigned(PropertyBase const& property, bool changed)
 
 void Form::Resized(float width, float height, FormState state)
 {
-    bool const isSame = width == Width && height == Height && state == WindowState();
-    if (isSame && m_client.width == ScaleWidth && m_client.height == ScaleHeight)
+    if (width == Width && height == Height && state == WindowState())
         return;
     Width.AssignSilently(width);
     Height.AssignSilently(height);

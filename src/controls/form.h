@@ -72,11 +72,15 @@ public:
     /// The control that has the focus while the form is active; nothing if none has.
     Control* Focus() const { return m_focus; }
     float TwipsPerUnit() const override;
-    /// What the key does in this form; nothing if it is none of its shortcuts.
+    /// What the form's `Width` and `Height` count beyond the client area, in twips: the frame and
+    /// the menu bar for which the layouts were drawn. They are the same on every system, whatever
+    /// the window manager draws.
+    Size FrameSize() const;
+    /// What the key does in this form; nothing if it isn't one of its shortcuts.
     KeyShortcut const* FindShortcut(int keyCode, int shift) const;
 
-    /// Called by the host alone: the window got this outer size, in twips, in this state. Runs
-    /// Form_Resize if something changed, be it the frame alone.
+    /// Called by the host alone: the window got this outer size (client area and FrameSize), in
+    /// twips, in this state. Runs Form_Resize if something changed.
     void Resized(float width, float height, FormState state);
     /// Runs Form_Click and Form_KeyPress: the user clicked on the form itself, or pressed a
     /// key, other than a modifier by itself, while no control had the focus. The character is 0 for
@@ -150,8 +154,6 @@ private:
     std::vector<Menu*> m_menus;
     Control* m_focus = nullptr;
     Size m_designClient;
-    // at the last resize, in the form's scale: the frame may change while the outer size stays
-    Size m_client;
     Size m_normal; // the outer size of the normal state
     FormState m_openState = FormState::Normal; // the last state other than minimised
     bool m_loaded = false;

@@ -53,8 +53,6 @@ public:
     virtual Size MeasureText(Font const& font, TextView text, float wrapWidth) const = 0;
     /// The usable screen in twips.
     virtual Size ScreenSize() const = 0;
-    /// What border, title and menu bar add to a form's client area, in twips.
-    virtual Size FrameSize(Form const& form) const = 0;
     /// The size in pixels of a picture file or of a picture of the program's own; nothing if it
     /// isn't one.
     virtual std::optional<Size> PictureSize(TextView picture) = 0;

@@ -50,7 +50,6 @@ public:
     void SetClipboardText(TextView text) override;
     Size MeasureText(Font const& font, TextView text, float wrapWidth) const override;
     Size ScreenSize() const override;
-    Size FrameSize(Form const& form) const override;
     std::optional<Size> PictureSize(TextView picture) override;
     Printer& DefaultPrinter() override { return m_printer; }
     void Navigate(WebBrowser& browser, TextView url) override;

@@ -2,7 +2,6 @@
 
 #include "desktop/desktop_host.h"
 #include "desktop/peers/convert.h"
-#include "desktop/peers/form_peer.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -79,12 +78,6 @@ Size DesktopHost::ScreenSize() const
 {
     auto const size = QApplication::primaryScreen()->availableSize();
     return { ToTwips(size.width()), ToTwips(size.height()) };
-}
-
-Size DesktopHost::FrameSize(Form const& form) const
-{
-    Peer* const peer = PeerOf(form);
-    return peer ? static_cast<FormPeer*>(peer)->FrameSize() : FormPeer::GuessFrameSize(form);
 }
 
 std::optional<Size> DesktopHost::PictureSize(TextView picture)

@@ -43,14 +43,6 @@ Size HeadlessHost::MeasureText(Font const& font, TextView text, float wrapWidth)
     return MeasureFixed(font, text, wrapWidth);
 }
 
-Size HeadlessHost::FrameSize(Form const& form) const
-{
-    float const menuBar = form.Menus().empty() ? 0 : 285;
-    if (form.border == BorderStyle::None)
-        return { 0, menuBar };
-    return { 120, 405 + menuBar };
-}
-
 std::optional<Size> HeadlessHost::PictureSize(TextView picture)
 {
     auto const file = m_files.ReadAll(picture);

@@ -46,7 +46,6 @@ public:
     void SetClipboardText(TextView text) override { m_clipboard = text; }
     Size MeasureText(Font const& font, TextView text, float wrapWidth) const override;
     Size ScreenSize() const override { return m_screen; }
-    Size FrameSize(Form const& form) const override;
     std::optional<Size> PictureSize(TextView picture) override;
     Printer& DefaultPrinter() override { return m_printer; }
     void Navigate(WebBrowser& browser, TextView url) override;

@@ -52,7 +52,7 @@ TEST_F(DesktopTest, ClicksTakeTheFocusFirst)
     for (auto const& row : rows) {
         SCOPED_TRACE(row.control.Name());
         if (&row.control == &form)
-            QTest::mouseClick(Shown(form).childAt(20, 390), Qt::LeftButton, {}, { 20, 390 });
+            QTest::mouseClick(Shown(form).childAt(20, 300), Qt::LeftButton, {}, { 20, 300 });
         else
             ClickByWindow(row.control);
         EXPECT_EQ(form.TakeLog(), row.log);

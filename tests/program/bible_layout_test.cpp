@@ -17,7 +17,7 @@ protected:
         if (form.WindowState() != FormState::Normal) {
             EXPECT_EQ(input.ChangeState(form, FormState::Normal), "");
         }
-        auto const frame = host.FrameSize(form);
+        auto const frame = form.FrameSize();
         EXPECT_EQ(input.Resize(form, width + frame.width, height + frame.height), "");
     }
     /// All places of the layout, by "control.property".

@@ -24,11 +24,6 @@ static Qt::WindowFlags FlagsOf(Form const& form)
     return flags;
 }
 
-static QMargins GuessFrame(Form const& form)
-{
-    return form.border == BorderStyle::None ? QMargins() : QMargins(4, 23, 4, 4);
-}
-
 static int MenuBarHeight(QMenuBar const* bar)
 {
     return bar ? bar->sizeHint().height() : 0;
@@ -40,7 +35,6 @@ FormPeer::FormPeer(PeerContext& context, Form& form)
     , m_menuBar(form.Menus().empty() ? nullptr : new QMenuBar(Widget()))
     , m_client(*new ClientArea(Widget()))
     , m_scroll(*new WindowScroll(*Widget(), m_client))
-    , m_frame(GuessFrame(form))
 {
     if (m_menuBar)
         m_menuBar->setNativeMenuBar(false);
@@ -55,25 +49,6 @@ FormPeer::FormPeer(PeerContext& context, Form& form)
 QWidget* FormPeer::Ground() const
 {
     return &m_client;
-}
-
-Size FormPeer::FrameSize() const
-{
-    return { ToTwips(m_frame.left() + m_frame.right()),
-        ToTwips(m_frame.top() + m_frame.bottom() + MenuBarHeight(m_menuBar)) };
-}
-
-Size FormPeer::GuessFrameSize(Form const& form)
-{
-    int menuBar = 0;
-    if (!form.Menus().empty()) {
-        QMenuBar bar;
-        bar.addMenu(QStringLiteral("File"));
-        menuBar = MenuBarHeight(&bar);
-    }
-    auto const frame = GuessFrame(form);
-    return { ToTwips(frame.left() + frame.right()),
-        ToTwips(frame.top() + frame.bottom() + menuBar) };
 }
 
 void FormPeer::PropertyAssigned(PropertyBase const& property)
@@ -100,28 +75,47 @@ void FormPeer::Mirror()
 }
 
 /// The window's size without its frame, with its menu bar.
-static QSize InnerSize(Size const& outer, QMargins const& frame)
+QSize FormPeer::InnerSize(Size const& outer) const
 {
-    return QSize(Pixels(outer.width), Pixels(outer.height)).shrunkBy(frame).expandedTo({ 1, 1 });
+    auto const frame = m_form.FrameSize();
+    QSize const client(Pixels(outer.width - frame.width), Pixels(outer.height - frame.height));
+    return QSize(client.width(), client.height() + MenuBarHeight(m_menuBar)).expandedTo({ 1, 1 });
+}
+
+/// What the window manager draws around the window, as far as it is known.
+QMargins FormPeer::RealFrame() const
+{
+    if (m_form.border == BorderStyle::None)
+        return {};
+    auto const* const handle = Widget()->windowHandle();
+    auto const margins = handle ? handle->frameMargins() : QMargins();
+    return margins.top() > 0 ? margins : QMargins(4, 23, 4, 4);
+}
+
+/// The largest size of the window's inside that the screen has room for.
+QSize FormPeer::Room() const
+{
+    return Widget()->screen()->availableSize().shrunkBy(RealFrame()).expandedTo({ 1, 1 });
 }
 
 void FormPeer::Place()
 {
     auto& window = *Widget();
     bool const isNormal = m_form.WindowState() == FormState::Normal;
-    bool const isOther = m_agreed.width != m_form.Width || m_agreed.height != m_form.Height;
+    bool const isOther = m_placed.width != m_form.Width || m_placed.height != m_form.Height;
     bool const isFixed
         = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
     if (isNormal && isOther) {
-        m_agreed = { m_form.Width, m_form.Height };
-        if (isFixed)
+        m_placed = { m_form.Width, m_form.Height };
+        if (isFixed) {
             FixSize();
-        else
-            window.resize(InnerSize({ m_form.Width, m_form.Height }, m_frame));
+        } else {
+            m_agreed = InnerSize(m_placed).boundedTo(Room());
+            window.resize(m_agreed);
+        }
     }
     if (m_form.smallest.width > 0)
-        window.setMinimumSize(
-            InnerSize(m_form.smallest, m_frame).boundedTo(window.screen()->availableSize()));
+        window.setMinimumSize(InnerSize(m_form.smallest).boundedTo(Room()));
     if (isNormal && std::exchange(m_moveWanted, false))
         window.move(Corner());
     if (window.isVisible() && m_state != m_form.WindowState()) {
@@ -139,19 +133,24 @@ void FormPeer::Place()
 /// A window that is higher than the screen is cut; the form keeps its size.
 void FormPeer::FixSize()
 {
-    auto& window = *Widget();
-    auto const whole = InnerSize({ m_form.Width, m_form.Height }, m_frame);
-    auto frame = window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
-    if (frame.top() <= 0)
-        frame = m_frame;
-    int const room = window.screen()->availableSize().height() - frame.top() - frame.bottom();
-    window.setFixedSize(m_menuBar ? whole : m_scroll.Fit(whole, room));
+    auto const whole = InnerSize({ m_form.Width, m_form.Height });
+    m_agreed = m_menuBar ? whole : m_scroll.Fit(whole, Room().height());
+    Widget()->setFixedSize(m_agreed);
 }
 
 QPoint FormPeer::Corner() const
 {
     return { Pixels(m_form.Left),
         m_scroll.IsCut() ? Widget()->screen()->availableGeometry().top() : Pixels(m_form.Top) };
+}
+
+QPoint FormPeer::CentredCorner(QSize const& inner) const
+{
+    auto const place = Widget()->screen()->availableGeometry();
+    auto const outer = inner.grownBy(RealFrame());
+    return place.topLeft()
+        + QPoint(std::max(0, place.width() - outer.width()) / 2,
+            std::max(0, place.height() - outer.height()) / 2);
 }
 
 void FormPeer::Arrange()
@@ -175,7 +174,7 @@ void FormPeer::MirrorShown(QWidget* owner)
     window.setWindowModality(m_form.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
     m_state = m_form.WindowState();
     if (m_form.centred && m_state == FormState::Normal)
-        window.move(Corner());
+        window.move(CentredCorner(m_agreed));
     m_sinceShown.start();
     window.winId(); // makes the window, so that it can be owned
     bool const isOwned = owner && owner != &window && (m_form.IsModal() || !m_form.inTaskbar);
@@ -185,12 +184,9 @@ void FormPeer::MirrorShown(QWidget* owner)
         HideFromTaskBar(*window.windowHandle());
     if (m_state == FormState::Maximised) {
         // Where the window returns to when it is restored.
-        auto const normal = InnerSize(m_form.NormalSize(), m_frame);
-        auto const room = window.screen()->availableGeometry();
+        auto const normal = InnerSize(m_form.NormalSize()).boundedTo(Room());
         window.resize(normal);
-        window.move(room.topLeft()
-            + QPoint(std::max(0, room.width() - normal.width()) / 2,
-                std::max(0, room.height() - normal.height()) / 2));
+        window.move(CentredCorner(normal));
         window.showMaximized();
     } else if (m_state == FormState::Minimised) {
         window.showMinimized();

@@ -31,11 +31,6 @@ public:
     /// Puts the focus of the window where the form's is.
     void MirrorFocus(Peer const* focus);
 
-    /// What border, title and menu bar add to the client area: as they are, or as they are guessed
-    /// before the window has been up.
-    Size FrameSize() const;
-    static Size GuessFrameSize(Form const& form);
-
     /// Hands on what couldn't be while a handler of the form was running, or the host was at work
     /// on the widgets.
     void CatchUp();
@@ -48,6 +43,11 @@ private:
     void Place();
     void FixSize();
     QPoint Corner() const;
+    /// Of a window in the middle of the screen, by what the window manager draws.
+    QPoint CentredCorner(QSize const& inner) const;
+    QSize InnerSize(Size const& outer) const;
+    QMargins RealFrame() const;
+    QSize Room() const;
     bool IsSettling() const;
     void QueueReport();
     void ReportSize();
@@ -60,8 +60,10 @@ private:
     QMenuBar* m_menuBar = nullptr;
     ClientArea& m_client;
     WindowScroll& m_scroll;
-    QMargins m_frame;
-    Size m_agreed; // the outer size on which window and form agree, in twips
+    Size m_placed; // the form's outer size when the window was last resized to it, in twips
+    // The window's size, in pixels, that needs no report: what the form asks for, or as much of it
+    // as the screen has room for.
+    QSize m_agreed;
     FormState m_state = FormState::Normal;
     QElapsedTimer m_sinceShown; // when the window was last brought up
     bool m_pictureIsStale = true;

@@ -72,13 +72,6 @@ void FormPeer::QueueReport()
     });
 }
 
-/// False for the margins of a frame that the window manager is still making: it is a pixel wide at
-/// first, and what lies beyond it counts as less than nothing.
-static bool IsWhole(QMargins const& frame)
-{
-    return frame.left() >= 0 && frame.top() >= 0 && frame.right() >= 0 && frame.bottom() >= 0;
-}
-
 /// True while the window manager may still be on its way to the state in which the window was to
 /// come up: some tell of their steps one by one, and a window that was taken for a normal one would
 /// stay one.
@@ -86,10 +79,8 @@ bool FormPeer::IsSettling() const
 {
     constexpr int settlingTime = 1500; // milliseconds
     auto const& window = *Widget();
-    bool const comesUp
-        = m_state == FormState::Maximised && !window.isMaximized() && !window.isMinimized();
-    return (comesUp || !IsWhole(window.windowHandle()->frameMargins())) && m_sinceShown.isValid()
-        && m_sinceShown.elapsed() < settlingTime;
+    return m_state == FormState::Maximised && !window.isMaximized() && !window.isMinimized()
+        && m_sinceShown.isValid() && m_sinceShown.elapsed() < settlingTime;
 }
 
 void FormPeer::ReportSize()
@@ -116,16 +107,17 @@ void FormPeer::ReportSize()
         Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
         return;
     }
-    auto const frame = window.windowHandle()->frameMargins();
-    bool const mayBeNone = m_form.border == BorderStyle::None || m_state == FormState::Maximised;
-    if (IsWhole(frame) && (mayBeNone || !frame.isNull()))
-        m_frame = frame;
-    auto const outer = window.size().grownBy(m_frame);
+    // What the screen has cut isn't reported, or the form would ask for its size again and again.
+    if (window.size() == m_agreed && m_state == m_form.WindowState())
+        return;
+    m_agreed = window.size();
+    auto const frame = m_form.FrameSize();
+    QSize const client = m_client.size();
+    m_placed = { ToTwips(client.width()) + frame.width, ToTwips(client.height()) + frame.height };
     // Within a pixel the form's own figure is kept.
-    bool const isSame = outer == QSize(Pixels(m_form.Width), Pixels(m_form.Height));
-    m_agreed = isSame ? Size { m_form.Width, m_form.Height }
-                      : Size { ToTwips(outer.width()), ToTwips(outer.height()) };
-    Act([&](Input&) { m_form.Resized(m_agreed.width, m_agreed.height, m_state); });
+    if (InnerSize({ m_form.Width, m_form.Height }) == m_agreed)
+        m_placed = { m_form.Width, m_form.Height };
+    Act([&](Input&) { m_form.Resized(m_placed.width, m_placed.height, m_state); });
 }
 
 void FormPeer::ReportActivation()
