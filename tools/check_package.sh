@@ -30,6 +30,10 @@ Install() { # LOG PACKAGE...
 # Runs a command of sh as an ordinary user of the system, in that user's home.
 AsReader() { In runuser -l reader -c "export LANG=C.UTF-8; $1"; }
 
+Remove() { # remove|purge
+    In apt-get "$1" -y sparrowfield >"$root/srv/remove.log" 2>&1 || { tail "$root/srv/remove.log" >&2; GiveUp "apt-get $1 failed"; }
+}
+
 # Nothing of the package may be in the system: no file, and after a purge no entry in dpkg's list.
 ExpectGone() {
     local left
@@ -103,7 +107,7 @@ if [ -z "$isQuick" ]; then
     mkdir -p build/package/walk
     cp "$root"/srv/pictures/* build/package/walk/
 fi
-In apt-get purge -y sparrowfield >/dev/null 2>&1
+Remove purge
 ExpectGone
 
 Say "Upgrading from an earlier version"
@@ -144,6 +148,7 @@ AsReader 'cp -rp .local/share/sparrowfield before-reading'
 Drive >"$root/srv/read.log" <<'SCRIPT' || { cat "$root/srv/read.log" >&2; GiveUp "the reader's work can't be read"; }
 press frmSplash 32
 node frmContents.TreeView1 mount-1.dat:1
+click frmWelcome.Command1
 get frmMain.Text3.Text
 click frmMain.Command2
 get frmMain.Text3.Text
@@ -166,9 +171,11 @@ AsReader 'rm -r .local/share/sparrowfield && mv before-reading .local/share/spar
 echo "The new version shows them, and the upgrade changed no byte."
 
 Say "Removing and purging it"
-In apt-get remove -y sparrowfield >/dev/null 2>&1
+Remove remove
 ExpectSameWork "the removal"
-In apt-get purge -y sparrowfield >/dev/null 2>&1
+ExpectGone
+Install again /srv/sparrowfield.deb
+Remove purge
 ExpectSameWork "the purge"
 ExpectGone
 echo "The package installs, starts, upgrades and goes without a trace; what the user wrote stays."
