@@ -24,13 +24,20 @@ SOURCE_DATE_EPOCH=$(dpkg-parsechangelog -l packaging/debian/changelog -S Timesta
 export SOURCE_DATE_EPOCH
 rm -rf build/package
 (cd build/release && cpack -G DEB)
-# CPack lists the debug symbols by their paths in this folder, and leaves out the documents that every package needs.
-symbols=$(ls build/package/sparrowfield-dbgsym_*.ddeb)
-tree=build/package/symbols
-dpkg-deb -R "$symbols" $tree
-mkdir -p $tree/usr/share/doc
-ln -s sparrowfield $tree/usr/share/doc/sparrowfield-dbgsym
-(cd $tree && find usr -type f -print0 | sort -z | xargs -0 md5sum >DEBIAN/md5sums)
-dpkg-deb --root-owner-group -Zgzip -b $tree "$symbols" >/dev/null
-rm -r $tree
-ls -l build/package/*.deb "$symbols"
+
+# CPack takes the installed size from the blocks of this file system, and lists the debug symbols by their paths in this
+# folder. So both packages are packed once more: with paths as installed, and the size by the rule of dpkg-gencontrol(1).
+tree=build/package/tree
+for package in build/package/*.deb build/package/*.ddeb; do
+    dpkg-deb -R "$package" $tree
+    if [[ $package == *-dbgsym_* ]]; then
+        mkdir -p $tree/usr/share/doc
+        ln -s sparrowfield $tree/usr/share/doc/sparrowfield-dbgsym # the documents that every package needs
+    fi
+    (cd $tree && find usr -type f -print0 | sort -z | xargs -0 md5sum >DEBIAN/md5sums)
+    size=$(find $tree/usr -printf '%y %s\n' | awk '{ total += $1 == "f" ? int(($2 + 1023) / 1024) : 1 } END { print total }')
+    sed -i "s/^Installed-Size: .*/Installed-Size: $size/" $tree/DEBIAN/control
+    dpkg-deb --root-owner-group -Zgzip -b $tree "$package" >/dev/null
+    rm -r $tree
+done
+ls -l build/package/*.deb build/package/*.ddeb
