@@ -27,7 +27,10 @@ install(FILES packaging/sparrowfield.desktop RENAME house.sparrowfield.Sparrowfi
 install(FILES packaging/debian/house.sparrowfield.Sparrowfield.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES docs/man/sparrowfield.1 docs/man/sparrowfield-kit.1 docs/man/sparrowfield-drive.1 docs/man/sparrowfield-setup.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES packaging/debian/copyright README.md CHANGELOG.md THIRD_PARTY.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield)
+install(FILES packaging/debian/copyright README.md THIRD_PARTY.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield)
+install(FILES CHANGELOG.md RENAME changelog DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield)
+install(FILES packaging/debian/changelog RENAME changelog.Debian DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield)
+install(FILES packaging/debian/lintian-overrides RENAME sparrowfield DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides)
 install(FILES docs/kit.md docs/drive.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield/docs)
 install(DIRECTORY docs/formats DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/sparrowfield/docs)
 
@@ -35,15 +38,27 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME sparrowfield)
 set(CPACK_PACKAGE_VENDOR "Sparrowfield House")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "workbook for Bible studies, with two Bibles and nine maps")
+set(CPACK_PACKAGE_DESCRIPTION "Sparrowfield is a workbook for one person and a Bible. You choose a study and a
+lesson from a catalogue, read the passages beside the questions, write your own
+answer to each question, and only then look at the publisher's answer. What you
+write is stored as you type, and every lesson opens where you left it.
+
+The package holds two studies in eighteen parts, the King James Version, the
+World English Bible, and nine maps. A Bible reader keeps a note for each
+chapter. The program never needs a network. sparrowfield-kit prints and backs
+up your answers and makes studies of your own; sparrowfield-drive runs the
+program from a script, without a screen.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/debian/compress_documents.cmake)
 # Strips the programs, and puts the symbols into a separate package.
 set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/package)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1) # as in packaging/debian/changelog
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Sparrowfield House <house@sparrowfield.example>")
 set(CPACK_DEBIAN_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Loaded by name at run time: the window system's plug-ins, and fonts.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, fonts-liberation2 | fonts-liberation")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, qt6-wayland")
+# Loaded by name at run time: the plug-ins for X11 and Wayland, and fonts.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, qt6-wayland, fonts-liberation2 | fonts-liberation")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core")
 include(CPack)

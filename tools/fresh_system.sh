@@ -8,6 +8,7 @@
 MakeSystem() {
     root=$1
     mkdir -p "$root"
+    chmod 755 "$root" # its ordinary users need to get in; mktemp makes folders for one user alone
     trap RemoveSystem EXIT
     local mirror
     # shellcheck disable=SC2016 # apt-get replaces $(SITE).
