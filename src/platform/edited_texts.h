@@ -90,9 +90,9 @@ public:
     Outcome<Done> RetryPending();
     /// Waits until the typed text has been written. Gives its failure.
     Outcome<Done> FinishTyped();
-    /// The texts that wait to be stored.
-    std::vector<PendingText> Pending() const;
 
+    /// Everything pending.
+    std::vector<PendingText> Pending() const;
     /// Everything pending, and `boxText`, the text in the box, if it has been changed.
     std::vector<PendingText> Unstored(TextView boxText) const;
     /// The texts that `isDeleted` names have been deleted: nothing of them is pending, and the base
