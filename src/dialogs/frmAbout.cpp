@@ -25,10 +25,5 @@ frmAbout::frmAbout(Screen& screen)
     cmdOK.Default = true;
     cmdOK.Cancel = true;
     cmdOK.TabIndex = 0;
-    cmdOK.Click = [this] { cmdOK_Click(); };
-}
-
-void frmAbout::cmdOK_Click()
-{
-    Unload(*this);
+    cmdOK.Click = [this] { Unload(*this); };
 }

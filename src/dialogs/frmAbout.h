@@ -11,8 +11,6 @@ public:
     explicit frmAbout(Screen& screen); // outlives the form
 
 private:
-    void cmdOK_Click();
-
     PictureBox picIcon { *this, *this, "picIcon", { 240, 240, 660, 510 }, u":about" };
     Label lblTitle { *this, *this, "lblTitle", { 1050, 240, 3885, 345 },
         u"Sparrowfield Interactive Bible Study" };

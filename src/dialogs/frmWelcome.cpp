@@ -16,18 +16,13 @@ frmWelcome::frmWelcome(Screen& screen, SettingsStore& settings)
     Check1.accessibleName = Label2.Caption();
     Command1.TabIndex = 0;
     Command1.Default = true;
-    Label2.Click = [this] { Label2_Click(); };
+    Label2.Click = [this] { Check1.Value = 1 - Check1.Value; };
     Command1.Click = [this] { Command1_Click(); };
 }
 
 void frmWelcome::Form_Load()
 {
     Check1.Value = ReadSetting(m_settings, u"Parameters", u"showhelp", u"") == u"false" ? 1 : 0;
-}
-
-void frmWelcome::Label2_Click()
-{
-    Check1.Value = Check1.Value == 1 ? 0 : 1;
 }
 
 void frmWelcome::Command1_Click()

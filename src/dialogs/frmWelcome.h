@@ -13,7 +13,6 @@ public:
 
 private:
     void Form_Load() override;
-    void Label2_Click();
     void Command1_Click();
 
     SettingsStore& m_settings;

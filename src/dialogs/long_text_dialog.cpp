@@ -15,15 +15,10 @@ LongTextDialog::LongTextDialog(Screen& screen, Design const& design)
     Command1.TabIndex = 0;
     Command1.Default = true;
     Command1.Cancel = true;
-    Command1.Click = [this] { Command1_Click(); };
+    Command1.Click = [this] { Unload(*this); };
 }
 
 void LongTextDialog::Form_Load()
 {
     WriteLongText(RichTextBox1, m_text);
-}
-
-void LongTextDialog::Command1_Click()
-{
-    Unload(*this);
 }

@@ -23,7 +23,6 @@ protected:
 
 private:
     void Form_Load() override;
-    void Command1_Click();
 
     std::span<LongTextParagraph const> m_text;
 };

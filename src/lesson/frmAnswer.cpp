@@ -16,8 +16,7 @@ frmAnswer::frmAnswer(Screen& screen)
     Label1.FontSize = 9.75F;
     OKButton.Default = true;
     OKButton.Cancel = true;
-    Label1.Click = [this] { Label1_Click(); };
-    OKButton.Click = [this] { OKButton_Click(); };
+    Label1.Click = OKButton.Click = [this] { Unload(*this); };
 }
 
 void frmAnswer::SetText(TextView text)
@@ -29,14 +28,4 @@ void frmAnswer::SetText(TextView text)
         OKButton.Top = OKButton.Top + 300;
     Height = OKButton.Top + 800;
     Height = Height + 50;
-}
-
-void frmAnswer::Label1_Click()
-{
-    Unload(*this);
-}
-
-void frmAnswer::OKButton_Click()
-{
-    Unload(*this);
 }
