@@ -25,5 +25,5 @@ frmAbout::frmAbout(Screen& screen)
     cmdOK.Default = true;
     cmdOK.Cancel = true;
     cmdOK.TabIndex = 0;
-    cmdOK.Click = [this] { Unload(*this); };
+    cmdOK.Click = [this] { cmdOK_Click(); };
 }

@@ -24,20 +24,18 @@ frmSplash::frmSplash(Screen& screen, FileSystem const& files, Shell& shell, Form
         label.Click = std::move(clicked);
     };
     addChoice(lblInstallToDisk, u"Install to Disk", [this] { lblInstallToDisk_Click(); });
-    addChoice(lblWelcomeVideo, u"Welcome Video", [this] { frmVideo.ShowModal(); });
-    addChoice(lblRunFromCD, u"Run from CD", [this] { Unload(*this); });
-    addChoice(lblEnter, u"Enter", [this] { Unload(*this); });
-    addChoice(lblExit, u"Exit", [this] { GetScreen().End(); });
+    addChoice(lblWelcomeVideo, u"Welcome Video", [this] { lblWelcomeVideo_Click(); });
+    addChoice(lblRunFromCD, u"Run from CD", [this] { lblRunFromCD_Click(); });
+    addChoice(lblEnter, u"Enter", [this] { lblEnter_Click(); });
+    addChoice(lblExit, u"Exit", [this] { lblExit_Click(); });
 }
 
 void frmSplash::Form_Load()
 {
     auto const programFolder = m_files.ApplicationFolder();
-    bool const isInstalled = m_files.FileExists(
-        u"C:\\Program Files\\Sparrowfield House\\Sparrowfield Interactive Software\\"
-        u"sparrowfield.exe");
-    auto const options = ChooseStartOptions(
-        m_files.FileExists(programFolder + u"\\sparrowfield.wmv"), programFolder, isInstalled);
+    auto const options
+        = ChooseStartOptions(m_files.FileExists(programFolder + u"\\sparrowfield.wmv"),
+            programFolder, InstalledCopyExists());
     Shape1.Visible = !options.install;
     Shape2.Visible = !options.enter;
     Shape3.Visible = !options.runFromCD;
@@ -48,8 +46,20 @@ void frmSplash::Form_Load()
     lblEnter.Enabled = options.enter;
 }
 
+bool frmSplash::InstalledCopyExists() const
+{
+    return m_files.FileExists(
+        u"C:\\Program Files\\Sparrowfield House\\Sparrowfield Interactive Software\\"
+        u"sparrowfield.exe");
+}
+
 void frmSplash::lblInstallToDisk_Click()
 {
     m_shell.Execute(u"open", u"Setup.exe"); // Where it fails, the program ends all the same.
+    GetScreen().End();
+}
+
+void frmSplash::lblExit_Click()
+{
     GetScreen().End();
 }

@@ -21,6 +21,11 @@ private:
     void Form_KeyPress(char16_t) override { Unload(*this); }
     void Form_Unload() override { frmContents->Show(); }
     void lblInstallToDisk_Click();
+    void lblWelcomeVideo_Click() { frmVideo.ShowModal(); }
+    void lblRunFromCD_Click() { Unload(*this); }
+    void lblEnter_Click() { Unload(*this); }
+    void lblExit_Click();
+    bool InstalledCopyExists() const;
 
     FileSystem const& m_files;
     Shell& m_shell;

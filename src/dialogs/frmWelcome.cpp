@@ -16,7 +16,7 @@ frmWelcome::frmWelcome(Screen& screen, SettingsStore& settings)
     Check1.accessibleName = Label2.Caption();
     Command1.TabIndex = 0;
     Command1.Default = true;
-    Label2.Click = [this] { Check1.Value = 1 - Check1.Value; };
+    Label2.Click = [this] { Label2_Click(); };
     Command1.Click = [this] { Command1_Click(); };
 }
 

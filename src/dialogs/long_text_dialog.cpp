@@ -15,7 +15,7 @@ LongTextDialog::LongTextDialog(Screen& screen, Design const& design)
     Command1.TabIndex = 0;
     Command1.Default = true;
     Command1.Cancel = true;
-    Command1.Click = [this] { Unload(*this); };
+    Command1.Click = [this] { Command1_Click(); };
 }
 
 void LongTextDialog::Form_Load()

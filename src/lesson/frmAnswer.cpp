@@ -16,7 +16,8 @@ frmAnswer::frmAnswer(Screen& screen)
     Label1.FontSize = 9.75F;
     OKButton.Default = true;
     OKButton.Cancel = true;
-    Label1.Click = OKButton.Click = [this] { Unload(*this); };
+    Label1.Click = [this] { Label1_Click(); };
+    OKButton.Click = [this] { OKButton_Click(); };
 }
 
 void frmAnswer::SetText(TextView text)

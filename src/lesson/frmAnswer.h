@@ -14,6 +14,9 @@ public:
     void SetText(TextView text);
 
 private:
+    void Label1_Click() { Unload(*this); }
+    void OKButton_Click() { Unload(*this); }
+
     Label Label1 { *this, *this, "Label1", { 180, 525, 4935, 195 } };
     CommandButton OKButton { *this, *this, "OKButton", { 3915, 1095, 645, 330 }, u"OK" };
 };

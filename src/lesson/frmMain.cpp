@@ -76,9 +76,9 @@ void frmMain::SetNamesAndTabOrder()
 
 void frmMain::ConnectHandlers()
 {
-    Text3.GotFocus = [this] { EnableClipboardEntries(true); };
+    Text3.GotFocus = [this] { Text3_GotFocus(); };
     Text3.LostFocus = [this] { Text3_LostFocus(); };
-    Text3.Change = [this] { Command1.Enabled = HasAnswer(); };
+    Text3.Change = [this] { Text3_Change(); };
     Text3.Typed = [this] { StartStoreTimer(); };
     Text3.KeyDown = [this](int, int) { ShowSaved(false); };
     tmrStore.Tick = [this] { tmrStore_Timer(); };

@@ -81,7 +81,9 @@ private:
     void ctlScrollbar_Change();
     void TellPage();
     void Image1_Click();
+    void Text3_GotFocus() { EnableClipboardEntries(true); }
     void Text3_LostFocus();
+    void Text3_Change() { Command1.Enabled = HasAnswer(); }
     void ShowPassage(Node const& node);
     bool HasAnswer() const { return !Trim(Text3.Text).empty(); }
     void StoreAnswer();

@@ -50,7 +50,7 @@ frmMap::frmMap(Screen& screen, FileSystem const& files)
         = [this] { Picture2.Top = -static_cast<float>(VScroll1.Value); };
     Picture2.MouseDown = [this](float x, float y) { Picture2_MouseDown(x, y); };
     Picture2.MouseMove = [this](float x, float y) { Picture2_MouseMove(x, y); };
-    Picture2.MouseUp = [this](float, float) { EndDrag(); };
+    Picture2.MouseUp = [this](float, float) { Picture2_MouseUp(); };
     Timer1.Tick = [this] { Timer1_Timer(); };
 }
 

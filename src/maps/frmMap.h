@@ -27,6 +27,7 @@ private:
     void HandleMapKey(int keyCode);
     void Picture2_MouseDown(float x, float y);
     void Picture2_MouseMove(float x, float y);
+    void Picture2_MouseUp() { EndDrag(); }
     void EndDrag();
     void Timer1_Timer();
     void BringBack(ScrollBar& bar, float strayed);

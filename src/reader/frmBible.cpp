@@ -73,15 +73,15 @@ void frmBible::ConnectHandlers()
         if (keyCode == keyEnter)
             cmdOkay_Click();
     };
-    txtNotes.Change = [this] { cmdPrint.Enabled = HasNote(); };
+    txtNotes.Change = [this] { txtNotes_Change(); };
     txtNotes.Typed = [this] { tmrStore.Enabled = true; };
     tmrStore.Tick = [this] { tmrStore_Timer(); };
     cboVersion.Click = [this] { cboVersion_Click(); };
     cmdOkay.Click = [this] { cmdOkay_Click(); };
-    cmdPrev.Click = [this] { LookUpText(cmdPrev.ToolTipText); };
-    cmdNext.Click = [this] { LookUpText(cmdNext.ToolTipText); };
+    cmdPrev.Click = [this] { cmdPrev_Click(); };
+    cmdNext.Click = [this] { cmdNext_Click(); };
     cmdPrint.Click = [this] { cmdPrint_Click(); };
-    mnuFileExit.Click = [this] { Unload(*this); };
+    mnuFileExit.Click = [this] { mnuFileExit_Click(); };
     shortcuts = { { keyLeft, altHeld, [this] { GoThroughHistory(-1); } },
         { keyRight, altHeld, [this] { GoThroughHistory(1); } } };
 }
@@ -167,8 +167,6 @@ void frmBible::LoadBooks()
     });
 }
 
-/// The number of the first book whose name begins with `book`, ignoring case; `book` becomes its
-/// name. 0 if there is none; then `book` is in small letters.
 int frmBible::FindBook(Text& book)
 {
     BookSearch search(book);

@@ -26,6 +26,11 @@ public:
     /// All outlive the form.
     frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, ChapterNotes& notes);
 
+    /// The number of the first book whose name begins with `book`, ignoring case; `book` becomes
+    /// its name. 0 if there is none; then `book` is in small letters.
+    int FindBook(Text& book);
+    /// Fills the tree with the books of the translation.
+    void LoadBooks();
     /// Stores what has been typed into the note since the last store.
     void StoreTyped() { tmrStore.Fire(); }
 
@@ -42,9 +47,10 @@ private:
     // The ways to a reference, in frmBible.cpp.
     void TreeView1_NodeClick(Node& node);
     void cboVersion_Click();
+    void cmdPrev_Click() { LookUpText(cmdPrev.ToolTipText); }
+    void cmdNext_Click() { LookUpText(cmdNext.ToolTipText); }
+    void mnuFileExit_Click() { Unload(*this); }
     void LookUpText(TextView reference);
-    void LoadBooks();
-    int FindBook(Text& book);
     void GoThroughHistory(int step); // -1 back, 1 on
     void Remember();
     void ForEachIndexLine(std::function<void(TextView line)> const& take);
@@ -66,6 +72,7 @@ private:
     void SaveNotes(bool tell);
     void LoadNotes();
     bool HasNote() const;
+    void txtNotes_Change() { cmdPrint.Enabled = HasNote(); }
     void tmrStore_Timer();
     void cmdPrint_Click();
     void PrintNotes();
