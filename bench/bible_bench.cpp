@@ -21,12 +21,6 @@ constexpr double filterAtMost = 2; // times its floor
 constexpr double builderAtMost = 2; // times a plain string
 constexpr double john3AtMost = 0.4, psalmsAtMost = 5, john3FilterAtMost = 0.02; // milliseconds
 
-void Page(benchmark::State& state, Disc const& disc, Passage const& passage)
-{
-    for (auto _ : state)
-        benchmark::DoNotOptimize(disc.Page(passage).data());
-}
-
 void PageFloor(benchmark::State& state, Disc const& disc, Passage const& passage)
 {
     auto const pageSize = disc.Page(passage).size() * sizeof(char16_t);

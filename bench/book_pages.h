@@ -5,6 +5,8 @@
 #include "platform/posix/posix_file_system.h"
 #include "reader/chapter_page.h"
 
+#include <benchmark/benchmark.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -70,3 +72,9 @@ public:
 private:
     PosixFileSystem m_files;
 };
+
+inline void Page(benchmark::State& state, Disc const& disc, Passage const& passage)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(disc.Page(passage).data());
+}

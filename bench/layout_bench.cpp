@@ -11,6 +11,7 @@
 #include "program/program.h"
 #include "ratios.h"
 #include "support/pictures.h"
+#include "support/test_folder.h"
 
 #include <filesystem>
 #include <fstream>
@@ -117,10 +118,9 @@ void WriteDisc()
 
 int main(int count, char** arguments)
 {
-    auto const folder = fs::temp_directory_path() / "sparrowfield-layout-bench";
-    fs::remove_all(folder);
-    fs::create_directories(folder / "user");
-    fs::current_path(folder);
+    TestFolder const folder;
+    fs::current_path(folder.Path());
+    fs::create_directory("user");
     WriteDisc();
     RegisterShort("five panels at 3840x2160", Repaint);
     RegisterShort("five panels at 3840x2160, floor", RepaintFloor);
@@ -133,6 +133,4 @@ int main(int count, char** arguments)
         "five panels at 3840x2160", "five panels at 3840x2160, floor", repaintAtMost);
     reporter.PrintTime("a resize step at 1920x1080", stepAtMost);
     reporter.PrintTime("a map is arranged", mapAtMost);
-    fs::current_path("/");
-    fs::remove_all(folder);
 }

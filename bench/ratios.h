@@ -51,40 +51,41 @@ public:
         }
     }
 
-    /// Says how often the benchmark takes as long as its floor.
+    /// Prints the benchmark's time as a multiple of its floor's.
     void PrintRatio(std::string const& name, std::string const& floor, double atMost) const
     {
-        if (!m_best.contains(name) || !m_best.contains(floor))
-            return;
-        auto const ratio = m_best.at(name).processor / m_best.at(floor).processor;
-        std::printf("%-40s %6.2f times its floor, at most %g: %s\n", name.c_str(), ratio, atMost,
-            ratio <= atMost ? "met" : "MISSED");
+        if (m_best.contains(name) && m_best.contains(floor))
+            Print(name, m_best.at(name).processor / m_best.at(floor).processor, "times its floor",
+                atMost);
     }
 
-    /// Says how many times as fast the benchmark is as another way to the same.
+    /// Prints how many times as fast the benchmark is as another way to the same.
     void PrintGain(std::string const& name, std::string const& other, double atLeast) const
     {
-        if (!m_best.contains(name) || !m_best.contains(other))
-            return;
-        auto const gain = m_best.at(other).processor / m_best.at(name).processor;
-        std::printf("%-40s %6.2f times as fast, at least %g: %s\n", name.c_str(), gain, atLeast,
-            gain >= atLeast ? "met" : "MISSED");
+        if (m_best.contains(name) && m_best.contains(other))
+            Print(name, m_best.at(other).processor / m_best.at(name).processor, "times as fast",
+                atLeast, false);
     }
 
-    /// Says how long the benchmark takes, in milliseconds.
+    /// Prints how long the benchmark takes, in milliseconds.
     void PrintTime(std::string const& name, double atMost) const
     {
-        if (!m_best.contains(name))
-            return;
-        auto const time = m_best.at(name).real * 1000;
-        std::printf("%-40s %6.2f ms, at most %g: %s\n", name.c_str(), time, atMost,
-            time <= atMost ? "met" : "MISSED");
+        if (m_best.contains(name))
+            Print(name, m_best.at(name).real * 1000, "ms", atMost);
     }
 
 private:
     struct Times {
         double real, processor; // seconds
     };
+
+    static void Print(
+        std::string const& name, double value, char const* unit, double limit, bool isMost = true)
+    {
+        std::printf("%-40s %6.2f %s, at %s %g: %s\n", name.c_str(), value, unit,
+            isMost ? "most" : "least", limit,
+            (isMost ? value <= limit : value >= limit) ? "met" : "MISSED");
+    }
 
     void Keep(Run const& run)
     {

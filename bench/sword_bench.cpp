@@ -46,12 +46,6 @@ void Library(benchmark::State& state, sword::SWModule* module, Place const& plac
         benchmark::DoNotOptimize(Rendered(*module, place).data());
 }
 
-void Page(benchmark::State& state, Disc const& disc, Passage const& passage)
-{
-    for (auto _ : state)
-        benchmark::DoNotOptimize(disc.Page(passage).data());
-}
-
 /// Both ways must lead to the same text, or nothing is measured.
 bool HasSame(Text const& page, std::string const& rendered, std::string const& first,
     std::string const& last)

@@ -62,7 +62,7 @@ void frmContents::Form_Load()
     txtDesc.Tag = u"False";
     mnuHelpVideo->Enabled = m_files.FileExists(m_files.ApplicationFolder() + u"\\sparrowfield.wmv");
     TreeView1.Clear();
-    TreeView1.SetBackgroundColour(catalogueBackColor);
+    TreeView1.BackColor = catalogueBackColor;
     Node* last[catalogueLevels] {};
     BuildCatalogue(m_files, File1.List(), [&](CatalogueNode const& node) {
         last[node.level] = &TreeView1.Add(

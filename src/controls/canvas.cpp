@@ -4,11 +4,6 @@
 
 #include <algorithm>
 
-Canvas::Canvas(int width, int height, Colour ground)
-{
-    Clear(width, height, ground);
-}
-
 void Canvas::Clear(int width, int height, Colour ground)
 {
     m_width = std::max(0, width);

@@ -7,10 +7,10 @@
 
 class Canvas {
 public:
-    /// In pixels; a size below 0 counts as 0. All pixels begin in `ground`.
-    Canvas(int width, int height, Colour ground);
+    /// In pixels; a size below 0 counts as 0.
+    Canvas(int width, int height, Colour ground) { Clear(width, height, ground); }
 
-    /// Begins anew in another size, within the memory that it has where that is enough.
+    /// Takes this size, all pixels in `ground`. Keeps its memory if that is enough.
     void Clear(int width, int height, Colour ground);
 
     int Width() const { return m_width; }
@@ -18,10 +18,9 @@ public:
     /// The pixels row by row from the top, each a colour value with red in the low byte.
     std::vector<Colour> const& Pixels() const { return m_pixels; }
 
-    /// A row of pixels from `left` up to, and without, `right`; what is outside the surface is
-    /// left out.
+    /// A row of pixels from `left` to `right` (exclusive), cut to the surface.
     void HorizontalLine(int left, int right, int y, Colour colour);
-    /// A column of pixels from `top` up to, and without, `bottom`.
+    /// A column of pixels from `top` to `bottom` (exclusive), cut to the surface.
     void VerticalLine(int x, int top, int bottom, Colour colour);
 
 private:

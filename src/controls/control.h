@@ -1,8 +1,7 @@
 #pragma once
-// A control of a form: its place, its state and its events, without anything of how it looks on a
-// monitor. Lengths are twips (1440 to the inch), relative to the container, but for forms and
-// picture boxes with a pixel scale, whose children are placed in pixels. Colours are 32-bit values
-// with red in the low byte.
+// A control of a form: its place, its state and its events, but not how it is drawn. Lengths are
+// twips (1440 to the inch) relative to the container; in a form or picture box with a pixel scale
+// they are pixels. Colours are 32-bit values with red in the low byte.
 
 #include "base/text.h"
 #include "controls/property.h"
@@ -50,9 +49,8 @@ class Control {
     std::vector<PropertyBase*> m_properties;
 
 public:
-    /// `container` holds the control: a form, a panel or a picture box. `name` is a literal. Within
-    /// a container a control is above those made before it. Forms, panels and names outlive the
-    /// control's use.
+    /// `container` is a form, a panel or a picture box, in which the control is above those made
+    /// before it. It outlives the control. `name` is a literal.
     Control(Form& form, Control& container, char const* name, Bounds bounds);
     virtual ~Control() = default;
     Control(Control const&) = delete;
@@ -69,13 +67,13 @@ public:
     /// Nothing if there is no such property. Names match exactly.
     PropertyBase* FindProperty(std::string_view name) const;
 
-    /// True if the control is of a kind that can hold the focus and is in the tab order.
+    /// True if the control can hold the focus and is in the tab order.
     virtual bool CanFocus() const { return false; }
-    /// False for a control that is reached by Tab alone: a click leaves the focus where it is.
+    /// False if only Tab reaches the control, and a click leaves the focus where it is.
     virtual bool TakesFocusByClick() const { return CanFocus(); }
-    /// Gives the control the focus if it can be seen and used; else does nothing.
+    /// Moves the focus here if the control can be seen and used.
     void SetFocus();
-    /// True if the control and every container of it is visible, the form not counted.
+    /// True if the control and its containers, except the form, are visible.
     bool IsShown() const;
     /// True if the control, its containers and its form are enabled.
     bool IsUsable() const;
@@ -84,22 +82,19 @@ public:
     virtual void Reset();
     /// Takes the present state as the design state.
     virtual void SaveDesign();
-    /// The client area of the form has this size now, in the form's scale: for controls that are
-    /// docked.
+    /// For docked controls: the new size of the form's client area, in the form's scale.
     virtual void FormResized(Size) { }
-    /// The twips of one unit of the control's own scale, which its children and its mouse positions
-    /// use.
+    /// Twips in a unit of the control's own scale, that of its children and mouse positions.
     virtual float TwipsPerUnit() const;
 
     Property<float> Left, Top, Width, Height;
     Property<bool> Visible, Enabled;
     Property<::Text> Tag, ToolTipText;
-    /// The place in the tab order of the form; controls of the same place follow in the order of
-    /// their making.
+    /// The place in the form's tab order; equal places in the order of construction.
     Property<int> TabIndex;
 
-    /// Of the design: what assistive tools call the control, such as "Your answer". If it is empty,
-    /// they use the control's caption, its tool tip or the caption of its panel.
+    /// What assistive tools call the control, such as "Your answer". If empty: its caption, its
+    /// tool tip or the caption of its panel.
     ::Text accessibleName;
 
     Event Click, GotFocus, LostFocus;

@@ -111,8 +111,7 @@ Control* Screen::NextInTabOrder(Form const& form, Control const* from, bool back
 
 void Screen::SettleFocus()
 {
-    // Each move runs handlers, which can hide or disable the next control; a form that never comes
-    // to rest is left as it is.
+    // Each move runs handlers, which can hide or disable the next control: give up after some.
     for (int tries = 0; tries < 8 && m_active && m_hasFocus; ++tries) {
         Form& form = *m_active;
         if (form.m_focus && CanTakeFocus(*form.m_focus))

@@ -1,15 +1,13 @@
-// How a form works. It is an ordinary object that lives as long as the program; its controls are
-// members, made once by its constructor, and its handlers are functions:
+// How a form works. Its controls are members, and its handlers are functions:
 //
 //     Command1.Click = [this] { Unload(*this); };
 //
-// What the constructor sets is the design. Load sets every property back to its design, places the
-// form and runs Form_Load; the first showing runs Form_Resize; Unload runs Form_Unload and takes
-// the form off the screen, but deletes nothing, so a handler may unload its own form. A property
-// tells the host and its control of each assignment, even of the same value. For the form that
-// means: a new Width, Height or WindowState runs Form_Resize, but not from within Form_Resize. Only
-// a loaded form runs handlers, and a form that is running one is busy. User actions that come then,
-// in a turn of the event loop, are dropped or, with queuesActions, run when it is free.
+// What the constructor sets is the design. Load resets every property to it, places the form and
+// runs Form_Load; the first showing runs Form_Resize; Unload runs Form_Unload and takes the form
+// off the screen, but deletes nothing, so a handler may unload its own form. A new Width, Height or
+// WindowState runs Form_Resize, but not from within Form_Resize. Only a loaded form runs handlers,
+// and a form that is running one is busy. User actions that come then, in a turn of the event loop,
+// are dropped or, with queuesActions, run when it is free.
 
 #include "controls/form.h"
 
@@ -219,7 +217,7 @@ void Form::RequestClose()
 
 void Form::RunQueuedActions()
 {
-    // An action runs handlers too: the next action waits until all of this one has run.
+    // An action runs handlers too. The next action waits until they have ended.
     if (m_runsQueuedActions)
         return;
     m_runsQueuedActions = true;

@@ -1,6 +1,6 @@
 #pragma once
-// A form: a window with its controls. The object lives as long as the program; loading and
-// unloading it is Screen's work (controls/screen.h).
+// A form: a window with its controls. The object exists as long as the program; Screen loads and
+// unloads it (controls/screen.h).
 
 #include "controls/control.h"
 
@@ -42,23 +42,21 @@ public:
 
     /// Shows the form beside the others and activates it; loads it first if it isn't loaded.
     void Show();
-    /// Shows the form modally and returns when it has been unloaded. A form that is visible already
-    /// is activated, and the call returns at once.
+    /// Shows the form modally and returns when it has been unloaded. If it is visible already, only
+    /// activates it.
     void ShowModal();
     void Hide();
     bool IsLoaded() const { return m_loaded; }
     /// True while the form is up modally.
     bool IsModal() const;
-    /// True while a handler of the form is running, which can only be seen from within a turn of
-    /// the event loop.
+    /// True while a handler of the form is running, that is, within a turn of the event loop.
     bool IsBusy() const { return m_handlers > 0; }
 
-    /// Keeps an action that came while the form was busy; it runs when the form is free, after
-    /// those queued before.
+    /// Keeps an action until the form is free and the actions queued before have run.
     void QueueAction(std::function<void()> action) { m_queuedActions.push_back(std::move(action)); }
     /// The user closed the form while it was busy: drops all queued actions.
     void RequestClose();
-    /// True from then until the form is free and is unloaded. Long work should end.
+    /// True from then until the form is unloaded. Long work should end.
     bool IsCloseRequested() const { return m_closeRequested; }
 
     /// The controls in the order in which they were made.
@@ -66,28 +64,25 @@ public:
     /// The menus of the menu bar, in their order.
     std::vector<Menu*> const& Menus() const { return m_menus; }
     Control* FindControl(std::string_view name) const;
-    /// The outer size of the normal state, in twips: the present one, or the one to which the form
-    /// returns.
+    /// The outer size in twips that the form has in its normal state, or returns to.
     Size const& NormalSize() const { return m_normal; }
     /// The control that has the focus while the form is active; nothing if none has.
     Control* Focus() const { return m_focus; }
     float TwipsPerUnit() const override;
-    /// What the form's `Width` and `Height` count beyond the client area, in twips: the frame and
-    /// the menu bar for which the layouts were drawn. They are the same on every system, whatever
-    /// the window manager draws.
+    /// What `Width` and `Height` count beyond the client area, in twips: a nominal frame and menu
+    /// bar, the same on every system.
     Size FrameSize() const;
-    /// What the key does in this form; nothing if it isn't one of its shortcuts.
+    /// Null if the key isn't a shortcut of this form.
     KeyShortcut const* FindShortcut(int keyCode, int shift) const;
 
-    /// Called by the host alone: the window got this outer size (client area and FrameSize), in
-    /// twips, in this state. Runs Form_Resize if something changed.
+    /// Called by the host: the window's state and outer size, in twips with FrameSize. Runs
+    /// Form_Resize if they changed.
     void Resized(float width, float height, FormState state);
-    /// Runs Form_Click and Form_KeyPress: the user clicked on the form itself, or pressed a
-    /// key, other than a modifier by itself, while no control had the focus. The character is 0 for
-    /// a key that types none.
+    /// The user clicked on the form itself, or pressed a key (0 if it types no character) while no
+    /// control had the focus.
     void RaiseClick();
     void RaiseKeyPress(char16_t character);
-    /// Another state: a normal form takes its last normal size, a maximised one the screen's.
+    /// A normal form takes its last normal size, a maximised one the screen's.
     void ChangeState(FormState state);
 
     Property<::Text> Caption;
@@ -108,14 +103,13 @@ protected:
     virtual void Form_Unload() { }
     virtual void Form_Click() { }
     virtual void Form_KeyPress(char16_t) { }
-    /// A modal form is being shown: this form won't see the release of a pressed mouse button.
+    /// A modal form is being shown. This form won't see the release of a pressed mouse button.
     virtual void Form_Blocked() { }
     void Assigned(PropertyBase const& property, bool changed) override;
 
-    /// For Form_Resize: makes a form below `smallest` that large.
+    // For Form_Resize: limits the size by `smallest`; the height, if not maximised, by the
+    // screen's.
     void GrowToSmallest();
-    /// For Form_Resize: makes a form that is higher than the screen as high as it, unless it is
-    /// maximised.
     void ShrinkToScreen();
 
 public:
@@ -128,14 +122,10 @@ public:
     FormState opensAs = FormState::Normal;
     ScaleMode scale; ///< of the places of its controls
     char const* icon = "icon"; ///< the name of a built-in picture
-    /// what the user does while a handler is inside a turn waits for the handler's end; else it is
-    /// dropped
+    /// user actions while a handler is inside a turn are queued, not dropped
     bool queuesActions = false;
-    /// outer, in twips, below which the user can't drag a window that isn't maximised; 0 for no
-    /// limit
-    Size smallest;
-    /// a shortcut of a menu entry with the same keys comes first
-    std::vector<KeyShortcut> shortcuts;
+    Size smallest; ///< outer, in twips, for a window that isn't maximised; 0 for no limit
+    std::vector<KeyShortcut> shortcuts; ///< a menu entry with the same shortcut comes first
 
 private:
     friend class Control;
@@ -167,9 +157,8 @@ private:
     bool m_closeRequested = false;
 };
 
-/// Loads a form without showing it: its controls return to their design state, then Form_Load runs.
-/// Nothing if it is loaded.
+/// Unless it is loaded: resets its controls to their design and runs Form_Load. Doesn't show it.
 void Load(Form& form);
-/// Unloads a form: Form_Unload runs, then the form is gone from the screen. Nothing if it isn't
-/// loaded. Safe from any handler of the form itself.
+/// If it is loaded: runs Form_Unload and removes the form from the screen. A handler of the form
+/// itself may do this.
 void Unload(Form& form);

@@ -1,7 +1,6 @@
 #pragma once
-// The interface of a host, which shows the forms and gives them the services of the machine. The
-// model tells the host what changed; the host passes the user's actions to Input
-// (controls/input.h).
+// The interface of a host, which shows the forms and offers the services of the machine. The model
+// notifies the host of changes; the host passes user actions to Input (controls/input.h).
 
 #include "base/text.h"
 #include "base/turns.h"
@@ -23,14 +22,14 @@ class Host {
 public:
     virtual ~Host() = default;
 
-    /// The turns of the event loop that long work gives. The host arms the count.
+    /// The turns that long work gives to the event loop. The host arms the count.
     Turns turns { [this] { TurnDue(); } };
 
     // Called by the model, perhaps in the middle of a handler.
 
     virtual void FormLoaded(Form& form) = 0;
     virtual void FormUnloaded(Form& form) = 0;
-    /// The form that is active now, raised above the others; nothing if none is.
+    /// Null if no form is active now; else the form is to be raised above the others.
     virtual void FormActivated(Form* form) = 0;
     virtual void Assigned(Control& control, PropertyBase const& property) = 0;
     virtual void ContentChanged(Control& control) = 0;
@@ -48,19 +47,17 @@ public:
     virtual Text ClipboardText() const = 0;
     /// Puts the text on the clipboard; an empty one leaves it empty.
     virtual void SetClipboardText(TextView text) = 0;
-    /// The size in twips of a text with its line ends, wrapped at blanks within `wrapWidth` twips
-    /// if that is above 0.
+    /// In twips; wrapped at blanks within `wrapWidth` twips if that is above 0.
     virtual Size MeasureText(Font const& font, TextView text, float wrapWidth) const = 0;
     /// The usable screen in twips.
     virtual Size ScreenSize() const = 0;
-    /// The size in pixels of a picture file or of a picture of the program's own; nothing if it
-    /// isn't one.
+    /// In pixels, of a picture file or a built-in picture; nothing if it isn't a picture.
     virtual std::optional<Size> PictureSize(TextView picture) = 0;
     virtual Printer& DefaultPrinter() = 0;
     /// Loads and shows the page at a file address.
     virtual void Navigate(WebBrowser& browser, TextView url) = 0;
 
 protected:
-    /// A turn that the host asked for is due.
+    /// The armed turn is due.
     virtual void TurnDue() = 0;
 };

@@ -1,8 +1,7 @@
 #pragma once
-// Applies user actions to the model, the same under every host. A control that is hidden or
-// disabled refuses them; one that takes the focus gets it before it acts; actions on a busy form
-// are dropped or, with Form::queuesActions, queued until it is free. What keys do inside a text is
-// the host's work; it passes on the result.
+// Applies user actions to the model. A hidden or disabled control refuses them; one that takes the
+// focus gets it before it acts; actions on a busy form are dropped or, with Form::queuesActions,
+// queued until it is free. The host handles keys inside a text and passes on the result.
 
 #include "controls/form.h"
 #include "controls/list.h"
@@ -16,8 +15,8 @@
 
 class MenuEntry;
 
-/// Why an action couldn't be taken, in a few words that name the form or control; empty if it was
-/// taken, or dropped or kept because a handler of the form is inside a turn of the event loop.
+/// Why an action was refused, in a few words that name the form or control; empty if it was
+/// applied, or dropped or queued because the form is busy.
 using Refusal = std::string;
 
 enum class BarStep { Less, More, PageLess, PageMore }; ///< towards `Min`, or towards `Max`
@@ -43,28 +42,24 @@ public:
     Refusal Select(TextInput& box, int start, int length);
     /// Picks an entry of a drop-down list.
     Refusal Choose(ComboBox& list, int index);
-    /// Drags the thumb: `Scroll`, and with `released` then `Change` if the value is another than
-    /// before the drag.
+    /// Drags the thumb: `Scroll`, and when released, `Change` if the value has changed.
     Refusal DragThumb(ScrollBar& bar, int value, bool released);
     Refusal Step(ScrollBar& bar, BarStep step);
     /// A mouse event in the control's own scale.
     Refusal Mouse(Control& control, MouseAction action, float x, float y);
-    /// Fires the timer; then a pointer that rests on a control that moved under it is reported
-    /// anew.
+    /// Fires the timer, then reports a resting pointer under which a control has moved.
     Refusal Fire(Timer& timer);
 
     /// Raises the key events of a control, or of a form on which nothing has the focus.
     Refusal KeyDown(Control& control, int keyCode, int shift);
     Refusal KeyPress(Control& control, char16_t character);
     Refusal KeyUp(Control& control, int keyCode, int shift);
-    /// Enter or Escape: clicks the form's default or cancel button, if there is a usable
-    /// one. False if there is none.
+    /// Enter or Escape: clicks the form's default or cancel button. False if no usable one exists.
     bool PressDefault(Form& form, int keyCode);
-    /// The menu entry with this shortcut, such as "Ctrl+X"; nothing if there is none or it is
-    /// disabled.
+    /// The enabled menu entry with this shortcut, such as "Ctrl+X"; null if there is none.
     MenuEntry* FindShortcut(Form& form, TextView shortcut) const;
-    /// Presses a key of the form's own shortcuts, which is no other key for the control that has
-    /// the focus. False if the form has no such shortcut, or can't be acted on.
+    /// Runs a shortcut of the form itself; the control with the focus doesn't get that key. False
+    /// if the form has no such shortcut, or is blocked.
     bool PressShortcut(Form& form, int keyCode, int shift);
 
     /// The user brought a form to the front.

@@ -5,8 +5,8 @@
 
 enum class TextAlignment : int { Left = 0, Right = 1, Centre = 2 };
 
-/// A text that is only shown. With `AutoSize` and `WordWrap` its height follows its caption at a
-/// fixed width; with `AutoSize` alone its width and height do.
+/// A text that is only shown. With `AutoSize` its size follows its caption; with `WordWrap` too,
+/// only its height.
 class Label final : public TextControl {
 public:
     Label(Form& form, Control& container, char const* name, Bounds bounds, TextView caption = {});

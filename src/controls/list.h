@@ -24,10 +24,10 @@ protected:
     void Assigned(PropertyBase const& property, bool changed) override;
 };
 
-/// The files of the current directory that match a pattern, read anew at each loading of the form.
+/// The files of the current directory that match a pattern, read when the form is loaded.
 class FileListBox final : public Control {
 public:
-    /// `list` gives the matching names in the order in which they are listed.
+    /// `list` gives the matching names in order.
     FileListBox(Form& form, char const* name, TextView pattern,
         std::function<std::vector<::Text>(TextView)> list);
 

@@ -15,7 +15,6 @@ public:
     Property<::Text> Url;
 };
 
-/// The members have the names of the player control that they represent.
 class WindowsMediaPlayer final : public Control {
 public:
     WindowsMediaPlayer(Form& form, Control& container, char const* name, Bounds bounds);

@@ -21,8 +21,7 @@ public:
     Property<::Text> Shortcut;
 };
 
-/// A menu of the menu bar. Menus are shown in the order in which they are made, and so are their
-/// entries.
+/// A menu of the menu bar. Menus and entries are shown in the order of construction.
 class Menu final : public Control {
 public:
     Menu(Form& form, char const* name, TextView caption);

@@ -41,7 +41,7 @@ public:
 private:
     static constexpr std::size_t deepest = 16, mostAnchors = 200;
 
-    /// What begins with the "<" at this place. Gives the place after it.
+    /// Handles what begins with this "<"; gives the place after it.
     std::size_t TakeMarkup(std::size_t at)
     {
         if (auto const* const usual = FindUsualTag(m_page, at)) {
@@ -64,8 +64,7 @@ private:
             return TakeAnchor(at, tag);
         if (tag.id == TagId::Break)
             return CopyTag(at, tag);
-        // The deepest level is the paragraphs' own: text that is deep in other tags still has its
-        // paragraphs.
+        // Only paragraphs may use the deepest level: deeply nested text keeps its paragraphs.
         bool const isParagraph = tag.id == TagId::Paragraph;
         if (isParagraph)
             Close(TagId::Paragraph);
@@ -98,8 +97,7 @@ private:
         return Close(tag.id) ? CopyTag(at, tag) : Replace(at, tag.end);
     }
 
-    /// Closes the tag that was opened last under this name, and what was opened within; false if
-    /// none is open.
+    /// Closes the last open tag of this name, with what is open within it; false if there is none.
     bool Close(TagId id)
     {
         for (auto depth = m_depth; depth > 0; --depth)
@@ -110,7 +108,7 @@ private:
         return false;
     }
 
-    /// Where a tag ends together with its content; the tag alone if it isn't closed.
+    /// The end of a tag with its content; of the tag alone if it isn't closed.
     std::size_t ContentEnd(Tag const& tag)
     {
         auto const name = NameOf(tag.id);
@@ -143,18 +141,15 @@ private:
         return end != m_page.npos && m_page[end] == '>' ? end + 1 : at;
     }
 
-    /// A tag without attributes. What needn't be written anew goes with the text around it.
+    /// A tag without attributes. A plain one is copied with the text around it.
     std::size_t CopyTag(std::size_t at, Tag const& tag)
     {
-        return tag.isPlain ? tag.end : Rewrite(at, tag);
-    }
-
-    std::size_t Rewrite(std::size_t at, Tag const& tag)
-    {
+        if (tag.isPlain)
+            return tag.end;
         return Replace(at, tag.end, (tag.closes ? "</" : "<") + std::string(NameOf(tag.id)) + ">");
     }
 
-    /// Writes the text up to `at`, and `text` instead of what follows up to `end`. Gives `end`.
+    /// Writes the page up to `at`, then `text` in place of the rest up to `end`; gives `end`.
     std::size_t Replace(std::size_t at, std::size_t end, Bytes text = {})
     {
         Write(m_page.substr(m_from, at - m_from));

@@ -1,6 +1,5 @@
 #pragma once
-// The tags of a page: where one ends, what it is, which attributes stay. What becomes of them is
-// page_filter's work.
+// The tags of a page: where one ends, what it is, which attributes stay (for page_filter.cpp).
 
 #include <bit>
 #include <cstddef>
@@ -10,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-/// The tags that mean something to the filter. Those in front of `Script` are kept.
+/// The tags that the filter knows. Those before `Script` are kept.
 enum class TagId : std::uint8_t {
     Paragraph,
     Superscript,
@@ -38,7 +37,7 @@ struct Tag {
     std::size_t end = 0; ///< the place after the ">"
 };
 
-/// A tag as nearly all of a page's are, recognised at a glance.
+/// One of the most frequent tags, recognised by one comparison.
 struct UsualTag {
     constexpr UsualTag(std::string_view text, TagId tagId)
         : id(tagId)
@@ -71,8 +70,8 @@ inline UsualTag const* FindUsualTag(std::string_view page, std::size_t at)
     return nullptr;
 }
 
-/// The tag that begins at the "<" at this place of the page; nothing if none does, as in `1 < 2` or
-/// where the next "<" comes before a ">".
+/// The tag that begins at this "<" of the page; nothing if none does, as in `1 < 2` or if the next
+/// "<" comes before a ">".
 std::optional<Tag> ReadTag(std::string_view page, std::size_t at);
 
 /// The name of a tag that isn't `Other`, in small letters.
@@ -81,9 +80,8 @@ std::string_view NameOf(TagId id);
 /// The start tag of a font with those of its attributes that stay, in their only form.
 std::string FontTag(std::string_view attributes);
 
-/// An anchor, closed at once; empty if it has no name of at most 64 letters, digits, ".", "-" and
-/// "_".
+/// An anchor, closed at once; empty without a name of 1 to 64 letters, digits, ".", "-", "_".
 std::string AnchorTag(std::string_view attributes);
 
-/// True if the text is the same as `small`, which is in small letters, ignoring case.
+/// Compares with `small`, which is in small letters, ignoring case.
 bool IsSameName(std::string_view text, std::string_view small);

@@ -1,7 +1,6 @@
 #pragma once
-// Long words of a page for the browser control. To break the lines of a word of n characters takes
-// the control time in proportion to n times n, so that one of 640,000 keeps it busy for half a
-// minute. What a "word" is here goes on through tags.
+// Long words of a page for the browser control, which breaks the lines of a word of n characters in
+// O(n * n): 640,000 characters take half a minute. A "word" here continues through tags.
 
 #include "base/text.h"
 
@@ -11,8 +10,7 @@
 /// In characters; an entity is one.
 constexpr std::size_t longestWord = 250;
 
-/// Looks for long words in a page's text, piece by piece, at little more than a glance for each 250
-/// characters.
+/// Looks for long words in a page's text, piece by piece, with about one look per 250 characters.
 class WordWatch {
 public:
     /// The text between two tags, in code page 1252.
@@ -38,7 +36,6 @@ private:
     bool m_mayBeLong = false;
 };
 
-/// The page with a place for a line break ("&#8203;", which is invisible) after each 250 characters
-/// of a word. `page` has been filtered: each "<" begins a tag. Breaking the words of the result
-/// changes nothing.
+/// Inserts an invisible break ("&#8203;") after each 250 characters of a word. `page` has been
+/// filtered: each "<" begins a tag. Idempotent.
 Text BreakLongWords(TextView page);

@@ -1,12 +1,10 @@
 #pragma once
-// Controls that show a picture. A picture is named by its file or, with a ":" in front, by
-// the name of a picture that is built into the program; an empty name means no picture.
+// Controls that show a picture: a file, ":name" for a built-in picture, or none for an empty name.
 
 #include "controls/form.h"
 
-/// A picture without a window of its own. It can be clicked; where `TabStop` is set it can also be
-/// reached by Tab, and Enter or the space bar then click it, but a click by mouse never moves the
-/// focus to it.
+/// A picture without a window of its own. If `TabStop` is set, Tab reaches it, and Enter and the
+/// space bar click it; a mouse click never moves the focus to it.
 class Image final : public Control {
 public:
     Image(Form& form, Control& container, char const* name, Bounds bounds, TextView picture = {});
@@ -20,8 +18,7 @@ public:
     Property<bool> TabStop;
 };
 
-/// A picture with a window of its own, which can hold other controls and, where `TabStop` is set,
-/// the focus.
+/// A picture with a window of its own, which can hold controls and, if `TabStop` is set, the focus.
 class PictureBox final : public Control {
 public:
     PictureBox(

@@ -1,6 +1,5 @@
 #pragma once
-// A property of a control: reads and is assigned like a field, and tells its control of each
-// assignment.
+// A property of a control: used like a field, notifies its control of each assignment.
 
 #include "base/text.h"
 #include "controls/value.h"
@@ -22,12 +21,10 @@ public:
     char const* Name() const { return m_name; }
 
     virtual Value Get() const = 0;
-    /// Assigns as code would. False, and nothing done, if the value is of another kind or the
-    /// property is read-only.
+    /// False if the value is of another kind or the property is read-only.
     virtual bool Set(Value const& value) = 0;
 
-    /// Keeps the present value as the design value, to which RestoreDesign returns without telling
-    /// anyone.
+    /// Saves the present value as the design; RestoreDesign returns to it without notification.
     virtual void SaveDesign() = 0;
     virtual void RestoreDesign() = 0;
 
@@ -42,7 +39,7 @@ private:
 
 template <class T> class Property final : public PropertyBase {
 public:
-    /// Makes the assigned value one that the control can take.
+    /// Turns the assigned value into one that the control can take.
     using Fit = T (*)(Control const&, T);
 
     Property(Control& owner, char const* name, T design = {}, Fit fit = nullptr)
@@ -68,10 +65,9 @@ public:
     operator TextView() const requires std::same_as<T, Text> { return m_value; }
     T const& operator()() const { return m_value; }
 
-    /// Changes the value without notifying the control, which keeps related values consistent
-    /// itself.
+    /// Doesn't notify the control: it keeps related values consistent itself.
     void AssignSilently(T value) { m_value = std::move(value); }
-    /// The value itself, for a control that changes a part of it and tells the host on its own.
+    /// The value itself, for a control that changes a part of it and notifies the host itself.
     T& Part() { return m_value; }
 
     Value Get() const override { return ToValue(m_value); }

@@ -13,17 +13,15 @@ struct CharacterFormat {
     bool operator==(CharacterFormat const&) const = default;
 };
 
-/// The indents of a paragraph, in twips. `hanging` is how much further all lines but the first are
-/// indented.
+/// The indents of a paragraph, in twips. `hanging` is added for all lines but the first.
 struct ParagraphFormat {
     float left = 0, right = 0, hanging = 0;
     bool operator==(ParagraphFormat const&) const = default;
 };
 
-/// Setting its text sets it in the format of the design. A paragraph runs up to and including its
-/// line end; the caret at the end of the text is in the last, possibly empty one. Text that is
-/// inserted takes the format before the caret, unless another was set since the caret was put
-/// there. Appending costs what is appended.
+/// Setting the text sets it in the format of the design. A paragraph includes its line end; the
+/// last one may be empty. Inserted text takes the format before the caret, unless another was set
+/// since the caret was placed. Appending takes time in proportion to what is appended.
 class RichTextBox final : public TextInput {
 public:
     struct Run {
@@ -48,12 +46,10 @@ public:
     std::vector<Run> const& Runs() const { return m_runs; }
     /// Always at least one, which starts at 0.
     std::vector<Paragraph> const& Paragraphs() const { return m_paragraphs; }
-    /// How often what was already there has changed, other than by appending: a host that has shown
-    /// this count and a part of the text needs only the rest, and the format of the paragraph in
-    /// which the rest begins.
+    /// Counts changes other than appending: until the next one, a host needs to show only what is
+    /// appended, and the format of the paragraph in which that begins.
     unsigned Revision() const { return m_revision; }
-    /// How often the whole text has been set. Within one count a text grew out of the one before
-    /// it, and the user may undo it; another is a text of its own.
+    /// Counts how often the whole text was set: the user can't undo across that.
     unsigned Generation() const { return m_generation; }
 
     /// Of the selection, or, if that is empty, of what is inserted next.

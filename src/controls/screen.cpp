@@ -1,20 +1,19 @@
-// How an action of the user becomes a handler. The host calls Input, Input sees whether the control
-// can be used, activates its form, moves the focus and raises the event; RunHandler runs the
-// handler. For example, the user has typed in Text3 and clicks Command1:
+// How a user action becomes a handler. The host calls Input, which checks that the control can be
+// used, activates its form, moves the focus and raises the event. For example, the user has typed
+// in Text3 and clicks Command1:
 //
 //     Input::Click(Command1)
 //         Text3.LostFocus, Command1.GotFocus     each a handler of its own
 //         Command1.Click                         only if Command1 can still be used
 //     Host::HandlersEnded                        the host updates its widgets
 //
-// Handlers may run within handlers, for instance where Command1 shows another form. Only the end of
-// the outermost one moves the focus away from a control that was hidden or disabled, tells the
-// host, and raises handlersEnded. Long work calls Turns::Give now and then. The host may serve the
-// user in such a turn; then handlers of other forms run within the one that gave the turn, but none
-// of its own form. A modal form is served by a loop of the host within the handler that showed it.
-// All other forms are blocked meanwhile, and the handlers of the modal one count as outermost. The
-// active form has the focus, and each form remembers which of its controls had it. It is suspended
-// while a message is shown or another program is active: LostFocus then, GotFocus after.
+// Handlers may run within handlers, for instance if Command1 shows another form. Only the end of
+// the outermost one moves the focus away from a control that was hidden or disabled and tells the
+// host. In a turn that long work gives, handlers of other forms may run within it, but none of its
+// own form. A modal form is served by a loop of the host within the handler that showed it; its
+// handlers count as outermost. Each form remembers which of its controls had the focus. While a
+// message is shown or another program is active, the focus is suspended: LostFocus then, GotFocus
+// after.
 
 #include "controls/screen.h"
 
@@ -25,11 +24,6 @@
 Screen::Screen(Host& host)
     : m_host(host)
 {
-}
-
-static void Remove(std::vector<Form*>& forms, Form& form)
-{
-    std::erase(forms, &form);
 }
 
 Form* Screen::Find(std::string_view name) const
@@ -74,7 +68,7 @@ void Screen::RunHandler(Form& form, std::function<void()> const& handler)
     EndHandler(form);
 }
 
-/// Memory that can't be had, and a length that no text can have, end the work and nothing else.
+/// If memory runs out, or a text gets too long, only this work ends.
 void Screen::Try(std::function<void()> const& work)
 {
     try {
@@ -93,7 +87,7 @@ void Screen::ReportFailure()
     m_reportsFailure = true;
     Try(handlerFailed);
     m_reportsFailure = false;
-    m_handlerFailed = false; // It is told once.
+    m_handlerFailed = false; // reported once
 }
 
 void Screen::SaveDesigns()
@@ -166,12 +160,12 @@ void Screen::ShowModal(Form& form)
     Show(form);
     if (!form.m_loaded)
         return;
-    // The handler that waits here is not the outermost one for what happens on the modal form.
+    // For the modal form, the handler that waits here isn't the outermost one.
     int const depth = std::exchange(m_depth, 0);
     m_host.HandlersEnded();
     m_host.RunModal(form);
     m_depth = depth;
-    Remove(m_modal, form);
+    std::erase(m_modal, &form);
 }
 
 void Screen::RunBlockedHandlers(Form const& modal)
@@ -191,7 +185,7 @@ void Screen::Hide(Form& form)
     if (m_active == &form)
         SuspendFocus();
     form.Visible = false;
-    Remove(m_zOrder, form);
+    std::erase(m_zOrder, &form);
     if (m_active == &form)
         ActivateLast();
     EndHandler(form);
@@ -211,9 +205,9 @@ void Screen::Unload(Form& form)
     form.m_queuedActions.clear();
     form.m_closeRequested = false;
     form.Visible.AssignSilently(false);
-    Remove(m_loaded, form);
-    Remove(m_zOrder, form);
-    Remove(m_modal, form);
+    std::erase(m_loaded, &form);
+    std::erase(m_zOrder, &form);
+    std::erase(m_modal, &form);
     m_host.FormUnloaded(form);
     if (m_active == &form)
         ActivateLast();

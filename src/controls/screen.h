@@ -1,6 +1,6 @@
 #pragma once
-// The forms of the program together: which are made, loaded and active, who has the focus, and
-// which handlers are running. User actions are Input's work (controls/input.h).
+// All forms of the program: which are loaded and active, where the focus is, which handlers are
+// running. Input applies user actions (controls/input.h).
 
 #include "controls/form.h"
 #include "controls/host.h"
@@ -21,20 +21,18 @@ public:
 
     /// The loaded forms, in the order of their loading.
     std::vector<Form*> const& Loaded() const { return m_loaded; }
-    /// A form by its name, loaded or not; nothing if there is none.
+    /// By name, loaded or not; null if there is none.
     Form* Find(std::string_view name) const;
     Form* Active() const { return m_active; }
     /// The form that is shown modally above all others; nothing if none is.
     Form* Modal() const { return m_modal.empty() ? nullptr : m_modal.back(); }
     bool IsModal(Form const& form) const;
 
-    /// Takes the present state of all forms as their design: once, when all are made and before the
-    /// first is loaded.
+    /// Takes the present state of all forms as their design: once, before the first is loaded.
     void SaveDesigns();
 
     void Load(Form& form);
-    /// Makes the form visible and active; one that is minimised returns to the state that it had
-    /// before.
+    /// Makes the form visible and active; a minimised one returns to its former state.
     void Show(Form& form);
     void ShowModal(Form& form);
     void Hide(Form& form);
@@ -43,32 +41,28 @@ public:
     /// Makes a visible form the active one: the form left loses its focus, this one gets it.
     void Activate(Form& form);
     void SetFocus(Control& control);
-    /// The window system took the active form's focus away, or gave it back: LostFocus and
-    /// GotFocus.
+    /// The window system took the active form's focus away (LostFocus), or gave it back (GotFocus).
     void SuspendFocus();
     void ResumeFocus();
-    /// The next control of the tab order after `from` (nothing: from the beginning) that can take
-    /// the focus.
+    /// The next control after `from` (null: the first) in the tab order that can take the focus.
     Control* NextInTabOrder(Form const& form, Control const* from, bool backwards = false) const;
 
     /// A message box of the program, with its title.
     void Message(TextView text);
 
-    /// Ends the program at once: no form is unloaded. What runs still runs to its end.
+    /// Ends the program without unloading forms. A running handler runs to its end.
     void End() { m_ended = true; }
     /// True once the program has ended: by End, or because its last form was unloaded.
     bool Ended() const { return m_ended || (m_everLoaded && m_loaded.empty()); }
     /// Closes every form, modal ones first, as at an orderly end of the program.
     void CloseAll();
 
-    /// Runs an event handler, or other work as one. At the end of the outermost one, the focus
-    /// moves away from a control that can't hold it any more, and the host is told. If memory runs
-    /// out, only the innermost handler ends there.
+    /// Runs a handler. At the end of the outermost one the focus leaves a control that can't hold
+    /// it any more, and the host is told. If memory runs out, only the innermost handler is
+    /// aborted.
     void RunHandler(Form& form, std::function<void()> const& handler);
     Event handlersEnded; ///< after the outermost handler, when the host has been told
-    /// After the outermost handler, if memory ran out in one: a handler did only a part of its
-    /// work.
-    Event handlerFailed;
+    Event handlerFailed; ///< after the outermost handler, if memory ran out in one
 
 private:
     friend class Form;
@@ -90,8 +84,7 @@ private:
     std::vector<Form*> m_zOrder; // visible forms, the active one last
     std::vector<Form*> m_modal;
     Form* m_active = nullptr;
-    // the active form's focus control has had GotFocus and not yet LostFocus
-    bool m_hasFocus = false;
+    bool m_hasFocus = false; // the active form's focus control had GotFocus, not yet LostFocus
     int m_depth = 0;
     bool m_handlerFailed = false;
     bool m_reportsFailure = false;

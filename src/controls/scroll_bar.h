@@ -5,9 +5,8 @@
 
 #include <cstdint>
 
-/// A scroll bar, which runs from `Min` on its left or upper end to `Max`, also where `Max` is below
-/// `Min`. `Value` is held between them; assigning `Min` or `Max` changes neither `Value` nor raises
-/// an event.
+/// Runs from `Min` at its left or upper end to `Max`, which may be below `Min`. Assigning `Value`
+/// holds it between them; assigning `Min` or `Max` neither changes `Value` nor raises an event.
 class ScrollBar : public Control {
 public:
     ScrollBar(Form& form, Control& container, char const* name, Bounds bounds);

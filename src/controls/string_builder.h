@@ -1,6 +1,6 @@
 #pragma once
-// A growable text buffer, for texts that are built from many pieces. Capacities and growth units
-// count bytes, lengths and positions count 16-bit characters of two bytes each.
+// A growable text buffer. Capacities and growth units are bytes, lengths and positions 16-bit
+// characters.
 
 #include "base/text.h"
 
@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-/// What CStringBuilder raises: an argument outside the text. The builder is unchanged.
+/// Thrown for an argument outside the text. The builder is unchanged.
 class StringBuilderError : public std::out_of_range {
 public:
     StringBuilderError(char const* errorSource, char const* message)
@@ -27,16 +27,14 @@ public:
     CStringBuilder(CStringBuilder const&) = delete;
     CStringBuilder& operator=(CStringBuilder const&) = delete;
 
-    /// The unit in which the capacity grows next, in bytes: with sizing method 0 as it was set,
-    /// with 1 the percentage of the present capacity. Setting it counts with method 0 and above 0
-    /// alone; odd values go up by 1. Growth itself goes in whole characters: an odd unit counts as
-    /// one more, one below 2 as 2.
+    /// The unit by which the capacity grows, in bytes: with sizing method 0 the value set, with 1 a
+    /// percentage of the capacity. Setting it is ignored with method 1 and for values below 1; odd
+    /// values are rounded up. Growth rounds the unit up to an even number, at least 2.
     std::int32_t BufferBump() const;
     void SetBufferBump(std::int32_t value);
 
-    /// Bytes. Setting it goes up to a whole number of units, cuts a text that is longer, and makes
-    /// that unit the one of method 0; a value of 0 or less is ignored. A value near the 32-bit
-    /// limit raises std::length_error.
+    /// Bytes. Setting it rounds up to whole units, cuts a longer text, and makes the unit that of
+    /// method 0; values below 1 are ignored. Near the 32-bit limit it throws std::length_error.
     std::int32_t Capacity() const { return m_capacity; }
     void SetCapacity(std::int32_t value);
     /// Makes the capacity at least this; gives the capacity.
@@ -44,11 +42,10 @@ public:
 
     /// A character by its position from 0.
     char16_t Chars(std::int32_t position) const;
-    /// Replaces it by the first character of the text; an empty text is an argument out of range.
+    /// Replaces it by the first character of the text; an empty text is an error.
     void SetChars(std::int32_t position, TextView value);
 
-    /// Characters. Setting it cuts the text, or lengthens it by whatever the buffer holds; a
-    /// negative value is ignored.
+    /// Setting it cuts the text, or lengthens it by what the buffer holds; below 0 is ignored.
     std::int32_t Length() const { return m_used / 2; }
     void SetLength(std::int32_t value);
 
@@ -74,5 +71,5 @@ private:
     std::int32_t m_sizingMethod = 1;
     std::int32_t m_used = 0; // bytes
     std::int32_t m_capacity = 8192; // bytes
-    Text m_buffer; // the text, and what stood behind it before it was cut
+    Text m_buffer; // the text, and what came after it before it was cut
 };

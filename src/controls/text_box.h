@@ -12,17 +12,15 @@ public:
     bool CanFocus() const override { return true; }
 
     virtual bool IsMultiLine() const = 0;
-    /// Replaces the selection by a text, whose lone CR or LF become line ends, puts the caret
-    /// after it and raises Change.
+    /// Lone CR or LF in the text become line ends. The caret goes after it; raises Change.
     virtual void ReplaceSelection(TextView text) = 0;
-    /// Called by the host alone: what the user has made of the text, with the caret and the
-    /// selection. True if the text is another.
+    /// Called by the host: the text, caret and selection after a user action. True if the text has
+    /// changed.
     virtual bool Edited(::Text text, int start, int length) = 0;
     /// Called by the host alone: where the user has put the caret; raises no event.
     void Selected(int start, int length);
 
-    /// Its lone CR or LF become line ends. Setting it puts the caret at the start and raises
-    /// Change.
+    /// Lone CR or LF become line ends. Setting it puts the caret at the start and raises Change.
     Property<::Text> Text;
     Property<bool> Locked; ///< can be read, selected and copied, not changed
     Property<bool> Border;

@@ -8,7 +8,7 @@ public:
     Timer(Form& form, char const* name, int interval);
 
     char const* Kind() const override { return "Timer"; }
-    /// Called by the host alone: the interval has passed. Nothing if the timer is off.
+    /// Called by the host: the interval has passed. Does nothing if the timer is off.
     void Fire();
 
     Property<int> Interval; ///< milliseconds

@@ -16,11 +16,9 @@
 
 class TreeView;
 
-/// The picture of a node in the tree's image list: its place from 1, its key (a literal), or 0 for
-/// none.
+/// A picture of the tree's image list: its place from 1, its key (a literal), or 0 for none.
 using NodeImage = std::variant<int, char const*>;
 
-/// What a node may be given when it is added.
 struct NodeLook {
     NodeImage image = 0;
     bool bold = false;
@@ -28,10 +26,9 @@ struct NodeLook {
     TextView tag = {};
 };
 
-/// A text in parts; those that aren't needed are empty.
+/// A text in up to three parts.
 using TextParts = std::array<TextView, 3>;
 
-/// A node of a tree. Its texts are stored with the tree's.
 class Node {
 public:
     TextView Key() const { return { m_texts, m_keySize }; }
@@ -79,8 +76,7 @@ private:
 
     static std::pmr::vector<Node*> const noNodes;
 
-    // A catalogue has tens of thousands of nodes, most of them leaves: filling the tree costs what
-    // its memory costs.
+    // A catalogue has tens of thousands of nodes, most of them leaves: they have to be small.
     TreeView& m_tree;
     Node* m_parent;
     std::pmr::vector<Node*>* m_children = nullptr; // made with the first child
@@ -94,8 +90,8 @@ private:
     bool m_bold;
 };
 
-/// The nodes of a tree, in large blocks. They stay where they are, and are never destroyed: they
-/// have nothing outside the memory that they are given.
+/// The nodes of a tree, in large blocks. They keep their addresses and are never destroyed, since
+/// they own nothing outside the memory resource.
 class NodeList {
 public:
     template <class List, class Value> class Iterator {
@@ -172,7 +168,7 @@ public:
     {
         return Add(&parent, { key }, { text }, look);
     }
-    /// The same for many nodes whose texts are put together; at the root if there is no parent.
+    /// The same with texts in parts; at the root if `parent` is null.
     Node& Add(Node* parent, TextParts const& key, TextParts const& text, NodeLook const& look);
     void Clear();
     /// The first node with the key; nothing if there is none.
@@ -184,34 +180,28 @@ public:
     Node* Selected() const { return m_selected; }
     void Select(Node* node);
 
-    /// Opens the parents of the node that are closed, and has the host scroll to it: the node and,
-    /// if it is open, as many of its children as there is room for come into view. The tree stays
-    /// where it is if they are in view already.
+    /// Opens the node's parents and has the host scroll it into view and, if it is open, as many of
+    /// its children as there is room for.
     void EnsureVisible(Node& node);
     /// The node of the last such call; nothing if the tree has been cleared since.
     Node* EnsuredVisible() const { return m_ensuredVisible; }
-    /// How often that was called: a host that has seen this count has scrolled already.
+    /// The number of such calls.
     unsigned TimesEnsured() const { return m_timesEnsured; }
-
-    /// Sets the background of the whole tree, as the tree control's colour message does.
-    void SetBackgroundColour(Colour colour) { BackColor = colour; }
 
     ImageList* Images = nullptr;
     std::function<void(Node& node)> NodeClick;
     /// Gives the tool tip of a node, with LF between its lines; empty for none.
     std::function<::Text(Node const& node)> NodeToolTip;
-    /// Asks for the tool tip, as an event of the form: when it is wanted, not before.
+    /// Calls NodeToolTip as an event of the form.
     ::Text ToolTipOf(Node const& node);
 
-    /// How often the tree has been cleared: a host that has seen this count and a number of nodes
-    /// needs only the rest.
+    /// The number of calls of Clear. Until the next one, nodes are only added.
     unsigned Revision() const { return m_revision; }
     void Reset() override;
 
 private:
     friend class Node;
 
-    // Nodes are found by their keys.
     struct KeyHash {
         using is_transparent = void;
         std::size_t operator()(TextView key) const { return std::hash<TextView>()(key); }
@@ -227,8 +217,8 @@ private:
         }
     };
 
-    /// Keeps the blocks that are given back, for the next content: a tree is often filled anew with
-    /// nearly the same nodes, and fresh memory from the system takes longer than filling it.
+    /// Keeps freed blocks for the next content: a tree is often refilled with nearly the same
+    /// nodes, and fresh memory from the system takes longer than filling it.
     class KeptBlocks final : public std::pmr::memory_resource {
     public:
         ~KeptBlocks() override;
@@ -244,8 +234,7 @@ private:
         std::multimap<std::size_t, void*> m_blocks; // by size in bytes
     };
 
-    /// All that Clear forgets. It only grows until then, so its memory comes in large pieces and
-    /// goes at once: the nodes have nothing outside it and are not destroyed one by one.
+    /// All that Clear drops at once.
     struct Content {
         explicit Content(KeptBlocks& blocks)
             : memory(&blocks)
@@ -261,13 +250,13 @@ private:
         std::size_t indexed = 0;
     };
 
-    /// An object that lives until the tree is cleared, and isn't destroyed then.
+    /// An object that exists until the tree is cleared. Its destructor doesn't run.
     template <class Object, class... Arguments> Object* Make(Arguments&&... arguments)
     {
         auto* const room = std::pmr::polymorphic_allocator<Object>(&m_content->memory).allocate(1);
         return new (room) Object(std::forward<Arguments>(arguments)...);
     }
-    /// Room for so many characters, until the tree is cleared.
+    /// Memory for so many characters until the tree is cleared.
     char16_t* TakeRoom(std::size_t size);
     TextView Intern(TextView text);
 

@@ -23,8 +23,8 @@ template <class T> Value ToValue(T const& value)
         return value;
 }
 
-/// The value as a property's type: numbers convert into each other, an integer that the type can't
-/// hold and any other kind give nothing.
+/// The value as a property's type. Integers convert to float; nothing if an integer doesn't fit or
+/// the kind is another.
 template <class T> std::optional<T> FromValue(Value const& value)
 {
     if constexpr (std::is_enum_v<T> || (std::integral<T> && !std::same_as<T, bool>)) {

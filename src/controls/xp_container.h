@@ -1,7 +1,7 @@
 #pragma once
-// The themed panel: a container with a one-pixel border, a vertical gradient and a header strip
-// with a caption. It paints itself, but for the caption, which a host puts over the strip as a
-// label (`captionLeft`, Tahoma 8.25 bold, in `TextColor`).
+// The themed panel: a container with a one-pixel border, a vertical gradient and a header strip. It
+// paints itself, but for its caption, which a host puts over the strip (`captionLeft`, Tahoma 8.25
+// bold, in `TextColor`).
 
 #include "controls/canvas.h"
 
@@ -14,9 +14,9 @@ public:
 
     char const* Kind() const override { return "XPContainer"; }
 
-    /// The panel painted at its present size. Made anew at each call.
+    /// The panel painted at its present size.
     Canvas Surface() const;
-    /// The same on a canvas of the caller's, which takes the panel's size.
+    /// The same, on a canvas that takes the panel's size.
     void PaintOn(Canvas& canvas) const;
 
     Property<Colour> HeaderLightColor, HeaderDarkColor, BackLightColor, BackDarkColor, BorderColor,

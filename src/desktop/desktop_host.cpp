@@ -74,8 +74,7 @@ bool DesktopHost::MayComeUp() const
     return m_context.screen && !m_context.screen->Ended();
 }
 
-/// As if the user had called the window up: the model hears of it as of any act of the window
-/// system.
+/// As the user would do; the model is notified by the window system's events.
 static void RaiseWindow(QWidget& window)
 {
     QWindow* const owner = window.windowHandle()->transientParent();
@@ -169,16 +168,6 @@ void DesktopHost::MarkDirty(Control const& control, PropertyBase const* property
         m_dirty.push_back(peer);
 }
 
-void DesktopHost::Assigned(Control& control, PropertyBase const& property)
-{
-    MarkDirty(control, &property);
-}
-
-void DesktopHost::ContentChanged(Control& control)
-{
-    MarkDirty(control, nullptr);
-}
-
 void DesktopHost::HandlersEnded()
 {
     Mirror();
@@ -214,8 +203,7 @@ void DesktopHost::Mirror()
     Reap();
 }
 
-/// The window from which the user called another up. It needn't be active any more: he may have
-/// gone to another program in between.
+/// The window from which the user opened another. He may have gone to another program since.
 QWidget* DesktopHost::OwnerOfNewWindows() const
 {
     bool const isUp = m_before && m_before->ParentForm().Visible && m_before->Widget()->isVisible();
@@ -234,7 +222,7 @@ void DesktopHost::MirrorWindows()
     }
     if (m_toActivate && m_toActivate->Widget()->isVisible()) {
         m_toActivate->Widget()->raise();
-        // Asked for again, two windows whose reports cross would call each other up for ever.
+        // Two windows whose reports cross would otherwise activate each other for ever.
         if (QApplication::activeWindow() != m_toActivate->Widget())
             m_toActivate->Widget()->activateWindow();
         m_toActivate = nullptr;
@@ -247,7 +235,7 @@ void DesktopHost::Reap()
 {
     for (QWidget* window : m_retired)
         window->hide();
-    // A handler's caller may still be at work on the widget through which the user acted.
+    // The widget through which the user acted may still be in use.
     if (!m_context.IsActing())
         for (QWidget* window : std::exchange(m_retired, {}))
             window->deleteLater();
@@ -260,7 +248,7 @@ void DesktopHost::TurnDue()
     if (std::chrono::steady_clock::now() - m_served < pause)
         return;
     Mirror();
-    // What a busy form wants kept stays in the event queue.
+    // Actions that a busy form queues stay in the event queue.
     auto const& forms = m_context.screen->Loaded();
     bool const isKept = std::any_of(forms.begin(), forms.end(),
         [](Form const* form) { return form->queuesActions && form->IsBusy(); });

@@ -1,7 +1,6 @@
 #pragma once
-// The host that shows the forms in windows of the desktop. It keeps nothing but widgets: what the
-// model changes is mirrored when the outermost handler ends or a turn is due; what the user does
-// is passed to Input.
+// The host that shows the forms in windows of the desktop. Changes of the model are mirrored when
+// the outermost handler ends or a turn is due; user actions are passed to Input.
 
 #include "controls/host.h"
 #include "desktop/peers/peer_context.h"
@@ -20,18 +19,16 @@ class QKeyEvent;
 
 class DesktopHost final : public QObject, public Host {
 public:
-    /// `files` outlives the host. `placeOf` gives the place on the machine of a file that the
-    /// program names.
+    /// `files` outlives the host. `placeOf` gives the real path of a file that the program names.
     DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf);
     ~DesktopHost() override;
 
-    /// Runs the program, whose first form has been shown, until it has ended, then takes down all
-    /// windows.
+    /// Runs the program, whose first form has been shown, to its end, then deletes all windows.
     void Run();
     /// Closes all forms, as at an orderly end of the program.
     void CloseAll();
-    /// Brings the window that the user would act on, and a message over it, to the front, also if
-    /// it is minimised. May be called while a handler waits for a modal form or a message.
+    /// Brings the active window and a message over it to the front, even if minimised. May be
+    /// called while a handler waits for a modal form or a message.
     void ComeUp();
     /// False before the first form and after the program's end.
     bool MayComeUp() const;
@@ -39,8 +36,11 @@ public:
     void FormLoaded(Form& form) override;
     void FormUnloaded(Form& form) override;
     void FormActivated(Form* form) override;
-    void Assigned(Control& control, PropertyBase const& property) override;
-    void ContentChanged(Control& control) override;
+    void Assigned(Control& control, PropertyBase const& property) override
+    {
+        MarkDirty(control, &property);
+    }
+    void ContentChanged(Control& control) override { MarkDirty(control, nullptr); }
     void FocusMoved(Form&) override { }
     void HandlersEnded() override;
 
@@ -55,8 +55,7 @@ public:
     void Navigate(WebBrowser& browser, TextView url) override;
 
 protected:
-    /// Sees every event of the application: keeps the user's actions from windows that can't take
-    /// them now.
+    /// Keeps user actions from windows that can't take them now.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -14,8 +14,7 @@
 
 void DesktopHost::MessageBox(TextView text, TextView title)
 {
-    // A box that came up under a pressed button would take the click away from what the user
-    // pressed.
+    // A box that came up while a mouse button is held would take the click.
     if (QApplication::mouseButtons() != Qt::NoButton) {
         QTimer::singleShot(50, this,
             [this, later = Text(text), caption = Text(title)] { MessageBox(later, caption); });

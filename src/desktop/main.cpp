@@ -24,8 +24,8 @@
 
 namespace {
 
-/// Where memory runs out while Qt handles an event, outside of any handler of a form, the event is
-/// dropped and the user told. No exception may pass through Qt's event loop.
+/// If memory runs out outside of any form's handler, drops the event and tells the user. No
+/// exception may pass through Qt's event loop.
 class Application final : public QApplication {
 public:
     using QApplication::QApplication;

@@ -8,7 +8,7 @@
 #include <csignal>
 #include <unistd.h>
 
-// A handler of a signal can do next to nothing: it writes a byte, which the event loop sees.
+// A signal handler can do next to nothing: it writes a byte for the event loop.
 static int volatile signalPipe = -1;
 
 static void Signalled(int)

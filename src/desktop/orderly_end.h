@@ -1,6 +1,5 @@
 #pragma once
-// The ends of the program that come from outside: the end of the user's session, and the signals
-// that ask a process to go.
+// Ends the program at the end of the user's session and on the usual signals.
 
 #include <QObject>
 
@@ -11,8 +10,8 @@ class QSocketNotifier;
 
 class OrderlyEnd final : public QObject {
 public:
-    /// `finish` stores what is to be stored and closes the forms; it runs once at most, as an
-    /// ordinary event. One object at a time.
+    /// `finish` stores everything and closes the forms; it runs at most once, as an ordinary event.
+    /// Only one object may exist at a time.
     OrderlyEnd(QApplication& application, std::function<void()> finish);
     ~OrderlyEnd() override;
 

@@ -1,6 +1,5 @@
 #pragma once
-// The default printer. On a machine without one, each job goes to a PDF in the user's documents
-// folder.
+// The default printer. Without one, each job is written as a PDF to the user's documents folder.
 
 #include "controls/printer.h"
 
@@ -12,7 +11,7 @@
 
 class QtPrinter final : public Printer {
 public:
-    /// `printedTo` hears of each job that went to a file, or of a file that couldn't be written.
+    /// `printedTo` is called for each job that was written to a file, or failed.
     explicit QtPrinter(std::function<void(Text message)> printedTo);
     ~QtPrinter() override;
 

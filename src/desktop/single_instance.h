@@ -1,6 +1,5 @@
 #pragma once
-// Answers a second start of the program as an ordinary event, so that the copy that runs comes up
-// instead of another.
+// Answers a second start of the program by bringing the running copy to the front.
 
 #include <QObject>
 
@@ -12,14 +11,13 @@ class RunningCopy;
 
 class SingleInstance final : public QObject {
 public:
-    /// Answers, while this object lives, the starts that ask `copy`. `mayComeUp` is false when the
-    /// program is about to end: then nothing is answered any more, and the start runs by itself.
-    /// Else `comeUp` runs. Both, and `copy`, outlive this object.
+    /// Calls `comeUp` for each start that asks `copy`, as long as `mayComeUp`; after that, starts
+    /// aren't answered and run by themselves. `copy` outlives this object.
     SingleInstance(
         RunningCopy& copy, std::function<bool()> mayComeUp, std::function<void()> comeUp);
 };
 
-/// What all starts with the same user folder, current directory and display have in common, as a
-/// name for a file. Qt's platform must be up.
+/// A file name that all starts with the same user folder, current directory and display share.
+/// Needs an application object.
 std::string InstanceName(
     std::string const& userFolderIdentity, std::string const& directoryIdentity);

@@ -27,8 +27,3 @@ frmAbout::frmAbout(Screen& screen)
     cmdOK.TabIndex = 0;
     cmdOK.Click = [this] { cmdOK_Click(); };
 }
-
-void frmAbout::cmdOK_Click()
-{
-    Unload(*this);
-}

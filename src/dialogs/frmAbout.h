@@ -11,7 +11,7 @@ public:
     explicit frmAbout(Screen& screen); // outlives the form
 
 private:
-    void cmdOK_Click();
+    void cmdOK_Click() { Unload(*this); }
 
     PictureBox picIcon { *this, *this, "picIcon", { 240, 240, 660, 510 }, u":about" };
     Label lblTitle { *this, *this, "lblTitle", { 1050, 240, 3885, 345 },

@@ -18,21 +18,16 @@ frmSplash::frmSplash(Screen& screen, FileSystem const& files, Shell& shell, Form
     Picture = u":splash";
     for (Shape* cover : { &Shape1, &Shape2, &Shape3 })
         cover->Visible = false;
-    struct Choice {
-        Label& label;
-        TextView name;
-        void (frmSplash::*handler)();
+    auto const addChoice = [](Label& label, TextView name, Event clicked) {
+        label.MousePointer = pointerHand;
+        label.accessibleName = name;
+        label.Click = std::move(clicked);
     };
-    for (auto const& choice :
-        { Choice { lblInstallToDisk, u"Install to Disk", &frmSplash::lblInstallToDisk_Click },
-            Choice { lblWelcomeVideo, u"Welcome Video", &frmSplash::lblWelcomeVideo_Click },
-            Choice { lblRunFromCD, u"Run from CD", &frmSplash::lblRunFromCD_Click },
-            Choice { lblEnter, u"Enter", &frmSplash::lblEnter_Click },
-            Choice { lblExit, u"Exit", &frmSplash::lblExit_Click } }) {
-        choice.label.MousePointer = pointerHand;
-        choice.label.accessibleName = Text(choice.name);
-        choice.label.Click = [this, handler = choice.handler] { (this->*handler)(); };
-    }
+    addChoice(lblInstallToDisk, u"Install to Disk", [this] { lblInstallToDisk_Click(); });
+    addChoice(lblWelcomeVideo, u"Welcome Video", [this] { lblWelcomeVideo_Click(); });
+    addChoice(lblRunFromCD, u"Run from CD", [this] { lblRunFromCD_Click(); });
+    addChoice(lblEnter, u"Enter", [this] { lblEnter_Click(); });
+    addChoice(lblExit, u"Exit", [this] { lblExit_Click(); });
 }
 
 void frmSplash::Form_Load()
@@ -41,10 +36,10 @@ void frmSplash::Form_Load()
     auto const options
         = ChooseStartOptions(m_files.FileExists(programFolder + u"\\sparrowfield.wmv"),
             programFolder, InstalledCopyExists());
-    Shape1.Visible = options.coverInstall;
-    Shape2.Visible = options.coverEnter;
-    Shape3.Visible = options.coverRunFromCD;
-    Shape4.Visible = options.coverVideo;
+    Shape1.Visible = !options.install;
+    Shape2.Visible = !options.enter;
+    Shape3.Visible = !options.runFromCD;
+    Shape4.Visible = !options.video;
     lblInstallToDisk.Enabled = options.install;
     lblWelcomeVideo.Enabled = options.video;
     lblRunFromCD.Enabled = options.runFromCD;
@@ -53,33 +48,9 @@ void frmSplash::Form_Load()
 
 bool frmSplash::InstalledCopyExists() const
 {
-    return m_files.FileExists(u"C:\\Program Files\\Sparrowfield House\\Sparrowfield Interactive "
-                              u"Software\\sparrowfield.exe");
-}
-
-void frmSplash::Form_Click()
-{
-    Unload(*this);
-}
-
-void frmSplash::Form_KeyPress(char16_t)
-{
-    Unload(*this);
-}
-
-void frmSplash::Form_Unload()
-{
-    frmContents->Show();
-}
-
-void frmSplash::lblEnter_Click()
-{
-    Unload(*this);
-}
-
-void frmSplash::lblRunFromCD_Click()
-{
-    Unload(*this);
+    return m_files.FileExists(
+        u"C:\\Program Files\\Sparrowfield House\\Sparrowfield Interactive Software\\"
+        u"sparrowfield.exe");
 }
 
 void frmSplash::lblInstallToDisk_Click()
@@ -91,9 +62,4 @@ void frmSplash::lblInstallToDisk_Click()
 void frmSplash::lblExit_Click()
 {
     GetScreen().End();
-}
-
-void frmSplash::lblWelcomeVideo_Click()
-{
-    frmVideo.ShowModal();
 }

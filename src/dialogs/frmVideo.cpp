@@ -23,13 +23,3 @@ void frmVideo::Form_Resize()
     WindowsMediaPlayer1.Width = ScaleWidth;
     WindowsMediaPlayer1.Height = ScaleHeight;
 }
-
-void frmVideo::Form_Click()
-{
-    WindowsMediaPlayer1.Play();
-}
-
-void frmVideo::Form_Unload()
-{
-    WindowsMediaPlayer1.playing = false;
-}

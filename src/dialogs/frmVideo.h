@@ -11,8 +11,8 @@ public:
 private:
     void Form_Load() override;
     void Form_Resize() override;
-    void Form_Click() override;
-    void Form_Unload() override;
+    void Form_Click() override { WindowsMediaPlayer1.Play(); }
+    void Form_Unload() override { WindowsMediaPlayer1.playing = false; }
 
     WindowsMediaPlayer WindowsMediaPlayer1 { *this, *this, "WindowsMediaPlayer1",
         { 0, 0, 7035, 5325 } };

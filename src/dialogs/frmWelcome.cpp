@@ -25,11 +25,6 @@ void frmWelcome::Form_Load()
     Check1.Value = ReadSetting(m_settings, u"Parameters", u"showhelp", u"") == u"false" ? 1 : 0;
 }
 
-void frmWelcome::Label2_Click()
-{
-    Check1.Value = Check1.Value == 1 ? 0 : 1;
-}
-
 void frmWelcome::Command1_Click()
 {
     WriteSetting(m_settings, u"Parameters", u"showhelp", Check1.Value == 1 ? u"false" : u"true");

@@ -13,7 +13,7 @@ public:
 
 private:
     void Form_Load() override;
-    void Label2_Click();
+    void Label2_Click() { Check1.Value = 1 - Check1.Value; }
     void Command1_Click();
 
     SettingsStore& m_settings;

@@ -22,8 +22,3 @@ void LongTextDialog::Form_Load()
 {
     WriteLongText(RichTextBox1, m_text);
 }
-
-void LongTextDialog::Command1_Click()
-{
-    Unload(*this);
-}

@@ -23,7 +23,7 @@ protected:
 
 private:
     void Form_Load() override;
-    void Command1_Click();
+    void Command1_Click() { Unload(*this); }
 
     std::span<LongTextParagraph const> m_text;
 };

@@ -1,7 +1,6 @@
 #pragma once
-// What the lesson screen and the catalogue have in common: the black ground, and the menus. The
-// Maps, Bible, Options and Help menus lead to the maps, the Bible reader, the final exam and the
-// help dialogs; the two screens differ in a few entries and in the order of the Help menu.
+// What the lesson screen and the catalogue have in common: the black background and the menus,
+// which differ in a few entries and in the order of the Help menu.
 
 #include "controls/form.h"
 #include "controls/menu.h"
@@ -11,8 +10,7 @@
 #include <memory>
 #include <vector>
 
-/// The forms that the menu entries open. They outlive the screens. Both screens share one viewer of
-/// the maps.
+/// The forms that the menu entries open. They outlive the screens.
 struct ReferenceForms {
     Form& finalExam;
     Form& about;

@@ -3,13 +3,11 @@
 
 #include "base/text.h"
 
+/// The choices that apply. Each other one is covered and can't be used.
 struct StartOptions {
-    // Covers over the choices that don't apply.
-    bool coverInstall = false, coverVideo = false, coverRunFromCD = false, coverEnter = false;
-    // The click areas that can be used.
-    bool install = false, video = false, runFromCD = false, enter = false;
+    bool video, install, runFromCD, enter;
 };
 
-/// `programFolder` is the folder of the program file: one whose path holds "Program", in exactly
-/// that case, is that of an installed copy. Exit is always offered.
+/// `programFolder` is that of an installed copy if its path has "Program" in it, in exactly that
+/// case. Exit is always offered.
 StartOptions ChooseStartOptions(bool videoExists, TextView programFolder, bool installedCopyExists);

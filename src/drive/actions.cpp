@@ -37,24 +37,16 @@ static Json Click(Machine& machine, Arguments const& arguments)
         isForm ? machine.input.Click(control.ParentForm()) : machine.input.Click(control));
 }
 
-static Node& NodeAt(Arguments const& arguments)
-{
-    auto& tree = arguments.ControlOf<TreeView>(0);
-    if (Node* node = tree.Find(arguments.TextAt(1)))
-        return *node;
-    throw CommandError(arguments.StringAt(0) + " has no node " + arguments.StringAt(1));
-}
-
 static Json ClickNode(Machine& machine, Arguments const& arguments)
 {
-    return Answer(machine.input.ClickNode(arguments.ControlOf<TreeView>(0), NodeAt(arguments)));
+    return Answer(machine.input.ClickNode(arguments.ControlOf<TreeView>(0), arguments.NodeAt(0)));
 }
 
 static Json Expand(Machine& machine, Arguments const& arguments)
 {
     bool const expanded = arguments.BooleanAt(2);
     return Answer(
-        machine.input.Expand(arguments.ControlOf<TreeView>(0), NodeAt(arguments), expanded));
+        machine.input.Expand(arguments.ControlOf<TreeView>(0), arguments.NodeAt(0), expanded));
 }
 
 static Json Focus(Machine& machine, Arguments const& arguments)
@@ -157,7 +149,7 @@ static Json Close(Machine& machine, Arguments const& arguments)
 static Json Clipboard(Machine& machine, Arguments const& arguments)
 {
     if (arguments.Count() == 0)
-        return { { "text", ToJson(TextView(machine.host.ClipboardText())) } };
+        return { { "text", ToJson(machine.host.ClipboardText()) } };
     machine.host.SetClipboardText(arguments.TextAt(0));
     return Json::object();
 }

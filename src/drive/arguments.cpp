@@ -81,6 +81,13 @@ Control& Arguments::ControlAt(std::size_t index) const
     return FindControl(form, word.substr(dot + 1));
 }
 
+Node& Arguments::NodeAt(std::size_t index) const
+{
+    if (Node* const node = ControlOf<TreeView>(index).Find(TextAt(index + 1)))
+        return *node;
+    throw CommandError(StringAt(index) + " has no node " + StringAt(index + 1));
+}
+
 PropertyBase& Arguments::PropertyAt(std::size_t index, Control** owner) const
 {
     std::string_view const word = StringAt(index);

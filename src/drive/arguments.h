@@ -2,6 +2,7 @@
 // The words of a command, converted to the types that the command needs.
 
 #include "controls/screen.h"
+#include "controls/tree_view.h"
 #include "drive/json.h"
 #include "drive/words.h"
 
@@ -9,8 +10,8 @@
 
 class Arguments {
 public:
-    /// `words` are those after the command's name. All functions throw CommandError if the word is
-    /// missing or of another kind.
+    /// The words after the command's name. All functions throw CommandError if a word is missing or
+    /// of another kind.
     Arguments(Screen& screen, std::span<Word const> words)
         : m_screen(screen)
         , m_words(words)
@@ -37,6 +38,8 @@ public:
             return *found;
         throw CommandError(StringAt(index) + " is a " + control.Kind());
     }
+    /// The node of the tree that the word at `index` names, by its key, the next word.
+    Node& NodeAt(std::size_t index) const;
     /// FORM.PROPERTY or FORM.CONTROL.PROPERTY.
     PropertyBase& PropertyAt(std::size_t index, Control** owner = nullptr) const;
     /// A word as a value of the property's type.

@@ -52,8 +52,7 @@ void Driver::Serve(Form* modal)
         if (first == std::string::npos || line[first] == '#')
             continue;
         ServeLine(line);
-        // The command that closed the modal form is answered when the handler that waited for it
-        // has gone on.
+        // The command that closed the modal form is answered after the handler that showed it.
         if (!IsOver(modal))
             GiveAnswer();
     }
@@ -74,8 +73,7 @@ void Driver::ServeLine(std::string const& line)
     int const number = m_current->number;
     if (!answer)
         answer = TryDispatch(words);
-    // A command that opened a modal form has been answered when that came up; what is open now is a
-    // later one.
+    // A command that opened a modal form has been answered already; the current one is later.
     if (m_current && m_current->number == number)
         m_current->answer = *answer;
 }

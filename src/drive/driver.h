@@ -15,8 +15,7 @@ public:
     Driver(Machine& machine, std::istream& script, std::ostream& answers,
         std::function<void(int status)> powerCut);
 
-    /// Serves the script from its first line to its end, or until the program has ended, and closes
-    /// the forms.
+    /// Serves the script to its end, or to the program's, and closes the forms.
     void Run();
 
     /// 1 if any command was answered with an error, else 0.

@@ -27,11 +27,9 @@ Json ToJson(Value const& value)
             if constexpr (std::same_as<Held, std::vector<Text>>) {
                 Json list = Json::array();
                 for (Text const& text : held)
-                    list.push_back(ToJson(TextView(text)));
+                    list.push_back(ToJson(text));
                 return list;
-            } else if constexpr (std::same_as<Held, Text>) {
-                return ToJson(TextView(held));
-            } else if constexpr (std::same_as<Held, float>) {
+            } else if constexpr (std::same_as<Held, Text> || std::same_as<Held, float>) {
                 return ToJson(held);
             } else {
                 return held;

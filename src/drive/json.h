@@ -15,6 +15,10 @@ struct CommandError : std::runtime_error {
 };
 
 Json ToJson(TextView text);
+inline Json ToJson(Text const& text)
+{
+    return ToJson(TextView(text));
+}
 /// A number without a fraction becomes an integer, any other the shortest decimal that is the same
 /// float.
 Json ToJson(float number);

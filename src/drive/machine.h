@@ -14,7 +14,11 @@
 /// A shell that opens nothing and keeps what it was given.
 class RecordingShell final : public Shell {
 public:
-    bool Execute(TextView verb, TextView file) override;
+    bool Execute(TextView verb, TextView file) override
+    {
+        opened.push_back({ Text(verb), Text(file) });
+        return true;
+    }
 
     struct Document {
         Text verb, file;

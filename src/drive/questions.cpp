@@ -9,9 +9,9 @@ static Json Forms(Machine& machine, Arguments const&)
 {
     Json forms = Json::array();
     for (Form const* form : machine.screen.Loaded())
-        forms.push_back({ { "name", form->Name() },
-            { "caption", ToJson(TextView(form->Caption())) }, { "visible", form->Visible() },
-            { "modal", form->IsModal() }, { "active", machine.screen.Active() == form },
+        forms.push_back({ { "name", form->Name() }, { "caption", ToJson(form->Caption()) },
+            { "visible", form->Visible() }, { "modal", form->IsModal() },
+            { "active", machine.screen.Active() == form },
             { "windowState", static_cast<int>(form->WindowState()) } });
     return { { "forms", forms } };
 }
@@ -38,12 +38,10 @@ static Json Menus(Machine&, Arguments const& arguments)
     for (Menu const* menu : arguments.FormAt(0).Menus()) {
         Json entries = Json::array();
         for (MenuEntry const* entry : menu->Entries())
-            entries.push_back(
-                { { "name", entry->Name() }, { "caption", ToJson(TextView(entry->Caption())) },
-                    { "shortcut", ToJson(TextView(entry->Shortcut())) },
-                    { "enabled", entry->Enabled() } });
-        menus.push_back({ { "name", menu->Name() },
-            { "caption", ToJson(TextView(menu->Caption())) }, { "entries", entries } });
+            entries.push_back({ { "name", entry->Name() }, { "caption", ToJson(entry->Caption()) },
+                { "shortcut", ToJson(entry->Shortcut()) }, { "enabled", entry->Enabled() } });
+        menus.push_back({ { "name", menu->Name() }, { "caption", ToJson(menu->Caption()) },
+            { "entries", entries } });
     }
     return { { "menus", menus } };
 }
@@ -75,7 +73,7 @@ static Json Tree(Machine&, Arguments const& arguments)
     for (Node const& node : tree.Nodes())
         nodes.push_back({ { "key", ToJson(node.Key()) },
             { "parent", node.Parent() ? ToJson(node.Parent()->Key()) : "" },
-            { "text", ToJson(TextView(node.Caption())) }, { "image", ImageOf(node.Image()) },
+            { "text", ToJson(node.Caption()) }, { "image", ImageOf(node.Image()) },
             { "selectedImage", ImageOf(node.SelectedImage()) }, { "bold", node.Bold() },
             { "expanded", node.Expanded() }, { "selected", tree.Selected() == &node },
             { "backColor", node.BackColor() }, { "tag", ToJson(node.Tag()) } });
@@ -84,11 +82,8 @@ static Json Tree(Machine&, Arguments const& arguments)
 
 static Json Tip(Machine&, Arguments const& arguments)
 {
-    auto& tree = arguments.ControlOf<TreeView>(0);
-    Node const* const node = tree.Find(arguments.TextAt(1));
-    if (!node)
-        throw CommandError(arguments.StringAt(0) + " has no node " + arguments.StringAt(1));
-    return { { "text", ToJson(TextView(tree.ToolTipOf(*node))) } };
+    Node const& node = arguments.NodeAt(0);
+    return { { "text", ToJson(arguments.ControlOf<TreeView>(0).ToolTipOf(node)) } };
 }
 
 static Json Rich(Machine&, Arguments const& arguments)
@@ -105,7 +100,7 @@ static Json Rich(Machine&, Arguments const& arguments)
     for (auto const& [start, format] : box.Paragraphs())
         paragraphs.push_back({ { "start", start }, { "left", ToJson(format.left) },
             { "right", ToJson(format.right) }, { "hanging", ToJson(format.hanging) } });
-    return { { "text", ToJson(TextView(box.Text())) }, { "caret", box.SelStart() },
+    return { { "text", ToJson(box.Text()) }, { "caret", box.SelStart() },
         { "selectionLength", box.SelLength() }, { "top", box.TopOffset() }, { "runs", runs },
         { "paragraphs", paragraphs } };
 }
@@ -114,16 +109,15 @@ static Json Messages(Machine& machine, Arguments const&)
 {
     Json messages = Json::array();
     for (auto const& message : machine.host.TakeMessages())
-        messages.push_back({ { "text", ToJson(TextView(message.text)) },
-            { "title", ToJson(TextView(message.title)) } });
+        messages.push_back(
+            { { "text", ToJson(message.text) }, { "title", ToJson(message.title) } });
     return { { "messages", messages } };
 }
 
 static Json Page(Machine& machine, Arguments const& arguments)
 {
     auto const& browser = arguments.ControlOf<WebBrowser>(0);
-    return { { "url", ToJson(TextView(browser.Url())) },
-        { "html", ToJson(TextView(machine.host.Html(browser))) } };
+    return { { "url", ToJson(browser.Url()) }, { "html", ToJson(machine.host.Html(browser)) } };
 }
 
 static Json Printed(Machine& machine, Arguments const&)
@@ -135,11 +129,11 @@ static Json Printed(Machine& machine, Arguments const&)
             Json pieces = Json::array();
             for (auto const& [x, y, text] : page)
                 pieces.push_back(
-                    { { "x", ToJson(x) }, { "y", ToJson(y) }, { "text", ToJson(TextView(text)) } });
+                    { { "x", ToJson(x) }, { "y", ToJson(y) }, { "text", ToJson(text) } });
             pages.push_back(std::move(pieces));
         }
-        jobs.push_back({ { "font", ToJson(TextView(job.font)) }, { "size", ToJson(job.size) },
-            { "pages", pages } });
+        jobs.push_back(
+            { { "font", ToJson(job.font) }, { "size", ToJson(job.size) }, { "pages", pages } });
     }
     return { { "jobs", jobs } };
 }
@@ -151,8 +145,8 @@ static Json Settings(Machine& machine, Arguments const&)
         throw CommandError(ToUtf8(all.failure().Message()));
     Json settings = Json::array();
     for (auto const& [section, key, value] : *all)
-        settings.push_back({ { "section", ToJson(TextView(section)) },
-            { "key", ToJson(TextView(key)) }, { "value", ToJson(TextView(value)) } });
+        settings.push_back(
+            { { "section", ToJson(section) }, { "key", ToJson(key) }, { "value", ToJson(value) } });
     return { { "settings", settings } };
 }
 
@@ -160,8 +154,7 @@ static Json Opened(Machine& machine, Arguments const&)
 {
     Json opened = Json::array();
     for (auto const& [verb, file] : std::exchange(machine.shell.opened, {}))
-        opened.push_back(
-            { { "verb", ToJson(TextView(verb)) }, { "file", ToJson(TextView(file)) } });
+        opened.push_back({ { "verb", ToJson(verb) }, { "file", ToJson(file) } });
     return { { "opened", opened } };
 }
 

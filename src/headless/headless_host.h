@@ -1,7 +1,6 @@
 #pragma once
-// A host without a screen: the forms are whole, a script or a test acts on them through Input, and
-// what would go to the user, the printer and the clipboard is kept to be asked for. Its measures
-// are fixed (text_measure.h).
+// A host without a screen. A script or a test acts on the forms through Input; messages, printed
+// pages and the clipboard are recorded. Its measures are fixed (text_measure.h).
 
 #include "controls/host.h"
 #include "headless/recording_printer.h"
@@ -25,8 +24,7 @@ public:
     /// What a browser control shows; empty if nothing could be loaded.
     Text const& Html(WebBrowser const& browser) { return m_html[&browser]; }
 
-    /// Serves a form that is up modally until it is unloaded. Without it such a form is closed at
-    /// once.
+    /// Serves a modal form until it is unloaded. If empty, the form is closed at once.
     std::function<void(Form& form)> serveModal;
     /// Runs in each turn that was armed with `turns.Arm`.
     std::function<void()> onTurn;

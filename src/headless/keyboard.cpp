@@ -7,8 +7,7 @@
 #include "controls/screen.h"
 #include "headless/text_keys.h"
 
-/// True for the keys that do nothing by themselves: Shift, Ctrl, Alt, the system's two, and those
-/// that lock.
+/// Shift, Ctrl, Alt, the two system keys and the locking keys.
 static bool IsModifier(int keyCode)
 {
     return (keyCode >= keyShift && keyCode <= keyAlt) || keyCode == keyCapsLock
@@ -23,8 +22,7 @@ static bool ReceivesKeyUp(Input const& input, Control const& control)
     return input.Blocked(control).empty() && form.GetScreen().Active() == &form;
 }
 
-/// The virtual key code of a character: letters by their capitals, digits and the blank by
-/// themselves.
+/// The virtual key code of a character.
 static int KeyCodeOf(char16_t character)
 {
     if (character >= u'a' && character <= u'z')
@@ -165,7 +163,7 @@ static void ApplyKey(Input& input, Screen& screen, Control& target, int keyCode,
         return;
     }
     char16_t const character = CharacterOf(keyCode, shift);
-    // A form hears also of keys that type nothing.
+    // A form also gets keys that type nothing.
     if (&target == &form ? !IsModifier(keyCode) : character != 0)
         input.KeyPress(target, character);
     if (!input.Blocked(form).empty() || PressInControl(input, screen, target, keyCode, shift))

@@ -1,6 +1,6 @@
 #pragma once
-// A printer that records what is printed. Its page is 11520 twips wide and 15120 high; its measures
-// are those of text_measure.h.
+// A printer that records what is printed, on pages of 11520 by 15120 twips, with the measures of
+// text_measure.h.
 
 #include "controls/printer.h"
 

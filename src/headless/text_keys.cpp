@@ -68,11 +68,6 @@ static int Vertical(Text const& text, int at, bool isDown)
     return std::min(LineStart(text, start - 2) + column, start - 2);
 }
 
-static bool IsCaretKey(int keyCode)
-{
-    return keyCode >= keyPageUp && keyCode <= keyDown;
-}
-
 static int CaretAfterKey(Text const& text, int at, int keyCode, bool control)
 {
     switch (keyCode) {
@@ -99,17 +94,16 @@ static void MoveCaret(Input& input, TextInput& box, int keyCode, int shift)
     bool const forwards
         = keyCode == keyRight || keyCode == keyDown || keyCode == keyEnd || keyCode == keyPageDown;
     bool const control = (shift & controlHeld) != 0;
+    // The end of the selection in the key's direction moves.
+    int const moved
+        = CaretAfterKey(text, forwards ? selectionEnd : box.SelStart(), keyCode, control);
     if ((shift & shiftHeld) != 0) {
-        // The end of the selection in the key's direction moves, the other stays.
-        int const moved
-            = CaretAfterKey(text, forwards ? selectionEnd : box.SelStart(), keyCode, control);
         int const start = forwards ? box.SelStart() : moved;
         input.Select(box, start, (forwards ? moved : selectionEnd) - start);
     } else if (box.SelLength > 0 && (keyCode == keyLeft || keyCode == keyRight)) {
         input.Select(box, keyCode == keyLeft ? box.SelStart() : selectionEnd, 0);
     } else {
-        input.Select(box,
-            CaretAfterKey(text, forwards ? selectionEnd : box.SelStart(), keyCode, control), 0);
+        input.Select(box, moved, 0);
     }
 }
 
@@ -154,7 +148,7 @@ bool PressInText(Input& input, Host& host, TextInput& box, int keyCode, int shif
 {
     if (shift == controlHeld && PressClipboardKey(input, host, box, keyCode))
         return true;
-    if (IsCaretKey(keyCode)) {
+    if (keyCode >= keyPageUp && keyCode <= keyDown) {
         MoveCaret(input, box, keyCode, shift);
         return true;
     }

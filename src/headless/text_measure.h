@@ -1,7 +1,6 @@
 #pragma once
-// The fixed measures of the headless host, chosen so that results can be worked out by hand: at a
-// font size of p points every character is 12 p twips wide and every line 24 p twips high
-// (docs/drive.md).
+// The fixed measures of the headless host (docs/drive.md): at p points every character is 12 p
+// twips wide, every line 24 p twips high.
 
 #include "controls/host.h"
 

@@ -30,13 +30,3 @@ void frmAnswer::SetText(TextView text)
     Height = OKButton.Top + 800;
     Height = Height + 50;
 }
-
-void frmAnswer::Label1_Click()
-{
-    Unload(*this);
-}
-
-void frmAnswer::OKButton_Click()
-{
-    Unload(*this);
-}

@@ -10,13 +10,12 @@ class frmAnswer final : public Form {
 public:
     explicit frmAnswer(Screen& screen); // outlives the form
 
-    /// Shows the text and gives the form the height that it needs. Loads the form, but doesn't show
-    /// it.
+    /// Loads the form with this text, and with the height that the text needs. Doesn't show it.
     void SetText(TextView text);
 
 private:
-    void Label1_Click();
-    void OKButton_Click();
+    void Label1_Click() { Unload(*this); }
+    void OKButton_Click() { Unload(*this); }
 
     Label Label1 { *this, *this, "Label1", { 180, 525, 4935, 195 } };
     CommandButton OKButton { *this, *this, "OKButton", { 3915, 1095, 645, 330 }, u"OK" };

@@ -16,7 +16,6 @@ frmMain::frmMain(Screen& screen, FileSystem& files, AnswerStore& store, frmAnswe
     ConnectHandlers();
 }
 
-/// What the controls look like before anything is loaded.
 void frmMain::Design()
 {
     smallest = { 11000, 8000 };
@@ -75,7 +74,6 @@ void frmMain::SetNamesAndTabOrder()
         control->TabIndex = place++;
 }
 
-/// The handlers.
 void frmMain::ConnectHandlers()
 {
     Text3.GotFocus = [this] { Text3_GotFocus(); };
@@ -100,11 +98,6 @@ void frmMain::ConnectHandlers()
     mnuEditDeleteLesson.Click = [this] { mnuEditDeleteLesson_Click(); };
 }
 
-void frmMain::SetStudy(TextView value)
-{
-    studyKey = value;
-}
-
 void frmMain::ShowLessonPage(int page)
 {
     Text const& text = pages[static_cast<std::size_t>(page) - 1];
@@ -121,7 +114,7 @@ void frmMain::ShowLessonPage(int page)
     m_answerPage = ctlScrollbar.Value;
     TellPage();
     Text3.Text = m_store.Fill(m_section, m_answerPage);
-    StopStoreTimer();
+    tmrStore.Enabled = false;
     ShowSaved(false);
     if (!Visible)
         Show();
@@ -135,11 +128,6 @@ void frmMain::ShowLessonPage(int page)
     EnableClipboardEntries(true);
     m_store.SetCurrentPage(m_section, FromNumber(page));
     Text2.Width = Image2.Width - Text2.Left - 320;
-}
-
-bool frmMain::HasAnswer() const
-{
-    return !Trim(Text3.Text).empty();
 }
 
 void frmMain::Command1_Click()
@@ -185,30 +173,20 @@ void frmMain::Image1_Click()
     m_answerForm.Show();
 }
 
-void frmMain::Text3_GotFocus()
-{
-    EnableClipboardEntries(true);
-}
-
 void frmMain::Text3_LostFocus()
 {
     StoreAnswer();
     EnableClipboardEntries(false);
 }
 
-void frmMain::Text3_Change()
-{
-    Command1.Enabled = HasAnswer();
-}
-
 void frmMain::StoreAnswer()
 {
-    StopStoreTimer();
+    tmrStore.Enabled = false;
     if (auto const failure = m_store.Leave(Text3.Text))
         GetScreen().Message(failure->Message());
 }
 
-/// The user has changed the answer: it is stored one second later, even if the typing goes on.
+/// The user has changed the answer: it is stored a second later, even while he is typing.
 void frmMain::StartStoreTimer()
 {
     tmrStore.Enabled = true;
@@ -221,11 +199,6 @@ void frmMain::ShowSaved(bool isSaved)
     constexpr float progressCaption = 1800; // twips
     StatusBar1.Panel1Width = isSaved ? progressCaption : 0;
     StatusBar1.Panel2 = isSaved ? u"Saved" : u"";
-}
-
-void frmMain::StopStoreTimer()
-{
-    tmrStore.Enabled = false;
 }
 
 void frmMain::tmrStore_Timer()
@@ -262,7 +235,7 @@ void frmMain::mnuFileSave_Click()
 {
     if (m_answerPage == 0)
         return;
-    StopStoreTimer();
+    tmrStore.Enabled = false;
     if (auto const saved = m_store.Save(Text3.Text); !saved) {
         GetScreen().Message(saved.failure().Message());
         return;
@@ -310,7 +283,7 @@ void frmMain::mnuEditPaste_Click()
 
 void frmMain::mnuEditDeleteLesson_Click()
 {
-    StopStoreTimer();
+    tmrStore.Enabled = false;
     if (auto const deleted = m_store.DeleteLesson(m_section, Text3.Text); !deleted) {
         GetScreen().Message(u"The answers of this lesson have not been deleted.\r\n\r\n"
             + deleted.failure().Message());

@@ -1,7 +1,6 @@
 #pragma once
 // The lesson screen: one part of one lesson of a study, page by page, with its introduction and its
-// passages beside it. Reading the files is the work of study/, what a page and an answer look like
-// that of page_view.h and model_answer.h.
+// passages beside it. study/ reads the files and knows what a page and an answer look like.
 
 #include "controls/button.h"
 #include "controls/label.h"
@@ -22,7 +21,7 @@
 #include <cstdint>
 #include <vector>
 
-/// The background of the panels of the screen.
+/// The background of the panels.
 inline constexpr Colour panelColor = 0xFCF4EF;
 
 class frmMain final : public MainScreen {
@@ -31,19 +30,16 @@ public:
     frmMain(Screen& screen, FileSystem& files, AnswerStore& store, frmAnswer& answer,
         ReferenceForms const& reference);
 
-    /// Names the screen that takes this one's place when it is left: once, before the first
-    /// showing.
+    /// The screen to return to: set once, before the first showing.
     void SetCatalogue(Form& catalogue) { m_catalogue = &catalogue; }
 
-    /// Names the lesson that the next showing opens, "<file name>:<lesson number>". Only stores the
-    /// value.
-    void SetStudy(TextView value);
+    /// The lesson that the next showing opens, "<file name>:<lesson number>".
+    void SetStudy(TextView key) { studyKey = key; }
 
-    /// What is done in a part of a lesson, by the store alone.
+    /// What is stored of a part of a lesson. Doesn't read its files.
     LessonProgress ProgressOf(TextView key) const;
 
-    /// Writes the number of the page into a store that was begun anew, and all answers that it
-    /// lacks.
+    /// Writes the page number and the answers in memory into a store that was begun anew.
     void RestoreInNewStore();
     /// Stores what has been typed since the last store.
     void StoreTyped() { tmrStore.Fire(); }
@@ -85,14 +81,13 @@ private:
     void ctlScrollbar_Change();
     void TellPage();
     void Image1_Click();
-    void Text3_GotFocus();
+    void Text3_GotFocus() { EnableClipboardEntries(true); }
     void Text3_LostFocus();
-    void Text3_Change();
+    void Text3_Change() { Command1.Enabled = HasAnswer(); }
     void ShowPassage(Node const& node);
-    bool HasAnswer() const;
+    bool HasAnswer() const { return !Trim(Text3.Text).empty(); }
     void StoreAnswer();
     void StartStoreTimer();
-    void StopStoreTimer();
     void ShowSaved(bool isSaved);
     void tmrStore_Timer();
     void EnableClipboardEntries(bool enabled);
@@ -121,7 +116,6 @@ private:
     Label lblStudy { *this, *this, "lblStudy", { 225, 30, 11280, 360 } }; // the study's title
     XPContainer XPContainer3 { *this, *this, "XPContainer3", { 240, 480, 5535, 2055 },
         u"Introduction" };
-    // the introduction
     RichTextBox Text4 { *this, XPContainer3, "Text4", { 120, 480, 5265, 1440 } };
     XPContainer XPContainer2 { *this, *this, "XPContainer2", { 240, 2760, 5535, 5055 },
         u"Study Questions" };
@@ -129,9 +123,7 @@ private:
     Label lblPageTitle { *this, Image2, "lblPageTitle", { 15, 60, 390, 315 }, u"12." };
     TextBox Text2 { *this, Image2, "Text2", { 480, 120, 4695, 1695 } }; // the question
     RichTextBox Text3 { *this, Image2, "Text3", { 240, 1920, 5040, 1380 } }; // the user's answer
-    // opens the publisher's answer
     Image Image1 { *this, Image2, "Image1", { 4680, 3600, 525, 315 }, u":lamp" };
-    // the page number
     HScrollBar ctlScrollbar { *this, Image2, "ctlScrollbar", { 720, 4035, 4050, 255 } };
     CommandButton Command2 { *this, Image2, "Command2", { 15, 4035, 675, 255 }, u"< Prev" };
     CommandButton Command1 { *this, Image2, "Command1", { 4740, 4035, 675, 255 }, u"Next >" };
@@ -143,10 +135,8 @@ private:
     TreeView TreeView2 { *this, XPContainer5, "TreeView2", { 120, 480, 2415, 2055 } };
     XPContainer XPContainer1 { *this, *this, "XPContainer1", { 6000, 3360, 5535, 4455 },
         u"Scripture Text" };
-    // all passages of the lesson
     RichTextBox Text1 { *this, XPContainer1, "Text1", { 120, 480, 5280, 3840 } };
     StatusBar StatusBar1 { *this, "StatusBar1", { 0, 8010, 11745, 300 } };
-    // of the lesson
     ProgressBar ProgressBar1 { *this, *this, "ProgressBar1", { 7605, 8085, 3840, 195 } };
     PictureBox Frame1 { *this, *this, "Frame1", { 3810, 3750, 4230, 1050 } }; // the loading panel
     Label Label2 { *this, Frame1, "Label2", { 180, 120, 900, 240 }, u"Loading:" };

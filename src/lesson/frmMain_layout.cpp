@@ -1,6 +1,5 @@
-// The layout of frmMain: where the controls go when the window changes size. Lengths are twips;
-// places inside a panel or inside Image2 are relative to it. A value used on the right is the one
-// just set, so the order of the lines counts.
+// The layout of frmMain, in twips. Places inside a panel or Image2 are relative to it. Each line
+// may use what the lines before it have set.
 
 #include "lesson/frmMain.h"
 

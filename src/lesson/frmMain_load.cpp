@@ -9,16 +9,14 @@
 #include <new>
 #include <stdexcept>
 
-/// Below this many characters a lesson's own introduction is followed by the general one.
+/// In characters; a shorter introduction is followed by the general one.
 static constexpr int shortIntroduction = 120;
-/// Line ends after the passages, so that the last headings too can be scrolled to the top.
+/// Line ends after the passages, so that every heading can be scrolled to the top.
 static constexpr int linesAfterPassages = 40;
-/// The margin of the texts, in twips.
-static constexpr float textIndent = 150;
-/// How much further the lines of a verse are indented than its number, in twips.
-static constexpr float verseIndent = 210;
+// In twips: the margin of the texts, and the hanging indent of a verse.
+static constexpr float textIndent = 150, verseIndent = 210;
 
-/// Writes after everything else, in the format that the box is set to by `format`.
+/// Appends a text in the format that `format` sets.
 template <class Format> static void Append(RichTextBox& box, Format format, TextView text)
 {
     box.SelStart = box.Length();
@@ -59,8 +57,8 @@ void frmMain::Form_Load()
     Text4.BackColor = panelColor;
     Text2.BackColor = panelColor;
     Image2.BackColor = panelColor;
-    TreeView1.SetBackgroundColour(panelColor);
-    TreeView2.SetBackgroundColour(panelColor);
+    TreeView1.BackColor = panelColor;
+    TreeView2.BackColor = panelColor;
     Text const resumeAt = m_store.CurrentPage(m_section);
     Unload(*m_catalogue);
     Form_Resize();
@@ -213,26 +211,25 @@ void frmMain::AppendVerse(VerseFileItem const& item)
     auto const startVerse = [&] {
         Text1.SelBold = false;
         Text1.SelHangingIndent = isNumbered ? verseIndent : 0;
+        if (isNumbered) {
+            Text1.SelCharOffset = 35;
+            Text1.SelFontSize = 4;
+        }
     };
     if (!isNumbered) {
         Append(Text1, startVerse, item.text + u"\r\n\r\n");
         return;
     }
-    auto const raiseNumber = [&] {
-        startVerse();
-        Text1.SelCharOffset = 35;
-        Text1.SelFontSize = 4;
-    };
     auto const plainText = [&] {
         Text1.SelBold = false;
         Text1.SelCharOffset = 0;
         Text1.SelFontSize = 8;
     };
-    Append(Text1, raiseNumber, item.number);
+    Append(Text1, startVerse, item.number);
     Append(Text1, plainText, item.text + u"\r\n\r\n");
 }
 
-/// Shows the page at which the user stopped, or the nearest one that the lesson has.
+/// Shows the page at which the user stopped, or the nearest one.
 void frmMain::Resume(TextView storedPage)
 {
     auto const digits = Trim(storedPage);

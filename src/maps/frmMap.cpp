@@ -54,20 +54,10 @@ frmMap::frmMap(Screen& screen, FileSystem const& files)
     Timer1.Tick = [this] { Timer1_Timer(); };
 }
 
-void frmMap::Form_Load()
-{
-    isDragging = false;
-}
-
 void frmMap::Form_Resize()
 {
     if (WindowState() != FormState::Minimised)
         ArrangeMapView();
-}
-
-void frmMap::Form_Blocked()
-{
-    EndDrag();
 }
 
 void frmMap::LoadMyPicture(TextView filename)
@@ -88,11 +78,9 @@ void frmMap::TellWhyEmpty(TextView filename) const
 
 void frmMap::ArrangeMapView()
 {
-    Picture1.Visible = false;
-    Picture2.Visible = false;
-    Picture3.Visible = false;
-    HScroll1.Visible = false;
-    VScroll1.Visible = false;
+    for (Control* const control :
+        std::initializer_list<Control*> { &Picture1, &Picture2, &Picture3, &HScroll1, &VScroll1 })
+        control->Visible = false;
     float const width = ScaleWidth, height = ScaleHeight;
     auto const view = ArrangeMap({ width, height }, { Picture2.Width, Picture2.Height });
     Picture1.Left = 0;
@@ -147,11 +135,6 @@ void frmMap::Picture2_MouseMove(float x, float y)
     dragPointerY = y;
 }
 
-void frmMap::Picture2_MouseUp()
-{
-    EndDrag();
-}
-
 void frmMap::EndDrag()
 {
     isDragging = false;
@@ -167,29 +150,23 @@ void frmMap::Timer1_Timer()
     BringBack(HScroll1, dragAnchorX - dragPointerX);
 }
 
-/// Moves the map along one axis by the distance by which the grabbed point has strayed from the
-/// pointer.
+/// Moves the map along one axis by the distance of the grabbed point from the pointer.
 void frmMap::BringBack(ScrollBar& bar, float strayed)
 {
-    auto value = RoundToInt16(strayed + static_cast<float>(bar.Value));
-    if (value < 0)
-        value = 0;
-    if (value > bar.Max)
-        value = bar.Max;
+    auto const moved = RoundToInt16(strayed + static_cast<float>(bar.Value));
+    auto const value = std::min(std::max<std::int16_t>(moved, 0), bar.Max());
     if (bar.Visible && bar.Value != value)
         bar.Value = value;
 }
 
-/// A step of a whole view, except the part that the views before and after it have in common.
+/// A step of a view, less the part that both views have in common.
 static void Page(ScrollBar& bar, int direction)
 {
     if (!bar.Visible)
         return;
     int const wanted = bar.Value + direction * bar.LargeChange;
-    if (direction < 0)
-        bar.Value = static_cast<std::int16_t>(wanted < bar.Min ? int { bar.Min } : wanted);
-    else
-        bar.Value = static_cast<std::int16_t>(wanted > bar.Max ? int { bar.Max } : wanted);
+    bar.Value = static_cast<std::int16_t>(
+        direction < 0 ? std::max<int>(wanted, bar.Min) : std::min<int>(wanted, bar.Max));
 }
 
 void frmMap::HandleMapKey(int keyCode)

@@ -1,7 +1,7 @@
 #pragma once
-// The viewer of the maps: one picture at its natural size in a viewport with scroll bars, which
-// alone say where the map is. The map is moved by the bars, by the keys and by the hand.
-// Lengths are pixels. How all is laid out is map_view.h's work.
+// The viewer of the maps: one picture at its natural size in a viewport with scroll bars, whose
+// values say where the map is. The bars, keys and dragging move it. Lengths are pixels. map_view.h
+// computes the layout.
 
 #include "controls/picture.h"
 #include "controls/scroll_bar.h"
@@ -13,21 +13,21 @@ class frmMap final : public Form {
 public:
     frmMap(Screen& screen, FileSystem const& files); // both outlive the form
 
-    /// Shows the picture of this name from its top left corner. Without a picture that can be shown
-    /// the viewer is empty, and a message tells why.
+    /// Shows the picture from its top left corner. If it can't be shown, the viewer is empty, and a
+    /// message says why.
     void LoadMyPicture(TextView filename);
 
 private:
-    void Form_Load() override;
+    void Form_Load() override { isDragging = false; }
     void Form_Resize() override;
-    void Form_Blocked() override;
+    void Form_Blocked() override { EndDrag(); }
     void ArrangeMapView();
     static void ArrangeBar(ScrollBar& bar, Property<float>& length, MapBar const& arranged);
     void TellWhyEmpty(TextView filename) const;
     void HandleMapKey(int keyCode);
     void Picture2_MouseDown(float x, float y);
     void Picture2_MouseMove(float x, float y);
-    void Picture2_MouseUp();
+    void Picture2_MouseUp() { EndDrag(); }
     void EndDrag();
     void Timer1_Timer();
     void BringBack(ScrollBar& bar, float strayed);
@@ -35,9 +35,8 @@ private:
     FileSystem const& m_files;
 
     bool isDragging = false; // from a press on the map to its release
-    float dragAnchorX = 0,
-          dragAnchorY = 0; // where the map was grabbed, from its own top left corner
-    float dragPointerX = 0, dragPointerY = 0; // where the pointer was last, in the same way
+    // Where the map was grabbed, and where the pointer was last, from the map's top left corner.
+    float dragAnchorX = 0, dragAnchorY = 0, dragPointerX = 0, dragPointerY = 0;
 
     PictureBox Picture1 { *this, *this, "Picture1", { 0, 0, 557, 493 } }; // the viewport
     PictureBox Picture2 { *this, Picture1, "Picture2", { 0, 0, 0, 0 } }; // the map

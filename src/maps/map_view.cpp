@@ -4,11 +4,12 @@
 
 static void ArrangeWithBoth(MapView& view, Size client, Size map)
 {
-    view.viewport = { client.width - mapBarThickness, client.height - mapBarThickness };
-    view.vertical.max = RoundToInt16(map.height - view.viewport.height);
-    view.horizontal.max = RoundToInt16(map.width - view.viewport.width);
-    view.vertical.length = client.height - mapBarThickness;
-    view.horizontal.length = client.width - mapBarThickness + 2;
+    auto const& viewport = view.viewport
+        = { client.width - mapBarThickness, client.height - mapBarThickness };
+    view.vertical.max = RoundToInt16(map.height - viewport.height);
+    view.horizontal.max = RoundToInt16(map.width - viewport.width);
+    view.vertical.length = viewport.height;
+    view.horizontal.length = viewport.width + 2;
     view.hasCorner = true;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
-// How the viewer lays out the viewport, the scroll bars and the map for a window and a picture of
-// given sizes. All lengths are pixels.
+// The layout of viewport, scroll bars and map for given sizes of window and picture, in pixels.
 
 #include "controls/control.h"
 
@@ -13,9 +12,8 @@ inline constexpr float mapBarThickness = 16;
 struct MapBar {
     bool isVisible = false;
     std::int16_t largeChange = 0;
-    std::optional<float> length; ///< nothing: the bar keeps the length that it has
-    /// nothing: it keeps its range. Held at 32767, the most that a bar can express
-    std::optional<std::int16_t> max;
+    std::optional<float> length; ///< nothing: unchanged
+    std::optional<std::int16_t> max; ///< at most 32767; nothing: unchanged
 };
 
 struct MapView {
@@ -26,8 +24,7 @@ struct MapView {
     bool hasCorner = false; ///< both bars are at the edges and leave a corner free
 };
 
-/// `client` is the window's client area, `map` the picture. The map hangs from the top left corner
-/// on each axis on which it scrolls and is centred on the others. A bar comes up where the map
-/// wouldn't fit beside the other bar, be that bar visible or not, so the range of a single bar may
-/// be 0 or negative.
+/// `client` is the window's client area, `map` the picture. On an axis with a bar the map starts at
+/// 0, on others it is centred. A bar is shown if the map wouldn't fit beside the other bar, even if
+/// that one isn't visible; so the range of a single bar may be 0 or negative.
 MapView ArrangeMap(Size client, Size map);

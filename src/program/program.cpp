@@ -27,8 +27,8 @@ Program::Program(
     m_screen.SaveDesigns();
 }
 
-/// If any operation found the settings store damaged, what is shown is written into the new one,
-/// and the user is told.
+/// If any operation found the settings store damaged, writes what is shown into the new one, and
+/// tells the user.
 void Program::ReportStore()
 {
     auto const report = m_settings.TakeReport();

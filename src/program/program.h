@@ -25,16 +25,13 @@
 
 class Program {
 public:
-    /// All outlive the program.
-    /// `writer` stores what is typed; everything else comes after what it was given before.
+    /// All outlive the program. `writer` stores what is typed.
     Program(Host& host, FileSystem& files, SettingsStore& settings, Writer& writer, Shell& shell);
 
     Screen& GetScreen() { return m_screen; }
-    /// The settings as the program sees them, after everything that the writer was given.
-    SettingsStore& GetSettings() { return m_settings; }
 
-    /// Shows the first screen. `report`, if there is one, is told the user first: what was wrong
-    /// with his data when it was opened.
+    /// Shows the first screen and, as a message, what was wrong with the user's data when it was
+    /// opened.
     void Start(std::optional<Failure> const& report);
 
     /// Memory ran out in the middle of something: stores what is typed, and tells the user.

@@ -1,7 +1,7 @@
-// The page is built in one pass over the book file. Each line outside a verse is tried as a verse
-// line. If its verse is wanted, its text goes into the page, and so do the lines after it, up to
-// and including an empty one; if not, the lines after it are tried in turn, and fail as they begin
-// with a blank. For "Jude 2":
+// Builds the page in one pass over the book file. Each line outside a verse is parsed as a verse
+// line. If its verse is wanted, its text is appended, and so are the lines after it, up to and
+// including an empty one. Lines after an unwanted verse line fail to parse, as they begin with a
+// blank. For "Jude 2":
 //
 //     Jude                                 the first line: skipped
 //     ¶001 001 Jude, the servant of        <p> for the mark, but the verse isn't wanted
@@ -24,9 +24,8 @@
 
 namespace {
 
-/// In bytes, a rough upper bound for the page of a whole book: each character takes two bytes, and
-/// the tags take more than the columns and line ends of the file. Memory that isn't needed is never
-/// touched.
+/// A rough upper bound for the page of a whole book, in bytes: two for each character, and the
+/// tags. Memory that isn't needed is never touched.
 std::int32_t WholeBookCapacity(std::string_view bookFile)
 {
     constexpr std::size_t most = std::numeric_limits<std::int32_t>::max() / 2;

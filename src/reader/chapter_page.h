@@ -1,7 +1,6 @@
 #pragma once
-// Builds the page of HTML that the reader shows for a reference (a book, a chapter or verses) from
-// the text file of the book (docs/formats/bible-files.md). The text of a verse goes into the page
-// as it is.
+// Builds the HTML page for a reference (a book, a chapter or verses) from the text file of the book
+// (docs/formats/bible-files.md). Verse text is copied unescaped.
 
 #include "bible/reference.h"
 
@@ -15,17 +14,14 @@ struct PageRequest {
     WantedVerses wanted;
 };
 
-/// Follows the building of a page. Each function may be empty.
+/// Callbacks, each of which may be empty.
 struct PageListener {
     std::function<void(int lastLine)> begin; ///< the index of the file's last line, from 0
-    /// each line, except those that follow the verse line of a verse that is shown
-    std::function<void(int line)> line;
-    /// each line that follows the verse line of a verse that is shown; false ends the building
-    std::function<bool()> turn;
+    std::function<void(int line)> line; ///< each line but those for `turn`
+    std::function<bool()> turn; ///< each line after a shown verse's first; false aborts
 };
 
-/// The whole page, from the bytes of the book file; nothing if the listener ended the building. A
-/// verse line without numbers in its columns is skipped.
+/// The whole page; nothing if the listener aborted. A verse line without numbers is skipped.
 std::optional<Text> BuildChapterPage(
     std::string_view bookFile, PageRequest const& request, PageListener const& listener = {});
 

@@ -63,11 +63,10 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     Text1.accessibleName = u"Bible page";
     ProgressBar1.accessibleName = u"Progress of the page";
     tmrStore.Enabled = false;
-    Listen();
+    ConnectHandlers();
 }
 
-/// The handlers.
-void frmBible::Listen()
+void frmBible::ConnectHandlers()
 {
     TreeView1.NodeClick = [this](Node& node) { TreeView1_NodeClick(node); };
     txtVerse.KeyUp = [this](int keyCode, int) {
@@ -95,9 +94,8 @@ void frmBible::Form_Load()
     m_history.clear();
     m_place = 0;
     // There are two translations; a stored word that names neither counts as the second.
-    translation = ReadSetting(m_settings, settingsSection, u"translation", u"kjv") == u"kjv"
-        ? u"kjv"
-        : u"nasb";
+    bool const isFirst = ReadSetting(m_settings, settingsSection, u"translation", u"kjv") == u"kjv";
+    translation = isFirst ? u"kjv" : u"nasb";
     LoadBooks();
     if (!ShouldContinue())
         return;
@@ -110,7 +108,7 @@ void frmBible::Form_Load()
     EnsureFolder(notes);
     ShowPage(EmptyPage(m_files.ApplicationFolder()), {});
     // Its click brings up the page of the last reference.
-    cboVersion.ListIndex = translation == u"kjv" ? 0 : 1;
+    cboVersion.ListIndex = isFirst ? 0 : 1;
     StatusBar1.Panel1 = Capitals(translation);
     SelectReference();
 }
@@ -191,7 +189,7 @@ void frmBible::ExpandBookNode(TextView name)
             opened = &node;
         node.SetExpanded(isWanted);
     }
-    // In a book that stands open the user may have scrolled to a chapter.
+    // In a book that was open already the user may have scrolled to a chapter.
     if (opened)
         TreeView1.EnsureVisible(*opened);
 }
@@ -221,22 +219,20 @@ void frmBible::UpdateChapterButtons()
     if (chapter.empty())
         return;
     auto const present = ToInteger(chapter).value_or(0);
-    auto const count = ToInteger(chapterCount).value_or(0);
-    if (present > 1) {
-        cmdPrev.Enabled = true;
-        cmdPrev.ToolTipText = bookName + u" " + FromNumber(present - 1);
-    }
-    if (present < count) {
-        cmdNext.Enabled = true;
-        cmdNext.ToolTipText = bookName + u" " + FromNumber(present + 1);
-    }
+    auto const enable = [&](CommandButton& button, std::int64_t number) {
+        button.Enabled = true;
+        button.ToolTipText = bookName + u" " + FromNumber(number);
+    };
+    if (present > 1)
+        enable(cmdPrev, present - 1);
+    if (present < ToInteger(chapterCount).value_or(0))
+        enable(cmdNext, present + 1);
 }
 
 void frmBible::TreeView1_NodeClick(Node& node)
 {
-    txtVerse.Text = Text(node.Key());
     TreeView1.Select(&node);
-    cmdOkay_Click();
+    LookUpText(node.Key());
     // Books that were closed above the node have moved it.
     if (IsLoaded() && TreeView1.Selected() == &node)
         TreeView1.EnsureVisible(node);
@@ -248,28 +244,17 @@ void frmBible::cboVersion_Click()
     cmdOkay_Click();
 }
 
-void frmBible::cmdPrev_Click()
+void frmBible::LookUpText(TextView reference)
 {
-    txtVerse.Text = cmdPrev.ToolTipText();
+    txtVerse.Text = Text(reference);
     cmdOkay_Click();
 }
 
-void frmBible::cmdNext_Click()
-{
-    txtVerse.Text = cmdNext.ToolTipText();
-    cmdOkay_Click();
-}
-
-void frmBible::mnuFileExit_Click()
-{
-    Unload(*this);
-}
-
-/// The reference that was found is a new one of the history, and what was ahead of the one before
-/// goes. The same again, such as in another translation, is none.
+/// Appends the reference that was found to the history, after the place of the one before. The same
+/// reference again, as in another translation, changes nothing.
 void frmBible::Remember()
 {
-    // A box too short to be looked up again stands for the whole book that it found.
+    // A text too short to be looked up again has found a whole book.
     Text const& reference = txtVerse.Text().size() < 2 ? bookName : txtVerse.Text();
     if (!m_history.empty() && m_history[m_place] == reference)
         return;
@@ -278,7 +263,7 @@ void frmBible::Remember()
     m_place = m_history.size() - 1;
 }
 
-/// The place moves also if the lookup fails, so that the next step leads past such a reference.
+/// The place moves even if the lookup fails, so that the next step goes past that reference.
 void frmBible::GoThroughHistory(int step)
 {
     if (step < 0 ? m_place == 0 : m_place + 1 >= m_history.size())

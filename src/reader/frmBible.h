@@ -1,8 +1,7 @@
 #pragma once
 // The Bible reader: two translations, a tree of books and chapters, the page for a reference, and a
 // note for each chapter. Every way through the Bible puts a reference into txtVerse and looks it
-// up. What a reference means is reference.h's work, the page chapter_page.h's, the files of the
-// notes chapter_notes.h's.
+// up: reference.h parses it, chapter_page.h builds the page, chapter_notes.h stores the notes.
 
 #include "bible/chapter_notes.h"
 #include "bible/reference.h"
@@ -27,8 +26,8 @@ public:
     /// All outlive the form.
     frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, ChapterNotes& notes);
 
-    /// The number of the first book whose name begins with `book`, in any letter case, which
-    /// becomes its name; 0 if none does, then `book` is left in small letters.
+    /// The number of the first book whose name begins with `book`, ignoring case; `book` becomes
+    /// its name. 0 if there is none; then `book` is in small letters.
     int FindBook(Text& book);
     /// Fills the tree with the books of the translation.
     void LoadBooks();
@@ -36,19 +35,22 @@ public:
     void StoreTyped() { tmrStore.Fire(); }
 
 private:
-    void Listen();
+    void ConnectHandlers();
     void Form_Load() override;
-    void Form_Resize() override; // in frmBible_layout.cpp
     void Form_Unload() override;
+
+    // The layout, in frmBible_layout.cpp.
+    void Form_Resize() override;
     void PlaceNavigation();
     void PlaceContents();
 
     // The ways to a reference, in frmBible.cpp.
     void TreeView1_NodeClick(Node& node);
     void cboVersion_Click();
-    void cmdPrev_Click();
-    void cmdNext_Click();
-    void mnuFileExit_Click();
+    void cmdPrev_Click() { LookUpText(cmdPrev.ToolTipText); }
+    void cmdNext_Click() { LookUpText(cmdNext.ToolTipText); }
+    void mnuFileExit_Click() { Unload(*this); }
+    void LookUpText(TextView reference);
     void GoThroughHistory(int step); // -1 back, 1 on
     void Remember();
     void ForEachIndexLine(std::function<void(TextView line)> const& take);
@@ -70,7 +72,7 @@ private:
     void SaveNotes(bool tell);
     void LoadNotes();
     bool HasNote() const;
-    void txtNotes_Change();
+    void txtNotes_Change() { cmdPrint.Enabled = HasNote(); }
     void tmrStore_Timer();
     void cmdPrint_Click();
     void PrintNotes();
@@ -94,7 +96,6 @@ private:
     Menu mnuFile { *this, "mnuFile", u"&File" };
     MenuEntry mnuFileExit { *this, mnuFile, "mnuFileExit", u"E&xit" };
     StatusBar StatusBar1 { *this, "StatusBar1", { 0, 7725, 8925, 375 } };
-    // lines of the book file
     ProgressBar ProgressBar1 { *this, *this, "ProgressBar1", { 1560, 7800, 6975, 255 } };
     XPContainer XPContainer3 { *this, *this, "XPContainer3", { 120, 120, 8655, 855 },
         u"Navigation" };

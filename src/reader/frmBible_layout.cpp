@@ -1,6 +1,5 @@
-// The layout of the reader: where the controls go when the window changes size. Lengths are twips;
-// places inside a panel are relative to it. A value used on the right is the one just set, so the
-// order of the lines counts.
+// The layout of the reader, in twips. Places inside a panel are relative to it. Each line may use
+// what the lines before it have set.
 
 #include "base/rounding.h"
 #include "reader/frmBible.h"
@@ -40,8 +39,7 @@ void frmBible::PlaceNavigation()
 
 void frmBible::PlaceContents()
 {
-    // What four gaps leave of the width goes 0.65 parts to the index, 2 to the text and the rest to
-    // the notes.
+    // Of the width without four gaps the index gets 0.65 quarters, the text 2, the notes the rest.
     auto const quarter
         = static_cast<float>(RoundToInt16(static_cast<double>((ScaleWidth - 360) / 4)));
     XPContainer1.Left = 90;

@@ -32,7 +32,7 @@ bool frmBible::LookUp()
     if (txtVerse.Text().size() < 2)
         return false;
     SaveNotes(true);
-    txtNotes.Locked = true; // What is typed until the next note is loaded would get into that one.
+    txtNotes.Locked = true; // until the next note is loaded
     NormaliseBox();
     Text const reference = txtVerse.Text;
     auto const wanted = ReadWantedVerses(reference);
@@ -119,12 +119,12 @@ void frmBible::ShowPage(TextView html, TextView missing)
         EnsureFolder(folder);
         written = m_files.WriteTemporary(pagePath, page);
     }
-    if (!written)
-        StatusBar1.Panel2 = u"The page can't be shown: " + written.failure().Message();
-    else
+    if (written) {
         StatusBar1.Panel2 = missing.empty() ? AboutTranslation() : Text(missing);
-    if (written)
         Text1.Navigate(u"file://" + pagePath);
+    } else {
+        StatusBar1.Panel2 = u"The page can't be shown: " + written.failure().Message();
+    }
     UpdateChapterButtons();
 }
 
@@ -147,7 +147,7 @@ void frmBible::SaveNotes(bool tell)
         GetScreen().Message(Text(noteFails) + failure->Message());
 }
 
-/// The user has changed the note a second ago.
+/// A second after the user changed the note.
 void frmBible::tmrStore_Timer()
 {
     auto const [isOver, failure]
@@ -172,15 +172,10 @@ void frmBible::LoadNotes()
             u"There can be no note on \u201C" + bookName + u"\u201D: a file can't bear that name.");
 }
 
-/// True if there is more in the box than blanks and line ends.
+/// True if the box has more than blanks and line ends.
 bool frmBible::HasNote() const
 {
     return txtNotes.Text().find_first_not_of(u" \r\n") != Text::npos;
-}
-
-void frmBible::txtNotes_Change()
-{
-    cmdPrint.Enabled = HasNote();
 }
 
 void frmBible::cmdPrint_Click()

@@ -5,9 +5,9 @@
 
 #include <cstdint>
 
-/// Prints a text from 100 twips below the top of the present page, each line from `leftMargin` to
-/// `rightMargin` twips before the right edge. Characters of code 32 and below separate words:
-/// blanks are printed, tabs move to stops every ten widths of "0" from the edge, line feeds end the
-/// line, others are left out. A word wider than the column runs past its end.
+/// Prints a text from 100 twips below the top of the page, between the margins, in twips.
+/// Characters up to code 32 separate words: blanks are printed, tabs move to stops every ten widths
+/// of "0" from the edge, line feeds end the line, others are dropped. A word wider than the column
+/// overflows it.
 void PrintWrapped(
     Printer& printer, TextView text, std::int32_t leftMargin, std::int32_t rightMargin);

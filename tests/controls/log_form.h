@@ -26,9 +26,7 @@ public:
         : Form(screen, name, u"Test", 3000, 2000)
         , m_log(log)
     {
-        for (Control* control : { static_cast<Control*>(&first), static_cast<Control*>(&second),
-                 static_cast<Control*>(&button), static_cast<Control*>(&label),
-                 static_cast<Control*>(&entry) }) {
+        for (Control* control : Controls()) {
             control->GotFocus = [this, control] { Write(std::string(control->Name()) + " got"); };
             control->LostFocus = [this, control] { Write(std::string(control->Name()) + " lost"); };
             control->Click = [this, control] {

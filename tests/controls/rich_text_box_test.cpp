@@ -23,13 +23,10 @@ std::string Dump(RichTextBox const& box)
             dump += std::string("[") + (format.bold ? "b" : "")
                 + std::to_string(static_cast<int>(format.size)) + (format.raise > 0 ? "^]" : "]");
         }
-        if (at < box.Length()) {
-            char16_t const character = box.Text()[static_cast<std::size_t>(at)];
-            dump += character == u'\r' ? '~'
-                : character == u'\n'   ? '|'
-                                       : static_cast<char>(character);
-        }
+        dump += ToUtf8(TextView(box.Text()).substr(static_cast<std::size_t>(at), 1));
     }
+    std::replace(dump.begin(), dump.end(), '\r', '~');
+    std::replace(dump.begin(), dump.end(), '\n', '|');
     return dump;
 }
 

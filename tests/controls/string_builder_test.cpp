@@ -15,15 +15,13 @@ TEST(StringBuilder, GrowsInUnitsOfTheCapacityItStartsFrom)
     EXPECT_EQ(builder.ToString(), Text(4097, u'x') + Text(2000, u'y'));
 }
 
-struct CapacityRow {
-    std::int32_t set, expected, length;
-};
-
 TEST(StringBuilder, SetsTheCapacityInWholeUnits)
 {
-    for (CapacityRow const& row :
-        { CapacityRow { 1, 2048, 1024 }, { 2048, 2048, 1024 }, { 2049, 4096, 2048 },
-            { 8192, 8192, 3000 }, { 9000, 10240, 3000 }, { 0, 8192, 3000 }, { -5, 8192, 3000 } }) {
+    struct {
+        std::int32_t set, expected, length;
+    } const rows[] = { { 1, 2048, 1024 }, { 2048, 2048, 1024 }, { 2049, 4096, 2048 },
+        { 9000, 10240, 3000 }, { 0, 8192, 3000 }, { -5, 8192, 3000 } };
+    for (auto const& row : rows) {
         CStringBuilder builder;
         builder.Append(Text(3000, u'a'));
         builder.SetCapacity(row.set);
@@ -70,15 +68,14 @@ TEST(StringBuilder, IgnoresBadValues)
 
 TEST(StringBuilder, InsertsAndRemoves)
 {
-    struct Row {
+    struct {
         std::int32_t at;
         TextView inserted;
         std::int32_t from, count;
         TextView expected;
-    };
-    for (Row const& row : { Row { 0, u"ab", 0, 0, u"abwork" }, { 4, u"ab", 0, 0, u"workab" },
-             { 2, u"-", 0, 0, u"wo-rk" }, { 2, u"", 0, 4, u"" }, { 2, u"", 1, 2, u"wk" },
-             { 1, u"x", 4, 1, u"wxor" } }) {
+    } const rows[] = { { 0, u"ab", 0, 0, u"abwork" }, { 4, u"ab", 0, 0, u"workab" },
+        { 2, u"", 0, 4, u"" }, { 2, u"", 1, 2, u"wk" }, { 1, u"x", 4, 1, u"wxor" } };
+    for (auto const& row : rows) {
         CStringBuilder builder;
         builder.Append(u"work").Insert(row.at, row.inserted).Remove(row.from, row.count);
         EXPECT_EQ(builder.ToString(), row.expected);
@@ -115,31 +112,29 @@ template <class Operation> static std::string Raised(CStringBuilder& builder, Op
 
 TEST(StringBuilder, RaisesErrorsAndStaysAsItWas)
 {
-    std::string const range = ": Argument(s) out of range.";
-    struct Row {
+    constexpr auto reading = "Chars: Tried reading character past end of buffer.",
+                   assigning = "Chars: Tried assigning character past end of buffer.",
+                   insert = "Insert: Argument(s) out of range.",
+                   remove = "Remove: Argument(s) out of range.";
+    constexpr std::int32_t most = 0x7FFFFFFF;
+    struct {
         void (*operation)(CStringBuilder&);
         std::string expected;
+    } const rows[] = {
+        { [](auto& b) { b.Chars(4); }, reading },
+        { [](auto& b) { b.Chars(-1); }, reading },
+        { [](auto& b) { b.SetChars(4, u"x"); }, assigning },
+        { [](auto& b) { b.Insert(5, u"x"); }, insert },
+        { [](auto& b) { b.Insert(-1, u""); }, insert },
+        { [](auto& b) { b.Insert(most, u"x"); }, insert },
+        { [](auto& b) { b.Remove(2, 3); }, remove },
+        { [](auto& b) { b.Remove(0, -1); }, remove },
+        { [](auto& b) { b.Remove(most, most); }, remove },
     };
-    for (Row const& row : {
-             Row { [](CStringBuilder& b) { b.Chars(4); },
-                 "CStringBuilder.Chars: Tried reading character past end of buffer." },
-             { [](CStringBuilder& b) { b.Chars(-1); },
-                 "CStringBuilder.Chars: Tried reading character past end of buffer." },
-             { [](CStringBuilder& b) { b.SetChars(4, u"x"); },
-                 "CStringBuilder.Chars: Tried assigning character past end of buffer." },
-             { [](CStringBuilder& b) { b.Insert(5, u"x"); }, "CStringBuilder.Insert" + range },
-             { [](CStringBuilder& b) { b.Insert(-1, u""); }, "CStringBuilder.Insert" + range },
-             { [](CStringBuilder& b) { b.Insert(0x7FFFFFFF, u"x"); },
-                 "CStringBuilder.Insert" + range },
-             { [](CStringBuilder& b) { b.Remove(2, 3); }, "CStringBuilder.Remove" + range },
-             { [](CStringBuilder& b) { b.Remove(0, -1); }, "CStringBuilder.Remove" + range },
-             { [](CStringBuilder& b) { b.Remove(0x7FFFFFFF, 0x7FFFFFFF); },
-                 "CStringBuilder.Remove" + range },
-             { [](CStringBuilder& b) { b.SetChars(1, u"oo"); }, "nothing" },
-         }) {
+    for (auto const& row : rows) {
         CStringBuilder builder;
         builder.Append(u"work");
-        EXPECT_EQ(Raised(builder, row.operation), row.expected);
+        EXPECT_EQ(Raised(builder, row.operation), "CStringBuilder." + row.expected);
         EXPECT_EQ(builder.ToString(), u"work");
     }
     EXPECT_EQ(StringBuilderError::number, static_cast<std::int32_t>(0x80040200));

@@ -15,21 +15,19 @@
 
 namespace {
 
-std::string Encoded(char const* format)
+std::string Small(char const* format)
 {
     QImage image(40, 30, QImage::Format_RGB32);
     for (int y = 0; y < 30; ++y)
         for (int x = 0; x < 40; ++x)
             image.setPixel(x, y, static_cast<unsigned>(x * y * 7919));
-    QBuffer buffer;
-    image.save(&buffer, format);
-    return buffer.data().toStdString();
+    return Encoded(image, format);
 }
 
 /// A JPEG whose frame claims this many pixels each way, over the body of a small one.
 std::string Claiming(int size)
 {
-    auto bytes = Encoded("JPG");
+    auto bytes = Small("JPG");
     auto const frame = bytes.find("\xFF\xC0") + 5; // height and width, the high byte first
     for (std::size_t const at : { frame, frame + 2 }) {
         bytes[at] = static_cast<char>(size >> 8);
@@ -38,8 +36,7 @@ std::string Claiming(int size)
     return bytes;
 }
 
-/// A progressive JPEG of 1000 by 1000 pixels whose last scan stands in it so often again: each
-/// costs the decoder a pass.
+/// A progressive JPEG of 1000 by 1000 pixels with so many scans, each of which costs a pass.
 std::string ManyScans(int scans)
 {
     QImage image(1000, 1000, QImage::Format_RGB32);
@@ -64,8 +61,8 @@ struct BadPicture {
 
 std::vector<BadPicture> BadPictures()
 {
-    auto const jpeg = Encoded("JPG");
-    auto const png = Encoded("PNG");
+    auto const jpeg = Small("JPG");
+    auto const png = Small("PNG");
     return { { "empty", "" }, { "one byte", "\xFF" }, { "a text", "This is no picture.\r\n" },
         { "NULs", std::string(5000, '\0') }, { "the head of a JPEG", jpeg.substr(0, 20) },
         { "half a JPEG", jpeg.substr(0, jpeg.size() / 2) },
@@ -138,7 +135,7 @@ TEST_F(DesktopTest, BadPicturesLeaveAScreenUsable)
 
 TEST_F(ProgramOnDesktop, ABadVideoHoldsNobodyUp)
 {
-    files.Put(files.ApplicationFolder() + u"\\sparrowfield.wmv", "stands in the folder");
+    files.Put(files.ApplicationFolder() + u"\\sparrowfield.wmv", "in the folder");
     struct Row {
         char const* about;
         QByteArray bytes;
@@ -146,7 +143,7 @@ TEST_F(ProgramOnDesktop, ABadVideoHoldsNobodyUp)
         = { { "empty", "" }, { "a text", "This is no video." }, { "NULs", QByteArray(20000, '\0') },
               { "a playlist", "#EXTM3U\n#EXTINF:1,\nfile:///etc/passwd\n" },
               { "cut in its head", WelcomeVideo().left(300) },
-              { "cut behind its head", WelcomeVideo().left(20000) } };
+              { "cut after its head", WelcomeVideo().left(20000) } };
     program.Start({});
     auto const watch = [&](char const* about) {
         SCOPED_TRACE(about);

@@ -18,6 +18,8 @@
 #include "support/memory_file_system.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QImage>
 #include <QTest>
 #include <QWidget>
 #include <gtest/gtest.h>
@@ -27,14 +29,11 @@ public:
     explicit frmKinds(Screen& screen)
         : Form(screen, "frmKinds", u"Every kind", 9000, 6000)
     {
-        Record(answer);
-        Record(passage);
-        Record(next);
-        Record(tick);
-        Record(lamp);
-        Record(bar);
-        Record(tree);
-        Record(list);
+        for (Control* const control : Stops())
+            if (control != &line) {
+                control->GotFocus = [this, control] { Note(std::string("+") + control->Name()); };
+                control->LostFocus = [this, control] { Note(std::string("-") + control->Name()); };
+            }
         answer.Change = [this] { Note("answer changed"); };
         next.Click = [this] {
             Note("next clicked");
@@ -63,6 +62,11 @@ public:
         log.clear();
         return whole;
     }
+    /// What Tab visits after the passage, and that.
+    std::vector<Control*> Stops()
+    {
+        return { &answer, &line, &next, &tick, &lamp, &bar, &tree, &list, &passage };
+    }
     void Form_Click() override { Note("form clicked"); }
     void Form_Resize() override { Note("resized"); }
 
@@ -87,13 +91,25 @@ public:
     Timer timer { *this, "Timer1", 10 };
 
 private:
-    void Record(Control& control)
-    {
-        control.GotFocus = [this, &control] { Note(std::string("+") + control.Name()); };
-        control.LostFocus = [this, &control] { Note(std::string("-") + control.Name()); };
-    }
     void Note(std::string entry) { log.push_back(std::move(entry)); }
 };
+
+/// A form with a browser.
+class frmPage final : public Form {
+public:
+    explicit frmPage(Screen& screen)
+        : Form(screen, "frmPage", u"Page", 6000, 4000)
+    {
+    }
+    WebBrowser page { *this, *this, "Text1", { 0, 0, 6000, 4000 } };
+};
+
+inline std::string Encoded(QImage const& image, char const* format = "JPG")
+{
+    QBuffer buffer;
+    image.save(&buffer, format, 95);
+    return buffer.data().toStdString();
+}
 
 class DesktopTest : public testing::Test {
 protected:
@@ -123,9 +139,13 @@ protected:
                     return dynamic_cast<Widget&>(*widget);
         throw std::runtime_error(std::string("no widget for ") + control.Name());
     }
-    void Click(Control const& control, QPoint at = {})
+    void Click(Control const& control) { QTest::mouseClick(&Shown(control), Qt::LeftButton); }
+    /// Gives the host time and turns enough to serve events in one of them.
+    void GiveTurns()
     {
-        QTest::mouseClick(&Shown(control), Qt::LeftButton, {}, at);
+        QTest::qWait(12);
+        for (int i = 0; i < 2000; ++i)
+            host.turns.Give();
     }
     /// A click as the window system would send it: through the window.
     void ClickByWindow(Control const& control)

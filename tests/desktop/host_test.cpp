@@ -44,9 +44,7 @@ TEST_F(DesktopTest, ABusyFormTakesNothingButItsClosing)
             if (closes)
                 Shown(form).close();
         });
-        QTest::qWait(12);
-        for (int i = 0; i < 2000; ++i)
-            host.turns.Give();
+        GiveTurns();
         form.line.Text = u"kept";
     };
     Open();
@@ -86,9 +84,7 @@ TEST_F(DesktopTest, TurnsShowWhatALongHandlerDoes)
     QString seen;
     form.onNext = [&] {
         form.name.Caption = u"half";
-        QTest::qWait(12);
-        for (int i = 0; i < 2000; ++i)
-            host.turns.Give();
+        GiveTurns();
         seen = Shown<QLabel>(form.name).text();
     };
     Open();
@@ -99,9 +95,7 @@ TEST_F(DesktopTest, TurnsShowWhatALongHandlerDoes)
 TEST_F(DesktopTest, TabFollowsTheModelsOrder)
 {
     Open();
-    std::vector<Control*> const order { &form.answer, &form.line, &form.next, &form.tick,
-        &form.lamp, &form.bar, &form.tree, &form.list, &form.passage };
-    for (Control* control : order) {
+    for (Control* control : form.Stops()) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(form.Focus(), control);
         EXPECT_EQ(QApplication::focusWidget(), &Shown(*control));
@@ -156,8 +150,7 @@ TEST_F(DesktopTest, AShortcutOfTheFormWorksWhereverTheFocusIs)
     Open();
     form.line.Text = u"text";
     form.line.SelStart = 2;
-    for (Control* control : std::initializer_list<Control*> { &form.answer, &form.line, &form.next,
-             &form.tick, &form.lamp, &form.bar, &form.tree, &form.list, &form.passage }) {
+    for (Control* control : form.Stops()) {
         control->SetFocus();
         host.HandlersEnded();
         form.TakeLog();
@@ -195,7 +188,6 @@ public:
     explicit frmPlain(Screen& screen)
         : Form(screen, "frmPlain", u"Plain", 3000, 2000)
     {
-        opensAs = FormState::Normal;
         centred = true;
         ok.Click = [this] { Unload(*this); };
     }
@@ -375,12 +367,10 @@ TEST_F(DesktopTest, MeasuresTextAsALabelShowsIt)
         u"two\r\n\r\n" };
     for (auto const& text : texts) {
         QLabel label;
-        label.setFont(QFont("MS Sans Serif"));
-        auto font = label.font();
+        QFont font("MS Sans Serif");
         font.setPointSizeF(8.25);
         label.setFont(font);
         label.setWordWrap(true);
-        label.setMargin(0);
         label.setText(QString::fromStdU16String(text).remove('\r'));
         auto const size = host.MeasureText({ u"MS Sans Serif", 8.25F, false }, text, 2000);
         EXPECT_GE(size.height, static_cast<float>(label.heightForWidth(133)) * 15) << ToUtf8(text);

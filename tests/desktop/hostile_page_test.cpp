@@ -60,15 +60,6 @@ std::string Times(int count, std::string const& part)
     return all;
 }
 
-class frmHostile final : public Form {
-public:
-    explicit frmHostile(Screen& screen)
-        : Form(screen, "frmHostile", u"Page", 6000, 4000)
-    {
-    }
-    WebBrowser page { *this, *this, "Text1", { 0, 0, 6000, 4000 } };
-};
-
 /// Ends the process should an opened FIFO hold it up.
 struct Alarm {
     Alarm() { alarm(60); }
@@ -103,7 +94,7 @@ TEST_F(DesktopTest, AHostilePageOpensNothingAndIsSoonThere)
                     "<!DOCTYPE x><meta name=\"qrichtext\" content=\"1\" /><base href=\"" + address
                         + "\"><img src=x>" })
                 pages.push_back(page);
-    frmHostile reader(screen);
+    frmPage reader(screen);
     reader.Show();
     Settle();
     auto& shown = Shown<QTextBrowser>(reader.page);

@@ -234,24 +234,6 @@ TEST_F(DesktopTest, ATreeScrollsToANodeAndShowsItsTipAndANameThatIsCutOff)
     Settle();
 }
 
-TEST_F(DesktopTest, TreeTakesManyNodesQuickly)
-{
-    Open();
-    auto const start = std::chrono::steady_clock::now();
-    for (int book = 0; book < 1000; ++book) {
-        Node& parent = form.tree.Add(FromNumber(book), u"Book");
-        for (int chapter = 0; chapter < 60; ++chapter)
-            form.tree.Add(parent, FromNumber(book) + u"." + FromNumber(chapter), u"Chapter");
-    }
-    auto const made = std::chrono::steady_clock::now();
-    host.HandlersEnded();
-    Settle();
-    std::chrono::duration<double, std::milli> const build = made - start;
-    std::chrono::duration<double, std::milli> const show = std::chrono::steady_clock::now() - made;
-    std::printf("61,000 nodes: made in %.1f ms, shown in %.1f ms\n", build.count(), show.count());
-    EXPECT_EQ(Shown<QTreeView>(form.tree).model()->rowCount(), 1000);
-}
-
 TEST_F(DesktopTest, ListChoiceArrives)
 {
     Open();

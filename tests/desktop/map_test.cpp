@@ -5,8 +5,6 @@
 #include "maps/bible_maps.h"
 #include "support/pictures.h"
 
-#include <QBuffer>
-
 namespace {
 
 /// Every pixel tells its place: red the column, green the row, in steps that survive the packing.
@@ -17,13 +15,6 @@ QImage Chart(int width, int height)
         for (int x = 0; x < width; ++x)
             image.setPixel(x, y, qRgb(x * 255 / width, y * 255 / height, 128));
     return image;
-}
-
-std::string Jpeg(QImage const& image)
-{
-    QBuffer buffer;
-    image.save(&buffer, "JPG", 95);
-    return buffer.data().toStdString();
 }
 
 class MapOnDesktop : public ProgramOnDesktop {
@@ -54,7 +45,7 @@ protected:
 TEST_F(MapOnDesktop, TheMapFollowsTheHandAndIsShownPixelForPixel)
 {
     auto const chart = Chart(2400, 1700);
-    files.Put(u"map2.jpg", Jpeg(chart));
+    files.Put(u"map2.jpg", Encoded(chart));
     OpenMap(2);
     QWidget* const window = Window("frmMap");
     ASSERT_TRUE(window);
@@ -84,7 +75,7 @@ TEST_F(MapOnDesktop, TheMapFollowsTheHandAndIsShownPixelForPixel)
     EXPECT_EQ(MapPlace(), QPoint(-180, -120)) << "it rests with the pointer";
     auto const shown = Widget("Picture1").grab().toImage();
     QImage decoded;
-    decoded.loadFromData(QByteArray::fromStdString(Jpeg(chart)));
+    decoded.loadFromData(QByteArray::fromStdString(Encoded(chart)));
     for (QPoint const at : { QPoint(0, 0), QPoint(300, 0), QPoint(0, 200) })
         EXPECT_EQ(shown.pixelColor(at), Qt::black) << "the border shows over the map";
     for (QPoint const at : { QPoint(1, 1), QPoint(5, 5), QPoint(300, 200), QPoint(700, 500) })
@@ -107,7 +98,7 @@ TEST_F(MapOnDesktop, TheMapFollowsTheHandAndIsShownPixelForPixel)
 
 TEST_F(MapOnDesktop, BadMaps)
 {
-    auto const good = Jpeg(Chart(900, 700));
+    auto const good = Encoded(Chart(900, 700));
     struct Row {
         char const* about;
         std::string bytes;
@@ -119,15 +110,15 @@ TEST_F(MapOnDesktop, BadMaps)
         { "cut in its picture", good.substr(0, good.size() / 2), false },
         { "its last byte is missing", good.substr(0, good.size() - 1), false },
         { "60,000 by 60,000", JpegHead(60000, 60000) + good.substr(200), false },
-        { "something behind its end", good + std::string(500, '\0'), true },
-        { "long", Jpeg(Chart(40000, 20)), true },
-        { "one pixel", Jpeg(Chart(1, 1)), true },
+        { "something after its end", good + std::string(500, '\0'), true },
+        { "long", Encoded(Chart(40000, 20)), true },
+        { "one pixel", Encoded(Chart(1, 1)), true },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.about);
         messages.count = 0;
-        files.Put(u"map1.jpg", row.bytes);
         messages.last.clear();
+        files.Put(u"map1.jpg", row.bytes);
         OpenMap(1);
         EXPECT_EQ(messages.count, row.isShown ? 0 : 1);
         EXPECT_EQ(messages.last,
@@ -137,7 +128,7 @@ TEST_F(MapOnDesktop, BadMaps)
         QTest::keyClick(&Widget("Picture2"), Qt::Key_Right);
         Window("frmMap")->grab();
     }
-    files.Put(u"map1.jpg", Jpeg(Chart(40000, 20)));
+    files.Put(u"map1.jpg", Encoded(Chart(40000, 20)));
     OpenMap(1);
     for (int i = 0; i < 100; ++i)
         QTest::keyClick(&Widget("Picture2"), Qt::Key_Right);

@@ -235,24 +235,17 @@ TEST_F(PassageTest, HeadingStandsExactlyInTheTopLine)
     EXPECT_EQ(top(), kept);
 }
 
-TEST_F(PassageTest, LongTextOpensQuicklyAndGrowsByWhatIsAppended)
+TEST_F(PassageTest, ALongTextGrowsByWhatIsAppended)
 {
     Open();
-    Fill(3000);
-    auto const start = std::chrono::steady_clock::now();
+    Fill(300);
     host.HandlersEnded();
-    auto const filled = std::chrono::steady_clock::now();
     auto* const document = Shown<TextEdit>(form.passage).document();
-    for (int i = 0; i < 10; ++i) {
+    for (int i = 0; i < 3; ++i) {
         form.passage.SelStart = form.passage.Length();
         form.passage.ReplaceSelection(u"one more\r\n");
         host.HandlersEnded();
     }
-    std::chrono::duration<double, std::milli> const fill = filled - start;
-    std::chrono::duration<double, std::milli> const more
-        = std::chrono::steady_clock::now() - filled;
-    std::printf(
-        "3,000 verses: shown in %.1f ms, ten more in %.2f ms\n", fill.count(), more.count());
     EXPECT_EQ(Shown<TextEdit>(form.passage).document(), document);
     EXPECT_EQ(Shown<TextEdit>(form.passage).WholeText(), form.passage.Text());
     for (char const digit : { '1', '2' }) { // anew, each time in a document of its own

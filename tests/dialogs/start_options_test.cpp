@@ -4,14 +4,9 @@
 
 #include <string>
 
-/// What is offered, one letter each: Install, Video, Run from CD, Enter. The covers hide exactly
-/// what isn't offered.
+/// What is offered, one letter each: Install, Video, Run from CD, Enter.
 static std::string Offered(StartOptions const& options)
 {
-    EXPECT_EQ(options.coverVideo, !options.video);
-    EXPECT_EQ(options.coverInstall, !options.install);
-    EXPECT_EQ(options.coverRunFromCD, !options.runFromCD);
-    EXPECT_EQ(options.coverEnter, !options.enter);
     return std::string(options.install ? "I" : "") + (options.video ? "V" : "")
         + (options.runFromCD ? "R" : "") + (options.enter ? "E" : "");
 }

@@ -35,11 +35,10 @@ protected:
 
 TEST_F(BibleLayoutTest, HasItsFigures)
 {
-    struct Row {
+    struct {
         char const* control;
         float left, top, width, height;
-    };
-    Row const rows[] = {
+    } const rows[] = {
         { "XPContainer3", 90, 90, 8745, 820 },
         { "cboVersion", 90, 420, 2175, 315 },
         { "txtVerse", 2355, 420, 1695, 315 },

@@ -100,25 +100,6 @@ TEST_F(StudyTest, TheWelcomeDialogComesOnceOnTheWayIntoALesson)
     }
 }
 
-TEST_F(StudyTest, TheWelcomeDialogKeepsTheChoiceOnlyByItsButton)
-{
-    Start();
-    Click("frmContents.mnuHelpWelcome");
-    Click("frmWelcome.Label2");
-    EXPECT_EQ(Get<CheckBox>("frmWelcome.Check1").Value, 1);
-    EXPECT_EQ(input.Close(FormOf("frmWelcome")), "");
-    EXPECT_EQ(settings.Value(u"Parameters", u"showhelp"), u"(none)");
-    Click("frmContents.mnuHelpWelcome");
-    EXPECT_EQ(Get<CheckBox>("frmWelcome.Check1").Value, 0);
-    Click("frmWelcome.Check1");
-    Click("frmWelcome.Command1");
-    EXPECT_EQ(settings.Value(u"Parameters", u"showhelp"), u"false");
-    Click("frmContents.mnuHelpWelcome");
-    Click("frmWelcome.Label2");
-    Click("frmWelcome.Command1");
-    EXPECT_EQ(settings.Value(u"Parameters", u"showhelp"), u"true");
-}
-
 TEST_F(StudyTest, TheCatalogueIsLeftForTheLessonAndComesBackCollapsed)
 {
     Open(u"james-2.dat:2");

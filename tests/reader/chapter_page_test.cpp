@@ -61,12 +61,11 @@ TEST(ChapterPage, ShowsWhatTheReferenceAsksFor)
                       "001 001 a\r\n more\r\n\r\n001 002 b\r\n\r\n\xB6"
                       "002 001 c\r\n \xB6"
                       "d\r\n\r\n2   2   e\r\n\r\n"s;
-    struct Row {
+    struct {
         TextView reference;
         bool runsOn;
         char const* body;
-    };
-    Row const rows[] = {
+    } const rows[] = {
         { u"John", false,
             "<p>=1= 1# a more  <p>\r\n2# b  <p>\r\n<p>=2= 1# c \xC2\xB6"
             "d  <p>\r\n2# e  <p>\r\n" },
@@ -89,12 +88,11 @@ TEST(ChapterPage, ShowsWhatTheReferenceAsksFor)
 
 TEST(ChapterPage, TakesTheLinesAsTheyAre)
 {
-    struct Row {
+    struct {
         char const* what;
         std::string file;
         std::string body;
-    };
-    Row const rows[] = {
+    } const rows[] = {
         { "an empty file", "", "" },
         { "one line, which is none of a verse", "001 001 a", "" },
         { "a verse in the first line", "001 001 a\n\n001 002 b\n\n", "=1= 2# b  <p>\r\n" },
@@ -151,22 +149,17 @@ TEST(ChapterPage, TakesLinesOfAnyLength)
 TEST(ChapterPage, TellsItsListenerEachLineAndTurn)
 {
     auto const file = "title\n001 001 a\n more\n and more\n\n001 002 b\n\n\n002 001 c\n d\n\n"s;
-    struct Row {
+    struct {
         TextView reference;
         char const* told; // lines by their number, turns by "."
-    };
-    Row const rows[] = { { u"John", "11: 1... 5. 7 8.. 11" },
+    } const rows[] = { { u"John", "11: 1... 5. 7 8.. 11" },
         { u"John 1:2", "11: 1 2 3 4 5. 7 8 9 10 11" }, { u"John 3", "11: 1 2 3 4 5 6 7 8 9 10 11" },
         { u"John 2", "11: 1 2 3 4 5 6 7 8.. 11" } };
     for (auto const& row : rows) {
         std::string told;
-        PageListener listener;
-        listener.begin = [&](int last) { told += std::to_string(last) + ':'; };
-        listener.line = [&](int line) { told += ' ' + std::to_string(line); };
-        listener.turn = [&] {
-            told += '.';
-            return true;
-        };
+        PageListener const listener { [&](int last) { told += std::to_string(last) + ':'; },
+            [&](int line) { told += ' ' + std::to_string(line); },
+            [&] { return !(told += '.').empty(); } };
         EXPECT_TRUE(
             BuildChapterPage(file, { u"", false, ReadWantedVerses(row.reference) }, listener));
         EXPECT_EQ(told, row.told) << ToUtf8(row.reference);

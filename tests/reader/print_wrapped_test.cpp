@@ -53,11 +53,10 @@ std::string Wrapped(TextView text, std::int32_t rightMargin = 820)
 
 TEST(PrintWrapped, BreaksLinesBeforeWords)
 {
-    struct Row {
+    struct {
         TextView text;
         char const* printed;
-    };
-    Row const rows[] = {
+    } const rows[] = {
         { u"", "" },
         { u"ten in all", "<100>ten in all" },
         { u"one twothree", "<100>one /<100>twothree" },
@@ -85,11 +84,10 @@ TEST(PrintWrapped, BreaksLinesBeforeWords)
 
 TEST(PrintWrapped, LeadsTabsToStopsFromTheEdge)
 {
-    struct Row {
+    struct {
         TextView text;
         char const* printed;
-    };
-    Row const rows[] = {
+    } const rows[] = {
         { u"\tb", "<200>b" }, // at a stop already: a full interval on
         { u"a\tb", "<100>a<200>b" },
         { u"123456789\tb", "<100>123456789<200>b" },

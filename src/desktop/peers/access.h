@@ -1,6 +1,5 @@
 #pragma once
-// What assistive tools are told of widgets whose class says too little: which kind of thing they
-// are, and that they can be pressed.
+// Roles and actions for assistive tools of widgets whose class says too little.
 
 #include <QAccessible>
 
@@ -8,15 +7,13 @@
 
 class QWidget;
 
-/// Lets assistive tools see widgets as SetRole says. Once, with an application object.
+/// Makes SetRole effective. Called once, with an application object.
 void TellRoles();
 
-/// Says what a widget is, in place of what its class would. Before anybody asks: when the widget is
-/// made.
+/// The role of a widget, in place of that of its class. Called when the widget is made.
 void SetRole(QWidget& widget, QAccessible::Role role);
 
-/// A widget that can be pressed but isn't a button: beside what derives from QWidget. Assistive
-/// tools may press it while it is enabled.
+/// A second base of a widget that isn't a button, but that assistive tools can press if enabled.
 class Pressable {
 public:
     virtual ~Pressable() = default;

@@ -35,7 +35,7 @@ void ScrollBarPeer::Mirror()
     m_shown.setPageStep(m_bar.LargeChange);
     m_shown.setValue(m_bar.Value);
     Peer::Mirror();
-    // A tip that tells the value goes along with the thumb.
+    // A tool tip with the value follows the thumb.
     if (m_shown.isSliderDown() && !m_shown.toolTip().isEmpty())
         QToolTip::showText(QCursor::pos(), m_shown.toolTip(), &m_shown);
 }

@@ -28,8 +28,7 @@ static std::string BackgroundAddress(TextView applicationFolder)
     return ToNearestCodePage(u"file://" + Text(applicationFolder) + u"\\bg.jpg").bytes;
 }
 
-/// A picture that shows nothing. For an empty one the view would look by itself, in files that
-/// nobody gave it.
+/// A transparent picture. In place of an empty one the view would look for files itself.
 static QPixmap NoPicture()
 {
     QPixmap picture(1, 1);

@@ -1,5 +1,5 @@
 #pragma once
-// The background of a form behind its controls: a colour and a picture at the top left corner.
+// The background of a form: a colour and a picture at the top left corner.
 
 #include <QPainter>
 #include <QPixmap>

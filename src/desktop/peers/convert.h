@@ -18,8 +18,7 @@ inline QString ToQString(TextView text)
         reinterpret_cast<QChar const*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
-/// A tool tip that shows the text as it is, also where Qt would take it for markup and load what
-/// that names.
+/// A tool tip that shows the text as it is, even if Qt would take it for markup.
 QString ToToolTip(TextView text);
 
 inline Text ToText(QStringView text)

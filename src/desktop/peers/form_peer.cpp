@@ -208,7 +208,7 @@ void FormPeer::MirrorHidden()
 void FormPeer::MirrorFocus(Peer const* focus)
 {
     auto* const present = Widget()->focusWidget();
-    // Who walks through the menu bar by keys isn't called away.
+    // While the user goes through the menu bar by keys, the focus stays there.
     if (qobject_cast<QMenuBar*>(present) && present->hasFocus())
         return;
     auto* const wanted = focus ? focus->Widget() : nullptr;

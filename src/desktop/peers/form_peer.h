@@ -24,15 +24,13 @@ public:
     void PropertyAssigned(PropertyBase const& property) override;
     /// Everything but whether the window is up.
     void Mirror() override;
-    /// Shows the window, above `owner` if it has no entry of its own in the task bar, or hides
-    /// it.
+    /// Shows the window, above `owner` if it isn't in the task bar; MirrorHidden hides it.
     void MirrorShown(QWidget* owner);
     void MirrorHidden();
     /// Puts the focus of the window where the form's is.
     void MirrorFocus(Peer const* focus);
 
-    /// Hands on what couldn't be while a handler of the form was running, or the host was at work
-    /// on the widgets.
+    /// Reports what couldn't be reported during a handler of the form or an update of the widgets.
     void CatchUp();
 
 protected:
@@ -43,7 +41,7 @@ private:
     void Place();
     void FixSize();
     QPoint Corner() const;
-    /// Of a window in the middle of the screen, by what the window manager draws.
+    /// Of a window in the middle of the screen, its frame included.
     QPoint CentredCorner(QSize const& inner) const;
     QSize InnerSize(Size const& outer) const;
     QMargins RealFrame() const;
@@ -61,8 +59,7 @@ private:
     ClientArea& m_client;
     WindowScroll& m_scroll;
     Size m_placed; // the form's outer size when the window was last resized to it, in twips
-    // The window's size, in pixels, that needs no report: what the form asks for, or as much of it
-    // as the screen has room for.
+    // In pixels, needs no report: the size that the form asks for, cut to the screen.
     QSize m_agreed;
     FormState m_state = FormState::Normal;
     QElapsedTimer m_sinceShown; // when the window was last brought up

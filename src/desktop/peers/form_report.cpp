@@ -72,9 +72,8 @@ void FormPeer::QueueReport()
     });
 }
 
-/// True while the window manager may still be on its way to the state in which the window was to
-/// come up: some tell of their steps one by one, and a window that was taken for a normal one would
-/// stay one.
+/// True while the window manager may not have maximised the window yet: some report each step, and
+/// the form would become a normal one.
 bool FormPeer::IsSettling() const
 {
     constexpr int settlingTime = 1500; // milliseconds
@@ -107,7 +106,7 @@ void FormPeer::ReportSize()
         Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
         return;
     }
-    // What the screen has cut isn't reported, or the form would ask for its size again and again.
+    // A size that the screen has cut isn't reported, or the form would ask for its own again.
     if (window.size() == m_agreed && m_state == m_form.WindowState())
         return;
     m_agreed = window.size();
@@ -137,11 +136,11 @@ void FormPeer::ReportActivation()
     });
 }
 
-/// Closing alone isn't dropped while the form is at work, as whoever closes a window wants no more
-/// of it: it's done as soon as it can be.
+/// Unlike other actions, a close isn't dropped while the form is busy, but done as soon as
+/// possible.
 void FormPeer::ReportClose()
 {
-    // A form that keeps actions hears of it at once, so that its work can end.
+    // A form that queues actions is notified at once, so that its work can end.
     bool const isHeldUp = m_context.IsMirroring() || (m_form.IsBusy() && !m_form.queuesActions);
     m_closeMissed = isHeldUp && m_context.input->Blocked(m_form).empty();
     if (!isHeldUp)

@@ -11,7 +11,7 @@ int KeyCodeOf(QKeyEvent const& event);
 int ShiftOf(QKeyEvent const& event);
 /// True for Shift, Ctrl and their like, which do nothing by themselves.
 bool IsModifier(QKeyEvent const& event);
-/// True for a character that is struck with Alt: it is meant for a menu. AltGr is not Alt.
+/// True for a character with Alt, which is meant for a menu. AltGr isn't Alt.
 bool IsTypedWithAlt(QKeyEvent const& event);
 /// The character that the key types; 0 if it types none or more than one.
 char16_t CharacterOf(QKeyEvent const& event);

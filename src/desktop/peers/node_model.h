@@ -1,5 +1,5 @@
 #pragma once
-// A tree's nodes as Qt's item views want to see them, straight from the nodes themselves.
+// The nodes of a tree as a model for Qt's item views, without a copy.
 
 #include "controls/tree_view.h"
 #include "desktop/peers/pictures.h"
@@ -13,8 +13,7 @@ class NodeModel final : public QAbstractItemModel {
 public:
     NodeModel(TreeView& tree, Pictures& pictures);
 
-    /// Takes in the nodes that have been added, or all anew where the tree has been cleared; true
-    /// if anew.
+    /// Takes in the nodes that were added, or all if the tree was cleared; true if all.
     bool Follow();
     QModelIndex IndexOf(Node const& node) const;
     static Node& NodeAt(QModelIndex const& index)

@@ -85,7 +85,7 @@ void Peer::MirrorLook(TextControl const& control, QWidget& widget, bool ground)
 
 bool Peer::eventFilter(QObject* watched, QEvent* event)
 {
-    // A key that a control doesn't use reaches its containers too, and is ignored there.
+    // A key that a control doesn't use reaches its containers too: ignored there.
     bool const isOurs = watched == m_widget && m_widget->window()->focusWidget() == m_widget;
     if (!isOurs || isRetired || m_context.IsMirroring() || !m_context.input)
         return false;
@@ -139,7 +139,7 @@ bool Peer::KeyPressed(QKeyEvent& event)
         return true;
     bool const isForm = &m_control == &m_control.ParentForm(); // which has a handler of its own
     bool const isClose = keyCode == keyF4 && ShiftOf(event) == altHeld;
-    // A form hears also of keys that type nothing.
+    // A form also gets keys that type nothing.
     bool const isHeard = isForm ? !IsModifier(event) && !isClose : m_control.KeyPress && character;
     if (isHeard)
         Act([&](Input& input) { input.KeyPress(m_control, character); });

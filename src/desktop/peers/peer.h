@@ -29,17 +29,15 @@ public:
     virtual void Mirror();
 
     bool isDirty = true; ///< waits to be mirrored
-    /// its form is unloaded, and the widget about to be deleted: no action is passed on any more
+    /// its form is unloaded: no action is passed on any more
     bool isRetired = false;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    /// A key for this control that no handler has taken. True if it has been handled, else the
-    /// widget gets it.
+    /// Handles a key that no event handler has used; false if the widget is to get it.
     virtual bool TakeKey(QKeyEvent&) { return false; }
-    /// True if the key Enter or Escape means something to the widget itself, so no default button
-    /// is pressed.
+    /// True if the widget itself uses Enter or Escape, so that no default button is pressed.
     virtual bool WantsKey(int) const { return false; }
     /// True if a key that is also a shortcut is the widget's, unless a menu entry takes it.
     virtual bool EditsByShortcuts() const { return false; }

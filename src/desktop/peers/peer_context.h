@@ -1,6 +1,6 @@
 #pragma once
-// What the peers of the controls share: the way of user actions to the model, and a guard by which
-// what the host itself changes isn't taken for one.
+// What the peers share: passing user actions to the model, and a guard against taking the host's
+// own changes for actions.
 
 #include "controls/input.h"
 #include "desktop/peers/pictures.h"
@@ -12,8 +12,8 @@ class PeerContext {
 public:
     explicit PeerContext(FileSystem const& files);
 
-    /// Passes an action of the user on the control to the model, then updates the widgets, even if
-    /// the model refused it. Nothing while the host itself sets the widgets.
+    /// Passes a user action to the model, then updates the widgets, even if the model refused it.
+    /// Does nothing while the host itself changes widgets.
     template <class Action> void Act(Control& control, Action action)
     {
         if (IsMirroring() || !input)
@@ -32,7 +32,7 @@ public:
     bool IsActing() const { return m_acting > 0; }
     bool IsMirroring() const { return m_mirroring; }
 
-    /// While it lives, what happens to widgets is the host's doing.
+    /// While one exists, the host itself changes widgets.
     class Mirroring {
     public:
         explicit Mirroring(PeerContext& context)
@@ -54,9 +54,9 @@ public:
     Screen* screen = nullptr; ///< known from the first loaded form on, as is the input
     std::optional<Input> input;
     std::function<void(Control& control)> acted;
-    /// The place on the machine of a file that the program names; set by the host.
+    /// The real path of a file that the program names; set by the host.
     std::function<Text(TextView path)> placeOf;
-    /// how much larger than designed the text of pages is, in steps; for the run of the program
+    /// steps by which the text of pages is larger than designed, until the program ends
     int pageZoom = 0;
 
 private:

@@ -3,7 +3,8 @@
 
 #include "desktop/peers/peer.h"
 
-/// `container` is the peer of the control's container, `window` that of its form. Nothing for a
-/// control of which nothing is to be seen or done on the desktop, such as an image list.
 class FormPeer;
+
+/// `container` is the peer of the control's container, `window` that of its form. Null for a
+/// control without a peer, such as an image list.
 Peer* MakePeer(PeerContext& context, Control& control, Peer& container, FormPeer& window);

@@ -15,14 +15,13 @@ class Pictures {
 public:
     explicit Pictures(FileSystem const& files); // outlives this object
 
-    /// Empty if there is no such picture or it can't be decoded. Only JPEG files are pictures.
-    /// The program's own come in the resolution that the finest screen can show and are kept; a
-    /// file is read at each call.
+    /// Empty if there is no such picture or it can't be decoded. Only JPEG files are pictures; they
+    /// are read at each call. Built-in ones are kept, in the resolution of the finest screen.
     QPixmap Find(TextView name);
     /// An icon of the program's own, such as "icon", in all its sizes.
     QIcon Icon(char const* name) const;
-    /// In pixels; nothing for what can't be decoded, or would take too much to decode
-    /// (platform/jpeg.h). The picture of a file is held for the next call of `Find`.
+    /// In pixels; nothing if it can't be decoded, or only with too much work (platform/jpeg.h). The
+    /// picture of a file is kept for the next call of `Find`.
     std::optional<Size> SizeOf(TextView name);
 
 private:

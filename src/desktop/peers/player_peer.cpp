@@ -122,8 +122,7 @@ void PlayerPeer::PropertyAssigned(PropertyBase const& property)
     m_seekWanted |= &property == &m_control.currentPosition;
 }
 
-/// False for a damaged file with a picture of no frame rate: the player's back end (Qt 6.4) divides
-/// by it.
+/// False for a damaged file with a frame rate of 0, by which the back end (Qt 6.4) divides.
 static bool HasFrameRates(QMediaPlayer const& player)
 {
     auto const tracks = player.videoTracks();
@@ -134,8 +133,7 @@ static bool HasFrameRates(QMediaPlayer const& player)
 }
 
 /// True for a Windows Media file, by the identifier of its header object (Advanced Systems Format,
-/// 10.1). The player would open any other file of that name as what it looks like: a playlist,
-/// which opens other files and addresses.
+/// 10.1). The player would also open playlists, which name other files and addresses.
 static bool IsWindowsMedia(QString const& place)
 {
     static constexpr char headerObject[] = { '\x30', '\x26', '\xB2', '\x75', '\x8E', '\x66', '\xCF',

@@ -1,6 +1,5 @@
 #pragma once
-// The video player on the desktop: the picture, and under it a bar to play, halt, seek and set the
-// volume.
+// The video player on the desktop: the picture, and a bar to play, halt, seek and set the volume.
 
 #include "controls/media.h"
 #include "desktop/peers/peer.h"

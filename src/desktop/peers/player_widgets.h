@@ -8,8 +8,7 @@
 #include <QVideoSink>
 #include <QWidget>
 
-/// Paints the frames of a video at their natural size in the middle, made smaller where there is no
-/// room, or stretched.
+/// Paints the frames in the middle, at their natural size or, if too large or stretched, to fit.
 class VideoWidget final : public QWidget {
 public:
     explicit VideoWidget(QWidget* parent);
@@ -24,8 +23,7 @@ private:
     QImage m_frame;
 };
 
-/// Play or halt, the place in the video in milliseconds, the time, mute, and the volume from 0 to
-/// 100.
+/// Play, place in milliseconds, time, mute, and volume from 0 to 100.
 class PlayerBar final : public QWidget {
 public:
     explicit PlayerBar(QWidget* parent);

@@ -65,8 +65,7 @@ bool RichTextPeer::IsPlain() const
     });
 }
 
-/// The change that a command such as Cut made in a plain text. A handler that changes what is being
-/// typed has its way.
+/// True for a change by a command such as Cut in a plain text, but not by a handler of typing.
 bool RichTextPeer::CanBeUndone() const
 {
     return m_isPlain && !IsEditing() && m_generation == m_rich.Generation();
@@ -83,7 +82,7 @@ void RichTextPeer::Fill()
         m_shown.document()->clearUndoRedoStacks();
         return;
     }
-    // A document of its own takes a long text in several times as fast as one that is on show.
+    // A new document is filled several times as fast as one that is shown.
     auto* const document = new QTextDocument(&m_shown);
     document->setUndoRedoEnabled(false);
     document->setDefaultFont(m_shown.font());

@@ -1,5 +1,5 @@
 #pragma once
-// Rich text boxes on the desktop. What the box has shown stays, what is appended is added to it.
+// Rich text boxes on the desktop. Appended text is added to what is shown.
 
 #include "controls/rich_text_box.h"
 #include "desktop/peers/text_peer.h"

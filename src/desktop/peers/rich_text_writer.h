@@ -12,8 +12,7 @@ class RichTextWriter {
 public:
     explicit RichTextWriter(RichTextBox const& box); // outlives this object
 
-    /// Writes the text from the offset on, where the cursor is at the end of what comes before
-    /// it.
+    /// Writes the text from the offset on. The cursor is at the end of the text before it.
     void Write(QTextCursor& cursor, int from);
 
 private:

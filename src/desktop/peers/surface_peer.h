@@ -1,6 +1,5 @@
 #pragma once
-// Peers of controls without a behaviour of their own, on which the pointer alone acts: labels,
-// pictures, shapes, panels.
+// Peers of controls on which only the pointer acts: labels, pictures, shapes, panels.
 
 #include "controls/label.h"
 #include "controls/picture.h"
@@ -10,7 +9,7 @@
 class QLabel;
 class QMouseEvent;
 
-/// Reports clicks and the pointer's way.
+/// Reports clicks and mouse events.
 class SurfacePeer : public Peer {
 public:
     using Peer::Peer;

@@ -1,6 +1,6 @@
 #pragma once
-// The widget of every text of more than one line: takes and gives plain text only, and counts as
-// the model does, where a line end is two characters.
+// The widget of multi-line texts: plain text only, with the model's offsets, in which a line end is
+// two characters.
 
 #include <QTextEdit>
 
@@ -14,17 +14,14 @@ public:
 
     /// The whole text with CR LF line ends.
     Text WholeText() const;
-    /// The model's offset of a position in the document, and the other way; both in logarithmic
-    /// time.
+    /// The model's offset of a position in the document, and back; in logarithmic time.
     int ToOffset(int position) const;
     int ToPosition(int offset) const;
 
-    /// Makes this the whole text, line ends as CR LF, by one step that the user can undo; what both
-    /// texts have in common at their ends stays untouched.
+    /// Makes this, with line ends as CR LF, the whole text, in one step that the user can undo.
     void ChangeTo(TextView whole);
 
-    /// Scrolls the line with the position to the top, also where the text ends before the
-    /// page is full.
+    /// Scrolls the line with the position to the top, even near the end of the text.
     void BringToTop(int position);
 
     std::function<void()> resized; ///< after each change of size, and when the widget is shown
@@ -38,6 +35,6 @@ protected:
     void showEvent(QShowEvent* event) override;
 };
 
-/// A text without line ends as it can be in a document: the few characters that would divide or
-/// hide it give way to blanks.
+/// Replaces the few characters that would divide or hide a text in a document by blanks. `text` has
+/// no line ends.
 QString ForDocument(TextView text);

@@ -1,6 +1,5 @@
 #pragma once
-// Peers of the boxes that a person types into: what all have in common, and the plain ones. The
-// widget edits, the peer hands over the result.
+// Peers of text boxes. The widget edits, the peer passes on the result.
 
 #include "controls/text_box.h"
 #include "desktop/peers/peer.h"
@@ -18,7 +17,7 @@ protected:
     bool WantsKey(int keyCode) const override;
     bool EditsByShortcuts() const override { return true; }
 
-    /// Brings the text of the widget in step.
+    /// Updates the text of the widget.
     virtual void MirrorText() = 0;
     virtual bool HasBorder() const = 0;
     /// The user has moved the caret or changed the text.
@@ -26,7 +25,7 @@ protected:
     void MirrorCaret();
     /// True while the model is given what the user has typed.
     bool IsEditing() const { return m_editing; }
-    /// True while it is, and has taken it as it is: then the widget shows it already.
+    /// True while it is, and the model took it unchanged: the widget shows it already.
     bool IsTyped() const;
     void ConnectDocument();
 

@@ -10,8 +10,7 @@
 #include <QToolTip>
 #include <QTreeView>
 
-/// Tells apart how the current node came to change: by the keyboard or by the mouse, which is a
-/// click at its release.
+/// Distinguishes changes of the current node by the keyboard from clicks.
 class NodeView final : public QTreeView {
 public:
     using QTreeView::QTreeView;
@@ -56,7 +55,7 @@ protected:
     }
 
 private:
-    /// Where keys begin can be seen: Qt would begin at the first node of all.
+    /// Keys start from a visible node; Qt would start from the first.
     void ShowCurrent()
     {
         auto const isInView = [this](QModelIndex const& index) {
@@ -166,7 +165,7 @@ void TreePeer::MirrorView()
     m_shown.scrollTo(m_model.IndexOf(*node));
 }
 
-/// The name of a node that the view cuts off, and what the model tells of it.
+/// The name of a node, if the view cuts it off, and the model's tool tip.
 QString TreePeer::TipOf(QModelIndex const& index) const
 {
     int const left = m_shown.visualRect(index).left();

@@ -1,11 +1,9 @@
 #pragma once
-// What Qt doesn't tell the window manager of a window by itself. Nothing happens on a window system
-// other than X11.
+// Window properties that Qt doesn't set. Only X11; elsewhere the functions do nothing.
 
 class QWindow;
 
 /// Keeps a window that isn't up yet out of the task bar.
 void HideFromTaskBar(QWindow const& window);
-/// Makes `owner` the window above which this one, which is up, has to stay. Qt says so of dialogs
-/// alone.
+/// Keeps a window that is up above `owner`. Qt does this for dialogs only.
 void TellOwner(QWindow const& window, QWindow const& owner);

@@ -1,7 +1,6 @@
 #pragma once
 // Cuts a window of fixed size that is higher than the screen: a bar at its right edge, the wheel
-// and keys then move its client area. Which windows are cut, and to what height, is the form peer's
-// decision.
+// and keys then move its client area. The form peer decides which windows are cut.
 
 #include <QObject>
 #include <QSize>
@@ -16,11 +15,11 @@ public:
     /// `client` is in `window`, which has no menu bar; both outlive this object.
     WindowScroll(QWidget& window, QWidget& client);
 
-    /// The size that the inside of the window gets, in pixels: `whole`, or cut to the height `room`
-    /// and wider by the bar.
+    /// The size of the window's inside, in pixels: `whole`, or cut to the height `room` and wider
+    /// by the bar.
     QSize Fit(QSize whole, int room);
     bool IsCut() const;
-    /// Puts bar and client area where they belong. Only for a window that is cut.
+    /// Places bar and client area of a window that is cut.
     void Arrange();
 
 protected:
