@@ -32,9 +32,9 @@ def go_to(x, y):
 
 
 def patch(x, y):
-    """A picture of the area around a point of the screen."""
+    """A picture of the area beside a point of the screen, where no pointer hides it."""
     file = os.path.join(user.name, f"patch-{time.monotonic_ns()}.png")
-    desk.save_picture(file, (int(x) - 30, int(y) - 30, 60, 60))
+    desk.save_picture(file, (int(x) + 40, int(y) - 30, 60, 60))
     return file
 
 
@@ -60,13 +60,9 @@ def drag_by_hand():
         "what was grabbed stays under the pointer",
     )
     shot("e-dragged")
-    expect_soon(
-        lambda: map_place() == (-300, -200), "the map rests with the pointer"
-    )
+    expect_soon(lambda: map_place() == (-300, -200), "the map rests with the pointer")
     go_to(x + 450, y - 250)
-    expect_soon(
-        lambda: map_place() == (0, -250), "an edge stops one axis and leaves the other"
-    )
+    expect_soon(lambda: map_place() == (0, -250), "an edge stops one axis and leaves the other")
     desk.point_at(2, 2)
     desk.release()
     time.sleep(0.2)
@@ -82,10 +78,7 @@ def by_keys_and_bars():
 
     def is_at_corner():
         left, top = map_place()
-        return (
-            abs(view[2] - 1 - shown[2] - left) <= 1
-            and abs(view[3] - 1 - shown[3] - top) <= 1
-        )
+        return abs(view[2] - 1 - shown[2] - left) <= 1 and abs(view[3] - 1 - shown[3] - top) <= 1
 
     expect_soon(is_at_corner, "arrow keys lead to the far corner")
     last = map_place()

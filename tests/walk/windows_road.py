@@ -84,10 +84,7 @@ def walk():
         shot("a-video")
         expect_owner(splash, "frmVideo")
         for what in ("RESIZE", "MINIMIZE", "MAXIMIZE_VERT", "CLOSE") if desk.TELLS_HINTS else ():
-            expect(
-                desk.lets_user(desk.active_window(), what),
-                f"the video's window has {what}",
-            )
+            expect(desk.lets_user(desk.active_window(), what), f"the video's window has {what}")
         close_active("frmVideo")
         expect(is_open("frmSplash"), "the start-up screen stays behind the video")
     keys("Return")

@@ -18,9 +18,7 @@ def run(*command):
 
 
 def said_by(*command):
-    return subprocess.run(
-        [str(word) for word in command], capture_output=True, text=True
-    ).stdout
+    return subprocess.run([str(word) for word in command], capture_output=True, text=True).stdout
 
 
 def start(program, **options):

@@ -118,5 +118,3 @@ def is_above(window, owner):
         if (number, name) == (object_of(window), "set_parent")
     ]
     return parents and parents[-1] == wanted
-
-
