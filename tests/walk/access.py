@@ -24,11 +24,6 @@ def has(node, state):
     return node.get_state_set().contains(state)
 
 
-def place(node):
-    box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-    return tuple(round(scale * edge) for edge in (box.x, box.y, box.width, box.height))
-
-
 def all_showing(node):
     for child in children(node):
         if showing(child):
@@ -99,7 +94,7 @@ def order_told(form):
 def is_seen(node, without):
     """Whether the control looks different now. Varying delays catch a blinking caret."""
     for look in range(12):
-        if picture_of(user.name, *place(node)) != without:
+        if picture_of(user.name, *desk.box_of(node)) != without:
             return True
         time.sleep(0.05 * look)
     return False
@@ -114,7 +109,7 @@ def check_tab(form, ends_at, begins_at):
     if first != order[0]:
         fail(f"{form} begins at {first}, not at {order[0]}")
     pictures_without = {
-        name: picture_of(user.name, *place(control(form, name))) for name in order[1:]
+        name: picture_of(user.name, *desk.box_of(control(form, name))) for name in order[1:]
     }
     for name in order[1:]:
         keys("Tab")
@@ -137,7 +132,7 @@ def check_tab(form, ends_at, begins_at):
 def check_contrast(form):
     """Checks all enabled labels, buttons and menus, and the lines of texts and trees."""
     for node in list(all_showing(window_of(form))):
-        role, (x, y, width, height) = node.get_role_name(), place(node)
+        role, (x, y, width, height) = node.get_role_name(), desk.box_of(node)
         bears_text = role in (
             "label",
             "push button",

@@ -9,7 +9,7 @@ from person import *  # noqa: F403
 
 
 def answer_page(text):
-    run("xdotool", "mousemove", "--sync", 5, 5)
+    desk.point_at(5, 5)
     type_text(text)
     expect_soon(
         lambda: text in text_of("frmMain", "Text3"), f"the answer box holds what was typed: {text}"
@@ -91,11 +91,11 @@ def walk():
     last = [node for node in children(passages) if node.get_name()][-1]
     click(last, x=12)
     shot("7-passage")
-    box = Atspi.Component.get_extents(bar, Atspi.CoordType.SCREEN)
-    run("xdotool", "mousemove", "--sync", int(box.x + box.width / 2), int(box.y + box.height / 2))
+    left, top, width, height = desk.box_of(bar)
+    desk.point_at(left + width / 2, top + height / 2)
 
     def turn_back():
-        run("xdotool", "click", 4)
+        desk.turn_wheel_up()
         time.sleep(0.25)
         return label() == first_label
 

@@ -17,24 +17,24 @@ def open_map(number):
 
 
 def box(name):
-    return Atspi.Component.get_extents(control("frmMap", name), Atspi.CoordType.SCREEN)
+    return desk.box_of(control("frmMap", name))
 
 
 def map_place():
     """The position of the map's corner in the viewport."""
     view, shown = box("Picture1"), box("Picture2")
-    return shown.x - view.x, shown.y - view.y
+    return shown[0] - view[0], shown[1] - view[1]
 
 
 def go_to(x, y):
-    run("xdotool", "mousemove", "--sync", int(x), int(y))
+    desk.point_at(x, y)
     time.sleep(0.15)
 
 
 def patch(x, y):
-    """A picture of the area around a point of the screen."""
+    """A picture of the area beside a point of the screen, where no pointer hides it."""
     file = os.path.join(user.name, f"patch-{time.monotonic_ns()}.png")
-    run("import", "-window", "root", "-crop", f"60x60+{int(x) - 30}+{int(y) - 30}", "+repage", file)
+    desk.save_picture(file, (int(x) + 40, int(y) - 30, 60, 60))
     return file
 
 
@@ -48,10 +48,11 @@ def are_alike(one, other):
 
 
 def drag_by_hand():
-    x, y = (scale * edge for edge in (box("Picture1").x + 500, box("Picture1").y + 450))
+    left, top, _, _ = box("Picture1")
+    x, y = left + scale * 500, top + scale * 450
     go_to(x, y)
     before = patch(x, y)
-    run("xdotool", "mousedown", 1)
+    desk.press()
     for dx, dy in ((-100, -60), (-230, -140), (-300, -200)):
         go_to(x + dx, y + dy)
     expect_soon(
@@ -59,15 +60,11 @@ def drag_by_hand():
         "what was grabbed stays under the pointer",
     )
     shot("e-dragged")
-    expect_soon(
-        lambda: map_place() == (-300 / scale, -200 / scale), "the map rests with the pointer"
-    )
+    expect_soon(lambda: map_place() == (-300, -200), "the map rests with the pointer")
     go_to(x + 450, y - 250)
-    expect_soon(
-        lambda: map_place() == (0, -250 / scale), "an edge stops one axis and leaves the other"
-    )
-    run("xdotool", "mousemove", "--sync", 2, 2)
-    run("xdotool", "mouseup", 1)
+    expect_soon(lambda: map_place() == (0, -250), "an edge stops one axis and leaves the other")
+    desk.point_at(2, 2)
+    desk.release()
     time.sleep(0.2)
     rests = map_place()
     go_to(x, y)
@@ -81,16 +78,13 @@ def by_keys_and_bars():
 
     def is_at_corner():
         left, top = map_place()
-        return (
-            abs(view.width - 1 - shown.width - left) <= 1
-            and abs(view.height - 1 - shown.height - top) <= 1
-        )
+        return abs(view[2] - 1 - shown[2] - left) <= 1 and abs(view[3] - 1 - shown[3] - top) <= 1
 
     expect_soon(is_at_corner, "arrow keys lead to the far corner")
     last = map_place()
     shot("e-corner")
     bar = box("VScroll1")
-    click_at(scale * (bar.x + bar.width / 2), scale * (bar.y + 8))
+    click_at(bar[0] + bar[2] / 2, bar[1] + scale * 8)
     expect_soon(lambda: map_place()[1] == last[1] + 20, "a bar's arrow moves the map by 20 pixels")
     keys("Up")
     expect_soon(lambda: map_place()[1] > last[1] + 21, "and the keyboard still works")
@@ -110,11 +104,11 @@ def walk():
     drag_by_hand()
     by_keys_and_bars()
     view = box("Picture1")
-    go_to(scale * (view.x + 300), scale * (view.y + 300))
-    run("xdotool", "mousedown", 1)
-    go_to(scale * (view.x + 350), scale * (view.y + 350))
+    go_to(view[0] + 300, view[1] + 300)
+    desk.press()
+    go_to(view[0] + 350, view[1] + 350)
     keys("Escape")
-    run("xdotool", "mouseup", 1)
+    desk.release()
     wait(lambda: not is_open("frmMap"), "Escape to close the viewer during a drag")
     open_map(3)
     keys("alt+F4")

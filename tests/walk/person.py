@@ -2,9 +2,10 @@
 walks in this folder use it; each is started as WALK DISC PICTURES SCREEN.
 
 Controls are found through the accessibility interface by their names for a screen reader, as listed
-in docs/accessibility.md. Every action goes through the window system. The walk stops with an error
-at the first failed check."""
+in docs/accessibility.md. Every action goes through the window system, as x11.py tells. The walk stops
+with an error at the first failed check."""
 
+import importlib
 import os
 import re
 import signal
@@ -19,6 +20,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
+desk = importlib.import_module(os.environ.get("WALK_SCREEN", "x11"))
 disc, pictures, screen = sys.argv[1:4]
 scale = float(os.environ["WALK_SCALE"])
 user = tempfile.TemporaryDirectory()
@@ -55,18 +57,14 @@ def wait(get, what, seconds=20):
     fail(f"timeout while waiting for {what}")
 
 
-def run(*command):
-    subprocess.run([str(word) for word in command], check=True, stdout=subprocess.DEVNULL)
-
-
 def shot(name):
     time.sleep(0.3)
-    run("import", "-window", "root", os.path.join(pictures, f"{screen}-{name}.png"))
+    desk.save_picture(os.path.join(pictures, f"{screen}-{name}.png"))
 
 
 def start(program="sparrowfield"):
     global process
-    process = subprocess.Popen([os.path.join(disc, program)], cwd=disc, env=environment)
+    process = desk.start(os.path.join(disc, program), cwd=disc, env=environment)
     wait_for_keyboard()
 
 
@@ -214,28 +212,21 @@ def showing(node):
 
 
 def click_at(x, y):
-    run("xdotool", "mousemove", "--sync", int(x), int(y))
-    run("xdotool", "click", 1)
+    desk.point_at(x, y)
+    desk.press()
+    desk.release()
     time.sleep(0.25)
 
 
 def click(node, x=None):
-    box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-    click_at(
-        scale * (box.x + (box.width / 2 if x is None else x)), scale * (box.y + box.height / 2)
-    )
+    left, top, width, height = desk.box_of(node)
+    click_at(left + (width / 2 if x is None else scale * x), top + height / 2)
 
 
 def rest_on(node, x):
     """Rests the mouse on it until its tool tip is up."""
-    box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-    run(
-        "xdotool",
-        "mousemove",
-        "--sync",
-        int(scale * (box.x + x)),
-        int(scale * (box.y + box.height / 2)),
-    )
+    left, top, _, height = desk.box_of(node)
+    desk.point_at(left + scale * x, top + height / 2)
     time.sleep(1.2)
 
 
@@ -254,11 +245,11 @@ def click_item(form, tree, name):
 
 def keys(*names):
     wait_for_keyboard()
-    run("xdotool", "key", "--clearmodifiers", *names)
+    desk.press_keys(*names)
     time.sleep(0.25)
 
 
 def type_text(text):
     wait_for_keyboard()
-    run("xdotool", "type", "--delay", 8, text)
+    desk.type_text(text)
     time.sleep(0.25)

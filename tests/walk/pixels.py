@@ -1,26 +1,14 @@
 """Measures pictures of the screen: the contrast of text, and changes by the focus."""
 
 import os
-import subprocess
+
+from person import desk
 
 
 def picture_of(folder, x, y, width, height):
     """A part of the screen as a binary PPM picture."""
     file = os.path.join(folder, "grab.ppm")
-    subprocess.run(
-        [
-            "import",
-            "-window",
-            "root",
-            "-crop",
-            f"{width}x{height}+{x}+{y}",
-            "+repage",
-            "-depth",
-            "8",
-            file,
-        ],
-        check=True,
-    )
+    desk.save_picture(file, (x, y, width, height))
     with open(file, "rb") as picture:
         return picture.read()
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs one walk through the program, with its own virtual screen, window manager and message bus.
-# Prints its report at the end.
+# Prints its report at the end. manage.sh tells how another window manager than openbox is chosen.
 #   tests/walk/road.sh ROAD SIZE DPI DISC_FOLDER PICTURE_FOLDER
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -15,15 +15,8 @@ said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten t
         # The first key press makes its keyboard the current one of the screen. A window manager
         # that is already running would then bind all its keys again, and miss keys in the meantime.
         xdotool key Shift_L
-        openbox --startup "xprop -root -format WALK_MANAGED 8s -set WALK_MANAGED yes" >/dev/null 2>&1 &
-        trap "kill %1" EXIT
-        # A window that opens before the window manager is ready may never become active or visible.
-        until xprop -root WALK_MANAGED | grep -q yes; do
-            kill -0 %1 || exit
-            sleep 0.1
-        done
         export WALK_SCALE=$(/usr/bin/python3 -c "print($1 / 96)")
-        /usr/bin/python3 -B "$0" "${@:2}"' "$here/$road.py" "$dpi" "$disc" "$pictures" "$screen" 2>&1)
+        exec "$0" /usr/bin/python3 -B "${@:2}"' "$here/manage.sh" "$dpi" "$here/$road.py" "$disc" "$pictures" "$screen" 2>&1)
 status=$?
 # Messages of the bus about its own start.
 said=$(grep -v '^dbus-daemon\|^SpiRegistry' <<<"$said")

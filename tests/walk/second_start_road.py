@@ -55,7 +55,7 @@ def walk():
     keys("Return")
     wait(lambda: is_open("frmContents"), "the catalogue")
     catalogue = active_window()[0].strip()
-    run("xdotool", "getactivewindow", "windowminimize")
+    desk.run("xdotool", "getactivewindow", "windowminimize")
     wait(lambda: not is_active(first, catalogue), "the catalogue minimised")
     expect_raised(catalogue, "when it is minimised")
     keys("alt+h", "a")
@@ -85,7 +85,7 @@ def walk():
     )
     click_item("frmContents", "TreeView1", "Part One")
     wait(lambda: is_open("frmWelcome"), "frmWelcome")
-    run(
+    desk.run(
         "xdotool",
         "search",
         "--onlyvisible",

@@ -60,7 +60,7 @@ def type_until_killed(typed):
     text = ""
     while person.process.poll() is None:
         lot = (WORDS * 20)[len(text) : len(text) + chance.randint(1, 6)]
-        run("xdotool", "type", "--delay", "15", lot)
+        desk.run("xdotool", "type", "--delay", "15", lot)
         text += lot
         typed.append((time.monotonic(), text))
 

@@ -16,7 +16,7 @@ import time
 here = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(here.parents[1] / "tests" / "walk"), str(here.parent)]
 import person  # noqa: E402
-from person import click_at, control, expect, run, start, text_of, user, wait  # noqa: E402
+from person import click_at, control, expect, start, text_of, user, wait  # noqa: E402
 from program import stored  # noqa: E402
 
 seed = int(os.environ.get("MONKEY_SEED", 1))
@@ -58,12 +58,12 @@ BOXES = (("frmMain", "Text3"), ("frmBible", "txtNotes"))
 
 def keys(*names):
     """Presses keys without checking which window gets them, or whether there is one."""
-    run("xdotool", "key", "--clearmodifiers", *names)
+    person.desk.press_keys(*names)
     time.sleep(0.25)
 
 
 def type_text(text):
-    run("xdotool", "type", "--delay", 8, text)
+    person.desk.type_text(text)
     time.sleep(0.25)
 
 

@@ -80,6 +80,15 @@ void ScrollBarPeer::Wheeled(int degrees)
         Act([&](Input& input) { input.Step(m_bar, direction); });
 }
 
+static constexpr int aboveStatusPanels = 2; // pixels
+
+/// The part of a status bar where its panels are, in pixels in its container.
+static QRect PanelOf(StatusBar const& bar)
+{
+    Bounds const bounds { bar.Left, bar.Top, bar.Width, bar.Height };
+    return ToPixels(bounds, bar.Container()->TwipsPerUnit()).adjusted(0, aboveStatusPanels, 0, 0);
+}
+
 ProgressPeer::ProgressPeer(PeerContext& context, ProgressBar& control, QWidget& ground)
     : Peer(context, control, new QProgressBar(&ground))
     , m_bar(control)
@@ -95,6 +104,25 @@ void ProgressPeer::Mirror()
     auto const filled = static_cast<double>(m_bar.Value - m_bar.Min);
     m_shown.setValue(range > 0 ? static_cast<int>(1000 * filled / range) : 0);
     Peer::Mirror();
+    KeepOnStatusLine();
+}
+
+/// A form that lays itself out by its outer size misses the status line by some pixels, as the
+/// frame of a real window has another height.
+void ProgressPeer::KeepOnStatusLine()
+{
+    constexpr int edge = 1; // of the sunken panel
+    auto bounds = m_shown.geometry();
+    for (Control const* control : m_bar.ParentForm().Controls()) {
+        auto const* const line = dynamic_cast<StatusBar const*>(control);
+        if (!line || line->Container() != m_bar.Container())
+            continue;
+        auto const panel = PanelOf(*line).adjusted(0, edge, 0, -edge);
+        if (!panel.intersects(bounds) || bounds.height() > panel.height())
+            continue;
+        bounds.moveTop(std::clamp(bounds.top(), panel.top(), panel.bottom() + 1 - bounds.height()));
+        m_shown.setGeometry(bounds);
+    }
 }
 
 StatusBarPeer::StatusBarPeer(PeerContext& context, StatusBar& control, QWidget& ground)
@@ -121,9 +149,9 @@ void StatusBarPeer::Mirror()
     MirrorLook(m_bar, *Widget(), false);
     Peer::Mirror();
     int const width = Widget()->width();
-    int const height = std::max(0, Widget()->height() - 2);
+    int const height = std::max(0, Widget()->height() - aboveStatusPanels);
     int const split = m_bar.Panel1Width > 0 ? std::min(width, Pixels(m_bar.Panel1Width)) : width;
-    m_first.setGeometry(0, 2, split, height);
-    m_second.setGeometry(split + 2, 2, std::max(0, width - split - 2), height);
+    m_first.setGeometry(0, aboveStatusPanels, split, height);
+    m_second.setGeometry(split + 2, aboveStatusPanels, std::max(0, width - split - 2), height);
     m_second.setVisible(split < width);
 }

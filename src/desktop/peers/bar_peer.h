@@ -31,6 +31,8 @@ public:
     void Mirror() override;
 
 private:
+    void KeepOnStatusLine();
+
     ProgressBar& m_bar;
     QProgressBar& m_shown;
 };

@@ -103,8 +103,7 @@ void FormPeer::Place()
     auto& window = *Widget();
     bool const isNormal = m_form.WindowState() == FormState::Normal;
     bool const isOther = m_placed.width != m_form.Width || m_placed.height != m_form.Height;
-    bool const isFixed
-        = m_form.border == BorderStyle::Fixed || m_form.border == BorderStyle::Dialog;
+    bool const isFixed = m_form.border != BorderStyle::Sizable;
     if (isNormal && isOther) {
         m_placed = { m_form.Width, m_form.Height };
         if (isFixed) {

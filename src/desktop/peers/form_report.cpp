@@ -90,17 +90,18 @@ void FormPeer::ReportSize()
     m_sizeMissed = m_form.IsBusy();
     if (m_sizeMissed)
         return;
-    if (IsSettling()) {
+    bool const isSettling = IsSettling();
+    if (isSettling) {
         constexpr int pause = 50; // milliseconds
         QTimer::singleShot(pause, this, [this] { QueueReport(); });
-        return;
     }
     if (window.isMinimized()) {
         m_state = FormState::Minimised;
         Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
         return;
     }
-    m_state = window.isMaximized() ? FormState::Maximised : FormState::Normal;
+    bool const isMaximised = window.isMaximized() || isSettling;
+    m_state = isMaximised ? FormState::Maximised : FormState::Normal;
     if (m_scroll.IsCut()) {
         FixSize();
         Act([&](Input&) { m_form.Resized(m_form.Width, m_form.Height, m_state); });
