@@ -10,6 +10,7 @@
 #include <QObject>
 
 #include <chrono>
+#include <thread>
 #include <unordered_map>
 #include <vector>
 
@@ -25,6 +26,9 @@ public:
     DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf);
     ~DesktopHost() override;
 
+    /// Begins what the first screens wait for longest, on threads of its own: their pictures, and
+    /// Qt's table of fonts. To be called early, before the settings are opened.
+    void PrepareFirstScreen();
     /// Runs the program, whose first form has been shown, until it has ended, then takes down all
     /// windows.
     void Run();
@@ -86,5 +90,6 @@ private:
     FormPeer* m_active = nullptr; // the model's, and the one that was before it
     FormPeer* m_before = nullptr;
     FormPeer* m_toActivate = nullptr;
+    std::jthread m_fontReader;
     std::chrono::steady_clock::time_point m_served; // when events were last served inside a handler
 };

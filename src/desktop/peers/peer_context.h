@@ -5,6 +5,7 @@
 #include "controls/input.h"
 #include "desktop/peers/pictures.h"
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -56,6 +57,8 @@ public:
     std::function<void(Control& control)> acted;
     /// The place on the machine of a file that the program names; set by the host.
     std::function<Text(TextView path)> placeOf;
+    /// when the user last pressed, clicked or moved something
+    std::chrono::steady_clock::time_point lastAct;
     /// how much larger than designed the text of pages is, in steps; for the run of the program
     int pageZoom = 0;
 
