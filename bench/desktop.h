@@ -50,10 +50,11 @@ inline void ServeAll()
 
 struct Bench {
     PosixFileSystem files { { fs::current_path(), fs::absolute("user/drive_c") } };
+    DesktopHost host { files, [](TextView path) { return Text(path); } };
+    bool const isPrepared = (host.PrepareFirstScreen(), true); // early, as the program does it
     SqliteSettingsStore settings { fs::absolute("user/settings.db") };
     BackgroundWriter writer;
     PosixShell shell;
-    DesktopHost host { files, [](TextView path) { return Text(path); } };
     Program program { host, files, settings, writer, shell };
     Input input { program.GetScreen() };
 

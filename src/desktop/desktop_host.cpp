@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QFontDatabase>
 #include <QWidget>
 #include <QWindow>
 
@@ -37,6 +38,12 @@ DesktopHost::~DesktopHost()
     qApp->removeEventFilter(this);
     disconnect(qApp, nullptr, this, nullptr);
     TakeDown();
+}
+
+void DesktopHost::PrepareFirstScreen()
+{
+    m_context.pictures.DecodeAhead();
+    m_fontReader = std::jthread([] { QFontDatabase::families(); });
 }
 
 void DesktopHost::TakeDown()

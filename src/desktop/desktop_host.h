@@ -9,6 +9,7 @@
 #include <QObject>
 
 #include <chrono>
+#include <thread>
 #include <unordered_map>
 #include <vector>
 
@@ -23,6 +24,9 @@ public:
     DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf);
     ~DesktopHost() override;
 
+    /// Begins what the first screens wait for longest, on threads of its own: their pictures, and
+    /// Qt's table of fonts. To be called early, before the settings are opened.
+    void PrepareFirstScreen();
     /// Runs the program, whose first form has been shown, to its end, then deletes all windows.
     void Run();
     /// Closes all forms, as at an orderly end of the program.
@@ -85,5 +89,6 @@ private:
     FormPeer* m_active = nullptr; // the model's, and the one that was before it
     FormPeer* m_before = nullptr;
     FormPeer* m_toActivate = nullptr;
+    std::jthread m_fontReader;
     std::chrono::steady_clock::time_point m_served; // when events were last served inside a handler
 };

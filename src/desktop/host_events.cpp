@@ -55,6 +55,7 @@ bool DesktopHost::eventFilter(QObject* watched, QEvent* event)
 {
     if (!IsAction(*event) || (!watched->isWidgetType() && !watched->isWindowType()))
         return false;
+    m_context.lastAct = std::chrono::steady_clock::now();
     FormPeer const* const window = WindowOf(watched);
     if (!window)
         return false;

@@ -55,14 +55,15 @@ static void RunProgram(Application& application)
         return;
     auto const drive = DriveFolder(user);
     PosixFileSystem files({ ProgramFolder(), drive });
-    RemoveLeftoverPages(drive / "Temp");
-    SqliteSettingsStore settings(SettingsFile(user));
-    BackgroundWriter writer;
-    PosixShell shell;
     DesktopHost host(files, [&drive](TextView path) {
         auto const place = PlaceOf(path, drive);
         return place ? place->u16string() : Text();
     });
+    host.PrepareFirstScreen();
+    RemoveLeftoverPages(drive / "Temp");
+    SqliteSettingsStore settings(SettingsFile(user));
+    BackgroundWriter writer;
+    PosixShell shell;
     Program program(host, files, settings, writer, shell);
     application.outOfMemory = [&program] { program.ReportOutOfMemory(); };
     OrderlyEnd const end(application, [&] { program.Finish(); });

@@ -1,6 +1,7 @@
 // Boxes with text: offsets, typing, increments, the line at the top.
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/peers/rich_text_writer.h"
 #include "desktop/peers/text_edit.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -209,6 +210,13 @@ protected:
         }
         return headings;
     }
+    void ServeUntilWhole()
+    {
+        auto& box = Shown<TextEdit>(form.passage);
+        (void)QTest::qWaitFor(
+            [&] { return box.WholeText().size() == form.passage.Text().size(); }, 60'000);
+        EXPECT_EQ(box.WholeText(), form.passage.Text());
+    }
 };
 
 TEST_F(PassageTest, HeadingStandsExactlyInTheTopLine)
@@ -238,7 +246,7 @@ TEST_F(PassageTest, HeadingStandsExactlyInTheTopLine)
 TEST_F(PassageTest, ALongTextGrowsByWhatIsAppended)
 {
     Open();
-    Fill(300);
+    Fill(3000);
     host.HandlersEnded();
     auto* const document = Shown<TextEdit>(form.passage).document();
     for (int i = 0; i < 3; ++i) {
@@ -246,11 +254,51 @@ TEST_F(PassageTest, ALongTextGrowsByWhatIsAppended)
         form.passage.ReplaceSelection(u"one more\r\n");
         host.HandlersEnded();
     }
+    ServeUntilWhole();
     EXPECT_EQ(Shown<TextEdit>(form.passage).document(), document);
-    EXPECT_EQ(Shown<TextEdit>(form.passage).WholeText(), form.passage.Text());
     for (char const digit : { '1', '2' }) { // anew, each time in a document of its own
         form.passage.Text = Text(3, static_cast<char16_t>(digit));
         host.HandlersEnded();
         EXPECT_EQ(Shown<TextEdit>(form.passage).WholeText(), form.passage.Text());
     }
+}
+
+TEST_F(PassageTest, AHeadingFarDownIsThereAtOnceAndTheRestFollows)
+{
+    Open();
+    auto const headings = Fill(3000);
+    host.HandlersEnded();
+    auto& box = Shown<TextEdit>(form.passage);
+    EXPECT_LT(box.WholeText().size(), form.passage.Text().size() / 2);
+    for (int const heading : { headings[290], headings[1], headings[200] }) {
+        form.passage.TopOffset = heading;
+        host.HandlersEnded();
+        EXPECT_LT(box.WholeText().size(), form.passage.Text().size());
+        auto const topLine = [&] {
+            auto const block = box.document()->findBlock(box.ToPosition(heading));
+            EXPECT_EQ(block.text(), "Heading");
+            EXPECT_EQ(box.ToOffset(block.position()), heading);
+            return qRound(box.document()->documentLayout()->blockBoundingRect(block).top());
+        };
+        EXPECT_EQ(box.verticalScrollBar()->value(), topLine());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(box.verticalScrollBar()->value(), topLine());
+    }
+    ServeUntilWhole();
+    EXPECT_EQ(box.cursorForPosition({ 1, 1 }).block().text(), "Heading");
+    QTextDocument straight;
+    straight.setDefaultFont(box.document()->defaultFont());
+    RichTextWriter(form.passage, straight).WriteTo(form.passage.Length());
+    EXPECT_EQ(box.document()->toHtml(), straight.toHtml());
+}
+
+TEST_F(PassageTest, ACommandAboutTheWholeTextWaitsForAllOfIt)
+{
+    Open();
+    Fill(3000);
+    host.HandlersEnded();
+    auto& box = Shown<TextEdit>(form.passage);
+    Click(form.passage);
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(form.passage.SelLength, form.passage.Length());
 }

@@ -5,6 +5,7 @@
 #include "controls/input.h"
 #include "desktop/peers/pictures.h"
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -56,6 +57,8 @@ public:
     std::function<void(Control& control)> acted;
     /// The real path of a file that the program names; set by the host.
     std::function<Text(TextView path)> placeOf;
+    /// when the user last pressed, clicked or moved something
+    std::chrono::steady_clock::time_point lastAct;
     /// steps by which the text of pages is larger than designed, until the program ends
     int pageZoom = 0;
 

@@ -8,6 +8,9 @@
 #include <QFile>
 #include <QImageReader>
 
+#include <utility>
+#include <vector>
+
 // Outside of any function of ours: the macro declares the function that it calls.
 static void RegisterArtwork()
 {
@@ -47,16 +50,35 @@ std::optional<Size> Pictures::SizeOf(TextView name)
     return Size { static_cast<float>(size.width()), static_cast<float>(size.height()) };
 }
 
-QPixmap Pictures::Load(TextView name) const
+/// The resource of a picture of the program's own in the resolution that the finest screen can
+/// show.
+static QString FinestOf(QString const& resource)
 {
-    auto const resource = ResourceOf(name);
-    if (!resource.isEmpty()) {
-        auto const fine
-            = QString(resource).replace(QStringLiteral(".png"), QStringLiteral("@2x.png"));
-        if (qApp->devicePixelRatio() <= 1 || !QFile::exists(fine))
-            return QPixmap(resource);
-        QPixmap pixmap(fine);
-        pixmap.setDevicePixelRatio(2);
+    auto const fine = QString(resource).replace(QStringLiteral(".png"), QStringLiteral("@2x.png"));
+    return qApp->devicePixelRatio() > 1 && QFile::exists(fine) ? fine : resource;
+}
+
+void Pictures::DecodeAhead()
+{
+    std::vector<std::pair<QString, std::promise<QImage>>> wanted;
+    for (auto const* const name : { u":splash", u":catalogue", u":logo", u":lesson-ground" }) {
+        auto& [resource, decoded]
+            = wanted.emplace_back(FinestOf(ResourceOf(name)), std::promise<QImage>());
+        m_ahead[resource] = decoded.get_future();
+    }
+    m_decoder = std::jthread([wanted = std::move(wanted)](std::stop_token const& end) mutable {
+        for (auto& [resource, decoded] : wanted)
+            decoded.set_value(end.stop_requested() ? QImage() : QImage(resource, "png"));
+    });
+}
+
+QPixmap Pictures::Load(TextView name)
+{
+    if (auto const resource = ResourceOf(name); !resource.isEmpty()) {
+        auto const finest = FinestOf(resource);
+        auto const ahead = m_ahead.extract(finest);
+        auto pixmap = QPixmap::fromImage(ahead ? ahead.mapped().get() : QImage(finest, "png"));
+        pixmap.setDevicePixelRatio(finest == resource ? 1 : 2);
         return pixmap;
     }
     auto const file = name.empty() ? Outcome<std::string>(std::string()) : m_files.ReadAll(name);

@@ -5,16 +5,22 @@
 #include "platform/file_system.h"
 
 #include <QIcon>
+#include <QImage>
 #include <QPixmap>
 #include <QString>
 
+#include <future>
 #include <map>
 #include <optional>
+#include <thread>
 
 class Pictures {
 public:
     explicit Pictures(FileSystem const& files); // outlives this object
 
+    /// Decodes the large pictures of the first screens on a thread of its own, in the order in
+    /// which they are wanted: this takes longer than all else that the start-up screen waits for.
+    void DecodeAhead();
     /// Empty if there is no such picture or it can't be decoded. Only JPEG files are pictures; they
     /// are read at each call. Built-in ones are kept, in the resolution of the finest screen.
     QPixmap Find(TextView name);
@@ -25,12 +31,14 @@ public:
     std::optional<Size> SizeOf(TextView name);
 
 private:
-    QPixmap Load(TextView name) const;
+    QPixmap Load(TextView name);
 
     FileSystem const& m_files;
     std::map<Text, QPixmap, std::less<>> m_own;
     Text m_heldName;
     QPixmap m_held; // the file that was decoded for its size
+    std::map<QString, std::future<QImage>> m_ahead; // by the name of the resource
+    std::jthread m_decoder; // the last member, so that it ends first
 };
 
 /// The resource of the built-in picture ":name"; empty for any other name.

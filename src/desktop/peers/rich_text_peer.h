@@ -1,10 +1,15 @@
 #pragma once
-// Rich text boxes on the desktop. Appended text is added to what is shown.
+// Rich text boxes on the desktop. Appended text is added to what is shown. Of a long text only what
+// is on show is written at once, the rest while the program has nothing else to do.
 
 #include "controls/rich_text_box.h"
+#include "desktop/peers/rich_text_writer.h"
 #include "desktop/peers/text_peer.h"
 
-class QTextCursor;
+#include <QTimer>
+
+#include <functional>
+#include <optional>
 
 class RichTextPeer final : public TextPeer {
 public:
@@ -23,14 +28,17 @@ protected:
 private:
     bool IsPlain() const;
     bool CanBeUndone() const;
-    void Fill();
+    void Fill(int offset);
+    void WriteRest();
+    void Write(std::function<bool()> const& goesOn);
     void Scroll();
 
     RichTextBox& m_rich;
     unsigned m_revision = 0; // what the widget shows of the model
     unsigned m_generation = 0;
     bool m_isPlain = false; // what it shows, and can be written in
-    int m_length = 0;
+    std::optional<RichTextWriter> m_writer; // of the document
+    QTimer m_rest; // runs until all is written
     bool m_scrollWanted = true;
     bool m_keepsTop = true; // until the user scrolls, the line at the top stays there
 };

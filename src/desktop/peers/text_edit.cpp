@@ -3,6 +3,7 @@
 #include "desktop/peers/convert.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
@@ -40,11 +41,12 @@ Text TextEdit::WholeText() const
 int TextEdit::ToOffset(int position) const
 {
     auto const block = document()->findBlock(position);
-    return position + (block.isValid() ? block.blockNumber() : 0);
+    return firstOffset + position + (block.isValid() ? block.blockNumber() : 0);
 }
 
 int TextEdit::ToPosition(int offset) const
 {
+    offset = std::max(0, offset - firstOffset);
     // The last block whose start, counted with two characters a line end, isn't after the offset.
     int first = 0;
     int last = document()->blockCount() - 1;
@@ -88,7 +90,7 @@ void TextEdit::ChangeTo(TextView whole)
 
 void TextEdit::BringToTop(int position)
 {
-    if (position == 0) {
+    if (position == 0 && firstOffset == 0) {
         verticalScrollBar()->setValue(0);
         return;
     }
@@ -130,8 +132,22 @@ void TextEdit::insertFromMimeData(QMimeData const* source)
     ensureCursorVisible();
 }
 
+void TextEdit::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (wholeWanted)
+        wholeWanted(); // it has "Select All"
+    QTextEdit::contextMenuEvent(event);
+}
+
 void TextEdit::keyPressEvent(QKeyEvent* event)
 {
+    if (wholeWanted
+        && (event->matches(QKeySequence::SelectAll)
+            || event->matches(QKeySequence::MoveToEndOfDocument)
+            || event->matches(QKeySequence::SelectEndOfDocument)
+            || event->matches(QKeySequence::MoveToStartOfDocument)
+            || event->matches(QKeySequence::SelectStartOfDocument)))
+        wholeWanted();
     // Qt would make a line end of its own kind, which is none to the model.
     if (event->matches(QKeySequence::InsertLineSeparator) && !isReadOnly()) {
         insertPlainText(QStringLiteral("\n"));

@@ -24,12 +24,18 @@ public:
     /// Scrolls the line with the position to the top, even near the end of the text.
     void BringToTop(int position);
 
+    /// The model's offset of the document's first character; above 0 while the document has only a
+    /// later part of the text.
+    int firstOffset = 0;
+    /// Before a command that is about the whole text, of which the document may have only a part.
+    std::function<void()> wholeWanted;
     std::function<void()> resized; ///< after each change of size, and when the widget is shown
 
 protected:
     QMimeData* createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(QMimeData const* source) const override;
     void insertFromMimeData(QMimeData const* source) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
