@@ -8,6 +8,8 @@ runPackages=(libqt6widgets6 libqt6printsupport6 libqt6multimediawidgets6 qt6-qpa
 discPackages=(libsword-utils sword-text-kjv sword-text-web)
 testPackages=(python3 black clang-format shellcheck libgtest-dev libgmock-dev libbenchmark-dev)
 walkPackages=(xvfb xauth x11-utils openbox xdotool imagemagick poppler-utils dbus at-spi2-core python3-gi gir1.2-atspi-2.0) # a virtual screen, and tools to use it
+managerPackages=(xfwm4 marco) # for walks under other window managers than openbox
+waylandPackages=("${walkPackages[@]}" qt6-wayland sway grim) # for tools/check_wayland.sh
 
 # InstallMissing PACKAGE...: installs the packages that are missing; runs apt-get only if there are
 # any. Says what it does. On failure it prints the command to run by hand and returns nonzero.

@@ -86,11 +86,11 @@ def type_text(text):
         time.sleep(0.008)
 
 
-def save_picture(file, box=None, with_pointer=False):
+def save_picture(file, box=None):
+    """As x11.py does, but with the pointer, which is drawn into the screen without a screen."""
     part = ("-g", "{},{} {}x{}".format(*box)) if box else ()
-    pointer = ("-c",) if with_pointer else ()
     kind = os.path.splitext(file)[1][1:]
-    subprocess.run(["grim", "-t", kind, *pointer, *part, file], check=True)
+    subprocess.run(["grim", "-t", kind, *part, file], check=True)
 
 
 def active_window():
