@@ -2,6 +2,14 @@
 
 #include "bible/note_file.h"
 
+std::vector<Text> ChapterNotes::UnstoredPaths(TextView boxText) const
+{
+    std::vector<Text> paths;
+    for (PendingText const& unstored : m_texts.Unstored(boxText))
+        paths.push_back(unstored.key.first);
+    return paths;
+}
+
 Outcome<Text> ChapterNotes::Read(Key const& path) const
 {
     return ReadNote(m_files, path.first);

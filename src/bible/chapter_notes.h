@@ -9,6 +9,7 @@
 #include "platform/writer.h"
 
 #include <optional>
+#include <vector>
 
 class ChapterNotes : private TextStorage {
 public:
@@ -28,6 +29,15 @@ public:
     std::optional<Failure> Leave(TextView text, bool tell) { return m_texts.Leave(text, tell); }
     TypedOutcome QueueTyped(TextView text) { return m_texts.QueueTyped(text); }
     Outcome<Done> RetryPending() { return m_texts.RetryPending(); }
+
+    /// The note at a path as Fill would give it, where the box shows `boxText`.
+    Outcome<Text> Current(TextView path, TextView boxText)
+    {
+        return m_texts.Current({ Text(path), {} }, boxText);
+    }
+
+    /// The paths of the notes that aren't stored as they are, where the box shows `boxText`.
+    std::vector<Text> UnstoredPaths(TextView boxText) const;
 
 private:
     Outcome<Text> Read(Key const& path) const override;

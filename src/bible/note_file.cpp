@@ -4,6 +4,8 @@
 #include "base/nearest_code_page.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <set>
 
 // Each step of writing replaces one file. The exact text that counts is the one whose nearest form
 // is in the usual file, so after each step either the old note or the new one can be read whole.
@@ -37,6 +39,24 @@ std::optional<Text> ChapterOfNote(TextView fileName)
     if (book > 0 && book < chapter.size())
         chapter.insert(book, 1, u' ');
     return chapter;
+}
+
+std::vector<Text> NotesOnBook(std::vector<Text> fileNames, TextView bookName)
+{
+    std::set<std::pair<std::int64_t, Text>> found; // each with its chapter
+    for (Text& name : fileNames) {
+        if (!name.ends_with(noteEnding)
+            || ToLower(name.substr(0, bookName.size())) != ToLower(bookName))
+            continue;
+        auto const chapter
+            = TextView(name).substr(0, name.size() - noteEnding.size()).substr(bookName.size());
+        if (CountDigits(chapter) == chapter.size())
+            found.emplace(ToInteger(chapter).value_or(0), std::move(name));
+    }
+    std::vector<Text> names;
+    for (auto const& each : found)
+        names.push_back(each.second);
+    return names;
 }
 
 static Text Exact(Text const& path)

@@ -7,6 +7,7 @@
 #include "platform/file_system.h"
 
 #include <optional>
+#include <vector>
 
 /// The folder of the notes on a drive, given by its letter, without a separator at its end.
 Text NotesFolder(TextView driveLetter);
@@ -19,6 +20,10 @@ std::optional<Text> NoteFile(TextView folder, TextView bookName, TextView chapte
 /// The chapter of a note by the bare name of its file: "John 3" for "John3.dat", "2 John" for "2
 /// John.dat". Nothing for a file with another ending, as that of an exact form.
 std::optional<Text> ChapterOfNote(TextView fileName);
+
+/// Those of the bare names that are of notes on a book, each once, in the order of their chapters;
+/// a note on the whole book comes first.
+std::vector<Text> NotesOnBook(std::vector<Text> fileNames, TextView bookName);
 
 /// The note at a path; empty if there is none. Fails also if the system can't tell whether there is
 /// one.

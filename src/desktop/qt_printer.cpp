@@ -17,15 +17,21 @@ QtPrinter::QtPrinter(std::function<void(Text message)> printedTo)
 
 QtPrinter::~QtPrinter() = default;
 
-/// A name in the documents folder that no file has.
-static QString FreeName()
+/// A path in the documents folder at which there is no file, for a job of this title.
+static QString FreePath(QString title)
 {
+    for (QChar& character : title)
+        if (!character.isPrint() || QStringLiteral("/\\:*?\"<>|").contains(character))
+            character = QLatin1Char('_');
+    constexpr int longest = 60; // characters: the name has room for three bytes each
+    auto const name = QStringLiteral("Sparrowfield ")
+        + (title.isEmpty() ? QStringLiteral("note") : title.left(longest).trimmed());
     QDir const folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     folder.mkpath(QStringLiteral("."));
-    auto name = folder.filePath(QStringLiteral("Sparrowfield note.pdf"));
-    for (int i = 2; QFile::exists(name); ++i)
-        name = folder.filePath(QStringLiteral("Sparrowfield note %1.pdf").arg(i));
-    return name;
+    auto path = folder.filePath(name + QStringLiteral(".pdf"));
+    for (int i = 2; QFile::exists(path); ++i)
+        path = folder.filePath(QStringLiteral("%1 %2.pdf").arg(name).arg(i));
+    return path;
 }
 
 QPrinter& QtPrinter::Device() const
@@ -33,11 +39,11 @@ QPrinter& QtPrinter::Device() const
     if (m_device)
         return *m_device;
     m_device = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    m_device->setDocName(QStringLiteral("Sparrowfield"));
+    m_device->setDocName(m_title.empty() ? QStringLiteral("Sparrowfield") : ToQString(m_title));
     // A printer that isn't there counts as valid until something is painted on it.
     if (QPrinterInfo::defaultPrinter().isNull()) {
         m_device->setOutputFormat(QPrinter::PdfFormat);
-        m_device->setOutputFileName(FreeName());
+        m_device->setOutputFileName(FreePath(ToQString(m_title)));
     }
     m_device->setResolution(twipsPerInch); // so that a unit is a twip
     return *m_device;
@@ -53,6 +59,12 @@ float QtPrinter::ScaleWidth() const
     return static_cast<float>(Device().pageLayout().paintRectPixels(Device().resolution()).width());
 }
 
+float QtPrinter::ScaleHeight() const
+{
+    return static_cast<float>(
+        Device().pageLayout().paintRectPixels(Device().resolution()).height());
+}
+
 float QtPrinter::TextWidth(TextView text) const
 {
     return static_cast<float>(
@@ -66,14 +78,20 @@ float QtPrinter::LineHeight() const
 
 void QtPrinter::Begin()
 {
-    float const page
-        = static_cast<float>(Device().pageLayout().paintRectPixels(Device().resolution()).height());
     if (!m_painter)
         m_painter = std::make_unique<QPainter>(&Device());
-    if (m_y + LineHeight() <= page)
-        return;
+    if (m_y + LineHeight() > ScaleHeight()) {
+        Device().newPage();
+        m_y = 0;
+    }
+}
+
+void QtPrinter::NewPage()
+{
+    if (!m_painter)
+        m_painter = std::make_unique<QPainter>(&Device());
     Device().newPage();
-    m_y = 0;
+    m_x = m_y = 0;
 }
 
 void QtPrinter::Print(TextView text)
@@ -102,8 +120,10 @@ void QtPrinter::EndDoc()
     auto const file = ToText(Device().outputFileName());
     m_device.reset();
     m_x = m_y = 0;
+    Text const what = m_title.empty() ? Text(u"The note") : u'\u201C' + m_title + u'\u201D';
+    m_title.clear();
     if (!done)
-        m_printedTo(u"The note couldn't be printed.");
+        m_printedTo(what + u" couldn't be printed.");
     else if (!file.empty())
-        m_printedTo(u"There is no printer. The note was printed to the file " + file + u".");
+        m_printedTo(u"There is no printer. " + what + u" was printed to the file " + file + u".");
 }

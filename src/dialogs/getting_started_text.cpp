@@ -106,7 +106,12 @@ static constexpr LongTextParagraph paragraphs[] = {
     { Indented,
         u"*Notes.* The box on the right of the reader holds a note of your own for each chapter. "
         u"It is kept without a command and comes back with its chapter, in either translation. "
-        u"\u201cPrint\u201d puts it on paper." },
+        u"\u201cPrint\u201d puts it on paper; Ctrl and P print all your notes on the book." },
+    { Indented,
+        u"*Your answers on paper.* In a lesson, Ctrl and P print the questions of this part with "
+        u"what you have written, and lines to write on where you haven\u2019t yet. Together with "
+        u"Shift they print our answers as well. Without a printer you find the pages as a PDF "
+        u"among your documents." },
     { Indented,
         u"*Larger letters.* Click on the page of the Bible reader, then hold down Ctrl and press + "
         u"to make its letters larger or - to make them smaller; Ctrl and 0 makes them as they "

@@ -127,13 +127,21 @@ static Json Printed(Machine& machine, Arguments const&)
         Json pages = Json::array();
         for (auto const& page : job.pages) {
             Json pieces = Json::array();
-            for (auto const& [x, y, text] : page)
-                pieces.push_back(
-                    { { "x", ToJson(x) }, { "y", ToJson(y) }, { "text", ToJson(text) } });
+            for (auto const& [x, y, text, font] : page) {
+                Json piece { { "x", ToJson(x) }, { "y", ToJson(y) }, { "text", ToJson(text) } };
+                if (font.size != job.size)
+                    piece["size"] = ToJson(font.size);
+                if (font.bold)
+                    piece["bold"] = true;
+                pieces.push_back(std::move(piece));
+            }
             pages.push_back(std::move(pieces));
         }
-        jobs.push_back(
-            { { "font", ToJson(job.font) }, { "size", ToJson(job.size) }, { "pages", pages } });
+        Json entry { { "font", ToJson(job.font) }, { "size", ToJson(job.size) },
+            { "pages", pages } };
+        if (!job.title.empty())
+            entry["title"] = ToJson(job.title);
+        jobs.push_back(std::move(entry));
     }
     return { { "jobs", jobs } };
 }

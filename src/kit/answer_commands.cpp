@@ -45,12 +45,12 @@ static std::string Counted(UserWork const& work)
     return Counted(answers, "answer") + " and " + Counted(notes, "note");
 }
 
-static std::size_t QuestionsIn(std::vector<AnswerDocument> const& documents)
+static std::size_t QuestionsIn(std::vector<Document> const& documents)
 {
     std::size_t questions = 0;
     for (auto const& document : documents)
-        for (auto const& lesson : document.lessons)
-            questions += lesson.questions.size();
+        for (auto const& section : document.sections)
+            questions += section.pages.size();
     return questions;
 }
 
@@ -69,7 +69,7 @@ int RunAnswersExport(AnswersArguments const& arguments)
     auto documents = BuildAnswerDocuments(*work, files, arguments.withPublisher);
     auto const answers = QuestionsIn(documents);
     auto notesDocument = BuildNotesDocument(*work, files);
-    auto const notes = notesDocument.lessons.size();
+    auto const notes = notesDocument.sections.size();
     if (notes > 0)
         documents.push_back(std::move(notesDocument));
     auto const format = arguments.format == "json" ? DocumentFormat::Json

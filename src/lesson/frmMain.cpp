@@ -1,6 +1,7 @@
 #include "lesson/frmMain.h"
 
 #include "controls/screen.h"
+#include "documents/paper/print_document.h"
 #include "study/model_answer.h"
 #include "study/page_view.h"
 
@@ -96,6 +97,8 @@ void frmMain::ConnectHandlers()
     mnuEditCopy.Click = [this] { mnuEditCopy_Click(); };
     mnuEditPaste.Click = [this] { mnuEditPaste_Click(); };
     mnuEditDeleteLesson.Click = [this] { mnuEditDeleteLesson_Click(); };
+    shortcuts = { { 'P', controlHeld, [this] { PrintLesson(false); } },
+        { 'P', controlHeld | shiftHeld, [this] { PrintLesson(true); } } };
 }
 
 void frmMain::ShowLessonPage(int page)
@@ -245,6 +248,23 @@ void frmMain::mnuFileSave_Click()
     if (stored != Text3.Text())
         Text3.Text = stored;
     ShowSaved(true);
+}
+
+/// All questions of this part with the user's answers.
+void frmMain::PrintLesson(bool withPublisher)
+{
+    if (m_answerPage == 0)
+        return;
+    auto const own = m_store.Answers(m_section, Text3.Text);
+    if (!own) {
+        GetScreen().Message(u"The lesson hasn't been printed.\r\n\r\n" + own.failure().Message());
+        return;
+    }
+    MousePointer = pointerHourglass;
+    PrintDocument(GetScreen().GetHost().DefaultPrinter(),
+        { {}, lblStudy.Caption(),
+            { BuildLessonSection(m_heading, pages, answers, *own, { true, withPublisher }) } });
+    MousePointer = pointerDefault;
 }
 
 void frmMain::mnuFileClose_Click()

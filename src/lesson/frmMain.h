@@ -11,6 +11,7 @@
 #include "controls/tree_view.h"
 #include "controls/xp_container.h"
 #include "dialogs/main_screen.h"
+#include "documents/lesson_section.h"
 #include "lesson/frmAnswer.h"
 #include "platform/file_system.h"
 #include "study/answer_store.h"
@@ -91,6 +92,7 @@ private:
     void ShowSaved(bool isSaved);
     void tmrStore_Timer();
     void EnableClipboardEntries(bool enabled);
+    void PrintLesson(bool withPublisher);
 
     void mnuFileSave_Click();
     void mnuFileClose_Click();
@@ -108,6 +110,7 @@ private:
     Text studyKey;
     Text m_section; // of the settings store, with the answers of the lesson
     Text lessonNumber;
+    LessonHeading m_heading;
     Text studyPrefix;
     std::vector<Text> pages; // page n has index n - 1
     std::vector<Text> answers; // the publisher's, same index

@@ -102,8 +102,10 @@ Outcome<Done> frmMain::LoadLesson()
     if (!titleLine)
         return titleLine.failure();
     auto const titles = SplitTitles(*titleLine);
-    XPContainer3.Caption = u"Lesson " + lessonNumber + u", Part " + reader->PartWord() + u":  "
-        + Text(titles.title) + (titles.secondTitle ? u"   " + Text(*titles.secondTitle) : Text());
+    m_heading = { lessonNumber, reader->PartWord(), Text(titles.title),
+        titles.secondTitle ? std::optional<Text>(*titles.secondTitle) : std::nullopt };
+    XPContainer3.Caption = u"Lesson " + lessonNumber + u", Part " + m_heading.partWord + u":  "
+        + m_heading.title + (m_heading.secondTitle ? u"   " + *m_heading.secondTitle : Text());
     if (auto const found = reader->FindBlock(); !found)
         return found.failure();
     if (auto const loaded = LoadIntroduction(*reader); !loaded)

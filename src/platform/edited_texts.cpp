@@ -1,5 +1,7 @@
 #include "platform/edited_texts.h"
 
+#include <algorithm>
+
 Text PendingText::FullText(TextView unread) const
 {
     TextView const first = before ? TextView(*before) : unread;
@@ -151,6 +153,17 @@ Outcome<Done> EditedTexts::RetryPending()
             first = pending.outcome;
     }
     return first;
+}
+
+Outcome<Text> EditedTexts::Current(Key const& key, TextView boxText)
+{
+    static_cast<void>(FinishTyped());
+    auto const unstored = Unstored(boxText);
+    auto const found = std::ranges::find(unstored, key, &PendingText::key);
+    auto stored = m_storage.Read(key);
+    if (found != unstored.end())
+        return found->FullText(stored ? *stored : Text());
+    return stored;
 }
 
 std::vector<PendingText> EditedTexts::Pending() const

@@ -91,6 +91,9 @@ public:
     /// Waits until the typed text has been written. Gives its failure.
     Outcome<Done> FinishTyped();
 
+    /// The text as Fill would give it, where the box shows `boxText`. Changes nothing.
+    Outcome<Text> Current(Key const& key, TextView boxText);
+
     /// Everything pending.
     std::vector<PendingText> Pending() const;
     /// Everything pending, and `boxText`, the text in the box, if it has been changed.

@@ -79,8 +79,9 @@ public:
     /// Deletes a file.
     virtual Outcome<Done> Delete(TextView path) = 0;
 
-    /// The bare names of the files of the current directory that match the pattern (`*` stands for
-    /// any run of characters; case counts for nothing), in ascending order, ignoring case.
+    /// The bare names of the files that match the pattern (`*` stands for any run of characters;
+    /// case counts for nothing), in ascending order, ignoring case. They are those of the current
+    /// directory or, if the pattern is a path, of its folder.
     virtual std::vector<Text> List(TextView pattern) const = 0;
 
     /// The folder of the program file, without a separator at its end.

@@ -83,7 +83,8 @@ void frmBible::ConnectHandlers()
     cmdPrint.Click = [this] { cmdPrint_Click(); };
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
     shortcuts = { { keyLeft, altHeld, [this] { GoThroughHistory(-1); } },
-        { keyRight, altHeld, [this] { GoThroughHistory(1); } } };
+        { keyRight, altHeld, [this] { GoThroughHistory(1); } },
+        { 'P', controlHeld, [this] { PrintNotesOfBook(); } } };
 }
 
 void frmBible::Form_Load()

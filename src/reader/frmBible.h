@@ -76,6 +76,7 @@ private:
     void tmrStore_Timer();
     void cmdPrint_Click();
     void PrintNotes();
+    void PrintNotesOfBook();
 
     FileSystem& m_files;
     SettingsStore& m_settings;

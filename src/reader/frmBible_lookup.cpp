@@ -2,7 +2,6 @@
 
 #include "base/code_page.h"
 #include "base/nearest_code_page.h"
-#include "base/rounding.h"
 #include "bible/book_file.h"
 #include "bible/not_in_book.h"
 #include "bible/note_file.h"
@@ -10,7 +9,6 @@
 #include "platform/settings.h"
 #include "reader/chapter_page.h"
 #include "reader/frmBible.h"
-#include "reader/print_wrapped.h"
 
 #include <algorithm>
 
@@ -176,23 +174,4 @@ void frmBible::LoadNotes()
 bool frmBible::HasNote() const
 {
     return txtNotes.Text().find_first_not_of(u" \r\n") != Text::npos;
-}
-
-void frmBible::cmdPrint_Click()
-{
-    cmdPrint.Enabled = false;
-    MousePointer = pointerHourglass;
-    PrintNotes();
-    MousePointer = pointerDefault;
-    cmdPrint.Enabled = true;
-}
-
-void frmBible::PrintNotes()
-{
-    Printer& printer = GetScreen().GetHost().DefaultPrinter();
-    printer.SetFont({ u"Arial", 10, false });
-    auto const rightMargin
-        = RoundToEven(static_cast<double>(printer.ScaleWidth() - txtNotes.Width + 100));
-    PrintWrapped(printer, txtNotes.Text(), 100, static_cast<std::int32_t>(rightMargin));
-    printer.EndDoc();
 }

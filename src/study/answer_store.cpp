@@ -115,6 +115,22 @@ LessonProgress AnswerStore::ProgressOf(TextView section) const
     return progress;
 }
 
+Outcome<std::map<std::int64_t, Text>> AnswerStore::Answers(TextView section, TextView boxText)
+{
+    static_cast<void>(m_texts.FinishTyped());
+    auto entries = m_settings.InSection(section);
+    if (!entries)
+        return entries.failure();
+    for (PendingText const& pending : m_texts.Unstored(boxText))
+        if (pending.key.first == section)
+            Enter(*entries, pending);
+    std::map<std::int64_t, Text> answers;
+    for (auto& entry : *entries)
+        if (auto const page = PageOf(entry.key))
+            answers[*page] = std::move(entry.value);
+    return answers;
+}
+
 Outcome<Done> AnswerStore::DeleteLesson(TextView section, TextView text)
 {
     static_cast<void>(m_texts.FinishTyped());

@@ -59,6 +59,10 @@ public:
     /// By what is stored and what waits to be stored. What can't be read counts as missing.
     LessonProgress ProgressOf(TextView section) const;
 
+    /// The answers of a lesson by their pages, as Fill would give them, where the box shows
+    /// `boxText`. Fails if they can't be read.
+    Outcome<std::map<std::int64_t, Text>> Answers(TextView section, TextView boxText);
+
     /// Removes all answers and the page of a lesson, pending ones included; the base of the box
     /// becomes empty. If there are any words among them, or in the box, which shows `text`, all is
     /// backed up first. If that can't be done, everything is as before.

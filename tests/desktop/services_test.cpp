@@ -63,7 +63,9 @@ TEST(QtPrinterTest, WithoutAPrinterANoteGoesToAFileThatIsNamed)
     qputenv("HOME", home.path().toUtf8());
     std::vector<Text> messages;
     QtPrinter printer([&](Text message) { messages.push_back(std::move(message)); });
-    for (int job = 0; job < 2; ++job) {
+    for (TextView const title : { u"", u"", u"a/b: \u201Cc\u201D" }) {
+        if (!title.empty())
+            printer.SetTitle(title);
         printer.SetFont({ u"Arial", 12, false });
         for (int i = 0; i < 100; ++i) { // more than a page
             printer.Print(u"A line of a note");
@@ -73,7 +75,9 @@ TEST(QtPrinterTest, WithoutAPrinterANoteGoesToAFileThatIsNamed)
         printer.EndDoc();
     }
     qputenv("HOME", before);
-    ASSERT_EQ(messages.size(), 2u);
+    ASSERT_EQ(messages.size(), 3u);
     EXPECT_TRUE(Contains(messages[0], u"Sparrowfield note.pdf"));
     EXPECT_TRUE(Contains(messages[1], u"Sparrowfield note 2.pdf"));
+    EXPECT_TRUE(Contains(messages[2], u"Sparrowfield a_b_ \u201Cc\u201D.pdf"));
+    EXPECT_TRUE(messages[2].starts_with(u"There is no printer. \u201Ca/b: "));
 }

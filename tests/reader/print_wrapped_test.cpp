@@ -12,13 +12,16 @@ public:
     std::string dump;
     float top = 0;
 
+    void SetTitle(TextView) override { }
     void SetFont(Font const&) override { }
     float ScaleLeft() const override { return 20; }
     float ScaleWidth() const override { return 1000; }
+    float ScaleHeight() const override { return 1000; }
     float CurrentX() const override { return m_x; }
     void SetCurrentX(float x) override { m_x = x; }
     void SetCurrentY(float y) override { top = y; }
     float TextWidth(TextView text) const override { return static_cast<float>(text.size()) * 10; }
+    float LineHeight() const override { return 20; }
     void Print(TextView text) override
     {
         if (text.empty())
@@ -35,6 +38,7 @@ public:
         m_x = 0;
         m_end = -1;
     }
+    void NewPage() override { }
     void EndDoc() override { }
 
 private:

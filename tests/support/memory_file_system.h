@@ -117,9 +117,10 @@ public:
     std::vector<Text> List(TextView pattern) const override
     {
         std::vector<Text> names;
+        auto const folder = pattern.rfind(u'\\') + 1; // 0 without one
         for (auto const& [key, file] : m_files)
-            if (key.find_first_of(u"\\/") == Text::npos && Matches(key, ToLowerLatin(pattern)))
-                names.push_back(file.name);
+            if (key.find_last_of(u"\\/") + 1 == folder && Matches(key, ToLowerLatin(pattern)))
+                names.push_back(file.name.substr(folder));
         return names;
     }
     Text ApplicationFolder() const override { return applicationFolder; }

@@ -83,6 +83,18 @@ def walk():
     next_page()
     answer_page(answers[2])
     next_page()
+    keys("ctrl+p")
+    plain = printed("*[!2].pdf", "6-printed")
+    keys("ctrl+shift+p")
+    full = printed("* 2.pdf", "6-printed-all")
+    expect(
+        all(answer in plain and answer in full for answer in answers),
+        "Ctrl+P and Ctrl+Shift+P print the answers of the lesson",
+    )
+    expect(
+        "Answer from Sparrowfield:" in full and "Answer from Sparrowfield:" not in plain,
+        "the publisher's with Shift alone",
+    )
     bar = control("frmMain", "ctlScrollbar")
     rest_on(bar, x=60)
     shot("6-page")

@@ -24,8 +24,18 @@ desk = importlib.import_module(os.environ.get("WALK_SCREEN", "x11"))
 disc, pictures, screen = sys.argv[1:4]
 scale = float(os.environ["WALK_SCALE"])
 user = tempfile.TemporaryDirectory()
+documents = os.path.join(user.name, "documents")
+configuration = os.path.join(user.name, "config")
+os.mkdir(documents)
+os.mkdir(configuration)
+with open(os.path.join(configuration, "user-dirs.dirs"), "w", encoding="utf-8") as folders:
+    folders.write(f'XDG_DOCUMENTS_DIR="{documents}"\n')
 environment = dict(
-    os.environ, XDG_DATA_HOME=user.name, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1"
+    os.environ,
+    XDG_DATA_HOME=user.name,
+    XDG_CONFIG_HOME=configuration,
+    QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+    QT_ACCESSIBILITY="1",
 )
 process = None
 
@@ -241,6 +251,25 @@ def item(form, tree, name):
 
 def click_item(form, tree, name):
     click(item(form, tree, name), x=12)
+
+
+def message_is_up():
+    return any(window.get_name() == "Sparrowfield" and takes_keys(window) for window in windows())
+
+
+def printed(pattern, picture):
+    """The text that has been printed, without a printer, to the one file in the documents whose name
+    matches. Takes a picture of its first page."""
+    wait(message_is_up, "the message that names the file")
+    keys("Return")
+    wait(lambda: not message_is_up(), "the message to close")
+    (file,) = [name for name in os.listdir(documents) if fnmatchcase(name, pattern)]
+    file = os.path.join(documents, file)
+    first = os.path.join(pictures, f"{screen}-{picture}")
+    subprocess.run(["pdftoppm", "-png", "-r", "60", "-singlefile", file, first], check=True)
+    return subprocess.run(
+        ["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=True
+    ).stdout
 
 
 def keys(*names):

@@ -2,10 +2,10 @@
 
 #include "base/printable.h"
 #include "bible/note_file.h"
+#include "documents/lesson_section.h"
 #include "platform/posix/whole_file.h"
 #include "study/answer_keys.h"
 #include "study/lesson_file.h"
-#include "study/model_answer.h"
 
 #include <algorithm>
 #include <optional>
@@ -14,25 +14,10 @@
 
 namespace {
 
-using Answers = std::map<std::int64_t, Text>; // by page
-
-/// The paragraphs of a page or of the publisher's answer, split at slashes, without the brackets
-/// around an answer.
-std::vector<Text> Paragraphs(TextView text)
-{
-    if (text.starts_with(u'[') && text.ends_with(u']'))
-        text = text.substr(1, text.size() - 2);
-    std::vector<Text> paragraphs;
-    for (TextView const part : Split(text, u'/'))
-        if (!Trim(part).empty())
-            paragraphs.emplace_back(Trim(part));
-    return paragraphs;
-}
-
 /// Answers by study key.
-std::map<Text, Answers> AnswersOf(UserWork const& work)
+std::map<Text, OwnAnswers> AnswersOf(UserWork const& work)
 {
-    std::map<Text, Answers> answers;
+    std::map<Text, OwnAnswers> answers;
     for (auto const& entry : work.entries)
         if (auto const page = PageOf(entry.key);
             page && IsStudyKey(entry.section) && !Trim(entry.value).empty())
@@ -75,28 +60,18 @@ private:
     std::set<Text> m_taken { FromUtf8(othersName), FromUtf8(notesName) };
 };
 
-/// `body` is null if the study can't be read.
-AnsweredLesson LessonOf(
-    Text title, LessonBody const* body, Answers const& answers, bool withPublisher)
+/// The answers to a lesson that isn't there or can't be read.
+DocumentSection SectionOfUnknown(Text const& key, OwnAnswers const& answers)
 {
-    AnsweredLesson lesson { std::move(title), {} };
-    for (auto const& [page, answer] : answers) {
-        AnsweredQuestion question { FromNumber(page), {}, answer, {} };
-        auto const index = static_cast<std::size_t>(page - 1);
-        if (body && page >= 1 && index < body->pages.size()) {
-            question.question = Paragraphs(body->pages[index]);
-            // Where the publisher leaves the answer to the user there is nothing to add.
-            if (withPublisher && !LeavesAnswerToUser(body->answers[index]))
-                question.publisher = Paragraphs(body->answers[index]);
-        }
-        lesson.questions.push_back(std::move(question));
-    }
-    return lesson;
+    DocumentSection section { key, {}, {} };
+    for (auto const& [page, answer] : answers)
+        section.pages.push_back({ FromNumber(page), {}, {}, answer, {} });
+    return section;
 }
 
 } // namespace
 
-std::vector<AnswerDocument> BuildAnswerDocuments(
+std::vector<Document> BuildAnswerDocuments(
     UserWork const& work, FileSystem const& disc, bool withPublisher)
 {
     struct Place {
@@ -104,7 +79,7 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
         std::int64_t lesson;
         Text file;
         Text key;
-        Answers answers;
+        OwnAnswers answers;
     };
     std::vector<Place> places;
     for (auto& [key, answers] : AnswersOf(work)) {
@@ -115,32 +90,35 @@ std::vector<AnswerDocument> BuildAnswerDocuments(
     std::sort(places.begin(), places.end(), [](Place const& a, Place const& b) {
         return std::tie(a.study, a.lesson, a.file) < std::tie(b.study, b.lesson, b.file);
     });
-    std::vector<AnswerDocument> documents;
-    AnswerDocument others { othersName, u"Answers without their study", {} };
+    std::vector<Document> documents;
+    Document others { othersName, u"Answers without their study", {} };
     Names names;
     Text last;
     for (auto const& place : places) {
         Turns turns;
         auto const block = ParseLessonBlock(disc, place.key, turns);
         if (!block) {
-            others.lessons.push_back(LessonOf(place.key, nullptr, place.answers, false));
+            others.sections.push_back(SectionOfUnknown(place.key, place.answers));
             continue;
         }
         if (documents.empty() || place.study != last)
             documents.push_back({ names.Take(BareName(place.study)), block->study.studyTitle, {} });
         last = place.study;
-        auto const title = Trim(SplitTitles(block->titleLine).title);
-        documents.back().lessons.push_back(LessonOf(Text(title) + u", Part " + block->partWord,
-            &block->body, place.answers, withPublisher));
+        auto const titles = SplitTitles(block->titleLine);
+        LessonHeading const heading { SplitStudyKey(place.key).lessonNumber, block->partWord,
+            Text(Trim(titles.title)),
+            titles.secondTitle ? std::optional<Text>(Trim(*titles.secondTitle)) : std::nullopt };
+        documents.back().sections.push_back(BuildLessonSection(heading, block->body.pages,
+            block->body.answers, place.answers, { false, withPublisher }));
     }
-    if (!others.lessons.empty())
+    if (!others.sections.empty())
         documents.push_back(std::move(others));
     return documents;
 }
 
-AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem const& files)
+Document BuildNotesDocument(UserWork const& work, FileSystem const& files)
 {
-    AnswerDocument document { notesName, u"Notes on chapters of the Bible", {} };
+    Document document { notesName, u"Notes on chapters of the Bible", {} };
     for (auto const& [name, bytes] : work.notes) {
         auto const fileName = FromUtf8(name);
         auto const chapter = ChapterOfNote(fileName);
@@ -148,7 +126,7 @@ AnswerDocument BuildNotesDocument(UserWork const& work, FileSystem const& files)
             continue;
         if (auto const note = ReadNote(files, NotesFolder(u"C") + u'\\' + fileName);
             note && !Trim(*note).empty())
-            document.lessons.push_back({ *chapter, { { {}, {}, *note, {} } } });
+            document.sections.push_back({ *chapter, {}, { { {}, {}, {}, *note, {} } } });
     }
     return document;
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 /// The text with line feeds as line ends. Control characters and lone surrogates, which documents
 /// can't hold, become U+FFFD.
@@ -66,7 +67,16 @@ static std::string HtmlParagraphs(std::vector<Text> const& paragraphs, char cons
     return html;
 }
 
-static std::string RenderHtml(AnswerDocument const& document)
+/// The paragraphs of a page, with the label before the first.
+static std::vector<Text> TextOf(DocumentPage const& page)
+{
+    auto paragraphs = page.text;
+    if (!page.label.empty() && !paragraphs.empty())
+        paragraphs[0] = page.label + u' ' + paragraphs[0];
+    return paragraphs;
+}
+
+static std::string RenderHtml(Document const& document)
 {
     std::string html
         = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>"
@@ -77,18 +87,23 @@ static std::string RenderHtml(AnswerDocument const& document)
           "h1, h2 { color: #022d7b } h2 { border-bottom: 1px solid #adc1dc; break-after: avoid }\n"
           ".question { font-weight: bold; break-after: avoid } .publisher { margin-left: 2em; "
           "font-style: italic }\n"
+          ".publisher.label { font-weight: bold; break-after: avoid }\n"
           ".answer { white-space: pre-wrap; margin-left: 2em }\n"
           "@media print { body { margin: 0; max-width: none } }\n"
           "</style>\n</head>\n<body>\n<h1>"
         + Html(document.title) + "</h1>\n";
-    for (auto const& lesson : document.lessons) {
-        html += "<h2>" + Html(lesson.title) + "</h2>\n";
-        for (auto const& each : lesson.questions) {
-            if (each.question.empty() && !each.number.empty())
-                html += "<p class=\"question\">Page " + Html(each.number) + "</p>\n";
-            html += HtmlParagraphs(each.question, "question");
-            html += "<div class=\"answer\">" + Html(each.answer) + "</div>\n";
-            html += HtmlParagraphs(each.publisher, "publisher");
+    for (auto const& section : document.sections) {
+        html += "<h2>" + Html(section.title) + "</h2>\n";
+        if (!section.subtitle.empty())
+            html += "<p>" + Html(section.subtitle) + "</p>\n";
+        for (auto const& page : section.pages) {
+            if (page.text.empty() && !page.number.empty())
+                html += "<p class=\"question\">Page " + Html(page.number) + "</p>\n";
+            html += HtmlParagraphs(TextOf(page), page.label.empty() ? "closing" : "question");
+            html += "<div class=\"answer\">" + Html(page.answer) + "</div>\n";
+            if (!page.publisher.empty())
+                html += "<p class=\"publisher label\">" + Html(publisherHeading) + "</p>\n"
+                    + HtmlParagraphs(page.publisher, "publisher");
         }
     }
     return html + "</body>\n</html>\n";
@@ -135,19 +150,24 @@ static std::string MarkdownHeading(char const* mark, TextView text)
     return std::string(mark) + " " + MarkdownEscaped(lines.empty() ? "" : lines[0]) + "\n\n";
 }
 
-static std::string RenderMarkdown(AnswerDocument const& document)
+static std::string RenderMarkdown(Document const& document)
 {
     auto markdown = MarkdownHeading("#", document.title);
-    for (auto const& lesson : document.lessons) {
-        markdown += MarkdownHeading("##", lesson.title);
-        for (auto const& each : lesson.questions) {
-            if (each.question.empty() && !each.number.empty())
-                markdown += "### Page " + Clean(each.number) + "\n\n";
-            for (std::size_t i = 0; i < each.question.size(); ++i)
-                markdown += i == 0 ? MarkdownHeading("###", each.question[i])
-                                   : Markdown(each.question[i], "");
-            markdown += Markdown(each.answer, "");
-            for (auto const& paragraph : each.publisher)
+    for (auto const& section : document.sections) {
+        markdown += MarkdownHeading("##", section.title);
+        if (!section.subtitle.empty())
+            markdown += Markdown(section.subtitle, "");
+        for (auto const& page : section.pages) {
+            if (page.text.empty() && !page.number.empty())
+                markdown += "### Page " + Clean(page.number) + "\n\n";
+            bool isHeading = !page.label.empty();
+            for (Text const& paragraph : TextOf(page))
+                markdown += std::exchange(isHeading, false) ? MarkdownHeading("###", paragraph)
+                                                            : Markdown(paragraph, "");
+            markdown += Markdown(page.answer, "");
+            if (!page.publisher.empty())
+                markdown += Markdown(publisherHeading, "> ");
+            for (auto const& paragraph : page.publisher)
                 markdown += Markdown(paragraph, "> ");
         }
     }
@@ -162,29 +182,34 @@ static nlohmann::ordered_json Json(std::vector<Text> const& paragraphs)
     return json;
 }
 
-static std::string RenderJson(AnswerDocument const& document)
+static std::string RenderJson(Document const& document)
 {
     nlohmann::ordered_json json { { "title", Clean(document.title) },
         { "lessons", nlohmann::ordered_json::array() } };
-    for (auto const& lesson : document.lessons) {
+    for (auto const& section : document.sections) {
         auto questions = nlohmann::ordered_json::array();
-        for (auto const& each : lesson.questions) {
-            nlohmann::ordered_json question { { "answer", Clean(each.answer) } };
-            if (!each.number.empty())
-                question["page"] = Clean(each.number);
-            if (!each.question.empty())
-                question["question"] = Json(each.question);
-            if (!each.publisher.empty())
-                question["publisher"] = Json(each.publisher);
+        for (auto const& page : section.pages) {
+            nlohmann::ordered_json question { { "answer", Clean(page.answer) } };
+            if (!page.number.empty())
+                question["page"] = Clean(page.number);
+            if (!page.label.empty())
+                question["label"] = Clean(page.label);
+            if (!page.text.empty())
+                question["question"] = Json(page.text);
+            if (!page.publisher.empty())
+                question["publisher"] = Json(page.publisher);
             questions.push_back(std::move(question));
         }
-        json["lessons"].push_back(
-            { { "title", Clean(lesson.title) }, { "questions", std::move(questions) } });
+        nlohmann::ordered_json lesson { { "title", Clean(section.title) } };
+        if (!section.subtitle.empty())
+            lesson["subtitle"] = Clean(section.subtitle);
+        lesson["questions"] = std::move(questions);
+        json["lessons"].push_back(std::move(lesson));
     }
     return json.dump(2) + "\n";
 }
 
-std::string Render(AnswerDocument const& document, DocumentFormat format)
+std::string Render(Document const& document, DocumentFormat format)
 {
     return format == DocumentFormat::Html ? RenderHtml(document)
         : format == DocumentFormat::Json  ? RenderJson(document)

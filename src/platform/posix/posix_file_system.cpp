@@ -212,10 +212,16 @@ Outcome<Done> PosixFileSystem::Delete(TextView path)
 
 std::vector<Text> PosixFileSystem::List(TextView pattern) const
 {
-    Text const lower = ToLowerLatin(pattern);
+    auto const separator = pattern.rfind(u'\\');
+    bool const isBare = separator == TextView::npos;
+    auto const folder
+        = isBare ? fs::path(".") : PlaceOf(pattern.substr(0, separator), m_folders.drive);
+    if (!folder)
+        return {};
+    Text const lower = ToLowerLatin(isBare ? pattern : pattern.substr(separator + 1));
     std::vector<std::pair<Text, Text>> found; // each in lower case and as it stands
     std::error_code error;
-    fs::directory_iterator entries(".", error);
+    fs::directory_iterator entries(*folder, error);
     for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
         Text name = FromUtf8(entries->path().filename().string());
         Text key = ToLowerLatin(name);

@@ -18,7 +18,7 @@ static void PutStudy(MemoryFileSystem& files)
             "\r\nRuth1\r\nRuth1s\r\n");
 }
 
-TEST(AnswerDocuments, FollowTheStudiesAndLoseNoAnswer)
+TEST(Documents, FollowTheStudiesAndLoseNoAnswer)
 {
     MemoryFileSystem files;
     PutStudy(files);
@@ -37,24 +37,25 @@ TEST(AnswerDocuments, FollowTheStudiesAndLoseNoAnswer)
     EXPECT_EQ(documents[0].title, u"A Faithful Stranger");
     std::vector<std::string> told;
     for (auto const& document : documents)
-        for (auto const& lesson : document.lessons)
-            for (auto const& each : lesson.questions)
-                told.push_back(ToUtf8(lesson.title + u" | " + each.number + u" | "
-                    + (each.question.empty() ? Text() : each.question[0]) + u" | " + each.answer
+        for (auto const& section : document.sections)
+            for (auto const& each : section.pages)
+                told.push_back(ToUtf8(section.title + u" | " + each.number + u" | " + each.label
+                    + (each.text.empty() ? Text() : u' ' + each.text[0]) + u" | " + each.answer
                     + u" | " + (each.publisher.empty() ? Text() : each.publisher.back())));
     EXPECT_THAT(told,
-        ElementsAre("The Way Home, Part One | 1 | 1. Who left? | Naomi | There was hunger.",
-            "The Way Home, Part One | 9 |  | beyond the end | ",
-            "The Way Home, Part Two | 2 | 2. Who came? | Ruth | Ruth",
-            "The Field, Part One | 1 | 1. Where? | In the field | ",
+        ElementsAre(
+            "Lesson 1, Part One: The Way Home | 1 | 1. Who left? | Naomi | There was hunger.",
+            "Lesson 1, Part One: The Way Home | 9 |  | beyond the end | ",
+            "Lesson 1, Part Two: The Way Home | 2 | 2. Who came? | Ruth | Ruth",
+            "Lesson 2, Part One: The Field | 1 | 1. Where? | In the field | ",
             "gone-1.dat:3 | 2 |  | kept | ", "ruth-1.dat:7 | 1 |  | no such lesson | "));
     auto const plain = BuildAnswerDocuments(work, files, false);
-    for (auto const& lesson : plain[0].lessons)
-        for (auto const& each : lesson.questions)
+    for (auto const& section : plain[0].sections)
+        for (auto const& each : section.pages)
             EXPECT_TRUE(each.publisher.empty()) << "only on request";
 }
 
-TEST(AnswerDocuments, NamesAreBareAndDistinct)
+TEST(Documents, NamesAreBareAndDistinct)
 {
     MemoryFileSystem files;
     PutStudy(files);
@@ -76,7 +77,7 @@ TEST(AnswerDocuments, NamesAreBareAndDistinct)
             "_-2", "answers-without-their-study"));
 }
 
-TEST(AnswerDocuments, NotesComeExactAndByChapter)
+TEST(Documents, NotesComeExactAndByChapter)
 {
     MemoryFileSystem files;
     TextView const folder = u"C:\\Program Files\\Sparrowfield Interactive Software\\notes\\";
@@ -88,13 +89,13 @@ TEST(AnswerDocuments, NotesComeExactAndByChapter)
         { { "2 John.dat", "a note" }, { "John3.dat", "charis" }, { "John3.dat.utf8", "" },
             { "Jude.dat", "" } } };
     auto const document = BuildNotesDocument(work, files);
-    ASSERT_EQ(document.lessons.size(), 2U);
-    EXPECT_EQ(document.lessons[0].title, u"2 John");
-    EXPECT_EQ(document.lessons[1].title, u"John 3");
-    EXPECT_EQ(document.lessons[0].questions[0].answer, u"a note");
+    ASSERT_EQ(document.sections.size(), 2U);
+    EXPECT_EQ(document.sections[0].title, u"2 John");
+    EXPECT_EQ(document.sections[1].title, u"John 3");
+    EXPECT_EQ(document.sections[0].pages[0].answer, u"a note");
 }
 
-TEST(AnswerDocuments, EveryTextMeansItselfInEveryFormat)
+TEST(Documents, EveryTextMeansItselfInEveryFormat)
 {
     struct {
         char const* about;
@@ -114,12 +115,12 @@ TEST(AnswerDocuments, EveryTextMeansItselfInEveryFormat)
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.about);
-        AnswerDocument const document { "x", u"T & T",
-            { { u"L", { { u"1", { u"Why?" }, row.answer, {} } } } } };
+        Document const document { "x", u"T & T",
+            { { u"L", {}, { { u"1", u"1.", { u"Why?" }, row.answer, {} } } } } };
         EXPECT_THAT(Render(document, DocumentFormat::Html),
             testing::HasSubstr("<div class=\"answer\">" + std::string(row.html) + "</div>"));
         EXPECT_THAT(Render(document, DocumentFormat::Markdown),
-            testing::HasSubstr("### Why?\n\n" + std::string(row.markdown) + "\n\n"));
+            testing::HasSubstr("### 1\\. Why?\n\n" + std::string(row.markdown) + "\n\n"));
         auto const json = nlohmann::json::parse(Render(document, DocumentFormat::Json));
         EXPECT_TRUE(json["lessons"][0]["questions"][0]["answer"].is_string());
         EXPECT_EQ(json["title"], "T & T");
