@@ -17,6 +17,7 @@ class FormPeer;
 class Peer;
 class QEventLoop;
 class QKeyEvent;
+class QWheelEvent;
 
 class DesktopHost final : public QObject, public Host {
 public:
@@ -74,6 +75,7 @@ private:
     void QuitLoops();
     void WidgetFocused(QWidget* widget);
     bool PressedShortcut(QKeyEvent const& key, Form& form);
+    bool TurnedWheel(QWheelEvent const& wheel, QWidget const& at);
     void MarkDirty(Control const& control, PropertyBase const* property);
     Peer* PeerOf(Control const& control) const;
     Peer* PeerOf(QWidget const* widget) const;
@@ -90,5 +92,6 @@ private:
     FormPeer* m_before = nullptr;
     FormPeer* m_toActivate = nullptr;
     std::jthread m_fontReader;
+    int m_turned = 0; // the wheel, with Ctrl, beyond the last step: in eighths of a degree
     std::chrono::steady_clock::time_point m_served; // when events were last served inside a handler
 };

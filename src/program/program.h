@@ -42,6 +42,7 @@ public:
 
 private:
     void ReportStore();
+    void TextSizeStepped();
 
     Screen m_screen;
     OrderedSettingsStore m_settings;

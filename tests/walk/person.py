@@ -217,6 +217,15 @@ def text_of(form, name):
     return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
 
 
+def letters_width(form, name):
+    """How far the sixth letter of a text is from the first."""
+    text = control(form, name)
+    first, sixth = (
+        Atspi.Text.get_character_extents(text, i, Atspi.CoordType.WINDOW).x for i in (0, 5)
+    )
+    return sixth - first
+
+
 def showing(node):
     return node.get_state_set().contains(Atspi.StateType.SHOWING)
 
