@@ -44,7 +44,8 @@ void LetterScale::Apply(QTextEdit& view, double scale)
     auto* const document = view.document();
     auto* const layout = document->documentLayout();
     auto* const bar = view.verticalScrollBar();
-    int const top = bar->value() == 0 ? 0 : view.cursorForPosition(QPoint(0, 0)).position();
+    QPoint const inTopLine(0, 3); // not in the line above, of which a fraction of a pixel may show
+    int const top = bar->value() == 0 ? 0 : view.cursorForPosition(inTopLine).position();
     ApplyToNew(view);
     document->markContentsDirty(0, document->characterCount());
     layout->documentSize(); // which lays out everything
