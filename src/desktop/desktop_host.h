@@ -22,7 +22,8 @@ class QWheelEvent;
 class DesktopHost final : public QObject, public Host {
 public:
     /// `files` outlives the host. `placeOf` gives the real path of a file that the program names.
-    DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf);
+    DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf,
+        float missingScale = 1);
     ~DesktopHost() override;
 
     /// Begins what the first screens wait for longest, on threads of its own: their pictures, and
@@ -56,6 +57,7 @@ public:
     Size MeasureText(Font const& font, TextView text, float wrapWidth) const override;
     Size ScreenSize() const override;
     std::optional<Size> PictureSize(TextView picture) override;
+    float MissingScale() const override { return m_missingScale; }
     Printer& DefaultPrinter() override { return m_printer; }
     void Navigate(WebBrowser& browser, TextView url) override;
 
@@ -82,6 +84,7 @@ private:
     FormPeer* WindowOf(QObject const* receiver) const;
 
     PeerContext m_context;
+    float m_missingScale;
     QtPrinter m_printer;
     std::unordered_map<Control const*, Peer*> m_peers;
     std::vector<FormPeer*> m_windows;
