@@ -172,6 +172,8 @@ def check_contrast(form):
             and (node.get_name().startswith("Click here") or form == "frmVideo")
         ):
             continue  # painted
+        if role == "check box":
+            width += 4 * height  # its text is beside the box that is told
         if role in ("text", "label") and Atspi.Text.get_character_count(node) == 0:
             continue
         ratio = contrast_of_text(grab(user.name, x + 2, y + 2, width - 4, height - 4))
