@@ -41,6 +41,7 @@ frmContents::frmContents(Screen& screen, FileSystem& files, SettingsStore& setti
     }
     lblStudy.ForeColor = titleBlue;
     txtDesc.ScrollBar = true;
+    txtDesc.isReadingPane = true;
     txtDesc.Text = u"Click on the name of a Bible study to see a description of the study and a "
                    u"list of all the lessons for that study.  Then click on a lesson to "
                    u"begin.\r\n";

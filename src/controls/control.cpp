@@ -56,6 +56,14 @@ void Control::SetFocus()
     m_form->GetScreen().SetFocus(*this);
 }
 
+float Control::LetterScale() const
+{
+    Screen const& screen = ParentForm().GetScreen();
+    return isReadingPane
+        ? static_cast<float>(screen.TextSize()) / 100 * screen.GetHost().MissingScale()
+        : 1;
+}
+
 bool Control::IsShown() const
 {
     for (Control const* control = this; control->m_container; control = control->m_container)

@@ -93,6 +93,12 @@ public:
     /// The place in the form's tab order; equal places in the order of construction.
     Property<int> TabIndex;
 
+    /// For reading: its letters are larger or smaller than designed, as Screen::TextSize says. Set
+    /// with the design, never changed.
+    bool isReadingPane = false;
+    /// By how much, as a factor; 1 for any other control.
+    float LetterScale() const;
+
     /// What assistive tools call the control, such as "Your answer". If empty: its caption, its
     /// tool tip or the caption of its panel.
     ::Text accessibleName;

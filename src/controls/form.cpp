@@ -77,11 +77,18 @@ float Form::TwipsPerUnit() const
     return scale == ScaleMode::Pixels ? twipsPerPixel : 1;
 }
 
+bool Form::HasReadingPane() const
+{
+    return std::ranges::any_of(m_controls, &Control::isReadingPane);
+}
+
 KeyShortcut const* Form::FindShortcut(int keyCode, int shift) const
 {
     auto const found = std::find_if(shortcuts.begin(), shortcuts.end(),
         [=](auto const& each) { return each.keyCode == keyCode && each.shift == shift; });
-    return found == shortcuts.end() ? nullptr : &*found;
+    if (found != shortcuts.end())
+        return &*found;
+    return HasReadingPane() ? m_screen.FindTextSizeKey(keyCode, shift) : nullptr;
 }
 
 Size Form::FrameSize() const

@@ -72,7 +72,8 @@ public:
     /// What `Width` and `Height` count beyond the client area, in twips: a nominal frame and menu
     /// bar, the same on every system.
     Size FrameSize() const;
-    /// Null if the key isn't a shortcut of this form.
+    /// Null if the key isn't a shortcut of this form. In a form with reading panes, the keys for
+    /// the size of their letters are.
     KeyShortcut const* FindShortcut(int keyCode, int shift) const;
 
     /// Called by the host: the window's state and outer size, in twips with FrameSize. Runs
@@ -133,6 +134,7 @@ private:
     friend class Menu;
     friend class Screen;
 
+    bool HasReadingPane() const;
     void PlaceAtLoad();
     void Centre();
     void DockControls();

@@ -54,6 +54,9 @@ public:
     /// In pixels, of a picture file or a built-in picture; nothing if it isn't a picture.
     virtual std::optional<Size> PictureSize(TextView picture) = 0;
     virtual Printer& DefaultPrinter() = 0;
+    /// By how much letters in reading panes are enlarged because the screen had no room to enlarge
+    /// the windows as far as the user's system asks; 1 where it had.
+    virtual float MissingScale() const { return 1; }
     /// Loads and shows the page at a file address.
     virtual void Navigate(WebBrowser& browser, TextView url) = 0;
 

@@ -24,10 +24,14 @@ enum KeyCode : int {
     keyDelete,
     keyLeftSystem = 91,
     keyRightSystem,
+    keyAdd = 107, // of the number pad
+    keySubtract = 109,
     keyF1 = 112,
     keyF4 = keyF1 + 3,
     keyNumLock = 144,
     keyScrollLock,
     keyLeftShift = 160, // the first of six: Shift, Ctrl and Alt, each left and right
-    keyRightAlt = 165
+    keyRightAlt = 165,
+    keyPlus = 187, // beside the letters, shifted or not
+    keyMinus = 189
 };

@@ -19,7 +19,7 @@ void Label::Assigned(PropertyBase const& property, bool)
         || &property == &FontName || &property == &FontSize || &property == &FontBold;
     if (!AutoSize || !measured)
         return;
-    Font const font { FontName, FontSize, FontBold };
+    Font const font { FontName, FontSize * LetterScale(), FontBold };
     auto const size
         = ParentForm().GetScreen().GetHost().MeasureText(font, Caption, WordWrap ? Width() : 0);
     Height = size.height;

@@ -17,13 +17,64 @@
 
 #include "controls/screen.h"
 
+#include "controls/key_codes.h"
+
 #include <algorithm>
+#include <cstdint>
+#include <cstdlib>
 #include <new>
 #include <stdexcept>
 
+/// In percent: small steps near the design, as browsers have them.
+static constexpr int textSizes[] = { 50, 67, 75, 80, 90, 100, 110, 125, 150, 175, 200, 250, 300 };
+
+/// A plus may be typed with Shift.
+static std::vector<KeyShortcut> MakeTextSizeKeys(std::function<void(int step)> const& step)
+{
+    std::vector<KeyShortcut> keys;
+    for (auto const& [keyCode, by] : { std::pair(int { keyPlus }, 1), { keyAdd, 1 },
+             { keyMinus, -1 }, { keySubtract, -1 }, { '0', 0 } })
+        for (int const shift : { int { controlHeld }, controlHeld | shiftHeld })
+            if (shift == controlHeld || keyCode == keyPlus)
+                keys.push_back({ keyCode, shift, [step, by = by] { step(by); } });
+    return keys;
+}
+
 Screen::Screen(Host& host)
     : m_host(host)
+    , m_textSizeKeys(MakeTextSizeKeys([this](int step) { StepTextSize(step); }))
 {
+}
+
+KeyShortcut const* Screen::FindTextSizeKey(int keyCode, int shift) const
+{
+    auto const found = std::ranges::find_if(m_textSizeKeys,
+        [=](auto const& key) { return key.keyCode == keyCode && key.shift == shift; });
+    return found == m_textSizeKeys.end() ? nullptr : &*found;
+}
+
+void Screen::SetTextSize(int percent)
+{
+    m_textSize = *std::ranges::min_element(textSizes, {},
+        [percent](int size) { return std::abs(static_cast<std::int64_t>(size) - percent); });
+    for (Form* form : m_loaded)
+        for (Control* control : form->Controls())
+            if (control->isReadingPane)
+                m_host.ContentChanged(*control);
+}
+
+void Screen::StepTextSize(int step)
+{
+    auto const* const present = std::ranges::find(textSizes, m_textSize);
+    auto const* const last = std::end(textSizes) - 1;
+    int const wanted = step == 0 ? 100
+        : step > 0               ? *std::min(present + 1, last)
+                                 : *std::max(present - 1, std::begin(textSizes));
+    if (wanted == m_textSize)
+        return;
+    SetTextSize(wanted);
+    if (textSizeStepped)
+        textSizeStepped();
 }
 
 Form* Screen::Find(std::string_view name) const

@@ -28,6 +28,16 @@ public:
     Form* Modal() const { return m_modal.empty() ? nullptr : m_modal.back(); }
     bool IsModal(Form const& form) const;
 
+    /// The size of the letters in all reading panes, in percent of their design.
+    int TextSize() const { return m_textSize; }
+    /// Sets it to the nearest of the sizes from 50 to 300 percent at which the keys stop.
+    void SetTextSize(int percent);
+    /// The user wants the next larger (1) or smaller size (-1), or that of the design (0).
+    void StepTextSize(int step);
+    /// Null if the key isn't one for the size of letters: Ctrl with plus, minus or 0.
+    KeyShortcut const* FindTextSizeKey(int keyCode, int shift) const;
+    Event textSizeStepped; ///< when the user has changed it
+
     /// Takes the present state of all forms as their design: once, before the first is loaded.
     void SaveDesigns();
 
@@ -79,6 +89,8 @@ private:
     bool CanTakeFocus(Control const& control) const;
 
     Host& m_host;
+    std::vector<KeyShortcut> const m_textSizeKeys;
+    int m_textSize = 100;
     std::vector<Form*> m_made;
     std::vector<Form*> m_loaded;
     std::vector<Form*> m_zOrder; // visible forms, the active one last

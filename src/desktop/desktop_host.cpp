@@ -16,8 +16,10 @@
 /// Turns between two looks at the clock.
 static constexpr Turns::Count turnsBetween = 256;
 
-DesktopHost::DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf)
+DesktopHost::DesktopHost(
+    FileSystem const& files, std::function<Text(TextView path)> placeOf, float missingScale)
     : m_context(files)
+    , m_missingScale(missingScale)
     , m_printer([this](Text const& message) { MessageBox(message, u"Sparrowfield"); })
 {
     m_context.placeOf = std::move(placeOf);

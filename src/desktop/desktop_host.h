@@ -17,11 +17,13 @@ class FormPeer;
 class Peer;
 class QEventLoop;
 class QKeyEvent;
+class QWheelEvent;
 
 class DesktopHost final : public QObject, public Host {
 public:
     /// `files` outlives the host. `placeOf` gives the real path of a file that the program names.
-    DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf);
+    DesktopHost(FileSystem const& files, std::function<Text(TextView path)> placeOf,
+        float missingScale = 1);
     ~DesktopHost() override;
 
     /// Begins what the first screens wait for longest, on threads of its own: their pictures, and
@@ -55,6 +57,7 @@ public:
     Size MeasureText(Font const& font, TextView text, float wrapWidth) const override;
     Size ScreenSize() const override;
     std::optional<Size> PictureSize(TextView picture) override;
+    float MissingScale() const override { return m_missingScale; }
     Printer& DefaultPrinter() override { return m_printer; }
     void Navigate(WebBrowser& browser, TextView url) override;
 
@@ -74,12 +77,14 @@ private:
     void QuitLoops();
     void WidgetFocused(QWidget* widget);
     bool PressedShortcut(QKeyEvent const& key, Form& form);
+    bool TurnedWheel(QWheelEvent const& wheel, QWidget const& at);
     void MarkDirty(Control const& control, PropertyBase const* property);
     Peer* PeerOf(Control const& control) const;
     Peer* PeerOf(QWidget const* widget) const;
     FormPeer* WindowOf(QObject const* receiver) const;
 
     PeerContext m_context;
+    float m_missingScale;
     QtPrinter m_printer;
     std::unordered_map<Control const*, Peer*> m_peers;
     std::vector<FormPeer*> m_windows;
@@ -90,5 +95,6 @@ private:
     FormPeer* m_before = nullptr;
     FormPeer* m_toActivate = nullptr;
     std::jthread m_fontReader;
+    int m_turned = 0; // the wheel, with Ctrl, beyond the last step: in eighths of a degree
     std::chrono::steady_clock::time_point m_served; // when events were last served inside a handler
 };

@@ -7,8 +7,11 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
+
+#include <cstdlib>
 
 FormPeer* DesktopHost::WindowOf(QObject const* receiver) const
 {
@@ -61,9 +64,15 @@ bool DesktopHost::eventFilter(QObject* watched, QEvent* event)
         return false;
     bool const isFree
         = !window->ParentForm().IsBusy() && m_context.input->Blocked(window->ParentForm()).empty();
+    if (isFree && watched->isWidgetType()) {
+        if (event->type() == QEvent::KeyPress)
+            return PressedShortcut(static_cast<QKeyEvent const&>(*event), window->ParentForm());
+        if (event->type() == QEvent::Wheel)
+            return TurnedWheel(
+                static_cast<QWheelEvent const&>(*event), static_cast<QWidget const&>(*watched));
+    }
     if (isFree)
-        return event->type() == QEvent::KeyPress && watched->isWidgetType()
-            && PressedShortcut(static_cast<QKeyEvent const&>(*event), window->ParentForm());
+        return false;
     // A widget would change itself before the model could refuse.
     event->setAccepted(event->type() != QEvent::ShortcutOverride);
     return true;
@@ -78,6 +87,25 @@ bool DesktopHost::PressedShortcut(QKeyEvent const& key, Form& form)
         m_context.Act(
             form, [&](Input& input) { pressed = input.PressShortcut(form, keyCode, shift); });
     return pressed;
+}
+
+/// True if the wheel was turned with Ctrl over a reading pane: then it changes the size of letters.
+bool DesktopHost::TurnedWheel(QWheelEvent const& wheel, QWidget const& at)
+{
+    Peer const* const peer = PeerOf(&at);
+    bool const isForLetters
+        = wheel.modifiers() == Qt::ControlModifier && peer && peer->GetControl().isReadingPane;
+    if (!isForLetters)
+        return false;
+    m_turned += wheel.angleDelta().y();
+    int const notches = m_turned / QWheelEvent::DefaultDeltasPerStep;
+    m_turned %= QWheelEvent::DefaultDeltasPerStep;
+    Form& form = peer->GetControl().ParentForm();
+    for (int i = 0; i < std::abs(notches); ++i)
+        m_context.Act(form, [&](Input& input) {
+            input.PressShortcut(form, notches > 0 ? keyPlus : keyMinus, controlHeld);
+        });
+    return true;
 }
 
 void DesktopHost::WidgetFocused(QWidget* widget)

@@ -1,8 +1,10 @@
 // sparrowfield: the program on the desktop. It reads no command line and no environment of its own.
 
+#include "controls/canvas.h"
 #include "desktop/desktop_host.h"
 #include "desktop/look.h"
 #include "desktop/orderly_end.h"
+#include "desktop/scale.h"
 #include "desktop/single_instance.h"
 #include "platform/posix/background_writer.h"
 #include "platform/posix/leftover_pages.h"
@@ -17,9 +19,11 @@
 #include <QApplication>
 #include <QLoggingCategory>
 #include <QMessageBox>
+#include <QScreen>
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <new>
 
 namespace {
@@ -46,7 +50,21 @@ public:
 
 } // namespace
 
-static void RunProgram(Application& application)
+static std::unique_ptr<Application> MakeApplication(char** words)
+{
+    static int count = 1; // Qt's own options aren't for the user
+    return std::make_unique<Application>(count, words);
+}
+
+/// The part of the system's scale at which every window fits the screen.
+static double PartThatFits()
+{
+    auto const* const screen = QGuiApplication::primaryScreen();
+    return FittingPart({ Pixels(roomForAllWindows.width), Pixels(roomForAllWindows.height) },
+        screen->availableSize(), screen->devicePixelRatio());
+}
+
+static void RunProgram(Application& application, double partOfScale)
 {
     auto const user = UserDataFolder();
     RunningCopy copy(
@@ -55,10 +73,13 @@ static void RunProgram(Application& application)
         return;
     auto const drive = DriveFolder(user);
     PosixFileSystem files({ ProgramFolder(), drive });
-    DesktopHost host(files, [&drive](TextView path) {
-        auto const place = PlaceOf(path, drive);
-        return place ? place->u16string() : Text();
-    });
+    DesktopHost host(
+        files,
+        [&drive](TextView path) {
+            auto const place = PlaceOf(path, drive);
+            return place ? place->u16string() : Text();
+        },
+        static_cast<float>(1 / partOfScale));
     host.PrepareFirstScreen();
     RemoveLeftoverPages(drive / "Temp");
     SqliteSettingsStore settings(SettingsFile(user));
@@ -81,12 +102,17 @@ int main(int, char** words)
     qputenv("QT_MEDIA_BACKEND", "ffmpeg");
     // What the player says of its codecs and of a missing sound device helps no user.
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\nqt.multimedia.*=false"));
-    int count = 1; // Qt's own options aren't for the user
-    Application application(count, words);
-    application.setApplicationName(QStringLiteral("Sparrowfield"));
-    SetLook(application);
+    auto application = MakeApplication(words);
+    double const part = PartThatFits();
+    if (part < 1) { // Qt doesn't change the scale of an application
+        application.reset();
+        PartOfScale const smaller(part);
+        application = MakeApplication(words);
+    }
+    application->setApplicationName(QStringLiteral("Sparrowfield"));
+    SetLook(*application);
     try {
-        RunProgram(application);
+        RunProgram(*application, part);
     } catch (std::filesystem::filesystem_error const& error) {
         QMessageBox box(QMessageBox::Critical, QStringLiteral("Sparrowfield"), {}, QMessageBox::Ok);
         box.setTextFormat(Qt::PlainText); // it names files

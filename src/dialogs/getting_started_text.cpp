@@ -113,9 +113,9 @@ static constexpr LongTextParagraph paragraphs[] = {
         u"Shift they print our answers as well. Without a printer you find the pages as a PDF "
         u"among your documents." },
     { Indented,
-        u"*Larger letters.* Click on the page of the Bible reader, then hold down Ctrl and press + "
-        u"to make its letters larger or - to make them smaller; Ctrl and 0 makes them as they "
-        u"were." },
+        u"*Larger letters.* Hold down Ctrl and press + to make all texts that you read and write "
+        u"larger, or - to make them smaller; Ctrl and 0 makes them as they were. Ctrl and the "
+        u"wheel of the mouse do the same. The program remembers the size." },
     { Indented,
         u"*Maps.* A map that is larger than its window can be dragged: press the mouse button on "
         u"it, move the mouse, and let go. The arrow keys move it too, and Esc closes it." },

@@ -11,6 +11,7 @@ LongTextDialog::LongTextDialog(Screen& screen, Design const& design)
     maximiseButton = false;
     centred = true;
     RichTextBox1.Locked = true;
+    RichTextBox1.isReadingPane = true;
     RichTextBox1.TabIndex = 1;
     Command1.TabIndex = 0;
     Command1.Default = true;

@@ -21,6 +21,11 @@ static Json Get(Machine&, Arguments const& arguments)
     return { { "value", ToJson(arguments.PropertyAt(0).Get()) } };
 }
 
+static Json TextSize(Machine& machine, Arguments const&)
+{
+    return { { "percent", machine.screen.TextSize() } };
+}
+
 static Json Watch(Machine& machine, Arguments const& arguments)
 {
     machine.watched.insert(&arguments.PropertyAt(0));
@@ -188,6 +193,7 @@ std::span<Command const> Questions()
         { "page", 1, 1, Page },
         { "printed", 0, 0, Printed },
         { "settings", 0, 0, Settings },
+        { "textsize", 0, 0, TextSize },
         { "opened", 0, 0, Opened },
     };
     return table;

@@ -14,10 +14,17 @@ frmAnswer::frmAnswer(Screen& screen)
     Label1.AutoSize = true;
     Label1.WordWrap = true;
     Label1.FontSize = 9.75F;
+    Label1.isReadingPane = true;
     OKButton.Default = true;
     OKButton.Cancel = true;
     Label1.Click = [this] { Label1_Click(); };
     OKButton.Click = [this] { OKButton_Click(); };
+}
+
+void frmAnswer::FitText()
+{
+    if (IsLoaded())
+        SetText(Text(Label1.Caption));
 }
 
 void frmAnswer::SetText(TextView text)

@@ -12,6 +12,8 @@ public:
 
     /// Loads the form with this text, and with the height that the text needs. Doesn't show it.
     void SetText(TextView text);
+    /// The letters have another size: gives the form, if it is loaded, the height that they need.
+    void FitText();
 
 private:
     void Label1_Click() { Unload(*this); }

@@ -31,6 +31,8 @@ void frmMain::Design()
         panel->HeaderLightColor = Rgb(255, 255, 255);
         panel->BorderColor = panel == &XPContainer4 ? Rgb(0, 0, 255) : Rgb(0, 0, 192);
     }
+    for (Control* pane : std::initializer_list<Control*> { &Text1, &Text2, &Text3, &Text4 })
+        pane->isReadingPane = true;
     Image2.BackColor = panelColor;
     lblPageTitle.FontBold = true;
     Text2.MultiLine = true;

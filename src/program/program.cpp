@@ -1,5 +1,12 @@
 #include "program/program.h"
 
+#include "platform/settings.h"
+
+#include <algorithm>
+#include <cstdint>
+
+static constexpr TextView settingsSection = u"Parameters", textSizeKey = u"textsize";
+
 Program::Program(
     Host& host, FileSystem& files, SettingsStore& settings, Writer& writer, Shell& shell)
     : m_screen(host)
@@ -24,7 +31,14 @@ Program::Program(
     m_splash.SetCatalogue(m_catalogue);
     m_screen.handlersEnded = [this] { ReportStore(); };
     m_screen.handlerFailed = [this] { ReportOutOfMemory(); };
+    m_screen.textSizeStepped = [this] { TextSizeStepped(); };
     m_screen.SaveDesigns();
+}
+
+void Program::TextSizeStepped()
+{
+    WriteSetting(m_settings, settingsSection, textSizeKey, FromNumber(m_screen.TextSize()));
+    m_answerForm.FitText();
 }
 
 /// If any operation found the settings store damaged, writes what is shown into the new one, and
@@ -50,6 +64,9 @@ void Program::ReportOutOfMemory()
 void Program::Start(std::optional<Failure> const& report)
 {
     m_splash.Show();
+    auto const size = ReadSetting(m_settings, settingsSection, textSizeKey, u"100");
+    m_screen.SetTextSize(
+        static_cast<int>(std::clamp<std::int64_t>(ToInteger(size).value_or(100), 0, 1000)));
     if (report)
         m_screen.Message(report->Message());
 }

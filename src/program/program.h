@@ -23,6 +23,10 @@
 
 #include <optional>
 
+/// In twips: on a usable screen of this size every window can be seen whole. The start-up screen is
+/// the largest.
+inline constexpr Size roomForAllWindows { 11910, 8925 };
+
 class Program {
 public:
     /// All outlive the program. `writer` stores what is typed.
@@ -42,6 +46,7 @@ public:
 
 private:
     void ReportStore();
+    void TextSizeStepped();
 
     Screen m_screen;
     OrderedSettingsStore m_settings;

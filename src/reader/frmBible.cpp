@@ -56,6 +56,8 @@ frmBible::frmBible(Screen& screen, FileSystem& files, SettingsStore& settings, C
     txtNotes.Locked = true;
     txtNotes.FontName = u"MS Sans Serif";
     txtNotes.FontSize = 9.75F;
+    txtNotes.isReadingPane = true;
+    Text1.isReadingPane = true;
     TreeView1.Images = &ImageList1;
     TreeView1.accessibleName = u"Books and chapters";
     txtVerse.accessibleName = u"Reference";

@@ -4,6 +4,7 @@
 #include "base/nearest_code_page.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/qt_printer.h"
+#include "desktop/scale.h"
 #include "reader/chapter_page.h"
 
 #include <QDir>
@@ -52,6 +53,36 @@ TEST_F(DesktopTest, PicturesTellTheirSize)
     EXPECT_EQ(host.PictureSize(u":lamp")->width, 35);
     for (TextView const name : { u"map2.jpg", u"map3.jpg", u"", u":nothing" })
         EXPECT_FALSE(host.PictureSize(name)) << ToUtf8(name);
+}
+
+TEST(Scale, WindowsGrowAsFarAsTheScreenHasRoom)
+{
+    struct {
+        QSize room; // at the scale
+        double scale, part;
+    } const rows[] = {
+        { { 1366, 768 }, 1, 1 },
+        { { 800, 600 }, 1, 1 },
+        { { 640, 480 }, 1, 1 },
+        { { 1920, 1080 }, 2, 1 },
+        { { 683, 384 }, 2, 0.64 },
+        { { 1280, 300 }, 2, 0.5 },
+        { { 400, 1000 }, 1.25, 0.8 },
+    };
+    for (auto const& row : rows)
+        EXPECT_DOUBLE_EQ(FittingPart({ 800, 600 }, row.room, row.scale), row.part) << row.part;
+    qputenv("QT_SCALE_FACTOR", "2");
+    {
+        PartOfScale const smaller(0.75);
+        EXPECT_EQ(qgetenv("QT_SCALE_FACTOR"), "1.5");
+    }
+    EXPECT_EQ(qgetenv("QT_SCALE_FACTOR"), "2");
+    qunsetenv("QT_SCALE_FACTOR");
+    {
+        PartOfScale const smaller(0.75);
+        EXPECT_EQ(qgetenv("QT_SCALE_FACTOR"), "0.75");
+    }
+    EXPECT_FALSE(qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
 }
 
 TEST(QtPrinterTest, WithoutAPrinterANoteGoesToAFileThatIsNamed)

@@ -243,6 +243,50 @@ TEST_F(PassageTest, HeadingStandsExactlyInTheTopLine)
     EXPECT_EQ(top(), kept);
 }
 
+TEST_F(PassageTest, LettersOfAnotherSizeLeaveTheTextWhereItIs)
+{
+    form.passage.isReadingPane = form.answer.isReadingPane = true;
+    Open();
+    auto const headings = Fill(120);
+    form.passage.TopOffset = headings[4];
+    host.HandlersEnded();
+    Click(form.answer);
+    auto& answer = Shown<TextEdit>(form.answer);
+    auto& passage = Shown<TextEdit>(form.passage);
+    QTest::keyClicks(&answer, "typed");
+    auto const widthOf = [](TextEdit& box) {
+        auto const line = box.document()->lastBlock().previous().isValid()
+            ? box.document()->firstBlock().layout()->lineAt(0)
+            : box.document()->lastBlock().layout()->lineAt(0);
+        return line.naturalTextWidth();
+    };
+    auto const answerWidth = widthOf(answer), passageWidth = widthOf(passage);
+    auto const turnWheel = [&](int delta) {
+        QWheelEvent wheel({ 5, 5 }, answer.viewport()->mapToGlobal(QPointF(5, 5)), {}, { 0, delta },
+            Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(answer.viewport(), &wheel);
+    };
+    for (int i = 0; i < 24; ++i)
+        turnWheel(15); // an eighth of a notch
+    EXPECT_EQ(screen.TextSize(), 150);
+    EXPECT_NEAR(widthOf(answer) / answerWidth, 1.5, 0.1);
+    EXPECT_NEAR(widthOf(passage) / passageWidth, 1.5, 0.1);
+    EXPECT_EQ(
+        passage.ToOffset(passage.cursorForPosition({ 1, 1 }).block().position()), headings[4]);
+    auto const middle = passage.document()->findBlockByNumber(100);
+    auto& bar = *passage.verticalScrollBar();
+    bar.setSliderPosition(
+        qRound(passage.document()->documentLayout()->blockBoundingRect(middle).top()));
+    bar.triggerAction(QAbstractSlider::SliderMove);
+    turnWheel(-120);
+    EXPECT_EQ(passage.cursorForPosition({ 1, 3 }).block(), middle) << "where the user has scrolled";
+    QTest::keyClick(&answer, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(screen.TextSize(), 100);
+    EXPECT_EQ(widthOf(answer), answerWidth);
+    answer.undo();
+    EXPECT_EQ(form.answer.Text(), u"") << "what was typed before can be undone";
+}
+
 TEST_F(PassageTest, ALongTextGrowsByWhatIsAppended)
 {
     Open();

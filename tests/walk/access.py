@@ -64,6 +64,28 @@ def check_names(form):
     return seen
 
 
+def check_room(form):
+    """Checks that all of each control is within its window, and all of the window on the screen."""
+    window = window_of(form)
+    left, top, width, height = desk.box_of(window)
+    screen_width, screen_height = map(int, screen.partition("@")[0].split("x"))
+    slack = round(scale)  # a pixel of the layout
+    right, bottom = left + width - slack, top + height - slack
+    if min(left, top) < 0 or right > screen_width or bottom > screen_height:
+        fail(f"{form} doesn't fit the screen: {left}, {top}, {width} x {height}")
+    for node in all_showing(window):
+        x, y, wide, high = desk.box_of(node)
+        names = set(what_is_told_of(form, node)) - {"Picture2"}  # a map, larger than its window
+        if names and not (
+            left - slack <= x
+            and top - slack <= y
+            and x + wide <= left + width + slack
+            and y + high <= top + height + slack
+            and min(wide, high) > 4
+        ):
+            fail(f"{form} cuts off {names}: {x}, {y}, {wide} x {high}")
+
+
 def focused(form):
     """The control with the focus. A box around buttons reports the focus of its first button,
     although it isn't focusable itself."""
@@ -150,6 +172,8 @@ def check_contrast(form):
             and (node.get_name().startswith("Click here") or form == "frmVideo")
         ):
             continue  # painted
+        if role == "check box":
+            width += 4 * height  # its text is beside the box that is told
         if role in ("text", "label") and Atspi.Text.get_character_count(node) == 0:
             continue
         ratio = contrast_of_text(grab(user.name, x + 2, y + 2, width - 4, height - 4))
@@ -166,6 +190,9 @@ def check(form, ends_at=None, begins_at=None):
     wait(lambda: is_active(form), form)
     time.sleep(0.6)
     seen = check_names(form)
+    check_room(form)
+    if "@" in screen:
+        shot(f"access-{form}")
     order = (
         check_tab(form, ends_at, begins_at)
         if any(tab for tab, _, _ in told[form].controls.values())

@@ -15,6 +15,8 @@ SENTENCES = {
     "4-lesson": "The first page of a lesson: the passages beside the question, room for an answer.",
     "5-answer": "The publisher's answer, after one's own.",
     "6-page": "Another page, reached by the scroll bar.",
+    "6-larger": "The same page with larger letters, by Ctrl and plus.",
+    "6-larger-answer": "The publisher's answer with larger letters.",
     "6-printed": "The lesson on paper, with the user's answers and lines to write on.",
     "6-printed-all": "The same with the publisher's answers.",
     "7-passage": "A passage chosen from the list, in its exact top line.",

@@ -26,6 +26,33 @@ def next_page():
     wait(lambda: label() != before, "the next page")
 
 
+PANES = ("Text1", "Text2", "Text3", "Text4")
+
+
+def widths():
+    return [letters_width("frmMain", name) for name in PANES]
+
+
+def make_letters_larger(before):
+    places = [desk.box_of(control("frmMain", name)) for name in PANES]
+    keys("ctrl+plus", "ctrl+KP_Add", "ctrl+equal")
+    expect_soon(
+        lambda: all(new >= old * 1.4 for new, old in zip(widths(), before)),
+        "Ctrl with plus makes the letters of all four texts larger",
+    )
+    expect(
+        places == [desk.box_of(control("frmMain", name)) for name in PANES], "and moves no control"
+    )
+    shot("6-larger")
+    click(control("frmMain", "Image1"))
+    wait(lambda: is_active("frmAnswer"), "the publisher's answer")
+    shot("6-larger-answer")
+    keys("ctrl+0")
+    expect_soon(lambda: widths() == before, "Ctrl and 0 makes them as they were")
+    keys("Escape")
+    wait(lambda: not is_open("frmAnswer"), "the answer window to close")
+
+
 def walk():
     start()
     expect(is_open("frmSplash"), "the start-up screen is the first window")
@@ -95,6 +122,11 @@ def walk():
         "Answer from Sparrowfield:" in full and "Answer from Sparrowfield:" not in plain,
         "the publisher's with Shift alone",
     )
+    click(control("frmMain", "Command2"))
+    wait(lambda: text_of("frmMain", "Text3") == answers[2], "the third answer")
+    designed = widths()
+    make_letters_larger(designed)
+    next_page()
     bar = control("frmMain", "ctlScrollbar")
     rest_on(bar, x=60)
     shot("6-page")
@@ -153,6 +185,8 @@ def walk():
     keys("ctrl+End")
     type_text(", and more")
     next_page()
+    keys("ctrl+plus")
+    wait(lambda: letters_width("frmMain", "Text2") > designed[1], "larger letters")
     kill()
     start()
     keys("space")
@@ -181,6 +215,9 @@ def walk():
     expect(
         answers[1] + ", and more" in text_of("frmMain", "Text3"),
         "and the answer of the page left before the kill is there",
+    )
+    expect(
+        letters_width("frmMain", "Text2") > designed[1], "and the letters are as large as they were"
     )
     keys("alt+f", "x")
     expect(wait_for_end() == 0, "the program ends by its menu")

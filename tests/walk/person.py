@@ -23,6 +23,7 @@ from gi.repository import Atspi  # noqa: E402
 desk = importlib.import_module(os.environ.get("WALK_SCREEN", "x11"))
 disc, pictures, screen = sys.argv[1:4]
 scale = float(os.environ["WALK_SCALE"])
+asked_scale = float(os.environ.get("WALK_ASKED_SCALE", scale))  # if the screen had more room
 user = tempfile.TemporaryDirectory()
 documents = os.path.join(user.name, "documents")
 configuration = os.path.join(user.name, "config")
@@ -38,6 +39,12 @@ environment = dict(
     QT_ACCESSIBILITY="1",
 )
 process = None
+
+
+def use_scale(value):
+    """From now on windows are enlarged by this factor."""
+    global scale
+    scale = desk.scale = value
 
 
 def fail(what):
@@ -215,6 +222,15 @@ def wait_for_keyboard():
 def text_of(form, name):
     node = control(form, name)
     return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+
+def letters_width(form, name):
+    """How far the sixth letter of a text is from the first."""
+    text = control(form, name)
+    first, sixth = (
+        Atspi.Text.get_character_extents(text, i, Atspi.CoordType.WINDOW).x for i in (0, 5)
+    )
+    return sixth - first
 
 
 def showing(node):

@@ -12,11 +12,13 @@ screen=$size
 said=$(xvfb-run --auto-servernum --server-args="-screen 0 ${size}x24 -nolisten tcp -noreset" \
     dbus-run-session -- bash -c '
         xprop -root -format RESOURCE_MANAGER 8s -set RESOURCE_MANAGER "$(printf "Xft.dpi:\t%s\n" "$1")"
+        # Windows are enlarged no further than the start-up screen, of 794x595 pixels, fits.
         # The first key press makes its keyboard the current one of the screen. A window manager
         # that is already running would then bind all its keys again, and miss keys in the meantime.
         xdotool key Shift_L
-        export WALK_SCALE=$(/usr/bin/python3 -c "print($1 / 96)")
-        exec "$0" /usr/bin/python3 -B "${@:2}"' "$here/manage.sh" "$dpi" "$here/$road.py" "$disc" "$pictures" "$screen" 2>&1)
+        export WALK_ASKED_SCALE=$(/usr/bin/python3 -c "print($1 / 96)")
+        export WALK_SCALE=$(/usr/bin/python3 -c "print(max(1, min($1 / 96, ${2%x*} / 794, ${2#*x} / 595)))")
+        exec "$0" /usr/bin/python3 -B "${@:3}"' "$here/manage.sh" "$dpi" "$size" "$here/$road.py" "$disc" "$pictures" "$screen" 2>&1)
 status=$?
 # Messages of the bus about its own start.
 said=$(grep -v '^dbus-daemon\|^SpiRegistry' <<<"$said")

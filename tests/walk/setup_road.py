@@ -29,6 +29,7 @@ def install():
     start()
     click(control("frmSplash", "lblInstallToDisk"))
     expect(wait_for_end() == 0, "Install to Disk ends the program")
+    use_scale(person.asked_scale)
     seen = check("Setup")
     shot("f-setup")
     keys("Return")
@@ -43,6 +44,7 @@ def install():
         not has(control("frmSplash", "lblInstallToDisk"), Atspi.StateType.ENABLED),
         "the installed copy doesn't offer to be installed",
     )
+    use_scale(scale)  # as it was for the program
     shot("f-copy")
     click(control("frmSplash", "lblExit"))
     wait(lambda: not windows(), "the installed program's end")
@@ -50,6 +52,7 @@ def install():
 
 
 def repair():
+    use_scale(person.asked_scale)
     damaged_file = os.path.join(copy, "biblekjv.idx")
     with open(damaged_file, "w", encoding="ascii") as damaged:
         damaged.write("damaged")

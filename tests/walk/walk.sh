@@ -7,13 +7,13 @@
 #   tests/walk/walk.sh DISC_FOLDER [PICTURE_FOLDER [SCREEN...]]
 #
 # SCREEN is a size in pixels, or SIZE@DPI to test only the accessibility of enlarged windows (96 dpi
-# is 100 %). By default: a small screen, a large one, and a large one at 150 %.
+# is 100 %). By default: a small screen, a large one, and a small one at 150 and 200 %.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 disc=$(realpath "$1")
 pictures=${2:-$here/../../build/walk}
 screens=("${@:3}")
-[ ${#screens[@]} -gt 0 ] || screens=(1024x768 1920x1080 1920x1080@144)
+[ ${#screens[@]} -gt 0 ] || screens=(1024x768 1920x1080 1366x768@144 1366x768@192)
 mkdir -p "$pictures"
 pictures=$(realpath "$pictures")
 rm -f "$pictures"/*.png "$pictures"/index.html

@@ -3,15 +3,11 @@
 #include "base/nearest_code_page.h"
 #include "controls/page_filter.h"
 #include "desktop/peers/convert.h"
+#include "desktop/peers/letter_scale.h"
 
-#include <QKeyEvent>
 #include <QPixmap>
-#include <QScrollBar>
 #include <QTextBrowser>
-#include <QWheelEvent>
 
-#include <algorithm>
-#include <cmath>
 #include <string>
 #include <utility>
 
@@ -73,8 +69,10 @@ public:
         marked.setColor(QPalette::WindowText, marked.color(QPalette::Highlight)); // of the frame
         setPalette(marked);
         setLineWidth(frameWidth());
-        ApplyZoom();
+        document()->setDefaultFont(ToQFont({ u"Times New Roman", 12, false }));
     }
+
+    void SetLetterScale(double scale) { m_letters.Apply(*this, scale); }
 
     /// All that a page gets from outside: its background, or something empty.
     QVariant loadResource(int type, QUrl const& name) override
@@ -85,28 +83,6 @@ public:
     }
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        bool const isPlain = event->modifiers().testFlag(Qt::ControlModifier)
-            && !event->modifiers().testAnyFlags(Qt::AltModifier | Qt::MetaModifier);
-        if (isPlain && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal))
-            Zoom(m_context.pageZoom + 1);
-        else if (isPlain && event->key() == Qt::Key_Minus)
-            Zoom(m_context.pageZoom - 1);
-        else if (isPlain && event->key() == Qt::Key_0)
-            Zoom(0);
-        else
-            QTextBrowser::keyPressEvent(event);
-    }
-
-    void wheelEvent(QWheelEvent* event) override
-    {
-        if (!event->modifiers().testFlag(Qt::ControlModifier))
-            QTextBrowser::wheelEvent(event);
-        else if (int const turn = event->angleDelta().y(); turn != 0)
-            Zoom(m_context.pageZoom + (turn > 0 ? 1 : -1));
-    }
-
     // A page has no caret: its frame shows that the keys scroll it. Both frames are as wide, so
     // nothing is laid out anew.
     void focusInEvent(QFocusEvent* event) override
@@ -121,32 +97,21 @@ protected:
     }
 
 private:
-    static constexpr int mostZoom = 10;
-
-    /// In steps of a tenth more or less. The place in the text stays, as near as the lines allow.
-    void Zoom(int step)
-    {
-        auto* const bar = verticalScrollBar();
-        double const place = bar->maximum() > 0 ? double(bar->value()) / bar->maximum() : 0;
-        m_context.pageZoom = std::clamp(step, -mostZoom / 2, mostZoom);
-        ApplyZoom();
-        bar->setValue(qRound(place * bar->maximum()));
-    }
-
-    void ApplyZoom()
-    {
-        auto const size = static_cast<float>(12 * std::pow(1.1, m_context.pageZoom));
-        document()->setDefaultFont(ToQFont({ u"Times New Roman", size, false }));
-    }
-
     PeerContext& m_context;
     Background m_background;
+    LetterScale m_letters { *this };
 };
 
 BrowserPeer::BrowserPeer(PeerContext& context, WebBrowser& control, QWidget& ground)
     : Peer(context, control, new PageView(context, &ground))
     , m_shown(static_cast<PageView&>(*Widget()))
 {
+}
+
+void BrowserPeer::Mirror()
+{
+    m_shown.SetLetterScale(m_control.LetterScale());
+    Peer::Mirror();
 }
 
 void BrowserPeer::Navigate(TextView url)

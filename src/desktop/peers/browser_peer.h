@@ -13,6 +13,7 @@ public:
 
     /// Reads the page at a file address now and shows it; an empty page if it can't be read.
     void Navigate(TextView url);
+    void Mirror() override;
 
 private:
     PageView& m_shown;

@@ -16,7 +16,8 @@ static constexpr KeyPair keys[] = { { Qt::Key_Backspace, keyBackspace }, { Qt::K
     { Qt::Key_PageUp, keyPageUp }, { Qt::Key_PageDown, keyPageDown }, { Qt::Key_End, keyEnd },
     { Qt::Key_Home, keyHome }, { Qt::Key_Left, keyLeft }, { Qt::Key_Up, keyUp },
     { Qt::Key_Right, keyRight }, { Qt::Key_Down, keyDown }, { Qt::Key_Insert, keyInsert },
-    { Qt::Key_Delete, keyDelete } };
+    { Qt::Key_Delete, keyDelete }, { Qt::Key_Plus, keyPlus }, { Qt::Key_Equal, keyPlus },
+    { Qt::Key_Minus, keyMinus } };
 
 int KeyCodeOf(QKeyEvent const& event)
 {
@@ -27,6 +28,8 @@ int KeyCodeOf(QKeyEvent const& event)
         return key;
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
         return key - Qt::Key_F1 + keyF1;
+    if (event.modifiers() & Qt::KeypadModifier && (key == Qt::Key_Plus || key == Qt::Key_Minus))
+        return key == Qt::Key_Plus ? keyAdd : keySubtract;
     for (auto const& pair : keys)
         if (pair.key == key)
             return pair.code;

@@ -59,8 +59,6 @@ public:
     std::function<Text(TextView path)> placeOf;
     /// when the user last pressed, clicked or moved something
     std::chrono::steady_clock::time_point lastAct;
-    /// steps by which the text of pages is larger than designed, until the program ends
-    int pageZoom = 0;
 
 private:
     bool m_mirroring = false;

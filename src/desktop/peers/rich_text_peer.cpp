@@ -39,6 +39,8 @@ RichTextPeer::RichTextPeer(PeerContext& context, RichTextBox& control, QWidget& 
 void RichTextPeer::Mirror()
 {
     TextPeer::Mirror();
+    if (std::exchange(m_letterScale, m_rich.LetterScale()) != m_rich.LetterScale() && m_keepsTop)
+        m_scrollWanted = true;
     if (m_scrollWanted && m_rich.Visible && m_shown.isVisible())
         Scroll();
 }
@@ -104,7 +106,7 @@ void RichTextPeer::Fill(int offset)
     m_writer.emplace(m_rich, *document, offset).WriteTo(offset + screenful);
     m_shown.firstOffset = m_writer->From();
     QPointer<QTextDocument> const before = m_shown.document();
-    m_shown.setDocument(document); // which deletes only a document of the widget's own making
+    m_shown.ShowDocument(document); // which deletes only a document of the widget's own making
     delete before;
     ConnectDocument();
     m_scrollWanted = true;

@@ -39,6 +39,7 @@ private:
     bool m_isPlain = false; // what it shows, and can be written in
     std::optional<RichTextWriter> m_writer; // of the document
     QTimer m_rest; // runs until all is written
+    float m_letterScale = 1; // at which the text was last shown
     bool m_scrollWanted = true;
     bool m_keepsTop = true; // until the user scrolls, the line at the top stays there
 };

@@ -126,6 +126,9 @@ void LabelPeer::Mirror()
     m_shown.setText(text.remove(u'\r'));
     m_shown.setAutoFillBackground(!m_label.Transparent);
     MirrorLook(m_label, m_shown);
+    if (m_label.isReadingPane)
+        m_shown.setFont(ToQFont(
+            { m_label.FontName, m_label.FontSize * m_label.LetterScale(), m_label.FontBold }));
     MirrorPointer(m_label.MousePointer);
     Peer::Mirror();
 }

@@ -61,6 +61,12 @@ int TextEdit::ToPosition(int offset) const
     return std::min(offset - first, block.position() + block.length() - 1);
 }
 
+void TextEdit::ShowDocument(QTextDocument* document)
+{
+    setDocument(document);
+    m_letters.ApplyToNew(*this);
+}
+
 void TextEdit::ChangeTo(TextView whole)
 {
     auto const old = WholeText();

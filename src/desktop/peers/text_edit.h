@@ -2,9 +2,10 @@
 // The widget of multi-line texts: plain text only, with the model's offsets, in which a line end is
 // two characters.
 
-#include <QTextEdit>
-
 #include "base/text.h"
+#include "desktop/peers/letter_scale.h"
+
+#include <QTextEdit>
 
 #include <functional>
 
@@ -24,6 +25,11 @@ public:
     /// Scrolls the line with the position to the top, even near the end of the text.
     void BringToTop(int position);
 
+    /// The size of the letters against that of their formats.
+    void SetLetterScale(double scale) { m_letters.Apply(*this, scale); }
+    /// Instead of setDocument, which the base class has.
+    void ShowDocument(QTextDocument* document);
+
     /// The model's offset of the document's first character; above 0 while the document has only a
     /// later part of the text.
     int firstOffset = 0;
@@ -39,6 +45,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+
+private:
+    LetterScale m_letters { *this };
 };
 
 /// Replaces the few characters that would divide or hide a text in a document by blanks. `text` has

@@ -67,6 +67,7 @@ void TextPeer::Mirror()
     if (m_shown.frameStyle() != frame)
         m_shown.setFrameStyle(frame);
     MirrorLook(m_box, m_shown, false);
+    m_shown.SetLetterScale(m_box.LetterScale());
     auto palette = m_shown.palette();
     palette.setColor(QPalette::Text, ToQColor(m_box.ForeColor));
     palette.setColor(QPalette::Base, ToQColor(m_box.BackColor));

@@ -42,6 +42,7 @@ private:
     void Work(Task task);
     void Work_End(Outcome<SetupReport> const& outcome);
     void ShowState();
+    void FitHeight();
     void Say(QString const& text, bool isFault);
 
     SetupPlaces m_places;

@@ -11,8 +11,11 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 static QString PlaceText(std::filesystem::path const& place)
 {
@@ -30,7 +33,10 @@ static QLabel* WrappedLabel()
 void SetupWindow::Build()
 {
     setWindowTitle(tr("Sparrowfield Setup"));
-    setMinimumWidth(fontMetrics().averageCharWidth() * 92);
+    constexpr int margin = 20; // pixels, for the frame of the window
+    setMinimumWidth(std::min(
+        fontMetrics().averageCharWidth() * 92, screen()->availableGeometry().width() - margin));
+    resize(minimumWidth(), 0); // the texts say how high it becomes
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(20, 18, 20, 16);
     column->setSpacing(14);
@@ -163,6 +169,7 @@ void SetupWindow::ShowState()
     m_cancel->setVisible(isBusy);
     m_cancel->setEnabled(m_task == Task::Install);
     m_close->setVisible(!isBusy);
+    FitHeight();
     for (auto* const button : { m_close, m_cancel, m_install, m_start })
         if (button->isVisibleTo(this)) {
             button->setDefault(true);
@@ -175,7 +182,12 @@ void SetupWindow::Say(QString const& text, bool isFault)
     m_message->setText(text);
     m_message->setStyleSheet(isFault ? QStringLiteral("color: #a01010") : QString());
     m_stage->updateGeometry(); // or its height is the one of the text before
-    // The layout alone would squeeze the texts above a long one.
+    FitHeight();
+}
+
+/// The layout alone would squeeze texts of several lines.
+void SetupWindow::FitHeight()
+{
     if (int const needed = layout()->totalHeightForWidth(width()); needed > height())
         resize(width(), needed);
 }
