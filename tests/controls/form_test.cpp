@@ -169,6 +169,11 @@ TEST_F(FormsTest, SizesFollowStateAndFormResizeCorrectsThem)
     EXPECT_EQ(a.Width, 1280 * 15) << "a minimised form keeps its size";
     input.ChangeState(a, FormState::Normal);
     EXPECT_EQ(a.Height, 4000);
+    int const before = a.resizes;
+    a.Height = 5000;
+    a.Width = 5000;
+    a.Width = 5000;
+    EXPECT_EQ(a.resizes, before + 2) << "the program may change either";
 }
 
 TEST_F(FormsTest, AMinimisedFormThatIsShownReturnsToTheStateItHad)

@@ -102,8 +102,13 @@ TEST_F(KindsTest, ARestingPointerIsReportedAnewWhenTheControlMoved)
     TakeLog();
     EXPECT_EQ(input.Fire(timer), "");
     EXPECT_THAT(TakeLog(), ElementsAre("a.move 130 50"));
-    timer.Enabled = false;
-    EXPECT_EQ(input.Fire(timer), "a.timer is off");
+    for (auto const& [enabled, interval] : { std::pair(false, 20), { true, 0 } }) {
+        timer.Enabled = enabled;
+        timer.Interval = interval;
+        EXPECT_EQ(input.Fire(timer), "a.timer is off");
+        timer.Fire();
+        EXPECT_THAT(TakeLog(), ElementsAre());
+    }
 }
 
 TEST_F(KindsTest, ALabelGrowsWithItsTextAndAPictureBoxWithItsPicture)

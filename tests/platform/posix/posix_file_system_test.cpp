@@ -4,6 +4,7 @@
 #include "platform/posix/posix_fixture.h"
 
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
@@ -127,6 +128,27 @@ TEST_F(PosixFiles, WritingReplacesAFileWhole)
     EXPECT_EQ(Told(files.Write(u"bare.dat", "")), "done");
     EXPECT_EQ(Names("."), "bare.dat ");
     EXPECT_EQ(*files.FileSize(u"bare.dat"), 0U);
+}
+
+/// In place of the C library's: what is flushed, "f" for a file and "d" for a folder.
+static std::string flushed;
+extern "C" int fsync(int file)
+{
+    struct stat status { };
+    flushed += ::fstat(file, &status) == 0 && S_ISDIR(status.st_mode) ? 'd' : 'f';
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
+
+TEST_F(PosixFiles, WhatIsReportedAsDoneHasBeenFlushed)
+{
+    auto const flushes = [](auto const& work) {
+        flushed.clear();
+        EXPECT_TRUE(work());
+        return flushed;
+    };
+    EXPECT_EQ(flushes([&] { return files.Write(u"C:\\a.dat", "a"); }), "fd");
+    EXPECT_EQ(flushes([&] { return files.Create(u"C:\\b.dat", "b"); }), "fd");
+    EXPECT_EQ(flushes([&] { return files.WriteTemporary(u"C:\\Temp\\c.htm", "c"); }), "");
 }
 
 TEST_F(PosixFiles, AWriteThatFailsLeavesEverythingAsItWas)

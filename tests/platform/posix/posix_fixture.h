@@ -31,8 +31,13 @@ protected:
     }
     ~HostTest() override
     {
-        std::filesystem::current_path("/");
-        std::filesystem::remove_all(folder);
+        namespace fs = std::filesystem;
+        fs::current_path("/");
+        // A plain user can't remove what is in a folder that a test has locked.
+        for (auto const& entry : fs::recursive_directory_iterator(folder))
+            if (!entry.is_symlink() && entry.is_directory())
+                fs::permissions(entry.path(), fs::perms::owner_all);
+        fs::remove_all(folder);
     }
 
     static void Put(std::filesystem::path const& file, std::string const& bytes)

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <pwd.h>
 #include <thread>
 
 namespace fs = std::filesystem;
@@ -80,6 +81,15 @@ TEST_F(PosixShellTest, WithoutAnOpenerNothingIsHandedOver)
     EXPECT_FALSE(shell.Execute(u"open", u"Setup.exe"));
 }
 
+/// In place of the C library's: the home folder that the system knows of.
+static std::string homeOfUser;
+extern "C" passwd* getpwuid(uid_t)
+{
+    static passwd user;
+    user.pw_dir = homeOfUser.data();
+    return &user;
+}
+
 using UserFolders = HostTest;
 
 TEST_F(UserFolders, LieWhereThePlatformSays)
@@ -92,6 +102,13 @@ TEST_F(UserFolders, LieWhereThePlatformSays)
         setenv("XDG_DATA_HOME", invalid, 1);
         EXPECT_EQ(UserDataFolder(), folder / "home" / ".local" / "share" / "sparrowfield");
     }
+    homeOfUser = folder / "home of user";
+    for (char const* invalid : { "", "relative" }) {
+        setenv("HOME", invalid, 1);
+        EXPECT_EQ(UserDataFolder(), folder / "home of user" / ".local" / "share" / "sparrowfield");
+    }
+    unsetenv("HOME");
+    EXPECT_EQ(UserDataFolder(), folder / "home of user" / ".local" / "share" / "sparrowfield");
     Put(folder / "home" / "file", "");
     setenv("XDG_DATA_HOME", (folder / "home" / "file").c_str(), 1);
     EXPECT_EQ(UserDataFolder(), folder / "home" / "file" / "sparrowfield") << "which can't be made";

@@ -478,6 +478,7 @@ TEST_F(SettingsFile, AStoreThatCannotBeWrittenCanBeRead)
     fs::permissions("settings.db", fs::perms::none);
     EXPECT_TRUE(AsPlainUser([] { return Answer() == "settings.db: permission denied."; }));
     fs::remove("settings.db");
+    fs::permissions(".", fs::perms { 0555 });
     EXPECT_TRUE(AsPlainUser([] { return Answer() == "settings.db: permission denied."; }));
     EXPECT_EQ(Names("."), "");
 }
