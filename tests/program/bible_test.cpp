@@ -149,6 +149,10 @@ TEST_F(BibleTest, EveryControlLeadsToALookup)
     EXPECT_EQ(State(),
         "1 john 2 | k-1John-2:1 k-1John-2:16 | 1 John | Notes for 1 John 2 |  | 1 John 1, -");
     EXPECT_EQ(Get<TreeView>(tree).Selected(), Get<TreeView>(tree).Find(u"1 john 2"));
+    auto const& chapter = *Get<TreeView>(tree).Find(u"1 john 2");
+    EXPECT_STREQ(std::get<char const*>(chapter.Image()), "book");
+    EXPECT_STREQ(std::get<char const*>(chapter.Parent()->Image()), "folder");
+    EXPECT_STREQ(std::get<char const*>(chapter.Parent()->SelectedImage()), "openfolder");
     Node(tree, u"job");
     EXPECT_EQ(
         State(), "Job | k-Job-1:1 k-Job-1:16 k-Job-2:1 k-Job-2:16 | Job | Notes for Job |  | -, -");

@@ -1,8 +1,11 @@
 #include "support/program_fixture.h"
 
+#include <sstream>
+
 /// What a form is designed with: its border, the buttons of its frame ("-" minimises, "+"
-/// maximises), "t" in the task bar, "c" centred, "m" opens maximised; the default button and the
-/// one that Escape presses; the controls with bold letters.
+/// maximises), "t" in the task bar, "c" centred, "m" opens maximised; its background; the default
+/// button and the one that Escape presses; the controls whose letters are bold ("*") or not of 8.25
+/// points.
 static std::string DesignOf(Form const& form)
 {
     std::string design = std::to_string(static_cast<int>(form.border)) + ' ';
@@ -11,6 +14,9 @@ static std::string DesignOf(Form const& form)
     design += form.inTaskbar ? "t" : "";
     design += form.centred ? "c" : "";
     design += form.opensAs == FormState::Maximised ? "m" : "";
+    std::ostringstream ground;
+    ground << std::hex << ' ' << form.BackColor();
+    design += ground.str();
     std::string enter, escape, bold;
     for (Control const* control : form.Controls()) {
         auto const* const button = dynamic_cast<CommandButton const*>(control);
@@ -19,8 +25,11 @@ static std::string DesignOf(Form const& form)
         if (button && button->Cancel)
             escape += control->Name();
         auto const* const text = dynamic_cast<TextControl const*>(control);
-        if (text && text->FontBold)
-            bold += std::string(" ") + control->Name();
+        if (text && (text->FontBold || text->FontSize != 8.25F)) {
+            std::ostringstream size;
+            size << ' ' << control->Name() << (text->FontBold ? " *" : " ") << text->FontSize();
+            bold += size.str();
+        }
     }
     return design + " | " + enter + " | " + escape + " |" + bold;
 }
@@ -31,17 +40,17 @@ TEST(Design, OfEveryForm)
     struct {
         char const *form, *design;
     } const rows[] = {
-        { "frmSplash", "0 c |  |  |" },
-        { "frmVideo", "2 -+tc |  |  |" },
-        { "frmWelcome", "2 tc | Command1 |  |" },
-        { "frmGettingStarted", "3 tc | Command1 | Command1 |" },
-        { "frmFinalExam", "3 c | Command1 | Command1 |" },
-        { "frmAbout", "3 c | cmdOK | cmdOK | lblTitle lblVersion Label2" },
-        { "frmContents", "2 -+tcm |  |  |" },
-        { "frmMain", "2 -+tcm |  |  | lblStudy lblPageTitle" },
-        { "frmAnswer", "3  | OKButton | OKButton |" },
-        { "frmBible", "2 -+tcm |  |  |" },
-        { "frmMap", "2 -+tm |  |  |" },
+        { "frmSplash", "0 c 0 |  |  |" },
+        { "frmVideo", "2 -+tc f0f0f0 |  |  |" },
+        { "frmWelcome", "2 tc f0f0f0 | Command1 |  | Label1 9.75" },
+        { "frmGettingStarted", "3 tc f0f0f0 | Command1 | Command1 |" },
+        { "frmFinalExam", "3 c f0f0f0 | Command1 | Command1 |" },
+        { "frmAbout", "3 c f0f0f0 | cmdOK | cmdOK | lblTitle *9.75 lblVersion *9.75 Label2 *9.75" },
+        { "frmContents", "2 -+tcm 0 |  |  | TreeView1 11.25 lblStudy 14.25 txtDesc 14.25" },
+        { "frmMain", "2 -+tcm 0 |  |  | lblStudy *12 lblPageTitle *8.25" },
+        { "frmAnswer", "3  ffffff | OKButton | OKButton | Label1 9.75" },
+        { "frmBible", "2 -+tcm 0 |  |  | txtNotes 9.75" },
+        { "frmMap", "2 -+tm e0e0e0 |  |  |" },
     };
     for (auto const& row : rows) {
         Form& form = bench.FormOf(row.form);

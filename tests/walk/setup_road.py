@@ -5,6 +5,7 @@ nothing."""
 
 import filecmp
 import os
+import time
 
 import person
 from access import check, check_all, has
@@ -27,6 +28,7 @@ def says(text):
 
 def install():
     start()
+    time.sleep(0.5)  # sway drops a click in the first moments of a window
     click(control("frmSplash", "lblInstallToDisk"))
     expect(wait_for_end() == 0, "Install to Disk ends the program")
     use_scale(person.asked_scale)

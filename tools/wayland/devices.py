@@ -30,7 +30,7 @@ ROWS = (
 )
 NAMED = {
     "Escape": 1, "BackSpace": 14, "Tab": 15, "Return": 28, "space": 57, "F1": 59, "F4": 62, "F10": 68,
-    "Home": 102, "Up": 103, "Page_Up": 104, "Left": 105, "Right": 106, "End": 107, "Down": 108,
+    "KP_Add": 78, "Home": 102, "Up": 103, "Page_Up": 104, "Left": 105, "Right": 106, "End": 107, "Down": 108,
     "Page_Down": 109, "Delete": 111,
 }  # fmt: skip
 
@@ -44,6 +44,7 @@ def letter_codes():
 
 
 LETTERS = letter_codes()
+LETTERS.update({"plus": LETTERS["+"], "equal": LETTERS["="]})  # as X names them
 
 
 def text_argument(text):

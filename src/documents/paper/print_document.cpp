@@ -135,6 +135,7 @@ void Layout::Print(TextView text, Style const& style)
     ReplaceAll(lines, u"\t", u"    ");
     while (lines.ends_with(u' ') || lines.ends_with(u'\r') || lines.ends_with(u'\n'))
         lines.pop_back();
+    lines.erase(0, std::min(lines.find_first_not_of(u"\r\n"), lines.size()));
     for (TextView paragraph : Split(lines, u'\n')) {
         if (paragraph.ends_with(u'\r'))
             paragraph.remove_suffix(1);
