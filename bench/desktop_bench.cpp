@@ -128,36 +128,6 @@ int MeasureUsualLesson()
     _exit(0);
 }
 
-int MeasureLesson()
-{
-    SetLook(*qApp);
-    Bench bench;
-    static_cast<void>(bench.settings.DeleteSection(u"bench-1.dat:1", SettingsStore::NoBackup));
-    GoToCatalogue(bench);
-    auto& tree = bench.Get<TreeView>("frmContents", "TreeView1");
-    auto start = Clock::now();
-    bench.input.ClickNode(tree, *tree.Find(u"bench-1.dat:1"));
-    ServeAll();
-    Print("a lesson with 3,000 verses opens", MillisecondsSince(start), "ms", 300);
-    if (bench.Get<RichTextBox>("frmMain", "Text1").Length() < verses * 100)
-        std::abort();
-    auto& answer = bench.Get<RichTextBox>("frmMain", "Text3");
-    auto& next = bench.Get<CommandButton>("frmMain", "Command1");
-    std::vector<double> times;
-    for (int page = 1; page < pages; ++page) {
-        bench.input.Edit(answer, u"An answer", 9, 0);
-        ServeAll();
-        start = Clock::now();
-        bench.input.Click(next);
-        ServeAll();
-        times.push_back(MillisecondsSince(start));
-    }
-    Print("\"Next >\" to the repainted page, median", Median(times), "ms", 16);
-    Print("resident memory with that lesson", ResidentMegabytes(), "MB", 80);
-    std::fflush(stdout);
-    _exit(0);
-}
-
 /// Tells when the passages have been painted.
 class PaintWatch final : public QObject {
 public:
@@ -182,6 +152,38 @@ double UntilPainted(std::function<void()> const& act)
     while (!watch.painted)
         QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
     return MillisecondsSince(start);
+}
+
+int MeasureLesson()
+{
+    SetLook(*qApp);
+    Bench bench;
+    static_cast<void>(bench.settings.DeleteSection(u"bench-1.dat:1", SettingsStore::NoBackup));
+    GoToCatalogue(bench);
+    auto& tree = bench.Get<TreeView>("frmContents", "TreeView1");
+    auto start = Clock::now();
+    double const painted
+        = UntilPainted([&] { bench.input.ClickNode(tree, *tree.Find(u"bench-1.dat:1")); });
+    ServeAll();
+    Print("a lesson with 3,000 verses shows its first page", painted, "ms", 60);
+    Print("all of it is there", MillisecondsSince(start), "ms", 200);
+    if (bench.Get<RichTextBox>("frmMain", "Text1").Length() < verses * 100)
+        std::abort();
+    auto& answer = bench.Get<RichTextBox>("frmMain", "Text3");
+    auto& next = bench.Get<CommandButton>("frmMain", "Command1");
+    std::vector<double> times;
+    for (int page = 1; page < pages; ++page) {
+        bench.input.Edit(answer, u"An answer", 9, 0);
+        ServeAll();
+        start = Clock::now();
+        bench.input.Click(next);
+        ServeAll();
+        times.push_back(MillisecondsSince(start));
+    }
+    Print("\"Next >\" to the repainted page, median", Median(times), "ms", 16);
+    Print("resident memory with that lesson", ResidentMegabytes(), "MB", 80);
+    std::fflush(stdout);
+    _exit(0);
 }
 
 /// As ServeAll; gives the longest time that an event had to wait, in milliseconds.

@@ -71,8 +71,9 @@ protected:
         EXPECT_EQ(::pipe(ready), 0);
         pid_t const child = ::fork();
         if (child == 0) {
-            action([&] { static_cast<void>(::write(ready[1], "", 1)); });
-            ::_exit(0);
+            bool wrote = true;
+            action([&] { wrote = ::write(ready[1], "", 1) == 1; });
+            ::_exit(wrote ? 0 : 1);
         }
         char byte;
         EXPECT_EQ(::read(ready[0], &byte, 1), 1);
